@@ -1,0 +1,100 @@
+#include "engine/extraction_server.h"
+
+#include "engine/document_reader.h"
+#include "engine/http_connection.h"
+#include "engine/service_answer.h"
+
+#include <QFuture>
+#include <QJsonDocument>
+#include <QPointer>
+#include <QUrlQuery>
+#include <QtConcurrent>
+
+namespace fennick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What goes back: plain data, so that the readers' threads touch no part of the server.
+struct Answer {
+    int status = 200;
+    QByteArray json;
+};
+
+Answer answerOf(int status, const QJsonObject &body) {
+    return {status, QJsonDocument(body).toJson(QJsonDocument::Compact)};
+}
+
+Answer refusal(const ServiceError &error) {
+    return answerOf(error.code, errorAnswer(error));
+}
+
+Answer answerTo(const QByteArray &body, const QString &model) {
+    const std::expected<QByteArray, ServiceError> document = inlineDocument(body);
+    if (!document)
+        return refusal(document.error());
+    const std::expected<QList<TextLine>, ReadError> lines = readDocument(*document);
+    if (!lines)
+        return refusal(serviceError(lines.error()));
+    return answerOf(200, generateAnswer(readReceipt(*lines, QDate::currentDate()), model));
+}
+
+std::expected<QString, ServiceError> acceptedModel(const QByteArray &method, const QUrl &target) {
+    const std::expected<QString, ServiceError> model = requestedModel(method, target.path());
+    if (!model)
+        return model;
+    const std::expected<void, ServiceError> valid = checkedKey(QUrlQuery(target).queryItemValue(u"key"_s));
+    if (!valid)
+        return std::unexpected(valid.error());
+    return model;
+}
+
+} // namespace
+
+ExtractionServer::ExtractionServer(QObject *parent)
+    : QObject(parent) {
+    connect(&m_listener, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket *socket = m_listener.nextPendingConnection())
+            serve(new HttpConnection(socket, largestRequest, this));
+    });
+}
+
+ExtractionServer::~ExtractionServer() {
+    m_readers.waitForDone();
+}
+
+std::expected<quint16, QString> ExtractionServer::listen(quint16 port) {
+    if (!m_listener.listen(QHostAddress::LocalHost, port))
+        return std::unexpected(m_listener.errorString());
+    return m_listener.serverPort();
+}
+
+void ExtractionServer::serve(HttpConnection *connection) {
+    connect(connection, &HttpConnection::refused, this, [connection](int status) {
+        const Answer answer = refusal(transportError(status));
+        connection->answer(answer.status, answer.json);
+    });
+    connect(connection, &HttpConnection::received, this,
+            [this, connection](const QByteArray &method, const QUrl &target, const QByteArray &body) {
+                const std::expected<QString, ServiceError> model = acceptedModel(method, target);
+                if (model) {
+                    startReading(connection, body, *model);
+                    return;
+                }
+                const Answer answer = refusal(model.error());
+                connection->answer(answer.status, answer.json);
+            });
+}
+
+void ExtractionServer::startReading(HttpConnection *connection, const QByteArray &body,
+                                    const QString &model) {
+    // The caller may hang up while its document is being read.
+    QtConcurrent::run(&m_readers, answerTo, body, model)
+        .then(this, [caller = QPointer(connection)](const Answer &answer) {
+            if (caller)
+                caller->answer(answer.status, answer.json);
+        });
+}
+
+} // namespace fennick

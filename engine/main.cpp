@@ -1,0 +1,36 @@
+#include "engine/command_line.h"
+#include "engine/extraction_server.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int cannotListen = 1;
+constexpr int wrongArguments = 2;
+
+void complain(const QString &message) {
+    std::fprintf(stderr, "fennick-engine: %s\n", qUtf8Printable(message));
+}
+
+} // namespace
+
+int main(int argc, char *argv[]) {
+    const QCoreApplication application(argc, argv);
+    const std::expected<quint16, QString> port = fennick::requestedPort(application.arguments().mid(1));
+    if (!port) {
+        complain(port.error());
+        return wrongArguments;
+    }
+
+    fennick::ExtractionServer server;
+    const std::expected<quint16, QString> listening = server.listen(*port);
+    if (!listening) {
+        complain(QStringLiteral("cannot listen on 127.0.0.1:%1: %2").arg(*port).arg(listening.error()));
+        return cannotListen;
+    }
+    std::printf("Listening on http://127.0.0.1:%d\n", static_cast<int>(*listening));
+    std::fflush(stdout);
+    return application.exec();
+}

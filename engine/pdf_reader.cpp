@@ -1,0 +1,148 @@
+#include "engine/pdf_reader.h"
+
+#include "engine/pdf_checker.h"
+#include "engine/picture_size.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfDocument>
+
+#include <algorithm>
+#include <mutex>
+
+namespace fennick {
+
+namespace {
+
+// A stamp or a page number that a scanner added is no text layer.
+constexpr qsizetype fewestCharactersOfText = 20;
+// Each costs a fresh look at the page; a receipt needs one or two for each of its lines.
+constexpr int mostLookUps = 1500;
+
+bool isWorthReading(const QString &text) {
+    const auto readable =
+        std::ranges::count_if(text, [](QChar character) { return character.isLetterOrNumber(); });
+    return readable >= fewestCharactersOfText;
+}
+
+// The text of one page with the places of its pieces. PDFium gives it in drawing order and its line breaks
+// are guesses: a row may come in many pieces, and several rows as one.
+class PageText {
+public:
+    PageText(QPdfDocument &document, int page)
+        : m_document(document)
+        , m_page(page)
+        , m_text(document.getAllText(page).text()) {}
+
+    QList<TextLine> rows() {
+        if (!isWorthReading(m_text))
+            return {};
+        for (qsizetype start = 0; start < m_text.size();) {
+            const qsizetype lineFeed = m_text.indexOf(u'\n', start);
+            const qsizetype end = lineFeed < 0 ? m_text.size() : lineFeed;
+            collect(start, end);
+            start = end + 1;
+        }
+        return joinedRows(m_fragments);
+    }
+
+private:
+    // Halves the piece until each part stands on one row.
+    void collect(qsizetype start, qsizetype end) {
+        const QString piece = m_text.sliced(start, end - start).simplified();
+        if (piece.isEmpty() || ++m_lookUps > mostLookUps)
+            return;
+        const QPdfSelection selection =
+            m_document.getSelectionAtIndex(m_page, static_cast<int>(start), static_cast<int>(end - start));
+        const qsizetype middle = blankNearMiddle(start, end);
+        if (standsOnOneRow(selection) || middle < 0) {
+            m_fragments.append(
+                {.text = piece, .box = selection.boundingRectangle(), .confidence = 1, .page = m_page});
+            return;
+        }
+        collect(start, middle);
+        collect(middle + 1, end);
+    }
+
+    static bool standsOnOneRow(const QPdfSelection &selection) {
+        double tallest = 0;
+        const QList<QPolygonF> boxes = selection.bounds();
+        for (const QPolygonF &box : boxes)
+            tallest = std::max(tallest, box.boundingRect().height());
+        return selection.boundingRectangle().height() <= 1.5 * tallest;
+    }
+
+    // The blank after the middle of the piece, or the last one before it; -1 without any inside.
+    qsizetype blankNearMiddle(qsizetype start, qsizetype end) const {
+        const qsizetype middle = start + (end - start) / 2;
+        if (const qsizetype after = m_text.indexOf(u' ', middle); after >= 0 && after < end - 1)
+            return after;
+        const qsizetype before = m_text.lastIndexOf(u' ', middle);
+        return before > start ? before : -1;
+    }
+
+    QPdfDocument &m_document;
+    int m_page;
+    QString m_text;
+    QList<TextLine> m_fragments;
+    int m_lookUps = 0;
+};
+
+QImage pagePicture(QPdfDocument &document, int page) {
+    const QSize size = renderSize(document.pagePointSize(page));
+    if (size.isEmpty())
+        return {};
+    const QImage drawn = document.render(page, size);
+    if (drawn.isNull())
+        return {};
+    QImage picture(drawn.size(), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter(&picture).drawImage(0, 0, drawn);
+    return picture;
+}
+
+PdfPage pageContent(QPdfDocument &document, int page, bool hasFonts) {
+    PdfPage content;
+    if (hasFonts)
+        content.lines = PageText(document, page).rows();
+    if (content.lines.isEmpty())
+        content.picture = pagePicture(document, page);
+    return content;
+}
+
+ReadError loadError(const QPdfDocument &document) {
+    switch (document.error()) {
+    case QPdfDocument::Error::IncorrectPassword:
+    case QPdfDocument::Error::UnsupportedSecurityScheme:
+        return ReadError::LockedPdf;
+    default:
+        return ReadError::UnreadablePdf;
+    }
+}
+
+std::mutex pdfiumMutex;
+
+} // namespace
+
+std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit) {
+    const std::expected<CheckedPdf, ReadError> checked = checkedPdf(bytes, pageLimit);
+    if (!checked)
+        return std::unexpected(checked.error());
+
+    const std::lock_guard lock(pdfiumMutex);
+    QBuffer buffer;
+    buffer.setData(checked->bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QPdfDocument document;
+    document.load(&buffer);
+    if (document.status() != QPdfDocument::Status::Ready)
+        return std::unexpected(loadError(document));
+
+    QList<PdfPage> pages;
+    const int pageCount = std::min(document.pageCount(), pageLimit);
+    for (int page = 0; page < pageCount; ++page)
+        pages.append(pageContent(document, page, checked->hasFonts.value(page)));
+    return pages;
+}
+
+} // namespace fennick

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "engine/read_error.h"
+#include "engine/text_line.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QList>
+
+#include <expected>
+
+namespace fennick {
+
+// One page of a PDF: its own text, or a picture of it (300 dpi, on white) when it has none worth reading.
+struct PdfPage {
+    QList<TextLine> lines;
+    QImage picture;
+};
+
+// The first `pageLimit` pages. Callable from any thread; one document is read at a time, because PDFium works
+// for one thread of a process only.
+std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit);
+
+} // namespace fennick

@@ -1,0 +1,25 @@
+#include "engine/read_error.h"
+
+namespace fennick {
+
+using namespace Qt::StringLiterals;
+
+QString readErrorText(ReadError error) {
+    switch (error) {
+    case ReadError::UnreadableImage:
+        return u"The image cannot be decoded."_s;
+    case ReadError::ImageTooLarge:
+        return u"The image has too many pixels."_s;
+    case ReadError::UnreadablePdf:
+        return u"The document is not a readable PDF."_s;
+    case ReadError::LockedPdf:
+        return u"The document is protected by a password."_s;
+    case ReadError::EmptyPdf:
+        return u"The document has no pages."_s;
+    case ReadError::RecogniserMissing:
+        return u"The text recogniser cannot start: its language data for English is missing."_s;
+    }
+    return {};
+}
+
+} // namespace fennick

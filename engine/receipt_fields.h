@@ -1,0 +1,29 @@
+#pragma once
+
+#include "engine/text_line.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <QTime>
+
+#include <optional>
+
+namespace fennick {
+
+// What a receipt says. Absent = not found; category and summary are always there.
+struct ReceiptFields {
+    std::optional<QDate> date;
+    std::optional<QTime> time;
+    std::optional<double> amount;    // the total paid, in units of the currency
+    std::optional<QString> currency; // ISO 4217
+    std::optional<QString> location; // the seller's name
+    QString category;
+    QString summary;
+};
+
+// Reads a document's lines, from top to bottom. A document with neither a date nor an amount is taken for no
+// receipt: nothing is claimed about it. Pure; `today` bounds the dates that can be true.
+ReceiptFields readReceipt(const QList<TextLine> &lines, QDate today);
+
+} // namespace fennick

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "engine/text_line.h"
+
+#include <QDeadlineTimer>
+#include <QImage>
+
+#include <memory>
+
+namespace tesseract {
+class TessBaseAPI;
+}
+
+namespace fennick {
+
+// Printed text in pictures, read by Tesseract with its English data. One instance per document and thread.
+class TextRecogniser {
+public:
+    TextRecogniser();
+    ~TextRecogniser();
+
+    // False when the language data is missing; nothing can be recognised then.
+    bool isReady() const;
+
+    // The lines of `picture`, from top to bottom, boxes in its pixels. What is not read when `deadline`
+    // passes is left out.
+    QList<TextLine> recognise(const QImage &picture, int page, QDeadlineTimer deadline);
+
+private:
+    std::unique_ptr<tesseract::TessBaseAPI> m_tesseract;
+    bool m_ready = false;
+};
+
+} // namespace fennick

@@ -1,0 +1,100 @@
+#include "extraction/gemini_client.h"
+
+#include "extraction/gemini_answer.h"
+#include "extraction/gemini_request.h"
+#include "extraction/service_address.h"
+
+#include <QCoroFuture>
+#include <QCoroNetworkReply>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QtConcurrent>
+
+#include <chrono>
+#include <memory>
+
+namespace fennick::GeminiClient {
+
+namespace {
+
+using Kind = GeminiError::Kind;
+using Result = std::expected<GeminiReceiptData, ScanError>;
+
+// Qt ends a transfer that makes no progress for this long by cancelling it.
+constexpr std::chrono::milliseconds timeOut = std::chrono::seconds(60);
+
+// A reply resumes the task from inside one of its own signals, so neither it nor its session may go at once.
+struct DeleteLater {
+    void operator()(QObject *object) const { object->deleteLater(); }
+};
+using SessionPointer = std::unique_ptr<QNetworkAccessManager, DeleteLater>;
+using ReplyPointer = std::unique_ptr<QNetworkReply, DeleteLater>;
+
+Result failure(Kind kind, const QString &text) {
+    return std::unexpected(ScanError(GeminiError{kind, 0, text}));
+}
+
+QNetworkRequest request(const QUrl &url) {
+    QNetworkRequest request(url);
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
+    request.setTransferTimeout(static_cast<int>(timeOut.count()));
+    // A receipt goes to the configured service and to nobody that it may name.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::SameOriginRedirectPolicy);
+    return request;
+}
+
+QString transportDescription(const QNetworkReply &reply) {
+    if (reply.error() == QNetworkReply::OperationCanceledError) {
+        return QStringLiteral("The request timed out.");
+    }
+    return reply.errorString();
+}
+
+// A key of a few characters also stands in ordinary words, and is none that a service gives out.
+constexpr qsizetype shortestSecret = 6;
+
+// Servers and the network library may repeat the request's location, and with it the key.
+template <typename Text>
+Text withoutKey(Text text, const Text &key, const Text &replacement) {
+    return key.size() < shortestSecret ? text : text.replace(key, replacement);
+}
+
+Result resultOf(QNetworkReply &reply, const QString &apiKey) {
+    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const bool isErrorStatus = status.isValid() && (status.toInt() < 200 || status.toInt() > 299);
+    if (reply.error() != QNetworkReply::NoError && !isErrorStatus) {
+        const QString description =
+            withoutKey(transportDescription(reply), apiKey, QStringLiteral("[API key]"));
+        return std::unexpected(ScanError(TransportError{description}));
+    }
+    if (!status.isValid()) {
+        return failure(Kind::http, QStringLiteral("No HTTP response"));
+    }
+    const QByteArray body = withoutKey(reply.readAll(), apiKey.toUtf8(), QByteArrayLiteral("[API key]"));
+    const auto answer = readAnswer(status.toInt(), body);
+    if (!answer) {
+        return std::unexpected(ScanError(answer.error()));
+    }
+    return *answer;
+}
+
+} // namespace
+
+QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model) {
+    const auto body = co_await QtConcurrent::run(requestBody, filePath);
+    if (!body) {
+        co_return failure(Kind::fileRead, body.error());
+    }
+    const auto url = endpointUrl(configuredServiceAddress(), model, apiKey);
+    if (!url) {
+        co_return failure(Kind::http, QStringLiteral("Invalid endpoint URL"));
+    }
+    // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
+    const SessionPointer session(new QNetworkAccessManager);
+    const ReplyPointer reply(session->post(request(*url), *body));
+    co_await qCoro(reply.get()).waitForFinished();
+    co_return resultOf(*reply, apiKey);
+}
+
+} // namespace fennick::GeminiClient

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "extraction/gemini_error.h"
+#include "extraction/gemini_receipt_data.h"
+
+#include <QCoroTask>
+#include <QString>
+
+#include <expected>
+
+// The client of the extraction service: one receipt file, one HTTPS request, one result. It keeps no state,
+// caches nothing and retries nothing.
+namespace fennick::GeminiClient {
+
+// Sends the whole file with the instruction to the configured service and awaits its answer; fails after 60
+// seconds without progress. Never blocks the calling thread: reading and encoding the file happen on a worker
+// thread. The key stays out of every error text.
+QCoro::Task<std::expected<GeminiReceiptData, ScanError>> scan(QString filePath, QString apiKey,
+                                                              QString model);
+
+} // namespace fennick::GeminiClient

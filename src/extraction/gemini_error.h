@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <variant>
+
+namespace fennick {
+
+// A failure of the extraction service's client, with the text that the user is shown.
+struct GeminiError {
+    enum class Kind { fileRead, http, api, noText, parse, noCandidates };
+
+    Kind kind;
+    int code = 0; // for `http` the status, for `api` the service's own code
+    QString text; // message, body, finish reason or raw answer, by kind
+
+    QString errorDescription() const;
+
+    bool operator==(const GeminiError &other) const = default;
+};
+
+// A failure of the network below the service, in the network library's words.
+struct TransportError {
+    QString description;
+
+    bool operator==(const TransportError &other) const = default;
+};
+
+using ScanError = std::variant<GeminiError, TransportError>;
+
+QString errorDescription(const ScanError &error);
+
+} // namespace fennick

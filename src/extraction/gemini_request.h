@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <expected>
+
+// The parts of an extraction request that depend on the file. Callable from any thread.
+namespace fennick::GeminiClient {
+
+// By the file name's extension in any letter case; "application/octet-stream" for an unknown one or none.
+QString mimeType(const QString &filePath);
+
+// The request's JSON body for one receipt file: instruction text, the whole file in base64, answer schema.
+// The error is the system's description of why the file cannot be read.
+std::expected<QByteArray, QString> requestBody(const QString &filePath);
+
+} // namespace fennick::GeminiClient

@@ -1,0 +1,84 @@
+#include "extraction/normalisation.h"
+
+#include "extraction/valid_categories.h"
+#include "text/characters.h"
+#include "text/pattern.h"
+#include "text/white_space.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <cmath>
+
+namespace fennick::GeminiClient {
+
+namespace {
+
+constexpr qsizetype rawAnswerLimit = 500;
+
+std::optional<QJsonObject> parsedObject(const QString &text) {
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+}
+
+std::optional<QString> textMember(const QJsonObject &answer, QLatin1StringView key) {
+    const QJsonValue value = answer.value(key);
+    return value.isString() ? std::optional(wellFormed(value.toString())) : std::nullopt;
+}
+
+std::optional<QString> matchingMember(const QJsonObject &answer, QLatin1StringView key, const char *pattern) {
+    const auto text = textMember(answer, key);
+    return text && matchesWhole(*text, pattern) ? text : std::nullopt;
+}
+
+std::optional<double> numberMember(const QJsonObject &answer, QLatin1StringView key) {
+    const QJsonValue value = answer.value(key);
+    return value.isDouble() && std::isfinite(value.toDouble()) ? std::optional(value.toDouble())
+                                                               : std::nullopt;
+}
+
+std::optional<QString> trimmedMember(const QJsonObject &answer, QLatin1StringView key) {
+    const auto text = textMember(answer, key);
+    const QString trimmed = text ? trimmedOfWhiteSpace(*text) : QString();
+    return trimmed.isEmpty() ? std::nullopt : std::optional(trimmed);
+}
+
+// Trimmed of blanks only: a category that ends in a line feed is none of the vocabulary. That is intended.
+QString categoryMember(const QJsonObject &answer) {
+    const QString misc = QStringLiteral("misc");
+    const QString category =
+        trimmedOfBlanks(lowerCased(textMember(answer, QLatin1StringView("category")).value_or(misc)));
+    return std::ranges::find(validCategories, category) == validCategories.end() ? misc : category;
+}
+
+} // namespace
+
+std::expected<QJsonObject, GeminiError> extractJSON(const QString &text) {
+    if (const auto whole = parsedObject(text)) {
+        return *whole;
+    }
+    const qsizetype first = text.indexOf(u'{');
+    const qsizetype last = text.lastIndexOf(u'}');
+    if (first >= 0 && last > first) {
+        if (const auto inner = parsedObject(text.sliced(first, last - first + 1))) {
+            return *inner;
+        }
+    }
+    return std::unexpected(
+        GeminiError{GeminiError::Kind::parse, 0, wellFormed(firstCharacters(text, rawAnswerLimit))});
+}
+
+GeminiReceiptData normalize(const QJsonObject &answer) {
+    GeminiReceiptData data;
+    data.date = matchingMember(answer, QLatin1StringView("date"), R"(\d{4}-\d{2}-\d{2})");
+    data.time = matchingMember(answer, QLatin1StringView("time"), R"(\d{2}:\d{2})");
+    data.amount = numberMember(answer, QLatin1StringView("amount"));
+    data.currency = matchingMember(answer, QLatin1StringView("currency"), "[A-Z]{3}");
+    data.location = trimmedMember(answer, QLatin1StringView("location"));
+    data.category = categoryMember(answer);
+    data.summary = trimmedMember(answer, QLatin1StringView("summary"))
+                       .value_or(QStringLiteral("Receipt scanned successfully"));
+    return data;
+}
+
+} // namespace fennick::GeminiClient

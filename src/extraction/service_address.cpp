@@ -1,0 +1,43 @@
+#include "extraction/service_address.h"
+
+#include "platform/user_defaults.h"
+
+#include <QHostAddress>
+
+namespace fennick {
+
+namespace {
+
+bool isLoopback(const QString &host) {
+    return host == u"localhost" || QHostAddress(host).isLoopback();
+}
+
+bool isSecure(const QUrl &address) {
+    return address.scheme() == u"https" || (address.scheme() == u"http" && isLoopback(address.host()));
+}
+
+bool isSchemeHostAndPort(const QUrl &address) {
+    return address.isValid() && !address.host().isEmpty() && address.userInfo().isEmpty() &&
+           address.path().isEmpty() && !address.hasQuery() && !address.hasFragment();
+}
+
+} // namespace
+
+QString configuredServiceAddress() {
+    return UserDefaults()
+        .string(QStringLiteral("geminiEndpoint"))
+        .value_or(QStringLiteral("https://generativelanguage.googleapis.com"));
+}
+
+std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model, const QString &apiKey) {
+    const QUrl address(serviceAddress, QUrl::StrictMode);
+    if (!isSchemeHostAndPort(address) || !isSecure(address)) {
+        return std::nullopt;
+    }
+    const QUrl url(serviceAddress + QStringLiteral("/v1beta/models/") + model +
+                       QStringLiteral(":generateContent?key=") + apiKey,
+                   QUrl::StrictMode);
+    return url.isValid() ? std::optional(url) : std::nullopt;
+}
+
+} // namespace fennick

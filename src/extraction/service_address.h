@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <expected>
+
+namespace fennick {
+
+// Where the extraction service is: scheme, host and optional port. The user's "geminiEndpoint" in the
+// preferences file or the system-wide one, else the public Gemini host. Not a preference: no window shows it.
+QString configuredServiceAddress();
+
+// The request's location: model and key go in verbatim. Nothing when that is no valid URL, when the address
+// says more than scheme, host and port, or when it is neither https nor a loopback address: the key is part
+// of the URL and must not cross a network in the clear.
+std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model, const QString &apiKey);
+
+} // namespace fennick

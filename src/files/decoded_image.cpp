@@ -1,0 +1,72 @@
+#include "files/decoded_image.h"
+
+#include "files/colour_profile.h"
+#include "files/exif_orientation.h"
+#include "files/pixel_limits.h"
+
+#include <QBuffer>
+#include <QColorSpace>
+#include <QImageReader>
+
+#include <mutex>
+
+namespace fennick {
+
+namespace {
+
+// Qt refuses pictures over 128 MB by default, which is a photo of 32 megapixels. Its limit is one for the
+// whole process; the pixels of ours have been counted before, and take 8 bytes each at most.
+void raiseAllocationLimit() {
+    static std::once_flag raised;
+    std::call_once(raised, [] {
+        constexpr int mostBytesPerPixel = 8;
+        QImageReader::setAllocationLimit(maximumPixelCount * mostBytesPerPixel / (1 << 20) + 1);
+    });
+}
+
+std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
+    raiseAllocationLimit();
+    QBuffer buffer;
+    buffer.setData(file);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    reader.setAutoTransform(false);
+    const QSize size = reader.size();
+    if (!isAcceptablePixelCount(size.width(), size.height()))
+        return std::nullopt;
+
+    // A palette with transparent entries turns black on the way through formats without alpha.
+    QImage image = reader.read();
+    image.convertTo(QImage::Format_ARGB32);
+    if (image.isNull())
+        return std::nullopt;
+    if (image.colorSpace() != QColorSpace(QColorSpace::SRgb))
+        convertToSrgb(image, profileFromIcc(image.colorSpace().iccProfile()));
+    return yuvPictureOnWhite(std::move(image));
+}
+
+std::optional<StoredPicture> stored(std::optional<YuvPicture> picture, int orientation) {
+    if (!picture)
+        return std::nullopt;
+    return StoredPicture{std::move(*picture), orientation, {}};
+}
+
+} // namespace
+
+std::optional<YuvPicture> yuvPictureOnWhite(QImage image) {
+    blendOntoWhite(image);
+    YuvPicture picture = yuvPictureFromRgb(image, Chroma::full);
+    if (picture.planes.empty())
+        return std::nullopt;
+    return picture;
+}
+
+std::optional<StoredPicture> decodePng(const QByteArray &file) {
+    return stored(decoded(file, "png"), pngOrientation(file));
+}
+
+std::optional<StoredPicture> decodeWebp(const QByteArray &file) {
+    return stored(decoded(file, "webp"), webpOrientation(file));
+}
+
+} // namespace fennick

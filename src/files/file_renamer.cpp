@@ -1,0 +1,100 @@
+#include "files/file_renamer.h"
+
+#include "text/characters.h"
+#include "text/number_text.h"
+#include "text/numbered_name.h"
+#include "text/path_text.h"
+#include "text/unsafe_characters.h"
+#include "text/white_space.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QStringList>
+
+#include <cmath>
+
+namespace fennick::FileRenamer {
+
+namespace {
+
+// A link whose target is gone holds its name as well.
+bool isTaken(const QString &path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
+} // namespace
+
+std::optional<RenamedFile> rename(const Receipt &receipt) {
+    const QFileInfo oldFile(receipt.filePath);
+    const QString desired = buildNewFileName(receipt);
+    if (desired == oldFile.fileName()) {
+        return std::nullopt; // also keeps a second scan from giving the file a number
+    }
+    const QDir folder(oldFile.path());
+    const QString name = pickAvailableName(folder.path(), desired);
+    const QString newPath = folder.filePath(name);
+    if (newPath == receipt.filePath || !QFile::rename(receipt.filePath, newPath)) {
+        return std::nullopt;
+    }
+    return RenamedFile{name, newPath};
+}
+
+QString buildNewFileName(const Receipt &receipt) {
+    const QString extension = lowerCased(pathExtension(receipt.filePath));
+    const QString base = baseName(receipt);
+    return extension.isEmpty() ? base : base + u'.' + extension;
+}
+
+QString baseName(const Receipt &receipt) {
+    QStringList pieces;
+    pieces.append(receipt.date.value_or(QStringLiteral("Undated")));
+    pieces.append(receipt.category.isEmpty() ? QStringLiteral("Receipt") : titleCase(receipt.category));
+    const QString location = sanitize(receipt.location.value_or(QString()));
+    if (!location.isEmpty()) {
+        pieces.append(QStringLiteral("- ") + location);
+    }
+    if (receipt.amount && std::isfinite(*receipt.amount)) {
+        pieces.append(currencySymbol(receipt.currency) + twoDecimals(*receipt.amount));
+    }
+    const QString base = sanitize(pieces.join(u' '));
+    return base.isEmpty() ? QStringLiteral("Receipt") : base;
+}
+
+QString pickAvailableName(const QString &folder, const QString &desired) {
+    const QDir directory(folder);
+    QString name = desired;
+    for (int number = 2; isTaken(directory.filePath(name)); ++number) {
+        name = numberedName(nameWithoutExtension(desired), pathExtension(desired), number);
+    }
+    return name;
+}
+
+QString titleCase(const QString &text) {
+    QStringList pieces = text.split(u' ', Qt::SkipEmptyParts);
+    for (QString &piece : pieces) {
+        piece = firstCharacterUpperCased(piece);
+    }
+    return pieces.join(u' ');
+}
+
+QString sanitize(const QString &text) {
+    return splitOnWhiteSpace(withoutUnsafeCharacters(text)).join(u' ');
+}
+
+QString currencySymbol(const std::optional<QString> &code) {
+    static const QHash<QString, QString> symbols = {
+        {QStringLiteral("USD"), QStringLiteral("$")},   {QStringLiteral("EUR"), QStringLiteral("€")},
+        {QStringLiteral("GBP"), QStringLiteral("£")},   {QStringLiteral("JPY"), QStringLiteral("¥")},
+        {QStringLiteral("CAD"), QStringLiteral("C$")},  {QStringLiteral("AUD"), QStringLiteral("A$")},
+        {QStringLiteral("CHF"), QStringLiteral("CHF ")}};
+    if (!code) {
+        return {};
+    }
+    const QString upperCode = upperCased(*code);
+    return symbols.value(upperCode, upperCode + u' ');
+}
+
+} // namespace fennick::FileRenamer

@@ -1,0 +1,27 @@
+#include "files/fs_events_watcher.h"
+
+#include "platform/application_id.h"
+
+namespace fennick {
+
+namespace {
+
+constexpr std::chrono::milliseconds latency{300};
+
+} // namespace
+
+FSEventsWatcher::FSEventsWatcher(QString path, OnPaths onPaths)
+    : path_(std::move(path))
+    , onPaths_(std::move(onPaths)) {}
+
+void FSEventsWatcher::start() {
+    stream_.reset(); // never two streams at once
+    stream_ = FileEventStream::create(path_, latency, applicationId + QStringLiteral(".fsevents"),
+                                      [this](const QList<FileEvent> &events) {
+                                          if (!events.isEmpty()) {
+                                              onPaths_(events);
+                                          }
+                                      });
+}
+
+} // namespace fennick

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/file_event_stream.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace fennick {
+
+// Reports changes below one folder in batches, without filtering or interpreting them. Owned by the intake on
+// the main thread; dropping it ends the watch. `onPaths` runs on the stream's own thread, one batch at a
+// time, and hands the paths over to where they are used.
+class FSEventsWatcher {
+public:
+    using OnPaths = std::function<void(const QList<FileEvent> &)>;
+
+    FSEventsWatcher(QString path, OnPaths onPaths);
+
+    // Watches from now on, in place of an earlier watch. What already lies in the folder is not told.
+    // Without an event source nothing is told, and nothing is said.
+    void start();
+
+private:
+    QString path_;
+    OnPaths onPaths_;
+    std::unique_ptr<FileEventStream> stream_;
+};
+
+} // namespace fennick

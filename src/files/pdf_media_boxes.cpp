@@ -1,0 +1,126 @@
+#include "files/pdf_media_boxes.h"
+
+#include "files/pixel_limits.h"
+
+#include <QFile>
+#include <QFileInfo>
+// The library wants to be told that its own pointer class of old is not used.
+#define POINTERHOLDER_TRANSITION 4
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
+#include <array>
+#include <cmath>
+#include <exception>
+#include <set>
+
+namespace fennick {
+
+namespace {
+
+using Box = std::array<double, 4>;
+
+// US Letter, which PDF readers take for a page without a usable media box.
+constexpr Box fallbackBox{0, 0, 612, 792};
+
+Box mediaBoxOf(QPDFPageObjectHelper &page) {
+    QPDFObjectHandle array = page.getAttribute("/MediaBox", false);
+    Box box{};
+    if (!array.isArray() || array.getArrayNItems() != static_cast<int>(box.size()))
+        return fallbackBox;
+    for (std::size_t index = 0; index < box.size(); ++index) {
+        QPDFObjectHandle number = array.getArrayItem(static_cast<int>(index));
+        if (!number.isNumber() || !std::isfinite(number.getNumericValue()))
+            return fallbackBox;
+        box[index] = number.getNumericValue();
+    }
+    if (box[0] > box[2])
+        std::swap(box[0], box[2]);
+    if (box[1] > box[3])
+        std::swap(box[1], box[3]);
+    return box[0] < box[2] && box[1] < box[3] ? box : fallbackBox;
+}
+
+bool standsOnItsSide(QPDFPageObjectHelper &page) {
+    QPDFObjectHandle rotation = page.getAttribute("/Rotate", false);
+    return rotation.isInteger() && rotation.getIntValue() / 90 % 2 != 0;
+}
+
+// Whether the page tree is no deeper than any real one. The library walks it by recursion, which a tree of
+// some ten thousand levels turns into a stack overflow. Loops are left for the library to report.
+bool hasReasonableDepth(QPDF &document) {
+    constexpr int mostLevels = 500;
+    struct Node {
+        QPDFObjectHandle object;
+        int level;
+    };
+    std::set<QPDFObjGen> visited;
+    std::vector<Node> waiting{{document.getRoot().getKey("/Pages"), 1}};
+    while (!waiting.empty()) {
+        Node node = waiting.back();
+        waiting.pop_back();
+        if (node.level > mostLevels)
+            return false;
+        if (!node.object.isDictionary())
+            continue;
+        if (node.object.isIndirect() && !visited.insert(node.object.getObjGen()).second)
+            continue;
+        QPDFObjectHandle kids = node.object.getKey("/Kids");
+        const int kidCount = kids.isArray() ? kids.getArrayNItems() : 0;
+        for (int index = 0; index < kidCount; ++index)
+            waiting.push_back({kids.getArrayItem(index), node.level + 1});
+    }
+    return true;
+}
+
+QPDFObjectHandle pdfArray(const Box &box) {
+    return QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(box[0], box[1], box[2], box[3]));
+}
+
+QByteArray rewritten(QPDF &document) {
+    QPDFWriter writer(document);
+    writer.setOutputMemory();
+    writer.setStreamDataMode(qpdf_s_preserve);
+    writer.setPreserveEncryption(false);
+    writer.write();
+    const auto buffer = writer.getBufferSharedPointer();
+    return QByteArray(reinterpret_cast<const char *>(buffer->getBuffer()),
+                      static_cast<qsizetype>(buffer->getSize()));
+}
+
+MediaBoxPdf cropped(QPDF &document) {
+    MediaBoxPdf result;
+    for (QPDFPageObjectHelper &page : QPDFPageDocumentHelper(document).getAllPages()) {
+        const Box box = mediaBoxOf(page);
+        page.getObjectHandle().replaceKey("/MediaBox", pdfArray(box));
+        page.getObjectHandle().replaceKey("/CropBox", pdfArray(box));
+        const QSizeF size(box[2] - box[0], box[3] - box[1]);
+        result.pageSizes.push_back(standsOnItsSide(page) ? size.transposed() : size);
+    }
+    if (!result.pageSizes.empty())
+        result.bytes = rewritten(document);
+    return result;
+}
+
+} // namespace
+
+std::optional<MediaBoxPdf> readWithMediaBoxes(const QString &path) {
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() > maximumFileSize)
+        return std::nullopt;
+    // The library reports every failure by an exception; none goes further than this.
+    try {
+        QPDF document;
+        document.setSuppressWarnings(true);
+        document.processFile(QFile::encodeName(path).constData());
+        if (!hasReasonableDepth(document))
+            return std::nullopt;
+        return cropped(document);
+    } catch (const std::exception &) {
+        return std::nullopt;
+    }
+}
+
+} // namespace fennick

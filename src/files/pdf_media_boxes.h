@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSizeF>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace fennick {
+
+// A PDF file made ready for a renderer that shows the crop box.
+struct MediaBoxPdf {
+    // The file rewritten: decrypted, its damage mended, every page cropped to its whole media box.
+    QByteArray bytes;
+    // The size in points of each page as it stands upright, width and height exchanged by a quarter turn.
+    std::vector<QSizeF> pageSizes;
+};
+
+// Nothing for a file that is not a readable PDF, needs a password, or whose page tree has a loop.
+std::optional<MediaBoxPdf> readWithMediaBoxes(const QString &path);
+
+} // namespace fennick

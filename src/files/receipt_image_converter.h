@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <expected>
+
+namespace fennick {
+
+// Why a receipt could not be turned into pictures.
+struct ConverterError {
+    enum class Kind { unsupported, pdfLoad, renderFailed, encodeFailed, platform };
+
+    Kind kind;
+    // unsupported: the file's extension in lower case; platform: the system's own description.
+    QString payload;
+
+    // A sentence for the user, without a full stop.
+    QString errorDescription() const;
+};
+
+// Turns one receipt file into JPEG files for photo libraries, which take no PDF.
+namespace ReceiptImageConverter {
+
+// Every page of a PDF (200 dots per inch, on white) or the one picture of an image file (upright, its longer
+// side at most 3000 pixels), as JPEG files named after `baseName` in a new folder below the temporary
+// directory. Gives their paths in page order. The files are the caller's to remove, as are those written
+// before a failure. Blocks for up to seconds; may be called from any thread, and by several at once.
+std::expected<QStringList, ConverterError> convertToJPEGs(const QString &filePath, const QString &baseName);
+
+} // namespace ReceiptImageConverter
+
+} // namespace fennick

@@ -1,0 +1,108 @@
+#include "files/yuv_picture.h"
+
+#include <turbojpeg.h>
+
+#include <array>
+#include <cstring>
+#include <new>
+
+namespace fennick {
+
+namespace {
+
+constexpr int alignment = 64;
+
+int alignedUp(int value) {
+    return (value + alignment - 1) / alignment * alignment;
+}
+
+std::size_t byteCount(int stride, int rows) {
+    return static_cast<std::size_t>(stride) * static_cast<std::size_t>(rows);
+}
+
+// The converter refuses sides over 65,500 pixels, which a picture may have before it is scaled.
+constexpr int tileSide = 32768;
+
+YuvPicture emptyPicture(QSize size, int perChroma) {
+    YuvPicture picture{size.width(), size.height(), perChroma, perChroma, {}};
+    picture.planes.emplace_back(size.width(), size.height());
+    const int chromaWidth = (size.width() + perChroma - 1) / perChroma;
+    const int chromaHeight = (size.height() + perChroma - 1) / perChroma;
+    picture.planes.emplace_back(chromaWidth, chromaHeight);
+    picture.planes.emplace_back(chromaWidth, chromaHeight);
+    return picture;
+}
+
+bool convertTile(tjhandle encoder, const QImage &image, QRect tile, YuvPicture &result) {
+    const int perChroma = result.lumaPerChromaX;
+    std::array<unsigned char *, 3> rows{};
+    std::array<int, 3> strides{};
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const int perSample = index == 0 ? 1 : perChroma;
+        Plane &plane = result.planes[index];
+        rows[index] = plane.row(tile.top() / perSample) + tile.left() / perSample;
+        strides[index] = plane.stride();
+    }
+    constexpr qsizetype bytesPerPixel = 4;
+    return tjEncodeYUVPlanes(encoder, image.constScanLine(tile.top()) + tile.left() * bytesPerPixel,
+                             tile.width(), static_cast<int>(image.bytesPerLine()), tile.height(), TJPF_BGRX,
+                             rows.data(), strides.data(), perChroma == 1 ? TJSAMP_444 : TJSAMP_420, 0) == 0;
+}
+
+constexpr QRgb white = 0xFFFFFFFF;
+
+int overWhite(int channel, int alpha) {
+    return (channel * alpha + 255 * (255 - alpha) + 127) / 255;
+}
+
+} // namespace
+
+void Plane::Release::operator()(std::uint8_t *samples) const {
+    ::operator delete (samples, std::align_val_t{alignment});
+}
+
+Plane::Plane(int width, int height, int allocatedWidth, int allocatedHeight)
+    : m_width(width)
+    , m_height(height)
+    , m_stride(alignedUp(allocatedWidth))
+    , m_samples(static_cast<std::uint8_t *>(
+          ::operator new (byteCount(m_stride, allocatedHeight), std::align_val_t{alignment}))) {}
+
+void Plane::extendByOne() {
+    for (int y = 0; y < m_height; ++y)
+        row(y)[m_width] = row(y)[m_width - 1];
+    std::memcpy(row(m_height), row(m_height - 1), static_cast<std::size_t>(m_width) + 1);
+}
+
+YuvPicture yuvPictureFromRgb(const QImage &image, Chroma chroma) {
+    YuvPicture result = emptyPicture(image.size(), chroma == Chroma::full ? 1 : 2);
+    const std::unique_ptr<void, int (*)(tjhandle)> encoder(tjInitCompress(), tjDestroy);
+    if (!encoder)
+        return {};
+    for (int top = 0; top < image.height(); top += tileSide) {
+        for (int left = 0; left < image.width(); left += tileSide) {
+            const QRect tile = QRect(left, top, tileSide, tileSide).intersected(image.rect());
+            if (!convertTile(encoder.get(), image, tile, result))
+                return {};
+        }
+    }
+    return result;
+}
+
+void blendOntoWhite(QImage &image) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto *pixel = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (QRgb *const end = pixel + image.width(); pixel != end; ++pixel) {
+            const int alpha = qAlpha(*pixel);
+            if (alpha == 255)
+                continue;
+            if (alpha == 0)
+                *pixel = white;
+            else
+                *pixel = qRgb(overWhite(qRed(*pixel), alpha), overWhite(qGreen(*pixel), alpha),
+                              overWhite(qBlue(*pixel), alpha));
+        }
+    }
+}
+
+} // namespace fennick

@@ -1,0 +1,104 @@
+#include "model/json_text.h"
+#include "model/receipt_json.h"
+
+#include <cmath>
+
+namespace fennick {
+
+namespace {
+
+// Writes the members of one object, one per line.
+class ObjectWriter {
+public:
+    explicit ObjectWriter(QByteArray &json)
+        : json_(json) {
+        json_.append("  {");
+    }
+
+    void text(const char *key, const QString &value) {
+        beginMember(key);
+        appendJsonString(json_, value);
+    }
+
+    void text(const char *key, const std::optional<QString> &value) {
+        if (value) {
+            text(key, *value);
+        }
+    }
+
+    void number(const char *key, std::optional<double> value) {
+        if (!value || !std::isfinite(*value)) {
+            return;
+        }
+        beginMember(key);
+        appendJsonNumber(json_, *value);
+    }
+
+    void boolean(const char *key, bool value) {
+        beginMember(key);
+        json_.append(value ? "true" : "false");
+    }
+
+    void end() { json_.append("\n  }"); }
+
+private:
+    void beginMember(const char *key) {
+        json_.append(isFirst_ ? "\n    \"" : ",\n    \"");
+        json_.append(key);
+        json_.append("\": ");
+        isFirst_ = false;
+    }
+
+    QByteArray &json_;
+    bool isFirst_ = true;
+};
+
+void appendReceipt(QByteArray &json, const Receipt &receipt) {
+    ObjectWriter object(json);
+    object.text("id", receipt.id);
+    object.text("fileName", receipt.fileName);
+    object.text("filePath", receipt.filePath);
+    object.text("date", receipt.date);
+    object.text("time", receipt.time);
+    object.number("amount", receipt.amount);
+    object.text("currency", receipt.currency);
+    object.text("location", receipt.location);
+    object.text("category", receipt.category);
+    object.text("summary", receipt.summary);
+    object.text("scannedAt", receipt.scannedAt);
+    object.text("status", rawValue(receipt.status));
+    object.text("error", receipt.error);
+    object.boolean("addedToPhotos", receipt.addedToPhotos);
+    object.end();
+}
+
+} // namespace
+
+QByteArray encodeReceipts(const QList<Receipt> &receipts) {
+    constexpr qsizetype typicalRecordSize = 512;
+    QByteArray json;
+    json.reserve(receipts.size() * typicalRecordSize + 4);
+    json.append('[');
+    bool isFirst = true;
+    for (const Receipt &receipt : receipts) {
+        json.append(isFirst ? "\n" : ",\n");
+        appendReceipt(json, receipt);
+        isFirst = false;
+    }
+    json.append("\n]\n");
+    return json;
+}
+
+QByteArray encodePaths(const QSet<QString> &paths) {
+    QByteArray json(1, '[');
+    for (const QString &path : paths) {
+        if (json.size() > 1) {
+            json.append(',');
+        }
+        appendJsonString(json, path);
+    }
+    json.append(']');
+    return json;
+}
+
+} // namespace fennick

@@ -1,0 +1,156 @@
+#include "model/receipt_store.h"
+
+#include "model/receipt_json.h"
+#include "text/characters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace fennick {
+
+namespace {
+
+constexpr QFile::Permissions privateFile = QFile::ReadOwner | QFile::WriteOwner;
+constexpr QFile::Permissions privateFolder = privateFile | QFile::ExeOwner;
+
+// The order of the list: `left` belongs before `right` when it was taken in later.
+bool isNewer(const Receipt &left, const Receipt &right) {
+    return compareScalars(left.scannedAt, right.scannedAt) > 0;
+}
+
+QString madeDataFolder() {
+    const QDir parent(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QString folder = parent.filePath(QStringLiteral("Fennick"));
+    parent.mkpath(folder);
+    QFile::setPermissions(folder, privateFolder);
+    return folder;
+}
+
+QByteArray contentOf(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Complete or not at all: a reader never sees half a file.
+void writeAtomically(const QString &path, const QByteArray &content) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return;
+    }
+    file.setPermissions(privateFile);
+    if (file.write(content) != content.size()) {
+        file.cancelWriting();
+    }
+    file.commit();
+}
+
+} // namespace
+
+ReceiptStore::ReceiptStore(QObject *parent)
+    : QObject(parent) {
+    const QDir folder(madeDataFolder());
+    receiptsPath_ = folder.filePath(QStringLiteral("receipts.json"));
+    ignoredPath_ = folder.filePath(QStringLiteral("ignored.json"));
+    load();
+}
+
+bool ReceiptStore::hasFilePath(const QString &path) const {
+    return listedPaths_.contains(path) || ignored_.contains(path);
+}
+
+bool ReceiptStore::hasReceipt(const QString &id) const {
+    return rowOf(id) >= 0;
+}
+
+void ReceiptStore::add(const Receipt &receipt) {
+    const auto place = std::upper_bound(receipts_.cbegin(), receipts_.cend(), receipt, isNewer);
+    const qsizetype row = place - receipts_.cbegin();
+    const ReceiptsChange change{ReceiptsChange::Kind::inserted, row, row};
+    Q_EMIT receiptsAboutToChange(change);
+    receipts_.insert(row, receipt);
+    countPath(receipt.filePath, +1);
+    Q_EMIT receiptsChanged(change);
+    saveReceipts();
+}
+
+void ReceiptStore::update(const Receipt &receipt) {
+    const qsizetype row = rowOf(receipt.id);
+    if (row < 0) {
+        return;
+    }
+    countPath(receipts_[row].filePath, -1);
+    countPath(receipt.filePath, +1);
+    const qsizetype newRow = sortedRow(row, receipt);
+    const auto kind = newRow == row ? ReceiptsChange::Kind::updated : ReceiptsChange::Kind::moved;
+    const ReceiptsChange change{kind, row, newRow};
+    Q_EMIT receiptsAboutToChange(change);
+    receipts_[row] = receipt;
+    receipts_.move(row, newRow);
+    Q_EMIT receiptsChanged(change);
+    saveReceipts();
+}
+
+void ReceiptStore::clearAll() {
+    for (const Receipt &receipt : std::as_const(receipts_)) {
+        ignored_.insert(receipt.filePath);
+    }
+    const ReceiptsChange change{ReceiptsChange::Kind::cleared};
+    Q_EMIT receiptsAboutToChange(change);
+    receipts_.clear();
+    listedPaths_.clear();
+    Q_EMIT receiptsChanged(change);
+    saveReceipts();
+    saveIgnored();
+}
+
+void ReceiptStore::load() {
+    if (auto receipts = decodeReceipts(contentOf(receiptsPath_))) {
+        std::stable_sort(receipts->begin(), receipts->end(), isNewer);
+        receipts_ = *std::move(receipts);
+    }
+    for (const Receipt &receipt : std::as_const(receipts_)) {
+        countPath(receipt.filePath, +1);
+    }
+    if (auto ignored = decodePaths(contentOf(ignoredPath_))) {
+        ignored_ = *std::move(ignored);
+    }
+}
+
+void ReceiptStore::saveReceipts() const {
+    writeAtomically(receiptsPath_, encodeReceipts(receipts_));
+}
+
+void ReceiptStore::saveIgnored() const {
+    writeAtomically(ignoredPath_, encodePaths(ignored_));
+}
+
+qsizetype ReceiptStore::rowOf(const QString &id) const {
+    const auto found = std::find_if(receipts_.cbegin(), receipts_.cend(),
+                                    [&id](const Receipt &receipt) { return receipt.id == id; });
+    return found == receipts_.cend() ? -1 : found - receipts_.cbegin();
+}
+
+// The row where a stable sort puts `receipt` when it replaces the one at `row` and all others are in order.
+qsizetype ReceiptStore::sortedRow(qsizetype row, const Receipt &receipt) const {
+    const auto begin = receipts_.cbegin();
+    const auto here = begin + row;
+    const auto above = std::upper_bound(begin, here, receipt, isNewer);
+    if (above != here) {
+        return above - begin;
+    }
+    return std::lower_bound(here + 1, receipts_.cend(), receipt, isNewer) - begin - 1;
+}
+
+void ReceiptStore::countPath(const QString &path, int difference) {
+    int &count = listedPaths_[path];
+    count += difference;
+    if (count == 0) {
+        listedPaths_.remove(path);
+    }
+}
+
+} // namespace fennick

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "model/receipt.h"
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QSet>
+
+namespace fennick {
+
+// What an operation does to the published list, in rows. `moved` is one row that also changed its content.
+struct ReceiptsChange {
+    enum class Kind { inserted, updated, moved, cleared };
+    Kind kind;
+    qsizetype from = 0; // the row before the change; for `inserted`, the new row
+    qsizetype to = 0;   // the row after the change
+};
+
+// The single owner of the list of receipts and of the set of paths that are never taken in again, and the
+// only code that reads or writes "receipts.json" and "ignored.json". Every change is on disk when the
+// operation returns; file errors are swallowed and the list in memory stays as changed. Created once by the
+// application, which owns it; main thread only.
+class ReceiptStore : public QObject {
+    Q_OBJECT
+
+public:
+    // Finds or makes the folder "Fennick" in the user's data folder and loads both files.
+    explicit ReceiptStore(QObject *parent = nullptr);
+
+    // Newest first.
+    const QList<Receipt> &receipts() const { return receipts_; }
+
+    // Whether a receipt with exactly this path is listed, or the path is ignored.
+    bool hasFilePath(const QString &path) const;
+
+    // Whether a receipt with this identifier is (still) listed.
+    bool hasReceipt(const QString &id) const;
+
+    // Callers test hasFilePath first: duplicates are not looked for here.
+    void add(const Receipt &receipt);
+
+    // Replaces the receipt with the same `id` as a whole; without one, nothing happens and nothing is
+    // written.
+    void update(const Receipt &receipt);
+
+    // Empties the list; its paths are ignored from now on, so the files that stay are never scanned again.
+    void clearAll();
+
+Q_SIGNALS:
+    void receiptsAboutToChange(const ReceiptsChange &change);
+    void receiptsChanged(const ReceiptsChange &change);
+
+private:
+    void load();
+    void saveReceipts() const;
+    void saveIgnored() const;
+    qsizetype rowOf(const QString &id) const;
+    qsizetype sortedRow(qsizetype row, const Receipt &receipt) const;
+    void countPath(const QString &path, int difference);
+
+    QList<Receipt> receipts_;
+    QSet<QString> ignored_;
+    QHash<QString, int> listedPaths_; // how many receipts have each path, so that hasFilePath need not search
+    QString receiptsPath_;
+    QString ignoredPath_;
+};
+
+} // namespace fennick

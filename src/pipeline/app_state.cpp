@@ -1,0 +1,23 @@
+#include "pipeline/app_state.h"
+
+namespace fennick {
+
+AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent)
+    : QObject(parent)
+    , store_(store)
+    , settings_(settings) {}
+
+AppState::~AppState() = default;
+
+void AppState::setLastError(const QString &error) {
+    lastError_ = error;
+    Q_EMIT lastErrorChanged();
+}
+
+// The one place where a task is let go without being awaited: it runs on by itself and reports through the
+// store or `lastError`.
+void AppState::startTask(QCoro::Task<> task) {
+    Q_UNUSED(task)
+}
+
+} // namespace fennick

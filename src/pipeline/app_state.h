@@ -1,0 +1,94 @@
+#pragma once
+
+#include "files/fs_events_watcher.h"
+#include "model/receipt_store.h"
+#include "settings/settings_store.h"
+
+#include <QCoroTask>
+#include <QDateTime>
+#include <QHash>
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace fennick {
+
+// The pipeline's controller: takes files from their arrival in the watched folder to finished receipts and
+// delivers them to the photo library. Intake, scan run and delivery are in files of their own. Created once
+// by the application, which owns it and the two stores for as long as the process lives; main thread only,
+// and several files may be under way at once, each in a task that suspends where it waits.
+class AppState : public QObject {
+    Q_OBJECT
+
+public:
+    AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent = nullptr);
+    ~AppState() override;
+
+    // The last failure outside a receipt's own scan: delivery to the photo library, archiving.
+    const std::optional<QString> &lastError() const { return lastError_; }
+
+    // Intake ----------------------------------------------------------------------------------------------
+
+    // Watches the folder of the settings; without one, a running watch goes on.
+    void startWatchingIfConfigured();
+
+    // Watches `path` in place of the present folder and takes in the files that already lie there.
+    void startWatching(const QString &path);
+
+    // Scan run --------------------------------------------------------------------------------------------
+
+    // Scans a listed receipt once more, by its present path.
+    void retry(const Receipt &receipt);
+
+    // Photos delivery -------------------------------------------------------------------------------------
+
+    // Adds the receipt to the photo library, also when it was added before; nothing while the preference is
+    // off.
+    void pushToPhotos(const Receipt &receipt);
+
+    // "Expenses: " and the day in the device's time zone.
+    static QString albumName(const QDateTime &processingDate);
+
+Q_SIGNALS:
+    void lastErrorChanged();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct SizeReading {
+        std::optional<qint64> size;
+        Clock::time_point at;
+    };
+
+    void handleEvents(const QList<FileEvent> &events);
+    void debounce(const FileEvent &event);
+    QCoro::Task<> scanExistingFiles(QString folder);
+    QCoro::Task<> processFile(QString path);
+    QCoro::Task<bool> waitForFileStability(QString path);
+    bool isInArchive(const QString &path) const;
+
+    QCoro::Task<> runScan(Receipt receipt);
+    void failScan(Receipt receipt, const QString &error);
+    void renameFile(Receipt &receipt);
+
+    QCoro::Task<Receipt> addToPhotos(Receipt receipt);
+    QCoro::Task<> deliverAndUpdate(Receipt receipt);
+
+    void setLastError(const QString &error);
+    static void startTask(QCoro::Task<> task);
+
+    ReceiptStore *store_;
+    SettingsStore *settings_;
+    std::optional<QString> lastError_;
+    std::unique_ptr<FSEventsWatcher> watcher_;
+    QHash<QString, QTimer *> pendingDebounce_;      // by path; the timers are children of this object
+    QSet<QString> recentlyRenamedTo_;               // paths that the pipeline made by renaming, for 5 seconds
+    QSet<QString> inFlight_;                        // paths between admission and the end of their scan run
+    QHash<QString, SizeReading> stabilityReadings_; // the paths among them whose size is being watched
+};
+
+} // namespace fennick

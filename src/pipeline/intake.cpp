@@ -1,0 +1,157 @@
+#include "pipeline/app_state.h"
+#include "pipeline/precise_sleep.h"
+#include "text/characters.h"
+#include "text/path_text.h"
+
+#include <QCoroFuture>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QtConcurrent>
+
+namespace fennick {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds debounceInterval{300};
+constexpr milliseconds stabilityInterval{500};
+
+bool isSupported(const QString &path) {
+    static const QSet<QString> supportedExtensions = {QStringLiteral("pdf"),  QStringLiteral("png"),
+                                                      QStringLiteral("jpg"),  QStringLiteral("jpeg"),
+                                                      QStringLiteral("heic"), QStringLiteral("webp")};
+    return supportedExtensions.contains(lowerCased(pathExtension(path)));
+}
+
+// Supported regular files below `folder`, without hidden ones and what lies in hidden folders; links are not
+// followed.
+QStringList existingFiles(const QString &folder) {
+    QStringList paths;
+    QDirIterator entries(folder, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        const QString path = entries.next();
+        if (isSupported(path)) {
+            paths.append(path);
+        }
+    }
+    paths.sort();
+    return paths;
+}
+
+std::optional<qint64> sizeOf(const QString &path) {
+    const QFileInfo file(path);
+    return file.exists() ? std::optional(file.size()) : std::nullopt;
+}
+
+} // namespace
+
+void AppState::startWatchingIfConfigured() {
+    const QString path = settings_->watchFolderPath().value_or(QString());
+    if (!path.isEmpty()) {
+        startWatching(path);
+    }
+}
+
+void AppState::startWatching(const QString &path) {
+    const QString folder = QDir::cleanPath(path); // events and listing must spell paths alike
+    watcher_.reset();
+    watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
+        // On the watcher's thread, which ends before this object does.
+        QMetaObject::invokeMethod(
+            this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
+    });
+    watcher_->start();
+    startTask(scanExistingFiles(folder));
+}
+
+void AppState::handleEvents(const QList<FileEvent> &events) {
+    for (const FileEvent &event : events) {
+        if (isSupported(event.path) && !isInArchive(event.path) && !recentlyRenamedTo_.contains(event.path)) {
+            debounce(event);
+        }
+    }
+}
+
+// The interval counts from the event itself: the watcher may have held it back to tell it in a batch.
+void AppState::debounce(const FileEvent &event) {
+    QTimer *&timer = pendingDebounce_[event.path];
+    if (timer == nullptr) {
+        timer = new QTimer(this);
+        timer->setTimerType(Qt::PreciseTimer);
+        timer->setSingleShot(true);
+        connect(timer, &QTimer::timeout, this, [this, path = event.path] {
+            pendingDebounce_.take(path)->deleteLater();
+            startTask(processFile(path));
+        });
+    }
+    const auto remaining = std::chrono::ceil<milliseconds>(event.at + debounceInterval - Clock::now());
+    timer->start(std::max(milliseconds(0), remaining));
+}
+
+bool AppState::isInArchive(const QString &path) const {
+    if (path.contains(u"/Receipt Archive/")) {
+        return true;
+    }
+    QString root = settings_->archiveFolderPath().value_or(QString());
+    if (root.isEmpty()) {
+        return false;
+    }
+    if (!root.endsWith(u'/')) {
+        root += u'/';
+    }
+    return path.startsWith(root);
+}
+
+QCoro::Task<> AppState::scanExistingFiles(QString folder) {
+    const QStringList paths = co_await QtConcurrent::run(existingFiles, folder);
+    for (const QString &path : paths) {
+        if (!isInArchive(path) && !store_->hasFilePath(path)) {
+            co_await processFile(path);
+        }
+    }
+}
+
+QCoro::Task<> AppState::processFile(QString path) {
+    if (!isSupported(path) || isInArchive(path) || store_->hasFilePath(path)) {
+        co_return;
+    }
+    if (inFlight_.contains(path)) {
+        // A change while the size is being watched starts the watch anew: refusing the file now and having
+        // refused this event would leave it lying there.
+        if (stabilityReadings_.contains(path)) {
+            stabilityReadings_[path] = {sizeOf(path), Clock::now()};
+        }
+        co_return;
+    }
+    inFlight_.insert(path);
+    if (co_await waitForFileStability(path)) {
+        const Receipt receipt = freshReceipt(path);
+        store_->add(receipt);
+        co_await runScan(receipt);
+    }
+    inFlight_.remove(path);
+}
+
+// Whether the file exists, is not empty and keeps its size over the interval.
+QCoro::Task<bool> AppState::waitForFileStability(QString path) {
+    SizeReading reading{sizeOf(path), Clock::now()};
+    if (!reading.size) {
+        co_return false;
+    }
+    stabilityReadings_[path] = reading;
+    while (true) {
+        co_await sleepUntil(reading.at + stabilityInterval);
+        const SizeReading latest = stabilityReadings_.value(path);
+        if (latest.at == reading.at) {
+            break;
+        }
+        reading = latest;
+    }
+    stabilityReadings_.remove(path);
+    const auto size = sizeOf(path);
+    co_return size &&*size > 0 && size == reading.size;
+}
+
+} // namespace fennick

@@ -1,0 +1,61 @@
+#include "files/file_renamer.h"
+#include "files/receipt_image_converter.h"
+#include "pipeline/app_state.h"
+#include "pipeline/photos_importer.h"
+
+#include <QCoroFuture>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QtConcurrent>
+
+namespace fennick {
+
+namespace {
+
+const QString failurePrefix = QStringLiteral("Photos export failed: ");
+
+} // namespace
+
+QString AppState::albumName(const QDateTime &processingDate) {
+    return QStringLiteral("Expenses: ") +
+           QLocale::c().toString(processingDate.toLocalTime(), QStringLiteral("yyyy-MM-dd"));
+}
+
+// Returns the receipt, marked when it has been added; a failure goes to `lastError`.
+QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
+    const auto images = co_await QtConcurrent::run(ReceiptImageConverter::convertToJPEGs, receipt.filePath,
+                                                   FileRenamer::baseName(receipt));
+    if (!images) {
+        setLastError(failurePrefix + images.error().errorDescription());
+        co_return receipt;
+    }
+    std::optional<QString> album;
+    if (settings_->groupIntoAlbum()) {
+        album = albumName(QDateTime::currentDateTime());
+    }
+    const auto added = co_await PhotosImporter::add(*images, album);
+    if (!added) {
+        // The images stay where they are: they are what the user may still want to add by hand.
+        setLastError(failurePrefix + added.error().errorDescription());
+        co_return receipt;
+    }
+    receipt.addedToPhotos = true;
+    if (!images->isEmpty()) {
+        QDir(QFileInfo(images->first()).path()).removeRecursively();
+    }
+    co_return receipt;
+}
+
+QCoro::Task<> AppState::deliverAndUpdate(Receipt receipt) {
+    const Receipt delivered = co_await addToPhotos(receipt);
+    store_->update(delivered);
+}
+
+void AppState::pushToPhotos(const Receipt &receipt) {
+    if (settings_->addToPhotos()) {
+        startTask(deliverAndUpdate(receipt));
+    }
+}
+
+} // namespace fennick

@@ -1,0 +1,76 @@
+#include "extraction/gemini_client.h"
+#include "files/file_renamer.h"
+#include "pipeline/app_state.h"
+#include "settings/keychain_helper.h"
+
+namespace fennick {
+
+namespace {
+
+// How long the events of the pipeline's own renaming may take to arrive.
+constexpr std::chrono::seconds renameExclusion{5};
+
+void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
+    receipt.date = data.date;
+    receipt.time = data.time;
+    receipt.amount = data.amount;
+    receipt.currency = data.currency;
+    receipt.location = data.location;
+    receipt.category = data.category;
+    receipt.summary = data.summary;
+}
+
+} // namespace
+
+QCoro::Task<> AppState::runScan(Receipt receipt) {
+    const QString key = KeychainHelper::apiKey().value_or(QString());
+    if (key.isEmpty()) {
+        failScan(receipt, QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
+        co_return;
+    }
+    const auto result = co_await GeminiClient::scan(receipt.filePath, key, settings_->model());
+    if (!result) {
+        failScan(receipt, errorDescription(result.error()));
+        co_return;
+    }
+    if (!store_->hasReceipt(receipt.id)) {
+        co_return; // cleared meanwhile: its path is ignored from now on, so the file keeps its name
+    }
+    takeFields(receipt, *result);
+    receipt.status = ReceiptStatus::done;
+    receipt.error.reset();
+    store_->update(receipt);
+    renameFile(receipt);
+    if (settings_->addToPhotos() && !receipt.addedToPhotos) {
+        co_await deliverAndUpdate(receipt);
+    }
+}
+
+void AppState::failScan(Receipt receipt, const QString &error) {
+    receipt.status = ReceiptStatus::error;
+    receipt.error = error;
+    store_->update(receipt);
+}
+
+void AppState::renameFile(Receipt &receipt) {
+    const auto renamed = FileRenamer::rename(receipt);
+    if (!renamed) {
+        return;
+    }
+    recentlyRenamedTo_.insert(renamed->filePath);
+    QTimer::singleShot(renameExclusion, this,
+                       [this, path = renamed->filePath] { recentlyRenamedTo_.remove(path); });
+    receipt.fileName = renamed->fileName;
+    receipt.filePath = renamed->filePath;
+    store_->update(receipt);
+}
+
+void AppState::retry(const Receipt &receipt) {
+    Receipt again = receipt;
+    again.status = ReceiptStatus::processing;
+    again.error.reset();
+    store_->update(again);
+    startTask(runScan(again));
+}
+
+} // namespace fennick

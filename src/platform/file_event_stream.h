@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace fennick {
+
+// A path at or below the watched folder at which something changed, and when the system told of it.
+struct FileEvent {
+    QString path;
+    std::chrono::steady_clock::time_point at;
+};
+
+// The system's events for one folder and everything below it, from creation to destruction. Events are told
+// one batch at a time on a thread of the stream's own: the first after a quiet period at once, further ones
+// at intervals of `latency`. Files found in a folder that is new below the watched one, or whose events the
+// system lost, are told like changes, so a path may be told more than once but never not at all. A watched
+// folder that is missing is waited for. Created and destroyed on one thread; no batch is told afterwards.
+class FileEventStream {
+public:
+    using Deliver = std::function<void(const QList<FileEvent> &)>;
+
+    // `threadName` names the thread to debuggers. Null when the system has no event source to give.
+    static std::unique_ptr<FileEventStream> create(const QString &folder, std::chrono::milliseconds latency,
+                                                   const QString &threadName, Deliver deliver);
+    ~FileEventStream();
+
+private:
+    class Worker;
+    explicit FileEventStream(std::unique_ptr<Worker> worker);
+
+    std::unique_ptr<Worker> worker_;
+};
+
+} // namespace fennick

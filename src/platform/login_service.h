@@ -1,0 +1,14 @@
+#pragma once
+
+// The program's registration to be started when the user logs in.
+namespace fennick::LoginService {
+
+enum class Status { notRegistered, enabled };
+
+Status status();
+
+// Both return whether it worked.
+bool registerApplication();
+bool unregisterApplication();
+
+} // namespace fennick::LoginService

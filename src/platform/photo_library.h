@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <expected>
+#include <optional>
+
+// The user's photo library: a place for pictures, grouped in albums that have a title. Adding is all or
+// nothing. Callable from any thread; callers have asked for access first.
+namespace fennick::PhotoLibrary {
+
+struct Album {
+    QString folder;
+};
+
+// Where the library lies, for telling the user; it need not exist yet.
+QString folder();
+
+// The first album with exactly this title.
+std::optional<Album> fetchAlbum(const QString &title);
+
+// What one change adds: copies of the images under their own file names, to an album that exists, to a new
+// one, or to none.
+struct Additions {
+    QStringList imagePaths;
+    std::optional<Album> album;
+    std::optional<QString> newAlbumTitle;
+};
+
+// The error is the system's description of what failed; then the library is as it was before. An album that
+// cannot be made is no failure: the images are added without one.
+std::expected<void, QString> performChanges(const Additions &additions);
+
+} // namespace fennick::PhotoLibrary

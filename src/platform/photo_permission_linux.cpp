@@ -1,0 +1,94 @@
+#include "platform/photo_library.h"
+#include "platform/photo_permission.h"
+#include "platform/preferences_format_linux.h"
+
+#include <QCoroSignal>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+
+#include <memory>
+
+namespace fennick::PhotoPermission {
+
+namespace {
+
+const QString photosKey = QStringLiteral("photos");
+
+// Permissions.conf beside the preferences: what the user has allowed the program, not how it should behave.
+QSettings permissions() {
+    return QSettings(preferencesFormat(), QSettings::UserScope, QStringLiteral("Fennick"),
+                     QStringLiteral("Permissions"));
+}
+
+// The folder that decides whether the library can be written: its own, or the nearest one that exists.
+bool canWriteLibrary() {
+    QFileInfo folder(PhotoLibrary::folder());
+    while (!folder.exists() && !folder.isRoot()) {
+        folder.setFile(folder.path());
+    }
+    return folder.isDir() && folder.isWritable();
+}
+
+void store(const QString &decision) {
+    permissions().setValue(photosKey, decision);
+}
+
+// Lives until the last request that waits for it has resumed; a waiting task would never learn of the answer
+// of a dialog that deletes itself.
+std::shared_ptr<QMessageBox> makeQuestion() {
+    const std::shared_ptr<QMessageBox> question(new QMessageBox,
+                                                [](QMessageBox *box) { box->deleteLater(); });
+    question->setObjectName(QStringLiteral("photosAccessQuestion"));
+    question->setIcon(QMessageBox::Question);
+    question->setWindowTitle(QMessageBox::tr("Photos Access"));
+    question->setTextFormat(Qt::PlainText);
+    question->setText(QMessageBox::tr("Fennick would like to add receipts to your photo library."));
+    question->setInformativeText(QMessageBox::tr("JPEG copies of your receipts are put into the folder “%1”.")
+                                     .arg(PhotoLibrary::folder()));
+    // Also what closing the dialog means.
+    question->addButton(QMessageBox::tr("Not Now"), QMessageBox::RejectRole);
+    const auto *const refuse = question->addButton(QMessageBox::tr("Don’t Allow"), QMessageBox::NoRole);
+    auto *const allow = question->addButton(QMessageBox::tr("Allow"), QMessageBox::YesRole);
+    question->setDefaultButton(allow);
+    QObject::connect(question.get(), &QMessageBox::buttonClicked, question.get(),
+                     [allow, refuse](const QAbstractButton *button) {
+                         if (button == allow) {
+                             store(QStringLiteral("authorized"));
+                         } else if (button == refuse) {
+                             store(QStringLiteral("denied"));
+                         }
+                     });
+    return question;
+}
+
+} // namespace
+
+Status status() {
+    if (!canWriteLibrary()) {
+        return Status::restricted;
+    }
+    const QString stored = permissions().value(photosKey).toString();
+    if (stored == u"authorized") {
+        return Status::authorized;
+    }
+    if (stored == u"limited") {
+        return Status::limited;
+    }
+    return stored == u"denied" ? Status::denied : Status::notDetermined;
+}
+
+QCoro::Task<Status> request() {
+    static std::weak_ptr<QMessageBox> latest;
+    std::shared_ptr<QMessageBox> question = latest.lock();
+    if (!question || !question->isVisible()) {
+        question = makeQuestion();
+        latest = question;
+        question->open();
+    }
+    co_await qCoro(question.get(), &QMessageBox::finished);
+    co_return status();
+}
+
+} // namespace fennick::PhotoPermission

@@ -1,0 +1,62 @@
+#include "platform/application_id.h"
+#include "platform/single_instance.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+namespace fennick {
+
+namespace {
+
+const QString objectPath = QStringLiteral("/org/fennick/Fennick");
+const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
+
+// The part of the freedesktop application interface that a second start and a launcher use: `Activate`.
+class ApplicationObject : public QDBusVirtualObject {
+public:
+    explicit ApplicationObject(SingleInstance *instance)
+        : QDBusVirtualObject(instance)
+        , instance_(instance) {}
+
+    QString introspect(const QString &) const override {
+        return QStringLiteral("<interface name=\"org.freedesktop.Application\">"
+                              "<method name=\"Activate\"><arg type=\"a{sv}\" direction=\"in\"/></method>"
+                              "</interface>");
+    }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override {
+        if (message.interface() != applicationInterface || message.member() != u"Activate") {
+            return false;
+        }
+        bus.send(message.createReply());
+        Q_EMIT instance_->activationRequested();
+        return true;
+    }
+
+private:
+    SingleInstance *instance_;
+};
+
+} // namespace
+
+SingleInstance::SingleInstance(QObject *parent)
+    : QObject(parent) {}
+
+bool SingleInstance::claim() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return true;
+    }
+    bus.registerVirtualObject(objectPath, new ApplicationObject(this));
+    if (bus.registerService(applicationId)) {
+        return true;
+    }
+    QDBusMessage activate = QDBusMessage::createMethodCall(applicationId, objectPath, applicationInterface,
+                                                           QStringLiteral("Activate"));
+    activate.setArguments({QVariantMap()});
+    bus.call(activate);
+    return false;
+}
+
+} // namespace fennick

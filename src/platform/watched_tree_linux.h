@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include <map>
+#include <string>
+#include <unordered_map>
+
+struct inotify_event;
+
+namespace fennick {
+
+// An inotify watch on every folder of a tree. inotify watches single folders, so the tree keeps itself
+// complete: a folder that appears is watched first and listed then, which tells the files that were in it
+// before the watch. Owned and used by the thread of one event stream after it has been set up.
+class WatchedTree {
+public:
+    explicit WatchedTree(QByteArray root);
+    ~WatchedTree();
+    WatchedTree(const WatchedTree &) = delete;
+    WatchedTree &operator=(const WatchedTree &) = delete;
+
+    // The descriptor that turns readable when events wait; negative when inotify is not to be had.
+    int descriptor() const { return descriptor_; }
+
+    // Whether the root is there and watched.
+    bool isWatchingRoot() const { return rootWatch_ >= 0; }
+
+    // Watches the tree as it is now, without telling what lies in it.
+    void watchRoot();
+
+    // Watches the tree if its root has (re)appeared, and appends what lies in it to `changedPaths`.
+    void lookForRoot(QList<QByteArray> &changedPaths);
+
+    // Appends the paths of all events that wait, without blocking.
+    void readEvents(QList<QByteArray> &changedPaths);
+
+private:
+    void handleEvent(const inotify_event &event, QList<QByteArray> &changedPaths);
+    void watchFolder(const std::string &folder, QList<QByteArray> *found);
+    int addWatch(const std::string &folder);
+    void forgetWatch(int watch);
+    void forgetFolder(const std::string &folder);
+    void loseRoot();
+
+    std::string root_;
+    int descriptor_ = -1;
+    int rootWatch_ = -1;
+    std::unordered_map<int, std::string> folderOfWatch_;
+    std::map<std::string, int> watchOfFolder_; // ordered, so that a sub-tree is one range
+};
+
+} // namespace fennick

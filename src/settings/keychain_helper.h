@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+// The user's API key as one item of the user's secret store, so that it never lands in the preferences.
+// No operation reports a failure; calls block on the store.
+namespace fennick::KeychainHelper {
+
+// The key as stored, untrimmed; absent when there is none, when it cannot be read or is no valid UTF-8.
+// Callers treat an empty text as no key.
+std::optional<QString> apiKey();
+
+// Leaves exactly one item, holding `key`; after a failure possibly none.
+void setAPIKey(const QString &key);
+
+void clearAPIKey();
+
+} // namespace fennick::KeychainHelper

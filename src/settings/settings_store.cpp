@@ -1,0 +1,98 @@
+#include "settings/settings_store.h"
+
+#include "settings/keychain_helper.h"
+#include "text/white_space.h"
+
+namespace fennick {
+
+namespace {
+
+const QString watchFolderKey = QStringLiteral("watchFolder");
+const QString archiveFolderKey = QStringLiteral("archiveFolder");
+const QString modelKey = QStringLiteral("model");
+const QString openAtLoginKey = QStringLiteral("openAtLogin");
+const QString menuBarModeKey = QStringLiteral("menuBarMode");
+const QString addToPhotosKey = QStringLiteral("addToPhotos");
+const QString groupIntoAlbumKey = QStringLiteral("groupIntoAlbum");
+const QString defaultModel = QStringLiteral("gemini-2.5-flash");
+
+} // namespace
+
+SettingsStore::SettingsStore(QObject *parent)
+    : QObject(parent)
+    , watchFolderPath_(defaults_.string(watchFolderKey))
+    , archiveFolderPath_(defaults_.string(archiveFolderKey))
+    , model_(defaults_.string(modelKey).value_or(defaultModel))
+    , openAtLogin_(defaults_.boolean(openAtLoginKey))
+    , menuBarMode_(defaults_.boolean(menuBarModeKey))
+    , addToPhotos_(booleanOrTrue(addToPhotosKey))
+    , groupIntoAlbum_(booleanOrTrue(groupIntoAlbumKey))
+    , hasAPIKey_(!KeychainHelper::apiKey().value_or(QString()).isEmpty()) {}
+
+void SettingsStore::setWatchFolderPath(const std::optional<QString> &path) {
+    watchFolderPath_ = path;
+    Q_EMIT changed();
+    storePath(watchFolderKey, path);
+}
+
+void SettingsStore::setArchiveFolderPath(const std::optional<QString> &path) {
+    archiveFolderPath_ = path;
+    Q_EMIT changed();
+    storePath(archiveFolderKey, path);
+}
+
+void SettingsStore::setModel(const QString &model) {
+    model_ = model;
+    Q_EMIT changed();
+    defaults_.set(modelKey, model);
+}
+
+void SettingsStore::setOpenAtLogin(bool enabled) {
+    openAtLogin_ = enabled;
+    Q_EMIT changed();
+    defaults_.set(openAtLoginKey, enabled);
+}
+
+void SettingsStore::setMenuBarMode(bool enabled) {
+    menuBarMode_ = enabled;
+    Q_EMIT changed();
+    defaults_.set(menuBarModeKey, enabled);
+}
+
+void SettingsStore::setAddToPhotos(bool enabled) {
+    addToPhotos_ = enabled;
+    Q_EMIT changed();
+    defaults_.set(addToPhotosKey, enabled);
+}
+
+void SettingsStore::setGroupIntoAlbum(bool enabled) {
+    groupIntoAlbum_ = enabled;
+    Q_EMIT changed();
+    defaults_.set(groupIntoAlbumKey, enabled);
+}
+
+void SettingsStore::setAPIKey(const QString &key) {
+    const QString trimmed = trimmedOfWhiteSpace(key);
+    if (trimmed.isEmpty()) {
+        KeychainHelper::clearAPIKey();
+    } else {
+        KeychainHelper::setAPIKey(trimmed);
+    }
+    hasAPIKey_ = !trimmed.isEmpty();
+    Q_EMIT changed();
+}
+
+void SettingsStore::storePath(const QString &key, const std::optional<QString> &path) {
+    if (path) {
+        defaults_.set(key, *path);
+    } else {
+        defaults_.remove(key);
+    }
+}
+
+bool SettingsStore::booleanOrTrue(const QString &key) const {
+    const QVariant value = defaults_.object(key);
+    return value.typeId() != QMetaType::Bool || value.toBool();
+}
+
+} // namespace fennick

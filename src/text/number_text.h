@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace fennick {
+
+// `value` as C's "%.2f" writes it in the C locale: two decimals, a point, no grouping, ties of the exact
+// binary value to even. Independent of the process's locale.
+QString twoDecimals(double value);
+
+} // namespace fennick

@@ -1,0 +1,31 @@
+#include "text/path_text.h"
+
+namespace fennick {
+
+namespace {
+
+// The position of the dot before the extension, or -1 without an extension.
+qsizetype extensionDot(const QString &name) {
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot <= 0 || dot == name.size() - 1 ? -1 : dot;
+}
+
+} // namespace
+
+QString lastPathComponent(const QString &path) {
+    return path.mid(path.lastIndexOf(u'/') + 1);
+}
+
+QString pathExtension(const QString &path) {
+    const QString name = lastPathComponent(path);
+    const qsizetype dot = extensionDot(name);
+    return dot < 0 ? QString() : name.mid(dot + 1);
+}
+
+QString nameWithoutExtension(const QString &path) {
+    const QString name = lastPathComponent(path);
+    const qsizetype dot = extensionDot(name);
+    return dot < 0 ? name : name.left(dot);
+}
+
+} // namespace fennick

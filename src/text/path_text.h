@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+// The parts of a path text. They look at the text only, never at the file system.
+namespace fennick {
+
+// The text after the last slash.
+QString lastPathComponent(const QString &path);
+
+// The text after the last dot of the last path component, as it is written; empty without a dot, after a
+// trailing dot, and for a name whose only dot is its first character (".pdf" is a hidden file, no PDF).
+QString pathExtension(const QString &path);
+
+// The last path component without its extension and the dot before it.
+QString nameWithoutExtension(const QString &path);
+
+} // namespace fennick

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QAbstractTableModel>
+
+namespace fennick {
+
+// The store's receipts as rows of a table, in the store's order. Follows the store row by row, so that a view
+// redraws what changed and nothing else. Owned by the view that shows it; main thread.
+class ReceiptsTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column {
+        statusColumn,
+        dateColumn,
+        amountColumn,
+        locationColumn,
+        categoryColumn,
+        summaryColumn,
+        columns
+    };
+
+    explicit ReceiptsTableModel(const ReceiptStore *store, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    void beginChange(const ReceiptsChange &change);
+    void endChange(const ReceiptsChange &change);
+
+    const ReceiptStore *store_;
+};
+
+} // namespace fennick

@@ -1,0 +1,135 @@
+#include "engine/date_reader.h"
+#include "engine_lines.h"
+
+#include <QTest>
+
+using namespace fennick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate today(2025, 6, 15);
+
+std::optional<QDate> dateIn(const QStringList &lines, DayMonthOrder order = DayMonthOrder::DayFirst) {
+    const std::optional<FoundDate> found = readDate(linesOf(lines), order, today);
+    return found ? std::optional(found->date) : std::nullopt;
+}
+
+} // namespace
+
+class DateReaderTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsEveryStyle_data() {
+        QTest::addColumn<QString>("text");
+        for (const char *text : {"2024-05-01",
+                                 "2024/05/01",
+                                 "2024.05.01",
+                                 "01.05.2024",
+                                 "1.5.24",
+                                 "01/05/2024",
+                                 "01-05-2024",
+                                 "1 May 2024",
+                                 "1st May 2024",
+                                 "May 1, 2024",
+                                 "May 1 2024",
+                                 "MAY 01, 2024",
+                                 "01-MAY-2024",
+                                 "01 May '24",
+                                 "1. Mai 2024",
+                                 "01. MAI 2024",
+                                 "1 mai 2024",
+                                 "1 de mayo de 2024",
+                                 "Datum: 01.05.2024 17:18",
+                                 "01 / 05 / 2024",
+                                 "Date:01/05/2024"})
+            QTest::newRow(text) << QString::fromUtf8(text);
+        QTest::newRow("East Asian") << QStringLiteral("2024年5月1日");
+    }
+    void readsEveryStyle() {
+        QFETCH(QString, text);
+        QCOMPARE(dateIn({text}), std::optional(QDate(2024, 5, 1)));
+    }
+
+    void knowsGermanMonths_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("month");
+        const QStringList names = {u"Januar"_s,    u"Februar"_s, u"März"_s,     u"April"_s,
+                                   u"Mai"_s,       u"Juni"_s,    u"Juli"_s,     u"August"_s,
+                                   u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
+        for (qsizetype index = 0; index < names.size(); ++index)
+            QTest::newRow(qPrintable(names[index]))
+                << QStringLiteral("9. %1 2024").arg(names[index]) << static_cast<int>(index) + 1;
+    }
+    void knowsGermanMonths() {
+        QFETCH(QString, text);
+        QFETCH(int, month);
+        QCOMPARE(dateIn({text}), std::optional(QDate(2024, month, 9)));
+    }
+
+    void tellsJuneFromJulyInFrench() {
+        QCOMPARE(dateIn({u"3 juin 2024"_s}), std::optional(QDate(2024, 6, 3)));
+        QCOMPARE(dateIn({u"3 juillet 2024"_s}), std::optional(QDate(2024, 7, 3)));
+    }
+
+    void followsTheOrderWhereItIsOpen() {
+        QCOMPARE(dateIn({u"03/04/2024"_s}, DayMonthOrder::DayFirst), std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(dateIn({u"03/04/2024"_s}, DayMonthOrder::MonthFirst), std::optional(QDate(2024, 3, 4)));
+    }
+
+    void followsTheNumbersWhereTheyTell() {
+        QCOMPARE(dateIn({u"13/05/2024"_s}, DayMonthOrder::MonthFirst), std::optional(QDate(2024, 5, 13)));
+        QCOMPARE(dateIn({u"05/13/2024"_s}, DayMonthOrder::DayFirst), std::optional(QDate(2024, 5, 13)));
+        QCOMPARE(dateIn({u"03.04.2024"_s}, DayMonthOrder::MonthFirst), std::optional(QDate(2024, 4, 3)));
+    }
+
+    void rejectsWhatIsNoDay_data() {
+        QTest::addColumn<QString>("text");
+        for (const char *text :
+             {"31.02.2024", "2024-13-45", "99/99/9999", "192.168.1.100", "1.234.567", "Tel 01632 960 114",
+              "12 eggs 20", "5 March", "Version 1.2.3.4", "3 for 2024"})
+            QTest::newRow(text) << QString::fromUtf8(text);
+    }
+    void rejectsWhatIsNoDay() {
+        QFETCH(QString, text);
+        QCOMPARE(dateIn({text}), std::nullopt);
+    }
+
+    void rejectsTheFutureBeyondTomorrow() {
+        QCOMPARE(dateIn({u"2025-06-16"_s}), std::optional(QDate(2025, 6, 16)));
+        QCOMPARE(dateIn({u"2025-06-17"_s}), std::nullopt);
+        QCOMPARE(dateIn({u"2031-01-01"_s, u"2024-05-01"_s}), std::optional(QDate(2024, 5, 1)));
+    }
+
+    void prefersALabelledDate() {
+        QCOMPARE(dateIn({u"Arrival 2024-03-07"_s, u"Departure 2024-03-09"_s, u"Invoice date 2024-03-10"_s}),
+                 std::optional(QDate(2024, 3, 10)));
+        QCOMPARE(dateIn({u"01.01.2024"_s, u"Rechnungsdatum: 05.01.2024"_s}),
+                 std::optional(QDate(2024, 1, 5)));
+    }
+
+    void prefersTheDateBesideATime() {
+        QCOMPARE(dateIn({u"Licence 2019-04-01"_s, u"2024-05-01 17:18"_s}), std::optional(QDate(2024, 5, 1)));
+    }
+
+    void prefersTheTopmostOfEquals() {
+        QCOMPARE(dateIn({u"Shop"_s, u"2024-05-01"_s, u"2024-05-09"_s}), std::optional(QDate(2024, 5, 1)));
+    }
+
+    void takesADueDateOnlyWhenThereIsNoOther() {
+        QCOMPARE(dateIn({u"Payment due 2024-05-31"_s, u"Issued in Portland 2024-05-01"_s}),
+                 std::optional(QDate(2024, 5, 1)));
+        QCOMPARE(dateIn({u"Payment due 2024-05-31"_s}), std::optional(QDate(2024, 5, 31)));
+    }
+
+    void tellsTheLine() {
+        const std::optional<FoundDate> found =
+            readDate(linesOf({u"Shop"_s, u"Street"_s, u"2024-05-01"_s}), DayMonthOrder::DayFirst, today);
+        QVERIFY(found.has_value());
+        QCOMPARE(found->line, 2);
+    }
+};
+
+QTEST_APPLESS_MAIN(DateReaderTest)
+#include "date_reader_test.moc"

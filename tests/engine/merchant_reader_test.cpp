@@ -1,0 +1,58 @@
+#include "engine/merchant_reader.h"
+#include "engine_lines.h"
+
+#include <QTest>
+
+using namespace fennick;
+using namespace Qt::StringLiterals;
+
+class MerchantReaderTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void findsTheName_data() {
+        QTest::addColumn<QStringList>("lines");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("first line") << QStringList{u"Mario's Cafe"_s, u"12 High Street"_s}
+                                    << u"Mario's Cafe"_s;
+        QTest::newRow("after a heading")
+            << QStringList{u"TAX INVOICE"_s, u"Juniper Street Deli"_s} << u"Juniper Street Deli"_s;
+        QTest::newRow("after a greeting") << QStringList{u"Welcome to"_s, u"Bio Fyren"_s} << u"Bio Fyren"_s;
+        QTest::newRow("after a number")
+            << QStringList{u"0042 / 17"_s, u"***"_s, u"Corner Shop"_s} << u"Corner Shop"_s;
+        QTest::newRow("after an address")
+            << QStringList{u"415 Juniper Street"_s, u"Columbus, OH 43215"_s, u"Blue Door"_s}
+            << u"Blue Door"_s;
+        QTest::newRow("after contact data")
+            << QStringList{u"www.bluedoor.example"_s, u"Tel 01632 960114"_s, u"Blue Door"_s}
+            << u"Blue Door"_s;
+        QTest::newRow("after a date") << QStringList{u"Date: 2024-05-01"_s, u"Blue Door"_s} << u"Blue Door"_s;
+        QTest::newRow("without stars") << QStringList{u"*** Corner Shop ***"_s} << u"Corner Shop"_s;
+        QTest::newRow("without its registration")
+            << QStringList{u"HARBOUR TRADING SDN BHD (123456-X)"_s} << u"HARBOUR TRADING SDN BHD"_s;
+        QTest::newRow("left of a second column")
+            << QStringList{u"Brightdesk  Invoice 48213"_s} << u"Brightdesk"_s;
+        QTest::newRow("name that holds a heading's word")
+            << QStringList{u"The Bill Store Company"_s} << u"The Bill Store Company"_s;
+    }
+    void findsTheName() {
+        QFETCH(QStringList, lines);
+        QFETCH(QString, name);
+        QCOMPARE(readMerchant(linesOf(lines)), std::optional(name));
+    }
+
+    void passesOverWhatWasHardlyRecognised() {
+        QList<TextLine> lines = linesOf({u"Oe ww AOSD"_s, u"Corner Shop"_s});
+        lines[0].confidence = 0.2;
+        QCOMPARE(readMerchant(lines), std::optional(QStringLiteral("Corner Shop")));
+    }
+
+    void findsNoneInItemsAndNumbers() {
+        QCOMPARE(readMerchant(linesOf({u"Receipt"_s, u"Tea 3.00"_s, u"12345"_s, u"Total 3.00"_s})),
+                 std::nullopt);
+        QCOMPARE(readMerchant({}), std::nullopt);
+    }
+};
+
+QTEST_APPLESS_MAIN(MerchantReaderTest)
+#include "merchant_reader_test.moc"

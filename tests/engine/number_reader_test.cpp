@@ -1,0 +1,75 @@
+#include "engine/number_reader.h"
+
+#include <QTest>
+
+using namespace fennick;
+using namespace Qt::StringLiterals;
+
+class NumberReaderTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsEveryStyle_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("value");
+        QTest::newRow("plain") << u"23.50"_s << 23.50;
+        QTest::newRow("comma") << u"23,50"_s << 23.50;
+        QTest::newRow("English thousands") << u"1,234.56"_s << 1234.56;
+        QTest::newRow("continental thousands") << u"1.234,56"_s << 1234.56;
+        QTest::newRow("Swiss thousands") << u"1'234.50"_s << 1234.50;
+        QTest::newRow("French thousands") << u"1 234,56"_s << 1234.56;
+        QTest::newRow("millions") << u"1,234,567.89"_s << 1234567.89;
+        QTest::newRow("whole") << u"325"_s << 325.0;
+        QTest::newRow("whole thousands") << u"2,980"_s << 2980.0;
+        QTest::newRow("dollar") << u"$42.01"_s << 42.01;
+        QTest::newRow("euro after") << u"18,60 €"_s << 18.60;
+        QTest::newRow("tax letter after") << u"1,19 A"_s << 1.19;
+        QTest::newRow("cents only") << u"0.05"_s << 0.05;
+    }
+    void readsEveryStyle() {
+        QFETCH(QString, text);
+        QFETCH(double, value);
+        const QList<PrintedNumber> numbers = printedNumbers(text);
+        QCOMPARE(numbers.size(), 1);
+        QCOMPARE(numbers.first().value, value);
+    }
+
+    void leavesOutWhatIsNoPrice_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("percentage") << u"7.5%"_s;
+        QTest::newRow("percentage with space") << u"3,8 %"_s;
+        QTest::newRow("point date") << u"01.05.2024"_s;
+        QTest::newRow("slash date") << u"13/05/2024"_s;
+        QTest::newRow("dash date") << u"2024-05-01"_s;
+        QTest::newRow("time") << u"17:18"_s;
+        QTest::newRow("word with digit") << u"A4"_s;
+        QTest::newRow("refund") << u"-5.00"_s;
+        QTest::newRow("refund with currency") << u"-$5.00"_s;
+        QTest::newRow("trailing minus") << u"5.00-"_s;
+        QTest::newRow("weight") << u"2kg"_s;
+    }
+    void leavesOutWhatIsNoPrice() {
+        QFETCH(QString, text);
+        const QList<PrintedNumber> numbers = printedNumbers(text);
+        QVERIFY2(numbers.isEmpty(), qPrintable(QString::number(numbers.value(0).value)));
+    }
+
+    void tellsDecimalsAndCurrency() {
+        const QList<PrintedNumber> numbers = printedNumbers(QStringLiteral("3 tickets  CHF 12.50"));
+        QCOMPARE(numbers.size(), 2);
+        QVERIFY(!numbers[0].hasDecimals);
+        QVERIFY(!numbers[0].hasCurrency);
+        QVERIFY(numbers[1].hasDecimals);
+        QVERIFY(numbers[1].hasCurrency);
+        QCOMPARE(numbers[1].start, 15);
+        QCOMPARE(numbers[1].length, 5);
+    }
+
+    void keepsQuantityAndPriceApart() {
+        const QList<PrintedNumber> numbers = printedNumbers(QStringLiteral("2 100.00"));
+        QCOMPARE(numbers.last().value, 100.0);
+    }
+};
+
+QTEST_APPLESS_MAIN(NumberReaderTest)
+#include "number_reader_test.moc"

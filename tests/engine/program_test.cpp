@@ -1,0 +1,219 @@
+#include "engine/generate_request.h"
+#include "engine_process.h"
+#include "sample_table.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QNetworkInterface>
+#include <QNetworkReply>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray requestFor(const QByteArray &document, const QString &mimeType) {
+    const QJsonObject data{{u"mimeType"_s, mimeType}, {u"data"_s, QString::fromLatin1(document.toBase64())}};
+    const QJsonArray parts{QJsonObject{{u"text"_s, u"Read this receipt."_s}},
+                           QJsonObject{{u"inlineData"_s, data}}};
+    return QJsonDocument(QJsonObject{{u"contents"_s, QJsonArray{QJsonObject{{u"parts"_s, parts}}}}})
+        .toJson(QJsonDocument::Compact);
+}
+
+QByteArray requestForSample(const QString &file) {
+    return requestFor(sampleBytes(file), sampleType(file));
+}
+
+QJsonObject fieldsOf(const HttpAnswer &answer) {
+    const QJsonObject candidate = answer.body.value("candidates"_L1).toArray().at(0).toObject();
+    const QJsonObject part =
+        candidate.value("content"_L1).toObject().value("parts"_L1).toArray().at(0).toObject();
+    return QJsonDocument::fromJson(part.value("text"_L1).toString().toUtf8()).object();
+}
+
+struct Ended {
+    int code = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Ended runEngine(const QStringList &arguments) {
+    QProcess process;
+    process.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), arguments);
+    if (!process.waitForFinished(20'000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+} // namespace
+
+// Drives the built program from outside, as Fennick does.
+class ProgramTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<EngineProcess> m_engine;
+
+private Q_SLOTS:
+    void initTestCase() {
+        m_engine = std::make_unique<EngineProcess>();
+        QVERIFY(m_engine->isRunning());
+    }
+
+    // Whatever a test did to it, the program goes on.
+    void cleanup() { QVERIFY(m_engine->isRunning()); }
+
+    void cleanupTestCase() { m_engine.reset(); }
+
+    void readsEverySample_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QJsonObject>("facts");
+        for (const Sample &sample : sampleTable())
+            QTest::newRow(qPrintable(sample.file)) << sample.file << sample.facts;
+    }
+    void readsEverySample() {
+        QFETCH(QString, file);
+        QFETCH(QJsonObject, facts);
+        const HttpAnswer answer =
+            m_engine->answerTo("POST", m_engine->generatePath(), requestForSample(file));
+        QCOMPARE(answer.status, 200);
+        QCOMPARE(answer.body.value("modelVersion"_L1).toString(), u"gemini-2.5-flash"_s);
+        QJsonObject found = fieldsOf(answer);
+        QVERIFY(!found.take(u"summary"_s).toString().isEmpty());
+        QCOMPARE(found, facts);
+    }
+
+    void answersSeveralAtOnce() {
+        QList<QNetworkReply *> replies;
+        for (int index = 0; index < 6; ++index)
+            replies.append(m_engine->send("POST", m_engine->generatePath(),
+                                          requestForSample(index % 2 ? u"parking.png"_s : u"invoice.pdf"_s)));
+        for (qsizetype index = 0; index < replies.size(); ++index)
+            QCOMPARE(fieldsOf(finished(replies[index])).value("amount"_L1).toDouble(),
+                     index % 2 ? 6.5 : 486.4);
+    }
+
+    void wantsAKey() {
+        for (const QString &query : {QString(), u"?key="_s, u"?other=1"_s}) {
+            const HttpAnswer answer = m_engine->answerTo(
+                "POST", u"/v1beta/models/m:generateContent"_s + query, requestForSample(u"parking.png"_s));
+            QCOMPARE(answer.status, 400);
+            const QJsonObject error = answer.body.value("error"_L1).toObject();
+            QCOMPARE(error.value("code"_L1).toInt(), 400);
+            QCOMPARE(error.value("message"_L1).toString(),
+                     u"API key not valid. Please pass a valid API key."_s);
+            QCOMPARE(error.value("details"_L1).toArray().at(0).toObject().value("reason"_L1).toString(),
+                     u"API_KEY_INVALID"_s);
+        }
+    }
+
+    void knowsNoOtherAddress() {
+        const QByteArray body = requestForSample(u"parking.png"_s);
+        for (const HttpAnswer &answer :
+             {m_engine->answerTo("POST", u"/"_s, body),
+              m_engine->answerTo("POST", u"/v1beta/models/m:countTokens?key=k"_s, body),
+              m_engine->answerTo("GET", m_engine->generatePath(), {})}) {
+            QCOMPARE(answer.status, 404);
+            QCOMPARE(answer.body.value("error"_L1).toObject().value("status"_L1).toString(), u"NOT_FOUND"_s);
+        }
+    }
+
+    void refusesUnreadableDocuments_data() {
+        QTest::addColumn<QByteArray>("body");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("broken JSON") << QByteArray("{");
+        QTest::newRow("no document") << QByteArray("{\"contents\":[{\"parts\":[{\"text\":\"x\"}]}]}");
+        QTest::newRow("unsupported type") << requestFor("hello", u"text/plain"_s);
+        QTest::newRow("no image") << requestFor("hello", u"image/png"_s);
+        QTest::newRow("no PDF") << requestFor("%PDF-1.7\nhello", u"application/pdf"_s);
+        QTest::newRow("half a PDF") << requestFor(sampleBytes(u"scan0001.pdf"_s).first(200),
+                                                  u"application/pdf"_s);
+    }
+    void refusesUnreadableDocuments() {
+        QFETCH(QByteArray, body);
+        const HttpAnswer answer = m_engine->answerTo("POST", m_engine->generatePath(), body);
+        QCOMPARE(answer.status, 400);
+        const QJsonObject error = answer.body.value("error"_L1).toObject();
+        QCOMPARE(error.value("code"_L1).toInt(), 400);
+        QCOMPARE(error.value("status"_L1).toString(), u"INVALID_ARGUMENT"_s);
+        QVERIFY(!error.value("message"_L1).toString().isEmpty());
+    }
+
+    void takesALargeRequest() {
+        // What follows the end of a PNG is ignored by decoders.
+        const QByteArray document = sampleBytes(u"parking.png"_s) + QByteArray(40 * 1024 * 1024, 'x');
+        const HttpAnswer answer =
+            m_engine->answerTo("POST", m_engine->generatePath(), requestFor(document, u"image/png"_s));
+        QCOMPARE(answer.status, 200);
+        QCOMPARE(fieldsOf(answer).value("amount"_L1).toDouble(), 6.5);
+    }
+
+    void refusesATooLargeRequest() {
+        const HttpAnswer answer =
+            m_engine->answerTo("POST", m_engine->generatePath(), QByteArray(largestRequest + 1, ' '));
+        QCOMPARE(answer.status, 413);
+        QCOMPARE(answer.body.value("error"_L1).toObject().value("code"_L1).toInt(), 413);
+    }
+
+    void outlivesCallersThatHangUp() {
+        const QByteArray body = requestForSample(u"scan0001.pdf"_s);
+        for (int index = 0; index < 4; ++index) {
+            QTcpSocket socket;
+            socket.connectToHost(u"127.0.0.1"_s, m_engine->port());
+            QVERIFY(socket.waitForConnected());
+            socket.write("POST " + m_engine->generatePath().toUtf8() +
+                         " HTTP/1.1\r\nHost: x\r\nContent-Length: " + QByteArray::number(body.size()) +
+                         "\r\n\r\n" + body);
+            while (socket.bytesToWrite() > 0)
+                QVERIFY(socket.waitForBytesWritten());
+            socket.abort();
+        }
+        // Waits in the same queue, so the abandoned ones are through when it is answered.
+        QCOMPARE(m_engine->answerTo("POST", m_engine->generatePath(), body).status, 200);
+    }
+
+    void outlivesWhatIsNoHttp() {
+        QTcpSocket socket;
+        socket.connectToHost(u"127.0.0.1"_s, m_engine->port());
+        QVERIFY(socket.waitForConnected());
+        socket.write(QByteArray(5000, '\0') + "\r\n\r\n");
+        QVERIFY(socket.waitForBytesWritten());
+        QVERIFY(socket.state() == QAbstractSocket::UnconnectedState || socket.waitForDisconnected(20'000));
+    }
+
+    void listensOnThisMachineOnly() {
+        const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
+        for (const QHostAddress &address : addresses) {
+            if (address.isLoopback() || address.protocol() != QAbstractSocket::IPv4Protocol)
+                continue;
+            QTcpSocket socket;
+            socket.connectToHost(address, m_engine->port());
+            QVERIFY2(!socket.waitForConnected(2000), qPrintable(address.toString()));
+        }
+    }
+
+    void saysWhenThePortIsTaken() {
+        QTcpServer other;
+        QVERIFY(other.listen(QHostAddress::LocalHost));
+        const Ended ended = runEngine({u"--port"_s, QString::number(other.serverPort())});
+        QCOMPARE(ended.code, 1);
+        QVERIFY(ended.output.isEmpty());
+        QCOMPARE(ended.errors.count('\n'), 1);
+        QVERIFY(ended.errors.contains(QByteArray::number(other.serverPort())));
+    }
+
+    void saysWhichArgumentIsWrong() {
+        const Ended ended = runEngine({u"--verbose"_s});
+        QCOMPARE(ended.code, 2);
+        QVERIFY(ended.output.isEmpty());
+        QCOMPARE(ended.errors.count('\n'), 1);
+        QVERIFY(ended.errors.contains("--verbose"));
+    }
+};
+
+QTEST_GUILESS_MAIN(ProgramTest)
+#include "program_test.moc"

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+
+namespace fennick {
+
+// One receipt of samples/receipts and what a reader has to find on it.
+struct Sample {
+    QString file;
+    QJsonObject facts; // the six fields besides the summary, null where there is nothing to find
+};
+
+// The rows of samples/expected.csv; empty if it cannot be read.
+QList<Sample> sampleTable();
+
+QByteArray sampleBytes(const QString &file);
+
+// The MIME type that goes with the file's extension.
+QString sampleType(const QString &file);
+
+} // namespace fennick

@@ -1,0 +1,51 @@
+#include "engine/document_reader.h"
+#include "engine/service_answer.h"
+#include "sample_table.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+using namespace fennick;
+using namespace Qt::StringLiterals;
+
+class SamplesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everySampleIsInTheTable() {
+        QStringList listed;
+        for (const Sample &sample : sampleTable())
+            listed.append(sample.file);
+        listed.sort();
+        QStringList present =
+            QDir(QStringLiteral(FENNICK_SOURCE_DIR "/samples/receipts")).entryList(QDir::Files);
+        present.sort();
+        QVERIFY(present.size() >= 10);
+        QCOMPARE(listed, present);
+    }
+
+    void readsEverySample_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QJsonObject>("facts");
+        for (const Sample &sample : sampleTable())
+            QTest::newRow(qPrintable(sample.file)) << sample.file << sample.facts;
+    }
+    void readsEverySample() {
+        QFETCH(QString, file);
+        QFETCH(QJsonObject, facts);
+        const std::expected<QList<TextLine>, ReadError> lines = readDocument(sampleBytes(file));
+        QVERIFY(lines);
+        const QJsonObject answer = generateAnswer(readReceipt(*lines, QDate::currentDate()), u"m"_s);
+        const QJsonObject candidate = answer.value("candidates"_L1).toArray().at(0).toObject();
+        const QJsonObject part =
+            candidate.value("content"_L1).toObject().value("parts"_L1).toArray().at(0).toObject();
+        QJsonObject found = QJsonDocument::fromJson(part.value("text"_L1).toString().toUtf8()).object();
+        QVERIFY(!found.take(u"summary"_s).toString().isEmpty());
+        QCOMPARE(found, facts);
+    }
+};
+
+QTEST_GUILESS_MAIN(SamplesTest)
+#include "samples_test.moc"

@@ -1,0 +1,30 @@
+#include "engine/word_search.h"
+
+#include <QTest>
+
+using namespace fennick;
+using namespace Qt::StringLiterals;
+
+class WordSearchTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsLettersAndDigitsOnly() {
+        QCOMPARE(wordsOf(u"GRAND-Total: 23,50"_s), u" grand total 23 50 "_s);
+        QCOMPARE(wordsOf(u"Mario's Café"_s), u" marios café "_s);
+        QCOMPARE(wordsOf(QString()), u" "_s);
+    }
+
+    void findsWholeWordsOnly() {
+        const QString words = wordsOf(u"Subtotal and grand total"_s);
+        QVERIFY(containsPhrase(words, u"grand total"_s));
+        QVERIFY(containsPhrase(words, u"subtotal"_s));
+        QVERIFY(!containsPhrase(words, u"sub"_s));
+        QVERIFY(!containsPhrase(words, u"rand total"_s));
+        QVERIFY(containsAnyPhrase(words, {u"nothing"_s, u"total"_s}));
+        QVERIFY(!containsAnyPhrase(words, {}));
+    }
+};
+
+QTEST_APPLESS_MAIN(WordSearchTest)
+#include "word_search_test.moc"

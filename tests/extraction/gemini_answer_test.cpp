@@ -1,0 +1,122 @@
+#include "extraction/gemini_answer.h"
+
+#include <QTest>
+
+using namespace fennick;
+
+namespace {
+
+QString failure(int status, const QByteArray &body) {
+    const auto result = GeminiClient::readAnswer(status, body);
+    return result ? QStringLiteral("no failure") : result.error().errorDescription();
+}
+
+} // namespace
+
+class GeminiAnswerTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstTextOfTheFirstCandidateIsTheAnswer() {
+        const auto result = GeminiClient::readAnswer(
+            200,
+            R"({"candidates": [)"
+            R"({"content": {"parts": [{"thought": true}, {"text": "{\u0022amount\u0022: 1}"}, {"text": "{\u0022amount\u0022: 2}"}]}},)"
+            R"({"content": {"parts": [{"text": "{\u0022amount\u0022: 3}"}]}}]})");
+        QVERIFY(result);
+        QCOMPARE(result->amount, 1.0);
+    }
+
+    void errorStatusIsToldWithItsRawBody() {
+        const QByteArray body = R"({"error": {"code": 7, "message": "denied"}})";
+        QCOMPARE(failure(403, body), QStringLiteral("Gemini API error: 403 — ") + QString::fromUtf8(body));
+        QCOMPARE(failure(199, "x"), QStringLiteral("Gemini API error: 199 — x"));
+        QCOMPARE(failure(300, "x"), QStringLiteral("Gemini API error: 300 — x"));
+    }
+
+    void emptyErrorBodyAddsNothing() {
+        QCOMPARE(failure(500, ""), QStringLiteral("Gemini API error: 500"));
+        QCOMPARE(failure(500, "\xFF\xFE"), QStringLiteral("Gemini API error: 500")); // no UTF-8
+    }
+
+    void errorBodyIsCutAfter500Characters() {
+        const QString face = QStringLiteral("\U0001F600");
+        QCOMPARE(failure(500, face.repeated(501).toUtf8()),
+                 QStringLiteral("Gemini API error: 500 — ") + face.repeated(500));
+    }
+
+    void errorObjectInASuccessfulAnswer_data() {
+        QTest::addColumn<QByteArray>("error");
+        QTest::addColumn<QString>("text");
+        const auto add = [](const char *error, const char *text) {
+            QTest::newRow(error) << QByteArray(error)
+                                 << QStringLiteral("Gemini API returned error ") + QString::fromUtf8(text);
+        };
+        add(R"({"message": "quota"})", "200: quota");
+        add(R"({"code": 7})", "7: unknown");
+        add(R"({"code": "7", "message": 3})", "200: unknown");
+        add(R"({"code": 7.5, "message": "quota"})", "200: quota");
+        add(R"({})", "200: unknown");
+    }
+    void errorObjectInASuccessfulAnswer() {
+        QFETCH(QByteArray, error);
+        QTEST(failure(200, "{\"error\": " + error + ", \"candidates\": []}"), "text");
+    }
+
+    void errorThatIsNoObjectIsOverlooked() {
+        QCOMPARE(failure(200, R"({"error": "x"})"),
+                 QStringLiteral("Gemini API returned no candidates in response"));
+    }
+
+    void answersWithoutCandidates_data() {
+        QTest::addColumn<QByteArray>("body");
+        for (const char *const body :
+             {"", "no JSON", "[]", "{}", R"({"candidates": []})", R"({"candidates": {}})",
+              R"({"candidates": [{}, 1]})", R"({"promptFeedback": {"blockReason": "SAFETY"}})"}) {
+            QTest::addRow("'%s'", body) << QByteArray(body);
+        }
+    }
+    void answersWithoutCandidates() {
+        QFETCH(QByteArray, body);
+        QCOMPARE(failure(200, body), QStringLiteral("Gemini API returned no candidates in response"));
+    }
+
+    void candidatesWithoutText_data() {
+        QTest::addColumn<QByteArray>("candidate");
+        QTest::addColumn<QString>("reason");
+        const auto add = [](const char *candidate, const char *reason) {
+            QTest::newRow(candidate) << QByteArray(candidate) << QString::fromUtf8(reason);
+        };
+        add(R"({"content": {"parts": [{"inlineData": {}}]}, "finishReason": "SAFETY"})", "SAFETY");
+        add(R"({"content": {"parts": [{"text": 5}]}, "finishReason": 5})", "unknown");
+        add(R"({"content": {"parts": []}})", "unknown");
+        add(R"({"content": {"parts": [{"text": "{}"}, 1]}, "finishReason": "STOP"})", "STOP");
+        add(R"({"content": {"parts": [{"text": ""}, {"text": "{}"}]}, "finishReason": "STOP"})", "STOP");
+        add(R"({"finishReason": "MAX_TOKENS"})", "MAX_TOKENS");
+        add(R"({})", "unknown");
+    }
+    void candidatesWithoutText() {
+        QFETCH(QByteArray, candidate);
+        QFETCH(QString, reason);
+        QCOMPARE(failure(200, "{\"candidates\": [" + candidate + "]}"),
+                 QStringLiteral("Gemini API returned no text content. Finish reason: ") + reason);
+    }
+
+    void textWithoutAnObjectIsAParseError() {
+        QCOMPARE(failure(200, R"({"candidates": [{"content": {"parts": [{"text": "sorry"}]}}]})"),
+                 QStringLiteral("Could not parse JSON from Gemini response. Raw response: sorry"));
+    }
+
+    void remainingDescriptions() {
+        using Kind = GeminiError::Kind;
+        QCOMPARE((GeminiError{Kind::fileRead, 0, QStringLiteral("gone")}).errorDescription(),
+                 QStringLiteral("Failed to read file: gone"));
+        QCOMPARE((GeminiError{Kind::http, 0, QStringLiteral("No HTTP response")}).errorDescription(),
+                 QStringLiteral("Gemini API error: 0 — No HTTP response"));
+        QCOMPARE(errorDescription(TransportError{QStringLiteral("Connection refused")}),
+                 QStringLiteral("Connection refused"));
+    }
+};
+
+QTEST_GUILESS_MAIN(GeminiAnswerTest)
+#include "gemini_answer_test.moc"

@@ -1,0 +1,217 @@
+#include "extraction/gemini_client.h"
+#include "support/conditions.h"
+#include "support/scripted_server.h"
+#include "support/temporary_home.h"
+
+#include <QProcess>
+#include <QSslCertificate>
+#include <QSslKey>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+using Result = std::expected<GeminiReceiptData, ScanError>;
+
+namespace {
+
+const QString key = QStringLiteral("AIza-secret-key");
+
+QCoro::Task<> scanInto(QString path, QString model, std::shared_ptr<std::optional<Result>> result) {
+    *result = co_await GeminiClient::scan(path, key, model);
+}
+
+QSslConfiguration selfSignedCertificate(const TemporaryHome &home) {
+    const QString keyPath = home.path(QStringLiteral("server.key"));
+    const QString certificatePath = home.path(QStringLiteral("server.pem"));
+    QProcess::execute(QStringLiteral("openssl"),
+                      {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-newkey"),
+                       QStringLiteral("rsa:2048"), QStringLiteral("-nodes"), QStringLiteral("-subj"),
+                       QStringLiteral("/CN=127.0.0.1"), QStringLiteral("-days"), QStringLiteral("2"),
+                       QStringLiteral("-keyout"), keyPath, QStringLiteral("-out"), certificatePath});
+    QSslConfiguration configuration;
+    configuration.setPrivateKey(QSslKey(readFile(keyPath), QSsl::Rsa));
+    configuration.setLocalCertificate(QSslCertificate(readFile(certificatePath)));
+    return configuration;
+}
+
+} // namespace
+
+class GeminiClientTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        server_ = std::make_unique<ScriptedServer>(
+            [](const HttpRequest &) { return answering(R"({"amount": 23.5, "currency": "USD"})"); });
+        configure(server_->address());
+        path_ = home_.path(QStringLiteral("receipt.pdf"));
+        writeFile(path_, "the receipt");
+    }
+
+    void cleanup() { server_.reset(); }
+
+    void sendsOneRequestAndReturnsTheNormalisedAnswer() {
+        const Result result = scan();
+        QVERIFY(result);
+        QCOMPARE(result->amount, 23.5);
+        QCOMPARE(result->category, QStringLiteral("misc"));
+        QCOMPARE(server_->requests().size(), 1);
+        const HttpRequest request = server_->requests().first();
+        QCOMPARE(request.method, QByteArray("POST"));
+        QCOMPARE(request.target,
+                 QByteArray("/v1beta/models/gemini-2.5-flash:generateContent?key=AIza-secret-key"));
+        QCOMPARE(request.headers.value("content-type"), QByteArray("application/json"));
+        QCOMPARE(inlineDocument(request), QByteArray("the receipt"));
+    }
+
+    void unreadableFileEndsBeforeAnyRequest() {
+        path_ = home_.path(QStringLiteral("missing.pdf"));
+        QCOMPARE(failure(), QStringLiteral("Failed to read file: No such file or directory"));
+        QVERIFY(server_->requests().isEmpty());
+    }
+
+    void malformedAddressEndsBeforeAnyRequest() {
+        configure(QStringLiteral("http://example.org"));
+        QCOMPARE(failure(), QStringLiteral("Gemini API error: 0 — Invalid endpoint URL"));
+    }
+
+    void modelThatMakesNoUrlEndsBeforeAnyRequest() {
+        QCOMPARE(failure(QStringLiteral("my model")),
+                 QStringLiteral("Gemini API error: 0 — Invalid endpoint URL"));
+        QVERIFY(server_->requests().isEmpty());
+    }
+
+    void errorStatusWinsOverTheErrorObject() {
+        server_->setScript([](const HttpRequest &) {
+            return HttpReply{.status = 403, .body = R"({"error": {"code": 7}})", .headers = {}};
+        });
+        QCOMPARE(failure(), QStringLiteral("Gemini API error: 403 — {\"error\": {\"code\": 7}}"));
+    }
+
+    void everyErrorStatusIsToldByItsNumber_data() {
+        QTest::addColumn<int>("status");
+        for (const int status : {304, 400, 401, 404, 407, 409, 418, 429, 500, 501, 502, 503, 504}) {
+            QTest::addRow("%d", status) << status;
+        }
+    }
+    void everyErrorStatusIsToldByItsNumber() {
+        QFETCH(int, status);
+        server_->setScript(
+            [status](const HttpRequest &) { return HttpReply{.status = status, .body = {}, .headers = {}}; });
+        QCOMPARE(failure(), QStringLiteral("Gemini API error: %1").arg(status));
+    }
+
+    void keyNeverStandsInAnErrorText() {
+        server_->setScript([](const HttpRequest &request) {
+            return HttpReply{.status = 400, .body = "bad location " + request.target, .headers = {}};
+        });
+        const QString text = failure();
+        QVERIFY2(!text.contains(key), qPrintable(text));
+        QVERIFY2(text.startsWith(u"Gemini API error: 400 — bad location /v1beta"), qPrintable(text));
+    }
+
+    void redirectToAnotherHostIsNotFollowed() {
+        ScriptedServer other([](const HttpRequest &) { return answering("{}"); });
+        server_->setScript([&other](const HttpRequest &request) {
+            HttpReply reply;
+            reply.status = 307;
+            reply.headers = {"Location: " + other.address().toLatin1() + request.target};
+            return reply;
+        });
+        const QString text = failure();
+        QVERIFY2(text.startsWith(u"Gemini API error: 307"), qPrintable(text));
+        QVERIFY(other.requests().isEmpty());
+    }
+
+    void refusedConnectionIsToldInTheSystemsWords() {
+        const QString address = server_->address();
+        server_.reset();
+        configure(address);
+        QCOMPARE(failure(), QStringLiteral("Connection refused"));
+    }
+
+    void connectionFaultsAreFailuresWithText_data() {
+        QTest::addColumn<int>("fault");
+        QTest::newRow("closed at once") << static_cast<int>(HttpReply::Fault::closeAtOnce);
+        QTest::newRow("cut in the body") << static_cast<int>(HttpReply::Fault::cutBody);
+        QTest::newRow("no HTTP") << static_cast<int>(HttpReply::Fault::noHttp);
+    }
+    void connectionFaultsAreFailuresWithText() {
+        QFETCH(int, fault);
+        server_->setScript([fault](const HttpRequest &) {
+            HttpReply reply = answering("{}");
+            reply.fault = static_cast<HttpReply::Fault>(fault);
+            return reply;
+        });
+        const QString text = failure();
+        QVERIFY(!text.isEmpty());
+        QVERIFY2(!text.contains(key), qPrintable(text));
+    }
+
+    void selfSignedCertificateIsRefused() {
+        ScriptedServer secure([](const HttpRequest &) { return answering("{}"); },
+                              selfSignedCertificate(home_));
+        configure(secure.address());
+        const QString text = failure();
+        QVERIFY2(text.contains(u"certificate", Qt::CaseInsensitive), qPrintable(text));
+        QVERIFY(secure.requests().isEmpty());
+    }
+
+    void largeFileDoesNotStallTheEventLoop() {
+        writeFile(path_, QByteArray(40 * 1000 * 1000, 'x'));
+        int longest = 0;
+        QElapsedTimer sinceTick;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, this,
+                [&] { longest = std::max(longest, static_cast<int>(sinceTick.restart())); });
+        server_->setScript([&](const HttpRequest &) { return answering("{}"); });
+        const auto encoded = std::make_shared<std::optional<Result>>();
+        sinceTick.start();
+        ticker.start(1);
+        scanInto(path_, QStringLiteral("m"), encoded);
+        QVERIFY(waitUntil([&] { return encoded->has_value(); }, 30000));
+        QVERIFY2(longest <= 100, qPrintable(QStringLiteral("stalled for %1 ms").arg(longest)));
+    }
+
+    void silentServerTimesOutAfterAMinute() {
+        server_->setScript([](const HttpRequest &) {
+            HttpReply reply;
+            reply.fault = HttpReply::Fault::hang;
+            return reply;
+        });
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(failure(QStringLiteral("m"), 90000), QStringLiteral("The request timed out."));
+        QVERIFY(timer.elapsed() >= 59000);
+        QVERIFY(timer.elapsed() <= 65000);
+    }
+
+private:
+    void configure(const QString &address) {
+        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=" + address.toUtf8() + '\n');
+    }
+
+    Result scan(const QString &model = QStringLiteral("gemini-2.5-flash"), int milliseconds = 10000) {
+        const auto result = std::make_shared<std::optional<Result>>();
+        scanInto(path_, model, result);
+        if (!waitUntil([&result] { return result->has_value(); }, milliseconds)) {
+            return std::unexpected(ScanError(TransportError{QStringLiteral("the scan never ended")}));
+        }
+        return **result;
+    }
+
+    QString failure(const QString &model = QStringLiteral("m"), int milliseconds = 10000) {
+        const Result result = scan(model, milliseconds);
+        return result ? QStringLiteral("no failure") : errorDescription(result.error());
+    }
+
+    TemporaryHome home_;
+    std::unique_ptr<ScriptedServer> server_;
+    QString path_;
+};
+
+QTEST_GUILESS_MAIN(GeminiClientTest)
+#include "gemini_client_test.moc"

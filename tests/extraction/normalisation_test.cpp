@@ -1,0 +1,195 @@
+#include "extraction/normalisation.h"
+
+#include <QJsonDocument>
+#include <QTest>
+
+using namespace fennick;
+
+namespace {
+
+GeminiReceiptData normalized(const QByteArray &json) {
+    return GeminiClient::normalize(QJsonDocument::fromJson(json).object());
+}
+
+} // namespace
+
+class NormalisationTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void bareObjectIsTakenWhole() {
+        QCOMPARE(GeminiClient::extractJSON(QStringLiteral(R"({"a": 1})"))->value(u"a").toInt(), 1);
+    }
+
+    void objectInACodeFenceIsFound() {
+        const auto object =
+            GeminiClient::extractJSON(QStringLiteral("Here it is:\n```json\n{\"a\":\n1}\n```\n"));
+        QVERIFY(object);
+        QCOMPARE(object->value(u"a").toInt(), 1);
+    }
+
+    void objectInsideAnArrayIsFound() {
+        const auto object = GeminiClient::extractJSON(QStringLiteral(R"([{"a": 1}])"));
+        QVERIFY(object);
+        QCOMPARE(object->value(u"a").toInt(), 1);
+    }
+
+    void anythingElseIsAParseErrorWithTheRawText_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("two objects") << QStringLiteral(R"({"a": 1} and {"b": 2})");
+        QTest::newRow("no braces") << QStringLiteral("I cannot read this.");
+        QTest::newRow("braces the wrong way") << QStringLiteral("} {");
+        QTest::newRow("broken object") << QStringLiteral(R"({"a": })");
+        QTest::newRow("array of numbers") << QStringLiteral("[1, 2]");
+    }
+    void anythingElseIsAParseErrorWithTheRawText() {
+        QFETCH(QString, text);
+        const auto object = GeminiClient::extractJSON(text);
+        QVERIFY(!object);
+        QCOMPARE(object.error(), (GeminiError{GeminiError::Kind::parse, 0, text}));
+        QCOMPARE(object.error().errorDescription(),
+                 QStringLiteral("Could not parse JSON from Gemini response. Raw response: ") + text);
+    }
+
+    void rawTextIsCutAfter500Characters() {
+        const QString character = QStringLiteral("e\u0301"); // one character of two units
+        const auto object = GeminiClient::extractJSON(character.repeated(600));
+        QVERIFY(!object);
+        QCOMPARE(object.error().text, character.repeated(500));
+    }
+
+    void emptyObjectGivesTheFallbacks() {
+        const GeminiReceiptData data = normalized("{}");
+        QVERIFY(!data.date && !data.time && !data.amount && !data.currency && !data.location);
+        QCOMPARE(data.category, QStringLiteral("misc"));
+        QCOMPARE(data.summary, QStringLiteral("Receipt scanned successfully"));
+    }
+
+    void wholeAnswerIsTaken() {
+        const GeminiReceiptData data = normalized(
+            R"({"date": "2024-05-01", "time": "12:30", "amount": 23.5,)"
+            R"("currency": "USD", "location": "Mario\u0027s Cafe", "category": "lunch", "summary": "Lunch"})");
+        QCOMPARE(data.date, QStringLiteral("2024-05-01"));
+        QCOMPARE(data.time, QStringLiteral("12:30"));
+        QCOMPARE(data.amount, 23.5);
+        QCOMPARE(data.currency, QStringLiteral("USD"));
+        QCOMPARE(data.location, QStringLiteral("Mario's Cafe"));
+        QCOMPARE(data.category, QStringLiteral("lunch"));
+        QCOMPARE(data.summary, QStringLiteral("Lunch"));
+    }
+
+    void dateMustMatchAsItStands_data() {
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<bool>("isKept");
+        const auto add = [](const char *value, bool isKept) {
+            QTest::newRow(value) << QByteArray(value) << isKept;
+        };
+        add(R"("2024-05-01")", true);
+        add(R"("2024-13-45")", true);
+        add(R"(" 2024-05-01")", false);
+        add(R"("2024-05-01\n")", false);
+        add(R"("2024-5-1")", false);
+        add(R"("01.05.2024")", false);
+        add("20240501", false);
+        add("null", false);
+    }
+    void dateMustMatchAsItStands() {
+        QFETCH(QByteArray, value);
+        QFETCH(bool, isKept);
+        QCOMPARE(normalized("{\"date\": " + value + '}').date.has_value(), isKept);
+    }
+
+    void timeMustMatchAsItStands_data() {
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<bool>("isKept");
+        const auto add = [](const char *value, bool isKept) {
+            QTest::newRow(value) << QByteArray(value) << isKept;
+        };
+        add(R"("14:30")", true);
+        add(R"("99:99")", true);
+        add(R"("14:30:05")", false);
+        add(R"("2:30")", false);
+        add(R"("14:30 ")", false);
+        add("1430", false);
+    }
+    void timeMustMatchAsItStands() {
+        QFETCH(QByteArray, value);
+        QFETCH(bool, isKept);
+        QCOMPARE(normalized("{\"time\": " + value + '}').time.has_value(), isKept);
+    }
+
+    void amountIsAnyJsonNumberAndNothingElse() {
+        QCOMPARE(normalized(R"({"amount": 23})").amount, 23.0);
+        QCOMPARE(normalized(R"({"amount": -1.5e2})").amount, -150.0);
+        QCOMPARE(normalized(R"({"amount": 0})").amount, 0.0);
+        QVERIFY(!normalized(R"({"amount": "23.50"})").amount);
+        QVERIFY(!normalized(R"({"amount": true})").amount);
+        QVERIFY(!normalized(R"({"amount": null})").amount);
+        QVERIFY(!normalized(R"({"amount": [1]})").amount);
+    }
+
+    void currencyIsThreeUpperCaseLettersAsTheyStand_data() {
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<bool>("isKept");
+        const auto add = [](const char *value, bool isKept) {
+            QTest::newRow(value) << QByteArray(value) << isKept;
+        };
+        add(R"("EUR")", true);
+        add(R"("XXX")", true);
+        add(R"("eur")", false);
+        add(R"("EURO")", false);
+        add(R"(" USD")", false);
+        add(R"("USD\n")", false);
+        add(R"("€")", false);
+        add("1", false);
+    }
+    void currencyIsThreeUpperCaseLettersAsTheyStand() {
+        QFETCH(QByteArray, value);
+        QFETCH(bool, isKept);
+        QCOMPARE(normalized("{\"currency\": " + value + '}').currency.has_value(), isKept);
+    }
+
+    void locationIsTrimmedAndNeverEmpty() {
+        QCOMPARE(normalized(R"({"location": " \n Dockside Deli \t"})").location,
+                 QStringLiteral("Dockside Deli"));
+        QVERIFY(!normalized(R"({"location": ""})").location);
+        QVERIFY(!normalized(R"({"location": "  \n"})").location);
+        QVERIFY(!normalized(R"({"location": 5})").location);
+    }
+
+    void categoryIsOneOfTheVocabularyOrMisc_data() {
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<QString>("category");
+        const auto add = [](const char *value, const char *category) {
+            QTest::newRow(value) << QByteArray(value) << QString::fromUtf8(category);
+        };
+        for (const char *const word : {"lunch", "dinner", "breakfast", "coffee", "hotel", "transport", "fuel",
+                                       "groceries", "shopping", "entertainment", "misc"}) {
+            QTest::newRow(word) << QByteArray('"' + QByteArray(word) + '"') << QString::fromUtf8(word);
+        }
+        add(R"(" Coffee\t ")", "coffee");
+        add(R"("LUNCH")", "lunch");
+        add(R"("Lunch\n")", "misc"); // line breaks are not trimmed here
+        add(R"("food")", "misc");
+        add(R"("")", "misc");
+        add("3", "misc");
+        add("null", "misc");
+    }
+    void categoryIsOneOfTheVocabularyOrMisc() {
+        QFETCH(QByteArray, value);
+        QTEST(normalized("{\"category\": " + value + '}').category, "category");
+    }
+
+    void summaryIsTrimmedAndNeverEmpty() {
+        QCOMPARE(normalized(R"({"summary": " \nLunch.\n"})").summary, QStringLiteral("Lunch."));
+        QCOMPARE(normalized(R"({"summary": "   "})").summary, QStringLiteral("Receipt scanned successfully"));
+        QCOMPARE(normalized(R"({"summary": 1})").summary, QStringLiteral("Receipt scanned successfully"));
+    }
+
+    void halfASurrogateIsReplaced() {
+        QCOMPARE(normalized(R"({"summary": "a\ud83d"})").summary, QStringLiteral("a\uFFFD"));
+    }
+};
+
+QTEST_GUILESS_MAIN(NormalisationTest)
+#include "normalisation_test.moc"

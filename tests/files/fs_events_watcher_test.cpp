@@ -1,0 +1,305 @@
+#include "files/fs_events_watcher.h"
+#include "support/conditions.h"
+#include "support/temporary_home.h"
+
+#include <QDir>
+#include <QMutex>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+namespace {
+
+struct Batch {
+    QStringList paths;
+    Clock::time_point at;
+    QString threadName;
+};
+
+// What a watcher has told so far; filled on its thread.
+class Log {
+public:
+    void append(const QList<FileEvent> &events) {
+        QStringList paths;
+        for (const FileEvent &event : events) {
+            paths.append(event.path);
+        }
+        const QMutexLocker lock(&mutex_);
+        batches_.append({paths, Clock::now(), QThread::currentThread()->objectName()});
+    }
+
+    QList<Batch> batches() const {
+        const QMutexLocker lock(&mutex_);
+        return batches_;
+    }
+
+    QSet<QString> paths() const {
+        QSet<QString> paths;
+        for (const Batch &batch : batches()) {
+            paths.unite(QSet<QString>(batch.paths.begin(), batch.paths.end()));
+        }
+        return paths;
+    }
+
+private:
+    mutable QMutex mutex_;
+    QList<Batch> batches_;
+};
+
+} // namespace
+
+class FsEventsWatcherTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        folder_ = std::make_unique<QTemporaryDir>();
+        root_ = folder_->filePath(QStringLiteral("watched"));
+        QDir().mkpath(root_);
+        log_ = std::make_unique<Log>();
+    }
+
+    void cleanup() { watcher_.reset(); }
+
+    void filesThatLieThereAlreadyAreNotTold() {
+        write("old.pdf");
+        write("sub/old.pdf");
+        start();
+        write("new.pdf");
+        QTRY_VERIFY(isTold("new.pdf"));
+        letTimePass(400); // one more batch would be due
+        QVERIFY(!isTold("old.pdf"));
+        QVERIFY(!isTold("sub/old.pdf"));
+    }
+
+    void nothingIsToldBeforeStart() {
+        create();
+        write("early.pdf");
+        watcher_->start();
+        write("late.pdf");
+        QTRY_VERIFY(isTold("late.pdf"));
+        letTimePass(400);
+        QVERIFY(!isTold("early.pdf"));
+    }
+
+    void everyKindOfChangeIsTold() {
+        write("a.pdf");
+        write("b.pdf");
+        write("c.pdf");
+        start();
+        write("a.pdf");
+        QFile::rename(path("b.pdf"), path("d.pdf"));
+        QFile::remove(path("c.pdf"));
+        QTRY_VERIFY(isTold("a.pdf") && isTold("b.pdf") && isTold("c.pdf") && isTold("d.pdf"));
+    }
+
+    void changesInExistingSubFoldersAreTold() {
+        QDir().mkpath(path("one/two/three"));
+        start();
+        write("one/two/three/a.pdf");
+        QTRY_VERIFY(isTold("one/two/three/a.pdf"));
+    }
+
+    void filesOfANewFolderAreToldHoweverFastTheyCame() {
+        start();
+        QSet<QString> written;
+        for (int folder = 0; folder < 60; ++folder) {
+            const QByteArray name = "f" + QByteArray::number(folder) + "/deep/er/a.pdf";
+            write(name.constData());
+            written.insert(path(name.constData()));
+        }
+        QTRY_VERIFY(log_->paths().contains(written));
+    }
+
+    void filesOfAMovedInTreeAreTold() {
+        const QString outside = folder_->filePath(QStringLiteral("outside"));
+        QSet<QString> expected;
+        for (int index = 0; index < 40; ++index) {
+            const QString name = QStringLiteral("/sub%1/a.pdf").arg(index);
+            writeFile(outside + name, "x");
+            expected.insert(root_ + QStringLiteral("/moved") + name);
+        }
+        start();
+        QVERIFY(QDir().rename(outside, path("moved")));
+        QTRY_VERIFY(log_->paths().contains(expected));
+        write("moved/sub7/later.pdf");
+        QTRY_VERIFY(isTold("moved/sub7/later.pdf"));
+    }
+
+    void folderMovedOutIsNoLongerWatched() {
+        QDir().mkpath(path("sub/deep"));
+        start();
+        const QString outside = folder_->filePath(QStringLiteral("outside"));
+        QVERIFY(QDir().rename(path("sub"), outside));
+        QTRY_VERIFY(isTold("sub"));
+        const qsizetype before = log_->paths().size();
+        writeFile(outside + QStringLiteral("/deep/a.pdf"), "x");
+        write("marker.pdf");
+        QTRY_VERIFY(isTold("marker.pdf"));
+        QCOMPARE(log_->paths().size(), before + 1);
+    }
+
+    void folderRenamedInsideIsToldUnderItsNewName() {
+        QDir().mkpath(path("before/deep"));
+        start();
+        QVERIFY(QDir().rename(path("before"), path("after")));
+        QTRY_VERIFY(isTold("after"));
+        write("after/deep/a.pdf");
+        QTRY_VERIFY(isTold("after/deep/a.pdf"));
+        QVERIFY(!isTold("before/deep/a.pdf"));
+    }
+
+    void rootThatIsRemovedAndMadeAgainIsWatchedAgain() {
+        write("sub/a.pdf");
+        start();
+        QVERIFY(QDir(root_).removeRecursively());
+        write("sub/b.pdf");
+        QTRY_VERIFY(isTold("sub/b.pdf"));
+        write("sub/c.pdf");
+        QTRY_VERIFY(isTold("sub/c.pdf"));
+    }
+
+    void rootThatIsMovedAwayAndMadeAgainIsWatchedAgain() {
+        QDir().mkpath(path("sub"));
+        start();
+        const QString elsewhere = folder_->filePath(QStringLiteral("elsewhere"));
+        QVERIFY(QDir().rename(root_, elsewhere));
+        write("a.pdf");
+        QTRY_VERIFY(isTold("a.pdf"));
+        const qsizetype before = log_->paths().size();
+        writeFile(elsewhere + QStringLiteral("/sub/strange.pdf"), "x");
+        write("marker.pdf");
+        QTRY_VERIFY(isTold("marker.pdf"));
+        QCOMPARE(log_->paths().size(), before + 1);
+    }
+
+    void rootThatIsMissingAtTheStartIsWaitedFor() {
+        QVERIFY(QDir(root_).removeRecursively());
+        start();
+        write("a.pdf");
+        QTRY_VERIFY(isTold("a.pdf"));
+    }
+
+    void firstEventAfterQuietIsToldAtOnce() {
+        start();
+        const auto before = Clock::now();
+        write("a.pdf");
+        QTRY_VERIFY(isTold("a.pdf"));
+        QVERIFY(log_->batches().first().at - before < milliseconds(100));
+    }
+
+    void furtherEventsComeInBatchesOfTheLatency() {
+        start();
+        for (int index = 0; index < 20; ++index) {
+            write(("a" + QByteArray::number(index) + ".pdf").constData());
+            letTimePass(50);
+        }
+        QTRY_VERIFY(isTold("a19.pdf"));
+        const QList<Batch> batches = log_->batches();
+        QVERIFY(batches.size() >= 3);
+        for (qsizetype index = 1; index < batches.size(); ++index) {
+            QVERIFY(batches[index].at - batches[index - 1].at >= milliseconds(295));
+        }
+    }
+
+    void startingTwiceTellsEveryEventOnce() {
+        start();
+        watcher_->start();
+        QDir().mkpath(path("folder")); // one event, unlike a file's several
+        QTRY_VERIFY(isTold("folder"));
+        letTimePass(400);
+        QCOMPARE(log_->batches().size(), 1);
+        QCOMPARE(log_->batches().first().paths, QStringList{path("folder")});
+    }
+
+    void nothingIsToldAfterTheWatcherIsGone() {
+        start();
+        watcher_.reset();
+        write("a.pdf");
+        letTimePass(400);
+        QVERIFY(log_->batches().isEmpty());
+    }
+
+    void batchesComeOnAThreadNamedAfterTheProgram() {
+        start();
+        write("a.pdf");
+        QTRY_VERIFY(isTold("a.pdf"));
+        QCOMPARE(log_->batches().first().threadName, QStringLiteral("org.fennick.Fennick.fsevents"));
+    }
+
+    void namesOutsideAsciiAreToldAsTheyAre() {
+        start();
+        write("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf");
+        QTRY_VERIFY(isTold("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf"));
+    }
+
+    void linkedFoldersAreNotFollowed() {
+        const QString outside = folder_->filePath(QStringLiteral("outside"));
+        QDir().mkpath(outside);
+        QFile::link(outside, path("link"));
+        QFile::link(root_, path("loop"));
+        start();
+        writeFile(outside + QStringLiteral("/a.pdf"), "x");
+        write("marker.pdf");
+        QTRY_VERIFY(isTold("marker.pdf"));
+        QCOMPARE(log_->paths(), QSet<QString>{path("marker.pdf")});
+    }
+
+    void overflowingQueueLosesNoFile() {
+        QFile limit(QStringLiteral("/proc/sys/fs/inotify/max_queued_events"));
+        if (!limit.open(QIODevice::ReadOnly)) {
+            QSKIP("The queue's size cannot be read");
+        }
+        const int files = limit.readAll().trimmed().toInt() / 2;
+        if (files > 50000) {
+            QSKIP("The queue is too long to be overrun in a test");
+        }
+        // The first batch is held up until more has happened than the queue can take: each file is created,
+        // modified and closed.
+        QMutex gate;
+        gate.lock();
+        watcher_ = std::make_unique<FSEventsWatcher>(root_, [&](const QList<FileEvent> &events) {
+            log_->append(events);
+            const QMutexLocker wait(&gate);
+        });
+        watcher_->start();
+        write("first.pdf");
+        const bool isHeldUp = waitUntil([this] { return isTold("first.pdf"); });
+        for (int index = 0; index < files; ++index) {
+            write((QByteArray::number(index) + ".pdf").constData());
+        }
+        gate.unlock();
+        QVERIFY(isHeldUp);
+        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().size() >= files + 1, 30000);
+    }
+
+private:
+    QString path(const char *name) const { return root_ + u'/' + QString::fromUtf8(name); }
+    void write(const char *name) const { writeFile(path(name), "content"); }
+    bool isTold(const char *name) const { return log_->paths().contains(path(name)); }
+
+    void create() {
+        watcher_ = std::make_unique<FSEventsWatcher>(
+            root_, [log = log_.get()](const QList<FileEvent> &events) { log->append(events); });
+    }
+
+    void start() {
+        create();
+        watcher_->start();
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    QString root_;
+    std::unique_ptr<Log> log_;
+    std::unique_ptr<FSEventsWatcher> watcher_;
+};
+
+QTEST_GUILESS_MAIN(FsEventsWatcherTest)
+#include "fs_events_watcher_test.moc"

@@ -1,0 +1,260 @@
+#include "files/converter_fixtures.h"
+#include "files/receipt_image_converter.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+using namespace fennick;
+using namespace fennick::testing;
+
+using Kind = ConverterError::Kind;
+
+namespace {
+
+// No file may grow beyond `bytes` while this lives: a disk that is full after them.
+class SmallDisk {
+public:
+    explicit SmallDisk(rlim_t bytes)
+        : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_former);
+        const rlimit small{bytes, m_former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_formerHandler);
+    }
+    Q_DISABLE_COPY_MOVE(SmallDisk)
+
+private:
+    rlimit m_former{};
+    void (*m_formerHandler)(int);
+};
+
+// Makes `path` the temporary directory while this lives.
+class TemporaryFolder {
+public:
+    explicit TemporaryFolder(const QString &path)
+        : m_former(qgetenv("TMPDIR")) {
+        qputenv("TMPDIR", QFile::encodeName(path));
+    }
+    ~TemporaryFolder() { qputenv("TMPDIR", m_former); }
+    Q_DISABLE_COPY_MOVE(TemporaryFolder)
+
+private:
+    QByteArray m_former;
+};
+
+QStringList namesOf(const QStringList &paths) {
+    QStringList names;
+    for (const QString &path : paths)
+        names.append(QFileInfo(path).fileName());
+    return names;
+}
+
+} // namespace
+
+class ReceiptImageConverterTest : public QObject {
+    Q_OBJECT
+
+    ScratchFolder m_scratch;
+    QByteArray m_photo = encoded(fourCorners(QSize(100, 80)), "jpeg", 95);
+
+    QByteArray pdf(int pageCount) const {
+        return pdfWithPages(QList<QByteArray>(pageCount, "/MediaBox [0 0 72 36]"),
+                            fourCornersContent(0, 0, 72, 36));
+    }
+
+    QStringList folders() const {
+        QStringList paths;
+        for (const QFileInfo &folder :
+             QDir(m_scratch.path(u"FennickJPEG"_qs)).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+            paths.append(folder.filePath());
+        return paths;
+    }
+
+    QStringList foldersAddedTo(const QStringList &before) const {
+        QStringList added = folders();
+        added.removeIf([&before](const QString &folder) { return before.contains(folder); });
+        return added;
+    }
+
+    // The names of the pictures made of the file.
+    QStringList names(const QString &fileName, const QByteArray &content, const QString &baseName) {
+        const auto paths = ReceiptImageConverter::convertToJPEGs(m_scratch.file(fileName, content), baseName);
+        return paths ? namesOf(*paths) : QStringList{paths.error().errorDescription()};
+    }
+
+private Q_SLOTS:
+    void namesTheOnlyPageAfterTheBaseName() {
+        QCOMPARE(names(u"a.pdf"_qs, pdf(1), u"Lunch"_qs), QStringList{u"Lunch.jpg"_qs});
+    }
+
+    void numbersSeveralPagesInOrder() {
+        QCOMPARE(names(u"a.pdf"_qs, pdf(3), u"Lunch"_qs),
+                 (QStringList{u"Lunch (p1).jpg"_qs, u"Lunch (p2).jpg"_qs, u"Lunch (p3).jpg"_qs}));
+    }
+
+    void numbersTwentyPagesByTheirPlace() {
+        const auto paths =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.pdf"_qs, pdf(20)), u"Trip"_qs);
+        QVERIFY(paths);
+        QCOMPARE(paths->size(), 20);
+        for (int page = 0; page < 20; ++page) {
+            const QString &path = paths->at(page);
+            QCOMPARE(QFileInfo(path).fileName(), u"Trip (p%1).jpg"_qs.arg(page + 1));
+            QCOMPARE(QImage(path).size(), QSize(200, 100));
+        }
+    }
+
+    void namesAPictureAfterTheBaseName() {
+        QCOMPARE(names(u"a.jpg"_qs, m_photo, u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
+    }
+
+    void acceptsExtensionsInAnyCase() {
+        QCOMPARE(names(u"a.JPeG"_qs, m_photo, u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
+        QCOMPARE(names(u"a.PDF"_qs, pdf(1), u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
+    }
+
+    void removesUnsafeCharactersFromTheBaseName() {
+        QCOMPARE(names(u"a.jpg"_qs, m_photo, u"A/B\\C:D*E?F\"G<H>I|J"_qs), QStringList{u"ABCDEFGHIJ.jpg"_qs});
+    }
+
+    void keepsBlanksOfTheBaseName() {
+        QCOMPARE(names(u"a.jpg"_qs, m_photo, u" two  blanks "_qs), QStringList{u" two  blanks .jpg"_qs});
+    }
+
+    void namesPicturesReceiptWhenNothingIsLeftOfTheBaseName() {
+        QCOMPARE(names(u"a.jpg"_qs, m_photo, u"/:*?"_qs), QStringList{u"receipt.jpg"_qs});
+        QCOMPARE(names(u"a.pdf"_qs, pdf(2), QString()),
+                 (QStringList{u"receipt (p1).jpg"_qs, u"receipt (p2).jpg"_qs}));
+    }
+
+    void leavesPercentSignsOfTheBaseNameAlone() {
+        QCOMPARE(names(u"a.pdf"_qs, pdf(2), u"%1 %2"_qs),
+                 (QStringList{u"%1 %2 (p1).jpg"_qs, u"%1 %2 (p2).jpg"_qs}));
+    }
+
+    void writesIntoANewPrivateFolderEachTime() {
+        const QString photo = m_scratch.file(u"a.jpg"_qs, m_photo);
+        const auto first = ReceiptImageConverter::convertToJPEGs(photo, u"A"_qs);
+        const auto second = ReceiptImageConverter::convertToJPEGs(photo, u"A"_qs);
+        QVERIFY(first && second);
+        QVERIFY(first->front() != second->front());
+
+        const QFileInfo folder(QFileInfo(first->front()).path());
+        QCOMPARE(folder.path(), m_scratch.path(u"FennickJPEG"_qs));
+        static const QRegularExpression upperCaseUuid(
+            u"^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"_qs);
+        QVERIFY2(upperCaseUuid.match(folder.fileName()).hasMatch(), qPrintable(folder.fileName()));
+        for (const QString &path : {folder.filePath(), folder.path()}) {
+            struct stat status {};
+            QCOMPARE(::stat(qPrintable(path), &status), 0);
+            QCOMPARE(status.st_mode & 0777u, 0700u);
+        }
+    }
+
+    void createsAMissingTemporaryFolder() {
+        const TemporaryFolder temporary(m_scratch.path(u"not/yet/there"_qs));
+        const auto paths =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), u"A"_qs);
+        QVERIFY(paths);
+        QVERIFY(paths->front().startsWith(m_scratch.path(u"not/yet/there/FennickJPEG/"_qs)));
+    }
+
+    void refusesOtherExtensions() {
+        const auto result =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"scan.TIFF"_qs, m_photo), u"A"_qs);
+        QVERIFY(!result);
+        QCOMPARE(result.error().kind, Kind::unsupported);
+        QCOMPARE(result.error().payload, u"tiff"_qs);
+        QCOMPARE(result.error().errorDescription(), u"Unsupported file type: .tiff"_qs);
+    }
+
+    void refusesFilesWithoutExtension() {
+        const auto result =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"scan"_qs, m_photo), u"A"_qs);
+        QVERIFY(!result);
+        QCOMPARE(result.error().kind, Kind::unsupported);
+        QCOMPARE(result.error().payload, QString());
+        QCOMPARE(result.error().errorDescription(), u"Unsupported file type: ."_qs);
+    }
+
+    void leavesTheEmptyFolderOfARefusedFile() {
+        const QStringList before = folders();
+        QVERIFY(!ReceiptImageConverter::convertToJPEGs(u"/nowhere/scan.tiff"_qs, u"A"_qs));
+        const QStringList added = foldersAddedTo(before);
+        QCOMPARE(added.size(), 1);
+        QVERIFY(QDir(added.front()).isEmpty());
+    }
+
+    void describesEveryFailure() {
+        QCOMPARE((ConverterError{Kind::pdfLoad, {}}.errorDescription()), u"Could not open PDF"_qs);
+        QCOMPARE((ConverterError{Kind::renderFailed, {}}.errorDescription()),
+                 u"Could not render page image"_qs);
+        QCOMPARE((ConverterError{Kind::encodeFailed, {}}.errorDescription()), u"Could not encode JPEG"_qs);
+    }
+
+    void reportsTheSystemsReasonWhenNoFolderCanBeCreated() {
+        const TemporaryFolder temporary(m_scratch.file(u"a file"_qs, "x"));
+        const auto result =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), u"A"_qs);
+        QVERIFY(!result);
+        QCOMPARE(result.error().kind, Kind::platform);
+        QCOMPARE(result.error().errorDescription(), qt_error_string(ENOTDIR));
+    }
+
+    void evadesAFolderThatBelongsToSomebodyElse() {
+        QVERIFY(QDir().mkpath(m_scratch.path(u"shared"_qs)));
+        QVERIFY(QDir().mkpath(m_scratch.path(u"elsewhere"_qs)));
+        QVERIFY(QFile::link(m_scratch.path(u"elsewhere"_qs), m_scratch.path(u"shared/FennickJPEG"_qs)));
+        const TemporaryFolder temporary(m_scratch.path(u"shared"_qs));
+        const auto result =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), u"A"_qs);
+        QVERIFY(result);
+        QVERIFY(result->front().startsWith(m_scratch.path(u"shared/FennickJPEG-"_qs)));
+        QVERIFY(QDir(m_scratch.path(u"elsewhere"_qs)).isEmpty());
+    }
+
+    void leavesNoPartOfAPictureOnAFullDisk() {
+        const QString photo = m_scratch.file(u"a.jpg"_qs, m_photo);
+        const QStringList before = folders();
+        std::expected<QStringList, ConverterError> result;
+        {
+            const SmallDisk disk(200);
+            result = ReceiptImageConverter::convertToJPEGs(photo, u"A"_qs);
+        }
+        QVERIFY(!result);
+        QCOMPARE(result.error().kind, Kind::encodeFailed);
+        const QStringList added = foldersAddedTo(before);
+        QCOMPARE(added.size(), 1);
+        QVERIFY(QDir(added.front()).isEmpty());
+    }
+
+    void reportsNamesThatTheFileSystemRefuses() {
+        const auto result =
+            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), QString(300, u'x'));
+        QVERIFY(!result);
+        QCOMPARE(result.error().kind, Kind::encodeFailed);
+    }
+
+    void keepsPagesWrittenBeforeAFailure() {
+        const QByteArray twoPages =
+            pdfWithPages({"/MediaBox [0 0 72 36]", "/MediaBox [0 0 14400 14400]"}, "");
+        const QStringList before = folders();
+        QCOMPARE(m_scratch.failureOf(u"a.pdf"_qs, twoPages), u"Could not render page image"_qs);
+        const QStringList added = foldersAddedTo(before);
+        QCOMPARE(added.size(), 1);
+        QCOMPARE(QDir(added.front()).entryList(QDir::Files), QStringList{u"Out (p1).jpg"_qs});
+    }
+};
+
+QTEST_MAIN(ReceiptImageConverterTest)
+#include "receipt_image_converter_test.moc"

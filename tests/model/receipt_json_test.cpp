@@ -1,0 +1,243 @@
+#include "model/receipt_json.h"
+#include "support/receipts.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include <limits>
+
+using namespace fennick;
+using Kind = DecodingError::Kind;
+
+namespace {
+
+const QByteArray minimalMembers =
+    R"("id": "A", "fileName": "a.pdf", "filePath": "/w/a.pdf", "scannedAt": "2025-03-04T17:05:09Z")";
+
+std::expected<Receipt, DecodingError> decodeOne(const QByteArray &members) {
+    const auto receipts = decodeReceipts("[{" + members + "}]");
+    if (!receipts) {
+        return std::unexpected(receipts.error());
+    }
+    return receipts->first();
+}
+
+QJsonObject encodeOne(const Receipt &receipt) {
+    return QJsonDocument::fromJson(encodeReceipts({receipt})).array().first().toObject();
+}
+
+} // namespace
+
+class ReceiptJsonTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void minimalRecordTakesTheDefaults() {
+        const auto receipt = decodeOne(minimalMembers);
+        QVERIFY(receipt);
+        QCOMPARE(receipt->id, QStringLiteral("A"));
+        QCOMPARE(receipt->category, QStringLiteral("misc"));
+        QCOMPARE(receipt->summary, QString());
+        QCOMPARE(receipt->status, ReceiptStatus::done);
+        QVERIFY(!receipt->addedToPhotos);
+        QVERIFY(!receipt->date && !receipt->time && !receipt->amount && !receipt->currency &&
+                !receipt->location && !receipt->error);
+    }
+
+    void nullCountsAsMissing() {
+        const auto receipt =
+            decodeOne(minimalMembers +
+                      R"(, "date": null, "time": null, "amount": null, "currency": null,)"
+                      R"("location": null, "category": null, "summary": null, "status": null, "error": null,)"
+                      R"("addedToPhotos": null)");
+        QVERIFY(receipt);
+        QVERIFY(*receipt == *decodeOne(minimalMembers));
+    }
+
+    void requiredKeysMustBeThere_data() {
+        QTest::addColumn<QString>("key");
+        for (const char *const key : {"id", "fileName", "filePath", "scannedAt"}) {
+            QTest::newRow(key) << QString::fromUtf8(key);
+        }
+    }
+    void requiredKeysMustBeThere() {
+        QFETCH(QString, key);
+        QByteArray members = minimalMembers;
+        members.replace('"' + key.toUtf8() + '"', "\"other\"");
+        const auto receipt = decodeOne(members);
+        QVERIFY(!receipt);
+        QCOMPARE(receipt.error().kind, Kind::keyNotFound);
+        QCOMPARE(receipt.error().key, key);
+    }
+
+    void wrongTypesAreMismatches_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QByteArray>("value");
+        const auto add = [](const char *key, const char *value) {
+            QTest::addRow("%s: %s", key, value) << QString::fromUtf8(key) << QByteArray(value);
+        };
+        for (const char *const key : {"id", "fileName", "filePath", "scannedAt"}) {
+            add(key, "null");
+            add(key, "1");
+        }
+        for (const char *const key :
+             {"date", "time", "currency", "location", "category", "summary", "status", "error"}) {
+            add(key, "1");
+            add(key, "{}");
+        }
+        add("amount", "\"12.50\"");
+        add("amount", "true");
+        add("addedToPhotos", "1");
+        add("addedToPhotos", "\"true\"");
+    }
+    void wrongTypesAreMismatches() {
+        QFETCH(QString, key);
+        QFETCH(QByteArray, value);
+        const auto receipt = decodeOne(minimalMembers + ", \"" + key.toUtf8() + "\": " + value);
+        QVERIFY(!receipt);
+        QCOMPARE(receipt.error().kind, Kind::typeMismatch);
+        QCOMPARE(receipt.error().key, key);
+    }
+
+    void unknownStatusIsCorruptedData_data() {
+        QTest::addColumn<QByteArray>("status");
+        for (const char *const status : {"Done", "PROCESSING", "finished", ""}) {
+            QTest::addRow("'%s'", status) << QByteArray(status);
+        }
+    }
+    void unknownStatusIsCorruptedData() {
+        QFETCH(QByteArray, status);
+        const auto receipt = decodeOne(minimalMembers + ", \"status\": \"" + status + '"');
+        QVERIFY(!receipt);
+        QCOMPARE(receipt.error().kind, Kind::dataCorrupted);
+    }
+
+    void firstErrorInDeclarationOrderIsTold() {
+        const auto receipt = decodeOne(R"("addedToPhotos": 1, "status": "x", "fileName": 2, "id": "A")");
+        QVERIFY(!receipt);
+        QCOMPARE(receipt.error().key, QStringLiteral("fileName"));
+    }
+
+    void oneBadRecordFailsTheWholeList() {
+        const auto receipts = decodeReceipts("[{" + minimalMembers + "}, {\"id\": \"B\"}]");
+        QVERIFY(!receipts);
+        QCOMPARE(receipts.error().kind, Kind::keyNotFound);
+    }
+
+    void damagedTextIsMalformed_data() {
+        QTest::addColumn<QByteArray>("json");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("object") << QByteArray("{}");
+        QTest::newRow("cut") << QByteArray("[{" + minimalMembers);
+        QTest::newRow("trailing text") << QByteArray("[] x");
+        QTest::newRow("array of texts") << QByteArray("[\"a\"]");
+        QTest::newRow("deep nesting") << QByteArray(100000, '[');
+        QTest::newRow("broken UTF-8") << QByteArray("[{\"id\": \"\xFF\"}]");
+    }
+    void damagedTextIsMalformed() {
+        QFETCH(QByteArray, json);
+        const auto receipts = decodeReceipts(json);
+        QVERIFY(!receipts);
+        QCOMPARE(receipts.error().kind, Kind::malformed);
+    }
+
+    void keyOrderSlashesUnknownKeysAndByteOrderMarkDoNotMatter() {
+        const auto receipts =
+            decodeReceipts("\xEF\xBB\xBF"
+                           R"([{"scannedAt": "s", "more": {"deep": [1, 2]}, "filePath": "\/w/a.pdf",)"
+                           R"("amount": 23, "fileName": "a.pdf", "id": "A"}])");
+        QVERIFY(receipts);
+        QCOMPARE(receipts->first().filePath, QStringLiteral("/w/a.pdf"));
+        QCOMPARE(receipts->first().amount, 23.0);
+    }
+
+    void lastOfARepeatedKeyCounts() {
+        QCOMPARE(decodeOne(minimalMembers + R"(, "id": "B")")->id, QStringLiteral("B"));
+    }
+
+    void freshReceiptWritesNoAbsentFields() {
+        const QJsonObject object = encodeOne(freshReceipt(QStringLiteral("/w/a.pdf")));
+        QCOMPARE(object.keys(), (QStringList{QStringLiteral("addedToPhotos"), QStringLiteral("category"),
+                                             QStringLiteral("fileName"), QStringLiteral("filePath"),
+                                             QStringLiteral("id"), QStringLiteral("scannedAt"),
+                                             QStringLiteral("status"), QStringLiteral("summary")}));
+        QCOMPARE(object[u"addedToPhotos"], QJsonValue(false));
+        QCOMPARE(object[u"status"], QJsonValue(QStringLiteral("processing")));
+    }
+
+    void missingSummaryIsWrittenAsEmptyText() {
+        const QByteArray json = encodeReceipts({*decodeOne(minimalMembers)});
+        QVERIFY2(json.contains(R"("summary": "")"), json.constData());
+    }
+
+    void slashesAreEscaped() {
+        const QByteArray json = encodeReceipts({freshReceipt(QStringLiteral("/w/a.pdf"))});
+        QVERIFY2(json.contains(R"("filePath": "\/w\/a.pdf")"), json.constData());
+    }
+
+    void listIsPrettyPrintedWithOneKeyPerLine() {
+        const QByteArray json = encodeReceipts({test::finishedReceipt(QStringLiteral("/w/a.pdf"))});
+        QCOMPARE(json.count('\n'), 17); // brackets, braces and 13 members
+    }
+
+    void everythingSurvivesARoundTrip() {
+        Receipt receipt = test::finishedReceipt(QStringLiteral("/w/Café \"x\"\\\n\t\u0001 \U0001F600.pdf"));
+        receipt.error = QStringLiteral("");
+        receipt.amount = 0.1;
+        receipt.addedToPhotos = true;
+        const auto decoded = decodeReceipts(encodeReceipts({receipt}));
+        QVERIFY(decoded);
+        QVERIFY(decoded->first() == receipt);
+        QCOMPARE(decoded->first().filePath, receipt.filePath);
+    }
+
+    void everyFiniteAmountSurvivesARoundTrip_data() {
+        QTest::addColumn<double>("amount");
+        for (const double amount : {0.0, -0.0, 23.5, 1e-300, 9007199254740993.0, 123456789012345680000.0,
+                                    1e20, 1.7976931348623157e308, 5e-324}) {
+            QTest::addRow("%g", amount) << amount;
+        }
+    }
+    void everyFiniteAmountSurvivesARoundTrip() {
+        QFETCH(double, amount);
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.amount = amount;
+        const auto decoded = decodeReceipts(encodeReceipts({receipt}));
+        QVERIFY(decoded);
+        QCOMPARE(*decoded->first().amount, amount);
+    }
+
+    void amountThatJsonCannotExpressIsLeftOut() {
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.amount = std::numeric_limits<double>::infinity();
+        QVERIFY(!encodeOne(receipt).contains(u"amount"));
+    }
+
+    void unpairedSurrogateIsWrittenAsReplacementCharacter() {
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.summary = QString(QChar(0xD83D));
+        const QByteArray json = encodeReceipts({receipt});
+        QVERIFY(json.isValidUtf8());
+        QCOMPARE(decodeReceipts(json)->first().summary, QStringLiteral("\uFFFD"));
+    }
+
+    void emptyListIsAnEmptyArray() {
+        QVERIFY(QJsonDocument::fromJson(encodeReceipts({})).isArray());
+        QVERIFY(decodeReceipts(encodeReceipts({}))->isEmpty());
+    }
+
+    void pathsAreOneCompactArray() {
+        const QSet<QString> paths = {QStringLiteral("/a/b.pdf"), QStringLiteral("/c \"d\".pdf")};
+        const QByteArray json = encodePaths(paths);
+        QVERIFY(!json.contains('\n'));
+        QCOMPARE(*decodePaths(json), paths);
+        QCOMPARE(*decodePaths(R"(["/a", "/a"])"), QSet<QString>{QStringLiteral("/a")});
+        QVERIFY(!decodePaths("[1]"));
+        QVERIFY(!decodePaths("{}"));
+    }
+};
+
+QTEST_GUILESS_MAIN(ReceiptJsonTest)
+#include "receipt_json_test.moc"

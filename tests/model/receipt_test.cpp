@@ -1,0 +1,130 @@
+#include "model/receipt.h"
+
+#include <QDateTime>
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace fennick;
+
+class ReceiptTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void freshReceiptIsProcessingAndOtherwiseEmpty() {
+        const Receipt receipt = freshReceipt(QStringLiteral("/watched/sub/Scan 1.pdf"));
+        QCOMPARE(receipt.fileName, QStringLiteral("Scan 1.pdf"));
+        QCOMPARE(receipt.filePath, QStringLiteral("/watched/sub/Scan 1.pdf"));
+        QVERIFY(!receipt.date && !receipt.time && !receipt.amount && !receipt.currency && !receipt.location &&
+                !receipt.error);
+        QCOMPARE(receipt.category, QStringLiteral("misc"));
+        QVERIFY(receipt.summary.isEmpty());
+        QCOMPARE(receipt.status, ReceiptStatus::processing);
+        QVERIFY(!receipt.addedToPhotos);
+    }
+
+    void identifierIsAnUpperCaseUuidOfItsOwn() {
+        const QString id = freshReceipt(QStringLiteral("/a.pdf")).id;
+        const QRegularExpression uuid(
+            QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"));
+        QVERIFY2(uuid.match(id).hasMatch(), qPrintable(id));
+        QVERIFY(freshReceipt(QStringLiteral("/a.pdf")).id != id);
+    }
+
+    void intakeMomentIsUtcWithWholeSeconds() {
+        const QString before = QDateTime::currentDateTimeUtc().toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'");
+        const QString stamp = freshReceipt(QStringLiteral("/a.pdf")).scannedAt;
+        const QString after = QDateTime::currentDateTimeUtc().toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'");
+        QVERIFY2(before <= stamp && stamp <= after, qPrintable(stamp));
+        QCOMPARE(stamp.size(), 20);
+    }
+
+    void statusHasExactlyThreeRawValues() {
+        QCOMPARE(receiptStatusFromRawValue(QStringLiteral("processing")), ReceiptStatus::processing);
+        QCOMPARE(receiptStatusFromRawValue(QStringLiteral("done")), ReceiptStatus::done);
+        QCOMPARE(receiptStatusFromRawValue(QStringLiteral("error")), ReceiptStatus::error);
+        for (const char *const text : {"Done", "DONE", "", "failed", "done "}) {
+            QVERIFY2(!receiptStatusFromRawValue(QString::fromUtf8(text)), text);
+        }
+    }
+
+    void statusHashesLikeItsRawValue() {
+        QCOMPARE(qHash(ReceiptStatus::done, 7), ::qHash(QStringLiteral("done"), 7));
+    }
+
+    void everyFieldCountsInEquality_data() {
+        QTest::addColumn<int>("field");
+        for (int field = 0; field < 14; ++field) {
+            QTest::addRow("field %d", field) << field;
+        }
+    }
+    void everyFieldCountsInEquality() {
+        QFETCH(int, field);
+        const Receipt receipt = freshReceipt(QStringLiteral("/a.pdf"));
+        Receipt other = receipt;
+        QVERIFY(other == receipt);
+        const QString text = QStringLiteral("x");
+        switch (field) {
+        case 0:
+            other.id = text;
+            break;
+        case 1:
+            other.fileName = text;
+            break;
+        case 2:
+            other.filePath = text;
+            break;
+        case 3:
+            other.date = text;
+            break;
+        case 4:
+            other.time = text;
+            break;
+        case 5:
+            other.amount = 1;
+            break;
+        case 6:
+            other.currency = text;
+            break;
+        case 7:
+            other.location = text;
+            break;
+        case 8:
+            other.category = text;
+            break;
+        case 9:
+            other.summary = text;
+            break;
+        case 10:
+            other.scannedAt = text;
+            break;
+        case 11:
+            other.status = ReceiptStatus::done;
+            break;
+        case 12:
+            other.error = text;
+            break;
+        case 13:
+            other.addedToPhotos = true;
+            break;
+        }
+        QVERIFY(!(other == receipt));
+    }
+
+    void absentAndEmptyErrorDiffer() {
+        const Receipt receipt = freshReceipt(QStringLiteral("/a.pdf"));
+        Receipt other = receipt;
+        other.error = QString();
+        QVERIFY(!(other == receipt));
+    }
+
+    void canonicallyEquivalentTextsAreEqual() {
+        Receipt receipt = freshReceipt(QStringLiteral("/a.pdf"));
+        Receipt other = receipt;
+        receipt.location = QStringLiteral("Caf\u00E9");
+        other.location = QStringLiteral("Cafe\u0301");
+        QVERIFY(other == receipt);
+    }
+};
+
+QTEST_GUILESS_MAIN(ReceiptTest)
+#include "receipt_test.moc"

@@ -1,0 +1,315 @@
+#include "pipeline_under_test.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+using std::chrono::system_clock;
+
+namespace {
+
+// Longer than debounce, stability wait and one batch of the watcher together.
+constexpr int longEnoughToBeTakenIn = 1500;
+
+} // namespace
+
+class IntakeTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { pipeline_ = std::make_unique<PipelineUnderTest>(surroundings_); }
+    void cleanup() { pipeline_.reset(); }
+
+    void fileThatIsDroppedIsScannedRenamedAndListed() {
+        pipeline_->start();
+        pipeline_->drop(QStringLiteral("Receipt.PDF"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(pipeline_->listedNames(),
+                 QStringList{QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50.pdf")});
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"a receipt"});
+    }
+
+    void otherKindsOfFilesAreLeftAlone() {
+        pipeline_->drop(QStringLiteral("old.txt"));
+        pipeline_->start();
+        for (const char *const name : {"notes.txt", "scan.tiff", "receipt", "archive.pdf.zip", "pdf"}) {
+            pipeline_->drop(QString::fromUtf8(name));
+        }
+        letTimePass(longEnoughToBeTakenIn);
+        QVERIFY(pipeline_->receipts().isEmpty());
+    }
+
+    void everySupportedKindIsTakenIn() {
+        for (const char *const name : {"a.pdf", "b.PNG", "c.jpg", "d.Jpeg", "e.heic", "f.WEBP"}) {
+            pipeline_->drop(QString::fromUtf8(name));
+        }
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(6, ReceiptStatus::done));
+    }
+
+    void receiptIsListedAsProcessingWhileItIsScanned() {
+        HttpReply slow = answering("{}");
+        slow.delay = milliseconds(400);
+        pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
+        pipeline_->start();
+        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(waitUntil([&] { return pipeline_->receipts().size() == 1; }));
+        const Receipt receipt = pipeline_->receipts().first();
+        QCOMPARE(receipt.status, ReceiptStatus::processing);
+        QCOMPARE(receipt.filePath, path);
+        QCOMPARE(receipt.category, QStringLiteral("misc"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+    }
+
+    void tenWritesWithinTheDebounceLeadToOneRequest() {
+        pipeline_->start();
+        for (int write = 1; write <= 10; ++write) {
+            pipeline_->drop(QStringLiteral("a.pdf"), QByteArray(write, 'x'));
+            letTimePass(20);
+        }
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{QByteArray(10, 'x')});
+    }
+
+    void requestFollowsTheLastWriteByDebounceAndStabilityWait_data() {
+        QTest::addColumn<int>("writes");
+        QTest::addColumn<int>("pause");
+        QTest::newRow("one write") << 1 << 0;
+        QTest::newRow("ten writes, 20 ms apart") << 10 << 20;
+        QTest::newRow("growing for 3 s, 100 ms apart") << 30 << 100;
+        QTest::newRow("growing, 250 ms apart") << 8 << 250;
+        QTest::newRow("growing, 400 ms apart") << 6 << 400;
+        QTest::newRow("growing, 700 ms apart") << 4 << 700;
+    }
+    void requestFollowsTheLastWriteByDebounceAndStabilityWait() {
+        QFETCH(int, writes);
+        QFETCH(int, pause);
+        pipeline_->start();
+        QFile file(pipeline_->path(QStringLiteral("a.pdf")));
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        system_clock::time_point lastWrite;
+        for (int write = 0; write < writes; ++write) {
+            letTimePass(write == 0 ? 0 : pause);
+            file.write("x");
+            lastWrite = system_clock::now();
+        }
+        file.close();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{QByteArray(writes, 'x')});
+        const auto delay =
+            duration_cast<milliseconds>(pipeline_->server.requests().first().arrivedAt - lastWrite);
+        QVERIFY2(delay >= milliseconds(800) && delay <= milliseconds(850),
+                 qPrintable(QStringLiteral("%1 ms").arg(delay.count())));
+    }
+
+    void emptyFileIsRefusedUntilSomethingIsWritten() {
+        pipeline_->start();
+        pipeline_->drop(QStringLiteral("a.pdf"), "");
+        letTimePass(longEnoughToBeTakenIn);
+        QVERIFY(pipeline_->receipts().isEmpty());
+        pipeline_->drop(QStringLiteral("a.pdf"), "content");
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+    }
+
+    void emptyFileIsRefusedByTheInitialScan() {
+        pipeline_->drop(QStringLiteral("a.pdf"), "");
+        pipeline_->start();
+        letTimePass(longEnoughToBeTakenIn);
+        QVERIFY(pipeline_->receipts().isEmpty());
+    }
+
+    void fileThatGrowsDuringTheWaitIsNeverSentInPart() {
+        pipeline_->drop(QStringLiteral("a.pdf"), "first half,");
+        pipeline_->start(); // the initial scan begins its wait at once
+        letTimePass(250);
+        QFile file(pipeline_->path(QStringLiteral("a.pdf")));
+        QVERIFY(file.open(QIODevice::Append));
+        file.write(" second half");
+        file.close();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"first half, second half"});
+    }
+
+    void vanishedFileIsForgotten() {
+        pipeline_->start();
+        QFile::remove(pipeline_->drop(QStringLiteral("a.pdf")));
+        QFile::remove(pipeline_->drop(QStringLiteral("b.pdf")));
+        letTimePass(500);
+        pipeline_->drop(QStringLiteral("b.pdf"), "again");
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"again"});
+    }
+
+    void archivesAreLeftAlone_data() {
+        QTest::addColumn<QString>("archive");
+        QTest::addColumn<bool>("isConfigured");
+        QTest::newRow("default archive") << QStringLiteral("Receipt Archive/2025-03-03") << false;
+        QTest::newRow("configured") << QStringLiteral("Done") << true;
+        QTest::newRow("configured with a slash") << QStringLiteral("Done/") << true;
+    }
+    void archivesAreLeftAlone() {
+        QFETCH(QString, archive);
+        QFETCH(bool, isConfigured);
+        const QString folder = QDir::cleanPath(archive);
+        pipeline_->drop(folder + QStringLiteral("/existing.pdf"));
+        pipeline_->drop(folder.section(u'/', 0, 0) + QStringLiteral("-not/existing.pdf"), "neighbour");
+        pipeline_->start();
+        if (isConfigured) {
+            pipeline_->settings->setArchiveFolderPath(pipeline_->path(archive));
+        }
+        pipeline_->drop(folder + QStringLiteral("/new.pdf"));
+        pipeline_->drop(folder + QStringLiteral("/deep/new.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"neighbour"});
+    }
+
+    void initialScanSkipsWhatIsHiddenAndDescendsElsewhere() {
+        pipeline_->drop(QStringLiteral(".hidden.pdf"), "hidden");
+        pipeline_->drop(QStringLiteral(".folder/a.pdf"), "hidden");
+        pipeline_->drop(QStringLiteral("one/two/a.pdf"), "found");
+        QFile::link(pipeline_->path(QStringLiteral("one/two/a.pdf")),
+                    pipeline_->path(QStringLiteral("link.pdf")));
+        QFile::link(pipeline_->path(QStringLiteral("one")), pipeline_->path(QStringLiteral("linked")));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"found"});
+    }
+
+    void initialScanTakesFilesInOneAfterTheOther() {
+        int underWay = 0;
+        int most = 0;
+        pipeline_->server.setScript([&](const HttpRequest &) {
+            most = std::max(most, ++underWay);
+            QTimer::singleShot(50, pipeline_->appState.get(), [&underWay] { --underWay; });
+            HttpReply reply = answering("{}");
+            reply.delay = milliseconds(60);
+            return reply;
+        });
+        for (int index = 0; index < 4; ++index) {
+            pipeline_->drop(QString::number(index) + QStringLiteral(".pdf"));
+        }
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(4, ReceiptStatus::done));
+        QCOMPARE(most, 1);
+        QVERIFY(waitUntil([&] { return underWay == 0; }));
+    }
+
+    void filesThatArriveTogetherAreUnderWayTogether() {
+        pipeline_->start();
+        HttpReply slow = answering("{}");
+        slow.delay = milliseconds(1000);
+        pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
+        for (int index = 0; index < 12; ++index) {
+            pipeline_->drop(QString::number(index) + QStringLiteral(".pdf"));
+        }
+        QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 12; }));
+        QVERIFY(pipeline_->waitForRows(12, ReceiptStatus::done));
+        const auto &requests = pipeline_->server.requests();
+        QVERIFY(requests.last().arrivedAt - requests.first().arrivedAt < milliseconds(500));
+    }
+
+    void fileToldByScanAndEventIsAdmittedOnce() {
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        letTimePass(100);
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->server.requests().size(), 1);
+        QCOMPARE(pipeline_->receipts().size(), 1);
+    }
+
+    void clearedPathIsNeverTakenInAgain() {
+        pipeline_->server.setScript([](const HttpRequest &) {
+            return HttpReply{.status = 500, .body = {}, .headers = {}}; // keeps the name
+        });
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        pipeline_->store->clearAll();
+        pipeline_->server.forgetRequests();
+        pipeline_->drop(QStringLiteral("a.pdf"), "changed");
+        letTimePass(longEnoughToBeTakenIn);
+        pipeline_->start();
+        letTimePass(longEnoughToBeTakenIn);
+        QVERIFY(pipeline_->receipts().isEmpty());
+        QVERIFY(pipeline_->server.requests().isEmpty());
+    }
+
+    void changingTheFolderScansTheNewOneAndForgetsTheOld() {
+        pipeline_->start();
+        const QString other = pipeline_->path(QString()) + QStringLiteral("../other");
+        writeFile(other + QStringLiteral("/existing.pdf"), "in the new folder");
+        pipeline_->appState->startWatching(QDir::cleanPath(other));
+        pipeline_->drop(QStringLiteral("a.pdf"), "in the old folder");
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        writeFile(other + QStringLiteral("/later.pdf"), "later");
+        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), (QList<QByteArray>{"in the new folder", "later"}));
+        QDir(QDir::cleanPath(other)).removeRecursively();
+    }
+
+    void folderSpelledWithASlashAtTheEndIsTheSame() {
+        pipeline_->start();
+        pipeline_->appState->startWatching(pipeline_->path(QString()));
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QVERIFY(!pipeline_->receipts().first().filePath.contains(u"//"));
+    }
+
+    void withoutAFolderTheRunningWatchGoesOn() {
+        pipeline_->start();
+        pipeline_->settings->setWatchFolderPath(QString());
+        pipeline_->appState->startWatchingIfConfigured();
+        pipeline_->settings->setWatchFolderPath(std::nullopt);
+        pipeline_->appState->startWatchingIfConfigured();
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+    }
+
+    void missingFolderIsNoFailure() {
+        QDir(pipeline_->path(QString())).removeRecursively();
+        pipeline_->start();
+        letTimePass(200);
+        QVERIFY(!pipeline_->appState->lastError());
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+    }
+
+    void folderNamedLikeAReceiptBecomesAFailedRow() {
+        pipeline_->start();
+        QDir().mkpath(pipeline_->path(QStringLiteral("folder.pdf")));
+        if (QFileInfo(pipeline_->path(QStringLiteral("folder.pdf"))).size() == 0) {
+            QSKIP("Folders have no size on this file system");
+        }
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        QVERIFY(pipeline_->receipts().first().error->startsWith(u"Failed to read file: "));
+    }
+
+    void movedInTreeIsTakenInWhole() {
+        pipeline_->start();
+        const QString outside = surroundings_.home.path(QStringLiteral("outside"));
+        for (int index = 0; index < 40; ++index) {
+            writeFile(outside + QStringLiteral("/sub%1/receipt.pdf").arg(index), QByteArray::number(index));
+        }
+        QVERIFY(QDir().rename(outside, pipeline_->path(QStringLiteral("moved"))));
+        QVERIFY(pipeline_->waitForRows(40, ReceiptStatus::done));
+        QCOMPARE(pipeline_->server.requests().size(), 40);
+    }
+
+private:
+    Surroundings surroundings_;
+    std::unique_ptr<PipelineUnderTest> pipeline_;
+};
+
+QTEST_MAIN(IntakeTest)
+#include "intake_test.moc"

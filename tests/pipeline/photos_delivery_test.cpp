@@ -1,0 +1,241 @@
+#include "pipeline_under_test.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+
+namespace {
+
+QByteArray picture() {
+    QImage image(60, 80, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray pdf(int pages) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        QPainter painter(&writer);
+        for (int page = 0; page < pages; ++page) {
+            if (page > 0) {
+                writer.newPage();
+            }
+            for (int line = 0; line < 60; ++line) {
+                painter.fillRect(200, 200 + line * 200, 5000 - line * 37, 90, Qt::black);
+            }
+        }
+    }
+    return buffer.data();
+}
+
+const QString baseName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50");
+
+} // namespace
+
+class PhotosDeliveryTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { pipeline_ = std::make_unique<PipelineUnderTest>(surroundings_); }
+    void cleanup() { pipeline_.reset(); }
+
+    void finishedReceiptIsAddedToTheAlbumOfTheDay() {
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(waitForDelivery());
+        const QString day = QDate::currentDate().toString(Qt::ISODate);
+        QCOMPARE(photos(),
+                 QStringList{QStringLiteral("Expenses ") + day + u'/' + baseName + QStringLiteral(".jpg")});
+        QCOMPARE(readFile(surroundings_.home.photoLibrary() + QStringLiteral("/Expenses ") + day +
+                          QStringLiteral("/.album")),
+                 QByteArray("Expenses: " + day.toUtf8()));
+        QVERIFY(ReceiptStore().receipts().first().addedToPhotos);
+    }
+
+    void twoReceiptsOfADayShareTheAlbum() {
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(QStringLiteral("b.png"), picture());
+        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
+        QVERIFY(waitUntil([&] { return photos().size() == 2; }));
+        QCOMPARE(QDir(surroundings_.home.photoLibrary()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(),
+                 1);
+        QVERIFY(waitForDelivery());
+    }
+
+    void withoutGroupingThereIsNoAlbum() {
+        startWithPhotos(false);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(waitForDelivery());
+        QCOMPARE(photos(), QStringList{baseName + QStringLiteral(".jpg")});
+    }
+
+    void everyPageOfAPdfIsAPicture() {
+        startWithPhotos(false);
+        pipeline_->drop(QStringLiteral("a.pdf"), pdf(2));
+        QVERIFY(waitForDelivery());
+        QCOMPARE(photos(), (QStringList{baseName + QStringLiteral(" (p1).jpg"),
+                                        baseName + QStringLiteral(" (p2).jpg")}));
+    }
+
+    void temporaryImagesAreRemovedAfterwards() {
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(waitForDelivery());
+        QVERIFY(QDir(surroundings_.home.temporaryImages()).isEmpty());
+    }
+
+    void withThePreferenceOffNothingIsDelivered() {
+        pipeline_->start();
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QSignalSpy changes(pipeline_->store.get(), &ReceiptStore::receiptsChanged);
+        pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
+        letTimePass(300);
+        QVERIFY(!QFileInfo::exists(surroundings_.home.photoLibrary()));
+        QVERIFY(changes.isEmpty());
+        QVERIFY(!pipeline_->receipts().first().addedToPhotos);
+    }
+
+    void deliveredReceiptIsNotDeliveredAgainByAScan() {
+        startWithPhotos(false);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(waitForDelivery());
+        pipeline_->appState->retry(pipeline_->receipts().first());
+        QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 2; }));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(300);
+        QCOMPARE(photos().size(), 1);
+    }
+
+    void pushingTwiceAddsTheImagesTwice() {
+        pipeline_->start();
+        pipeline_->settings->setGroupIntoAlbum(false);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        pipeline_->settings->setAddToPhotos(true);
+        pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
+        QVERIFY(waitForDelivery());
+        pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
+        QVERIFY(waitUntil([&] { return photos().size() == 2; }));
+        QCOMPARE(photos(),
+                 (QStringList{baseName + QStringLiteral(" (2).jpg"), baseName + QStringLiteral(".jpg")}));
+        QVERIFY(waitUntil([&] { return QDir(surroundings_.home.temporaryImages()).isEmpty(); }));
+    }
+
+    void failedConversionIsToldAndChangesNothingElse() {
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.pdf"), "no PDF at all");
+        QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
+        QCOMPARE(pipeline_->appState->lastError(),
+                 QStringLiteral("Photos export failed: Could not open PDF"));
+        QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::done);
+        QVERIFY(!pipeline_->receipts().first().error);
+        QVERIFY(!pipeline_->receipts().first().addedToPhotos);
+    }
+
+    void unreadableImageIsTold() {
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.jpg"), "no picture at all");
+        QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
+        QCOMPARE(pipeline_->appState->lastError(),
+                 QStringLiteral("Photos export failed: Could not render page image"));
+    }
+
+    void deniedAccessIsToldAndTheImagesStay() {
+        writeFile(surroundings_.home.permissionsFile(), "[General]\nphotos=denied\n");
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
+        QCOMPARE(pipeline_->appState->lastError(),
+                 QStringLiteral(
+                     "Photos export failed: Photos access was not granted. Enable it in System Settings "
+                     "▸ Privacy & Security ▸ Photos."));
+        QVERIFY(!pipeline_->receipts().first().addedToPhotos);
+        QDirIterator images(surroundings_.home.temporaryImages(), QDir::Files, QDirIterator::Subdirectories);
+        QVERIFY(images.hasNext());
+    }
+
+    void libraryThatRefusesIsToldInItsWords() {
+        QFile::link(surroundings_.home.path(QStringLiteral("unmounted/disk")),
+                    surroundings_.home.photoLibrary());
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
+        QVERIFY2(pipeline_->appState->lastError()->startsWith(
+                     u"Photos export failed: Failed to add image to Photos: "),
+                 qPrintable(*pipeline_->appState->lastError()));
+        QFile::remove(surroundings_.home.photoLibrary());
+    }
+
+    void albumIsThatOfTheDayOfDelivery() {
+        QCOMPARE(AppState::albumName(QDateTime(QDate(2025, 3, 3), QTime(23, 59))),
+                 QStringLiteral("Expenses: 2025-03-03"));
+    }
+
+    void eventLoopKeepsTickingWhileTwentyPagesAreDelivered() {
+        startWithPhotos(true);
+        pipeline_->drop(QStringLiteral("a.pdf"), pdf(20));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        qint64 longest = 0;
+        QElapsedTimer sinceTick;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, this, [&] { longest = std::max(longest, sinceTick.restart()); });
+        sinceTick.start();
+        ticker.start(1);
+        QVERIFY2(waitForDelivery(), qPrintable(pipeline_->appState->lastError().value_or(QString())));
+        QVERIFY2(longest <= 50, qPrintable(QStringLiteral("stalled for %1 ms").arg(longest)));
+        QCOMPARE(photos().size(), 20);
+    }
+
+private:
+    void startWithPhotos(bool isGrouped) {
+        pipeline_->start();
+        pipeline_->settings->setAddToPhotos(true);
+        pipeline_->settings->setGroupIntoAlbum(isGrouped);
+    }
+
+    bool waitForDelivery() {
+        return waitUntil(
+            [this] {
+                const auto &receipts = pipeline_->receipts();
+                return !receipts.isEmpty() &&
+                       std::all_of(receipts.begin(), receipts.end(),
+                                   [](const Receipt &receipt) { return receipt.addedToPhotos; });
+            },
+            30000);
+    }
+
+    // The pictures in the library, by path below it.
+    QStringList photos() const {
+        const QDir library(surroundings_.home.photoLibrary());
+        QStringList paths;
+        QDirIterator files(library.path(), QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            paths.append(library.relativeFilePath(files.next()));
+        }
+        paths.sort();
+        return paths;
+    }
+
+    Surroundings surroundings_;
+    std::unique_ptr<PipelineUnderTest> pipeline_;
+};
+
+QTEST_MAIN(PhotosDeliveryTest)
+#include "photos_delivery_test.moc"

@@ -1,0 +1,111 @@
+#include "pipeline/photos_importer.h"
+#include "platform/photo_library.h"
+#include "support/conditions.h"
+#include "support/temporary_home.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+using Result = std::expected<void, PhotosImporter::PhotosError>;
+
+namespace {
+
+QCoro::Task<> addInto(QStringList paths, std::optional<QString> album,
+                      std::shared_ptr<std::optional<Result>> result) {
+    *result = co_await PhotosImporter::add(paths, album);
+}
+
+// The failure's text; empty when the images were added.
+QString added(const QStringList &paths, const std::optional<QString> &album) {
+    const auto result = std::make_shared<std::optional<Result>>();
+    addInto(paths, album, result);
+    if (!waitUntil([&result] { return result->has_value(); })) {
+        return QStringLiteral("no end");
+    }
+    return **result ? QString() : (*result)->error().errorDescription();
+}
+
+} // namespace
+
+class PhotosImporterTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        QDir(home_.path(QStringLiteral("Pictures"))).removeRecursively();
+        QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+        QFile::remove(home_.permissionsFile());
+        image_ = home_.path(QStringLiteral("a.jpg"));
+        writeFile(image_, "picture");
+    }
+
+    void emptyListAsksForNothingAndTouchesNothing() {
+        QCOMPARE(added({}, QStringLiteral("Album")), QString());
+        QVERIFY(QApplication::topLevelWidgets().isEmpty());
+        QVERIFY(!QFileInfo::exists(home_.photoLibrary()));
+    }
+
+    void secondCallFindsTheAlbumOfTheFirst() {
+        allow("authorized");
+        QCOMPARE(added({image_}, QStringLiteral("Album: 1")), QString());
+        QCOMPARE(added({image_}, QStringLiteral("Album: 1")), QString());
+        QCOMPARE(QDir(home_.photoLibrary()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+    }
+
+    void limitedAccessIsEnough() {
+        allow("limited");
+        QCOMPARE(added({image_}, std::nullopt), QString());
+        QVERIFY(QFileInfo::exists(home_.photoLibrary() + QStringLiteral("/a.jpg")));
+    }
+
+    void withoutAnAlbumNoneIsMade() {
+        allow("authorized");
+        QCOMPARE(added({image_}, std::nullopt), QString());
+        QVERIFY(QDir(home_.photoLibrary()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty());
+    }
+
+    void deniedAccessFailsWithTheWholeText() {
+        allow("denied");
+        QCOMPARE(
+            added({image_}, QStringLiteral("Album")),
+            QStringLiteral("Photos access was not granted. Enable it in System Settings ▸ Privacy & Security "
+                           "▸ Photos."));
+        QVERIFY(!QFileInfo::exists(home_.photoLibrary()));
+    }
+
+    void failedAddCarriesTheLibrarysWords() {
+        allow("authorized");
+        const QString text = added({image_, home_.path(QStringLiteral("missing.jpg"))}, std::nullopt);
+        const QString prefix = QStringLiteral("Failed to add image to Photos: ");
+        QVERIFY2(text.startsWith(prefix) && text.size() > prefix.size(), qPrintable(text));
+        QVERIFY(text != prefix + QStringLiteral("unknown"));
+        QVERIFY(!QFileInfo::exists(home_.photoLibrary() + QStringLiteral("/a.jpg")));
+    }
+
+    void undeterminedAccessIsAskedForOnce() {
+        const auto result = std::make_shared<std::optional<Result>>();
+        addInto({image_}, std::nullopt, result);
+        QVERIFY(waitUntil([] { return !QApplication::topLevelWidgets().isEmpty(); }));
+        QTest::keyClick(QApplication::topLevelWidgets().first(), Qt::Key_Return); // Allow is the default
+        QVERIFY(waitUntil([&result] { return result->has_value(); }));
+        QVERIFY((*result)->has_value());
+        QCOMPARE(added({image_}, std::nullopt), QString());
+    }
+
+private:
+    void allow(const QByteArray &decision) {
+        writeFile(home_.permissionsFile(), "[General]\nphotos=" + decision + '\n');
+    }
+
+    TemporaryHome home_;
+    QString image_;
+};
+
+QTEST_MAIN(PhotosImporterTest)
+#include "photos_importer_test.moc"

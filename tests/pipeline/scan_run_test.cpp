@@ -1,0 +1,188 @@
+#include "pipeline_under_test.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+
+namespace {
+
+const QString finalName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50.pdf");
+
+HttpReply failing(int status, const QByteArray &body = {}) {
+    return HttpReply{.status = status, .body = body, .headers = {}};
+}
+
+} // namespace
+
+class ScanRunTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { pipeline_ = std::make_unique<PipelineUnderTest>(surroundings_); }
+    void cleanup() { pipeline_.reset(); }
+
+    void withoutAKeyNothingIsSent_data() {
+        QTest::addColumn<bool>("isStored");
+        QTest::newRow("no key") << false;
+        QTest::newRow("empty key") << true;
+    }
+    void withoutAKeyNothingIsSent() {
+        QFETCH(bool, isStored);
+        PrivateSession::clearKey();
+        if (isStored) {
+            PrivateSession::storeKey("");
+        }
+        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        QCOMPARE(pipeline_->receipts().first().error,
+                 QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
+        QCOMPARE(pipeline_->receipts().first().filePath, path);
+        QVERIFY(QFileInfo::exists(path));
+        QVERIFY(pipeline_->server.requests().isEmpty());
+        QVERIFY(!pipeline_->appState->lastError());
+
+        pipeline_->settings->setAPIKey(QStringLiteral("AIza-late-key"));
+        pipeline_->appState->retry(pipeline_->receipts().first());
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(pipeline_->listedNames(), QStringList{finalName});
+        QVERIFY(pipeline_->server.requests().first().target.endsWith("?key=AIza-late-key"));
+    }
+
+    void modelIsReadWhenTheRunStarts() {
+        pipeline_->start();
+        pipeline_->settings->setModel(QStringLiteral("other-model"));
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QVERIFY(pipeline_->server.requests().first().target.startsWith(
+            "/v1beta/models/other-model:generateContent?"));
+    }
+
+    void everyStepIsVisibleInTheListAtOnce() {
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QStringList steps;
+        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [&] {
+            const Receipt &receipt = pipeline_->receipts().first();
+            steps.append(rawValue(receipt.status) + u' ' + receipt.fileName);
+        });
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(steps, (QStringList{QStringLiteral("processing a.pdf"), QStringLiteral("done a.pdf"),
+                                     QStringLiteral("done ") + finalName}));
+    }
+
+    void resultIsCopiedIntoTheReceipt() {
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        const Receipt receipt = pipeline_->receipts().first();
+        QCOMPARE(receipt.date, QStringLiteral("2024-05-01"));
+        QCOMPARE(receipt.time, QStringLiteral("12:30"));
+        QCOMPARE(receipt.amount, 23.5);
+        QCOMPARE(receipt.currency, QStringLiteral("USD"));
+        QCOMPARE(receipt.location, QStringLiteral("Dockside Deli"));
+        QCOMPARE(receipt.category, QStringLiteral("lunch"));
+        QCOMPARE(receipt.summary, QStringLiteral("Lunch."));
+        QVERIFY(!receipt.error);
+        QCOMPARE(receipt.filePath, pipeline_->path(finalName));
+        QVERIFY(QFileInfo::exists(receipt.filePath));
+        QCOMPARE(ReceiptStore().receipts(), pipeline_->receipts());
+    }
+
+    void failedScanKeepsNameAndPath() {
+        pipeline_->server.setScript([](const HttpRequest &) { return failing(429, "slow down"); });
+        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("Gemini API error: 429 — slow down"));
+        QCOMPARE(pipeline_->receipts().first().filePath, path);
+        QCOMPARE(pipeline_->listedNames(), QStringList{QStringLiteral("a.pdf")});
+        QVERIFY(QFileInfo::exists(path));
+    }
+
+    void retryShowsProcessingWithoutTheOldText() {
+        pipeline_->server.setScript([](const HttpRequest &) { return failing(500); });
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        pipeline_->appState->retry(pipeline_->receipts().first());
+        QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::processing);
+        QVERIFY(!pipeline_->receipts().first().error);
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("Gemini API error: 500"));
+    }
+
+    void absentFieldsClearThoseOfAnEarlierRun() {
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        pipeline_->server.setScript([](const HttpRequest &) { return answering("{}"); });
+        pipeline_->appState->retry(pipeline_->receipts().first());
+        QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 2; }));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        const Receipt receipt = pipeline_->receipts().first();
+        QVERIFY(!receipt.date && !receipt.time && !receipt.amount && !receipt.currency && !receipt.location);
+        QCOMPARE(receipt.category, QStringLiteral("misc"));
+        QCOMPARE(receipt.fileName, QStringLiteral("Undated Misc.pdf"));
+    }
+
+    void eventsOfTheRenamedFileMakeNoSecondReceipt() {
+        pipeline_->start();
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        pipeline_->drop(finalName, "touched at once");
+        letTimePass(5500); // the exclusion has ended, the list still knows the path
+        pipeline_->drop(finalName, "touched later");
+        letTimePass(1500);
+        QCOMPARE(pipeline_->receipts().size(), 1);
+        QCOMPARE(pipeline_->server.requests().size(), 1);
+    }
+
+    void twoReceiptsOfOneNameAreNumbered() {
+        pipeline_->drop(QStringLiteral("a.pdf"), "a");
+        pipeline_->drop(QStringLiteral("b.pdf"), "b");
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
+        QCOMPARE(pipeline_->listedNames(),
+                 (QStringList{QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50 (2).pdf"), finalName}));
+    }
+
+    void renameThatFailsIsNoFailure() {
+        pipeline_->server.setScript([](const HttpRequest &) {
+            return answering("{\"location\": \"" + QByteArray(300, 'x') + "\"}");
+        });
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(pipeline_->listedNames(), QStringList{QStringLiteral("a.pdf")});
+        QVERIFY(!pipeline_->receipts().first().error);
+        QVERIFY(!pipeline_->appState->lastError());
+    }
+
+    void receiptClearedDuringItsScanKeepsItsNameAndStaysAway() {
+        HttpReply slow = answering("{}");
+        slow.delay = std::chrono::milliseconds(300);
+        pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
+        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 1; }));
+        pipeline_->store->clearAll();
+        letTimePass(600);
+        QVERIFY(pipeline_->receipts().isEmpty());
+        QVERIFY(QFileInfo::exists(path));
+        pipeline_->start();
+        letTimePass(1500);
+        QVERIFY(pipeline_->receipts().isEmpty());
+    }
+
+private:
+    Surroundings surroundings_;
+    std::unique_ptr<PipelineUnderTest> pipeline_;
+};
+
+QTEST_MAIN(ScanRunTest)
+#include "scan_run_test.moc"

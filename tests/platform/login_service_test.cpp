@@ -1,0 +1,64 @@
+#include "platform/login_service.h"
+#include "settings/login_item.h"
+#include "support/temporary_home.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick;
+using test::readFile;
+using test::writeFile;
+
+class LoginServiceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        home_ = std::make_unique<test::TemporaryHome>();
+        entry_ = home_->path(QStringLiteral("config/autostart/org.fennick.Fennick.desktop"));
+    }
+
+    void registeringWritesAnAutostartEntryForThisProgram() {
+        QCOMPARE(LoginService::status(), LoginService::Status::notRegistered);
+        QVERIFY(setLaunchAtLogin(true));
+        QCOMPARE(LoginService::status(), LoginService::Status::enabled);
+        const QByteArray entry = readFile(entry_);
+        QVERIFY(entry.startsWith("[Desktop Entry]\nType=Application\nName=Fennick\n"));
+        QVERIFY(entry.contains("Exec=\"" + QCoreApplication::applicationFilePath().toUtf8() + "\"\n"));
+    }
+
+    void registeringTwiceDoesNotRegisterAgain() {
+        writeFile(entry_, "[Desktop Entry]\nExec=by-hand\n");
+        QVERIFY(setLaunchAtLogin(true));
+        QCOMPARE(readFile(entry_), QByteArray("[Desktop Entry]\nExec=by-hand\n"));
+    }
+
+    void entryThatIsSwitchedOffIsRegisteredAnew() {
+        writeFile(entry_, "[Desktop Entry]\nHidden=true\n");
+        QCOMPARE(LoginService::status(), LoginService::Status::notRegistered);
+        QVERIFY(setLaunchAtLogin(true));
+        QCOMPARE(LoginService::status(), LoginService::Status::enabled);
+    }
+
+    void unregisteringRemovesTheEntry() {
+        QVERIFY(setLaunchAtLogin(true));
+        QVERIFY(setLaunchAtLogin(false));
+        QVERIFY(!QFileInfo::exists(entry_));
+        QVERIFY(setLaunchAtLogin(false));
+    }
+
+    void failureIsToldByTheResult() {
+        writeFile(home_->path(QStringLiteral("config/autostart")), "a file where the folder should be");
+        QVERIFY(!setLaunchAtLogin(true));
+    }
+
+private:
+    std::unique_ptr<test::TemporaryHome> home_;
+    QString entry_;
+};
+
+QTEST_GUILESS_MAIN(LoginServiceTest)
+#include "login_service_test.moc"

@@ -1,0 +1,106 @@
+#include "platform/photo_library.h"
+#include "support/temporary_home.h"
+
+#include <QDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick;
+using test::readFile;
+using test::writeFile;
+
+class PhotoLibraryTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        home_ = std::make_unique<test::TemporaryHome>();
+        QDir().mkpath(home_->path(QStringLiteral("Pictures")));
+    }
+
+    void addsCopiesUnderTheirOwnNames() {
+        QVERIFY(PhotoLibrary::performChanges({{image("Lunch.jpg")}, {}, {}}));
+        QCOMPARE(readFile(home_->photoLibrary() + QStringLiteral("/Lunch.jpg")), QByteArray("Lunch.jpg"));
+        QVERIFY(QFile::exists(image("Lunch.jpg")));
+        QCOMPARE(entries(), QStringList{QStringLiteral("Lunch.jpg")});
+    }
+
+    void nameThatIsTakenGetsANumberAndNothingIsReplaced() {
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(PhotoLibrary::performChanges({{image("Lunch.jpg")}, {}, {}}));
+        }
+        QCOMPARE(entries(), (QStringList{QStringLiteral("Lunch (2).jpg"), QStringLiteral("Lunch (3).jpg"),
+                                         QStringLiteral("Lunch.jpg")}));
+    }
+
+    void newAlbumKeepsItsExactTitle() {
+        const QString title = QStringLiteral("Expenses: 2025-03-03");
+        QVERIFY(!PhotoLibrary::fetchAlbum(title));
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, title}));
+        const auto album = PhotoLibrary::fetchAlbum(title);
+        QVERIFY(album);
+        QCOMPARE(QDir(album->folder).dirName(), QStringLiteral("Expenses 2025-03-03"));
+        QCOMPARE(readFile(album->folder + QStringLiteral("/.album")), title.toUtf8());
+        QVERIFY(QFile::exists(album->folder + QStringLiteral("/a.jpg")));
+        QVERIFY(!PhotoLibrary::fetchAlbum(QStringLiteral("Expenses 2025-03-03")));
+    }
+
+    void existingAlbumIsAddedTo() {
+        const QString title = QStringLiteral("Trip");
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, title}));
+        const auto album = PhotoLibrary::fetchAlbum(title);
+        QVERIFY(PhotoLibrary::performChanges({{image("b.jpg")}, album, {}}));
+        QCOMPARE(QDir(album->folder).entryList(QDir::Files),
+                 (QStringList{QStringLiteral("a.jpg"), QStringLiteral("b.jpg")}));
+    }
+
+    void titlesThatShareAFolderNameGetFoldersOfTheirOwn() {
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, QStringLiteral("A: B")}));
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, QStringLiteral("A B")}));
+        QVERIFY(PhotoLibrary::fetchAlbum(QStringLiteral("A: B"))->folder !=
+                PhotoLibrary::fetchAlbum(QStringLiteral("A B"))->folder);
+    }
+
+    void failureHalfwayLeavesNothing() {
+        const QStringList images = {image("a.jpg"), home_->path(QStringLiteral("missing.jpg"))};
+        const auto added = PhotoLibrary::performChanges({images, {}, QStringLiteral("Trip")});
+        QVERIFY(!added);
+        QVERIFY(!added.error().isEmpty());
+        QVERIFY(entries().isEmpty());
+    }
+
+    void failureAfterTheFirstMoveTakesItBack() {
+        // The album disappears between the look-up and the change.
+        const PhotoLibrary::Album gone{home_->photoLibrary() + QStringLiteral("/gone")};
+        QVERIFY(!PhotoLibrary::performChanges({{image("a.jpg"), image("b.jpg")}, gone, {}}));
+        QVERIFY(entries().isEmpty());
+    }
+
+    void albumThatCannotBeMadeStillLeavesTheImagesAdded() {
+        // 300 characters make no folder name.
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, QStringLiteral("x").repeated(300)}));
+        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+    }
+
+    void libraryThatCannotBeMadeIsAnError() {
+        writeFile(home_->photoLibrary(), "a file where the library should be");
+        QVERIFY(!PhotoLibrary::performChanges({{image("a.jpg")}, {}, {}}));
+    }
+
+private:
+    QString image(const char *name) {
+        const QString path = home_->path(QStringLiteral("images/") + QString::fromUtf8(name));
+        writeFile(path, name);
+        return path;
+    }
+
+    QStringList entries() const {
+        return QDir(home_->photoLibrary()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    std::unique_ptr<test::TemporaryHome> home_;
+};
+
+QTEST_GUILESS_MAIN(PhotoLibraryTest)
+#include "photo_library_test.moc"

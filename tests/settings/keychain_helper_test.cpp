@@ -1,0 +1,72 @@
+#include "settings/keychain_helper.h"
+#include "support/private_session.h"
+#include "support/temporary_home.h"
+
+#include <QTest>
+
+using namespace fennick;
+
+class KeychainHelperTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { test::PrivateSession::clearKey(); }
+
+    void withoutAnItemThereIsNoKey() { QVERIFY(!KeychainHelper::apiKey()); }
+
+    void storedKeyIsFoundByOtherPrograms() {
+        KeychainHelper::setAPIKey(QStringLiteral("AIza-test"));
+        QCOMPARE(test::PrivateSession::lookUpKey(), QByteArray("AIza-test"));
+    }
+
+    void keyOfAnotherProgramIsFound() {
+        test::PrivateSession::storeKey("from-outside");
+        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("from-outside"));
+    }
+
+    void storingTwiceLeavesOneItemWithTheSecondKey() {
+        KeychainHelper::setAPIKey(QStringLiteral("first"));
+        KeychainHelper::setAPIKey(QStringLiteral("second"));
+        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("second"));
+        QCOMPARE(test::PrivateSession::keyCount(), 1);
+    }
+
+    void storingReplacesAnItemOfAnotherProgram() {
+        test::PrivateSession::storeKey("from-outside");
+        KeychainHelper::setAPIKey(QStringLiteral("second"));
+        QCOMPARE(test::PrivateSession::keyCount(), 1);
+    }
+
+    void clearingRemovesTheItemAndIsHarmlessWithoutOne() {
+        KeychainHelper::setAPIKey(QStringLiteral("key"));
+        KeychainHelper::clearAPIKey();
+        QVERIFY(!KeychainHelper::apiKey());
+        KeychainHelper::clearAPIKey();
+        QVERIFY(!KeychainHelper::apiKey());
+    }
+
+    void nonAsciiKeyReadsBackUnchanged() {
+        const QString key = QStringLiteral("  Schlüssel-鍵-\U0001F511 ");
+        KeychainHelper::setAPIKey(key);
+        QCOMPARE(KeychainHelper::apiKey(), key);
+    }
+
+    void emptyItemReadsAsEmptyText() {
+        KeychainHelper::setAPIKey(QString());
+        const auto key = KeychainHelper::apiKey();
+        QVERIFY(key);
+        QVERIFY(key->isEmpty());
+    }
+
+    void bytesThatAreNoUtf8ReadAsNoKey() {
+        test::PrivateSession::storeKey("\xFF\xFE");
+        QVERIFY(!KeychainHelper::apiKey());
+    }
+
+private:
+    test::TemporaryHome home_;
+    test::PrivateSession session_;
+};
+
+QTEST_GUILESS_MAIN(KeychainHelperTest)
+#include "keychain_helper_test.moc"

@@ -1,0 +1,71 @@
+#include "text/characters.h"
+
+#include <QTest>
+
+using namespace fennick;
+
+class CharactersTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void composedAndDecomposedTextsAreEqual() {
+        QVERIFY(canonicallyEqual(u"Caf\u00E9", u"Cafe\u0301"));
+        QVERIFY(!canonicallyEqual(u"Caf\u00E9", u"Cafe"));
+    }
+
+    void canonicalEqualityMindsLetterCase() { QVERIFY(!canonicallyEqual(u"Cafe", u"cafe")); }
+
+    void unpairedSurrogatesCompareWithoutHarm() {
+        const QString half(QChar(0xD83D));
+        QVERIFY(canonicallyEqual(half, half));
+        QVERIFY(!canonicallyEqual(half, u"x"));
+    }
+
+    void scalarOrderPutsEmojiAfterLastPlaneZeroCharacter() {
+        QVERIFY(compareScalars(u"\U0001F600", u"\uFFFD") > 0);
+        QVERIFY(compareScalars(u"2024", u"2025") < 0);
+        QCOMPARE(compareScalars(u"2024", u"2024"), 0);
+    }
+
+    void firstCharactersCountsWhatAPersonSees() {
+        const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467"); // one character
+        const QString text = QStringLiteral("e\u0301") + family + QStringLiteral("xyz");
+        QCOMPARE(firstCharacters(text, 1), QStringLiteral("e\u0301"));
+        QCOMPARE(firstCharacters(text, 2), QStringLiteral("e\u0301") + family);
+        QCOMPARE(firstCharacters(text, 3), QStringLiteral("e\u0301") + family + u'x');
+    }
+
+    void firstCharactersNeverSplitsASurrogatePair() {
+        const QString faces = QStringLiteral("\U0001F600").repeated(600);
+        QCOMPARE(firstCharacters(faces, 500).size(), 1000);
+    }
+
+    void firstCharactersLeavesShortTextsWhole() {
+        QCOMPARE(firstCharacters(QStringLiteral("short"), 500), QStringLiteral("short"));
+        QCOMPARE(firstCharacters(QString(), 500), QString());
+    }
+
+    void unpairedSurrogatesAreReplaced() {
+        const QString broken = u'a' + QString(QChar(0xD83D)) + u'b';
+        QCOMPARE(wellFormed(broken), QStringLiteral("a\uFFFDb"));
+        QCOMPARE(wellFormed(QStringLiteral("a\U0001F600b")), QStringLiteral("a\U0001F600b"));
+    }
+
+    void firstCharacterTakesTheFullUpperCaseMapping() {
+        QCOMPARE(firstCharacterUpperCased(QStringLiteral("ßtraße")), QStringLiteral("SStraße"));
+        QCOMPARE(firstCharacterUpperCased(QStringLiteral("ﬁsh")), QStringLiteral("FIsh"));
+        QCOMPARE(firstCharacterUpperCased(QStringLiteral("e\u0301clair")), QStringLiteral("E\u0301clair"));
+        QCOMPARE(firstCharacterUpperCased(QStringLiteral("lUNCH")), QStringLiteral("LUNCH"));
+        QCOMPARE(firstCharacterUpperCased(QString()), QString());
+    }
+
+    void caseMappingIgnoresTheUsersLocale() {
+        QLocale::setDefault(QLocale(QLocale::Turkish));
+        QCOMPARE(upperCased(QStringLiteral("i")), QStringLiteral("I"));
+        QCOMPARE(lowerCased(QStringLiteral("PDF I")), QStringLiteral("pdf i"));
+        QLocale::setDefault(QLocale::c());
+    }
+};
+
+QTEST_GUILESS_MAIN(CharactersTest)
+#include "characters_test.moc"

@@ -1,0 +1,39 @@
+#include "text/number_text.h"
+
+#include <QTest>
+
+#include <clocale>
+#include <limits>
+
+using namespace fennick;
+
+class NumberTextTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void writesTwoDecimalsWithoutGrouping() {
+        QCOMPARE(twoDecimals(1234567.5), QStringLiteral("1234567.50"));
+        QCOMPARE(twoDecimals(0), QStringLiteral("0.00"));
+        QCOMPARE(twoDecimals(-3.456), QStringLiteral("-3.46"));
+    }
+
+    void roundsTheExactBinaryValueLikeTheCFormat_data() {
+        QTest::addColumn<double>("value");
+        for (const double value : {0.125, 0.375, 2.675, 1.005, 1e15 + 0.5, 0.005, 1e-9, 1e308}) {
+            QTest::addRow("%g", value) << value;
+        }
+    }
+    void roundsTheExactBinaryValueLikeTheCFormat() {
+        QFETCH(double, value);
+        std::array<char, 400> expected;
+        std::snprintf(expected.data(), expected.size(), "%.2f", value);
+        QCOMPARE(twoDecimals(value), QString::fromLatin1(expected.data()));
+    }
+
+    void holdsTheLongestValue() {
+        QCOMPARE(twoDecimals(std::numeric_limits<double>::lowest()).size(), 1 + 309 + 3);
+    }
+};
+
+QTEST_GUILESS_MAIN(NumberTextTest)
+#include "number_text_test.moc"

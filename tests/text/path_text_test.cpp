@@ -1,0 +1,41 @@
+#include "text/path_text.h"
+
+#include <QTest>
+
+using namespace fennick;
+
+class PathTextTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void splitsNamesAtTheLastDot_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("stem");
+        QTest::addColumn<QString>("extension");
+        const auto add = [](const char *path, const char *stem, const char *extension) {
+            QTest::newRow(path) << QString::fromUtf8(path) << QString::fromUtf8(stem)
+                                << QString::fromUtf8(extension);
+        };
+        add("/a/b/scan.pdf", "scan", "pdf");
+        add("a.b.pdf", "a.b", "pdf");
+        add("/a.b/scan", "scan", "");
+        add("scan.", "scan.", "");
+        add(".pdf", ".pdf", "");
+        add(".hidden.PDF", ".hidden", "PDF");
+        add("", "", "");
+        add("/a/b/", "", "");
+    }
+    void splitsNamesAtTheLastDot() {
+        QFETCH(QString, path);
+        QTEST(nameWithoutExtension(path), "stem");
+        QTEST(pathExtension(path), "extension");
+    }
+
+    void lastComponentIsWhatFollowsTheLastSlash() {
+        QCOMPARE(lastPathComponent(QStringLiteral("/a/b.pdf")), QStringLiteral("b.pdf"));
+        QCOMPARE(lastPathComponent(QStringLiteral("b.pdf")), QStringLiteral("b.pdf"));
+    }
+};
+
+QTEST_GUILESS_MAIN(PathTextTest)
+#include "path_text_test.moc"

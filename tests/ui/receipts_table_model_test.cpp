@@ -1,0 +1,120 @@
+#include "support/receipts.h"
+#include "support/temporary_home.h"
+#include "ui/receipts_table_model.h"
+
+#include <QAbstractItemModelTester>
+#include <QLocale>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+using Model = ReceiptsTableModel;
+
+class ReceiptsTableModelTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        home_ = std::make_unique<TemporaryHome>();
+        store_ = std::make_unique<ReceiptStore>();
+        model_ = std::make_unique<Model>(store_.get());
+        tester_ = std::make_unique<QAbstractItemModelTester>(model_.get());
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    }
+
+    void rowsFollowTheStoreOneByOne() {
+        QSignalSpy inserted(model_.get(), &Model::rowsInserted);
+        QSignalSpy changed(model_.get(), &Model::dataChanged);
+        QSignalSpy reset(model_.get(), &Model::modelReset);
+        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        store_->add(receipt);
+        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        QCOMPARE(inserted.size(), 2);
+        QCOMPARE(model_->rowCount(), 2);
+        receipt.summary = QStringLiteral("changed");
+        store_->update(receipt);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.first().first().toModelIndex().row(), 0);
+        QVERIFY(reset.isEmpty());
+        store_->clearAll();
+        QCOMPARE(model_->rowCount(), 0);
+    }
+
+    void receiptWithAnotherMomentMoves() {
+        Receipt older = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        older.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
+        Receipt newer = finishedReceipt(QStringLiteral("/w/b.pdf"));
+        newer.scannedAt = QStringLiteral("2025-01-01T00:00:02Z");
+        store_->add(older);
+        store_->add(newer);
+        QSignalSpy moved(model_.get(), &Model::rowsMoved);
+        older.scannedAt = QStringLiteral("2025-01-01T00:00:03Z");
+        store_->update(older);
+        newer.scannedAt = QStringLiteral("2025-01-01T00:00:04Z");
+        store_->update(newer);
+        newer.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
+        store_->update(newer);
+        QCOMPARE(moved.size(), 3);
+        QCOMPARE(store_->receipts().first().id, older.id);
+    }
+
+    void cellsShowTheReceipt() {
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        QCOMPARE(text(Model::dateColumn), QStringLiteral("2024-05-01"));
+        QCOMPARE(text(Model::amountColumn), QStringLiteral("$23.50"));
+        QCOMPARE(text(Model::locationColumn), QStringLiteral("Mario's Cafe"));
+        QCOMPARE(text(Model::categoryColumn), QStringLiteral("Lunch"));
+        QCOMPARE(text(Model::summaryColumn), QStringLiteral("Lunch at Mario's Cafe for $23.50"));
+    }
+
+    void absentValuesShowADash() {
+        store_->add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        for (const int column :
+             {Model::dateColumn, Model::amountColumn, Model::locationColumn, Model::summaryColumn}) {
+            QCOMPARE(text(column), QStringLiteral("—"));
+        }
+        QCOMPARE(text(Model::categoryColumn), QStringLiteral("Misc"));
+    }
+
+    void statusIsToldInWordsToo() {
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        store_->add(receipt);
+        QCOMPARE(accessibleStatus(), QStringLiteral("Processing"));
+        receipt.status = ReceiptStatus::done;
+        store_->update(receipt);
+        QCOMPARE(accessibleStatus(), QStringLiteral("Done"));
+        receipt.status = ReceiptStatus::error;
+        store_->update(receipt);
+        QCOMPARE(accessibleStatus(), QStringLiteral("Error"));
+        receipt.error = QStringLiteral("Gemini API error: 500");
+        store_->update(receipt);
+        QCOMPARE(accessibleStatus(), QStringLiteral("Gemini API error: 500"));
+    }
+
+    void toolTipTakesNoMarkupFromOutside() {
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.status = ReceiptStatus::error;
+        receipt.error = QStringLiteral("<b>&");
+        store_->add(receipt);
+        const QString toolTip = model_->index(0, Model::statusColumn).data(Qt::ToolTipRole).toString();
+        QVERIFY(toolTip.contains(u"&lt;b&gt;&amp;"));
+    }
+
+private:
+    QString text(int column) const { return model_->index(0, column).data().toString(); }
+
+    QString accessibleStatus() const {
+        return model_->index(0, Model::statusColumn).data(Qt::AccessibleTextRole).toString();
+    }
+
+    std::unique_ptr<TemporaryHome> home_;
+    std::unique_ptr<ReceiptStore> store_;
+    std::unique_ptr<Model> model_;
+    std::unique_ptr<QAbstractItemModelTester> tester_;
+};
+
+QTEST_GUILESS_MAIN(ReceiptsTableModelTest)
+#include "receipts_table_model_test.moc"
