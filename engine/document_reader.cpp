@@ -15,8 +15,9 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int pageLimit = 5;
-// Callers give up after a minute; what was read by then is worth more than nothing.
-constexpr auto recognitionTime = 40s;
+// For all pages. Callers give up after a minute, part of which a document may have waited for its turn; the
+// pages read by then are worth more than nothing. A page takes a second or so.
+constexpr auto recognitionTime = 25s;
 
 // The header may follow up to a kilobyte of other bytes (PDF 1.7, annex H, note 13).
 bool looksLikePdf(const QByteArray &bytes) {

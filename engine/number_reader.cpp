@@ -16,7 +16,7 @@ namespace {
 // follows, so that "2 100.00" on an item line stays two numbers.
 const QRegularExpression &numberPattern() {
     static const QRegularExpression pattern(
-        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?:[  ]\d{3})+(?=,\d{2}(?!\d))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?: \d{3})+(?=,\d{2}(?!\d))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
     return pattern;
 }
 

@@ -22,8 +22,8 @@ public:
     // False when the language data is missing; nothing can be recognised then.
     bool isReady() const;
 
-    // The lines of `picture`, from top to bottom, boxes in its pixels. What is not read when `deadline`
-    // passes is left out.
+    // The lines of `picture`, from top to bottom, boxes in its pixels. None when `deadline` passes first:
+    // Tesseract gives a page whole or not at all.
     QList<TextLine> recognise(const QImage &picture, int page, QDeadlineTimer deadline);
 
 private:

@@ -31,8 +31,9 @@ bool transform(QImage &image, const ColourProfile &profile, cmsUInt32Number pixe
         cmsCreateTransform(profile.get(), pixelFormat, srgb.get(), rgbPixel, INTENT_PERCEPTUAL,
                            cmsFLAGS_NOCACHE),
         cmsDeleteTransform);
-    if (!steps)
+    if (!steps) {
         return false;
+    }
     for (int y = 0; y < image.height(); ++y) {
         uchar *row = image.scanLine(y);
         cmsDoTransform(steps.get(), row, row, static_cast<cmsUInt32Number>(image.width()));
@@ -64,8 +65,9 @@ using ToneCurve = std::unique_ptr<cmsToneCurve, void (*)(cmsToneCurve *)>;
 // count as the sRGB curve, which is what still pictures tagged with them were made for.
 ToneCurve toneCurveOf(int codePoint) {
     constexpr int linear = 8;
-    if (codePoint == linear)
+    if (codePoint == linear) {
         return ToneCurve(cmsBuildGamma(nullptr, 1.0), cmsFreeToneCurve);
+    }
     constexpr int parametricType = 4;
     constexpr std::array<cmsFloat64Number, 5> srgb{2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
     return ToneCurve(cmsBuildParametricToneCurve(nullptr, parametricType, srgb.data()), cmsFreeToneCurve);
@@ -90,8 +92,9 @@ void convertIdealInks(QImage &image, bool inverted) {
 } // namespace
 
 ColourProfile profileFromIcc(const QByteArray &iccProfile) {
-    if (iccProfile.isEmpty())
+    if (iccProfile.isEmpty()) {
         return owned(nullptr);
+    }
     return owned(
         cmsOpenProfileFromMem(iccProfile.constData(), static_cast<cmsUInt32Number>(iccProfile.size())));
 }
@@ -100,8 +103,9 @@ ColourProfile profileFromCodePoints(int colourPrimaries, int transferCharacteris
     constexpr int sameAsSrgb = 1;
     constexpr int linear = 8;
     const auto primaries = primariesOf(colourPrimaries);
-    if (!primaries || (colourPrimaries == sameAsSrgb && transferCharacteristics != linear))
+    if (!primaries || (colourPrimaries == sameAsSrgb && transferCharacteristics != linear)) {
         return owned(nullptr);
+    }
     constexpr cmsCIExyY daylight{0.3127, 0.3290, 1};
     const ToneCurve curve = toneCurveOf(transferCharacteristics);
     const std::array<cmsToneCurve *, 3> curves{curve.get(), curve.get(), curve.get()};
@@ -109,19 +113,22 @@ ColourProfile profileFromCodePoints(int colourPrimaries, int transferCharacteris
 }
 
 void convertToSrgb(QImage &image, const ColourProfile &profile) {
-    if (!profile)
+    if (!profile) {
         return;
+    }
     const auto space = cmsGetColorSpace(profile.get());
-    if (space == cmsSigRgbData)
+    if (space == cmsSigRgbData) {
         transform(image, profile, rgbPixel);
-    else if (space == cmsSigGrayData)
+    } else if (space == cmsSigGrayData) {
         transform(image, profile, greyInRgbPixel);
+    }
 }
 
 void convertCmykToRgb(QImage &image, const ColourProfile &profile, bool inverted) {
     const bool usable = profile && cmsGetColorSpace(profile.get()) == cmsSigCmykData;
-    if (!usable || !transform(image, profile, inverted ? TYPE_CMYK_8_REV : TYPE_CMYK_8))
+    if (!usable || !transform(image, profile, inverted ? TYPE_CMYK_8_REV : TYPE_CMYK_8)) {
         convertIdealInks(image, inverted);
+    }
 }
 
 } // namespace fennick

@@ -32,22 +32,26 @@ std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
     QImageReader reader(&buffer, format);
     reader.setAutoTransform(false);
     const QSize size = reader.size();
-    if (!isAcceptablePixelCount(size.width(), size.height()))
+    if (!isAcceptablePixelCount(size.width(), size.height())) {
         return std::nullopt;
+    }
 
     // A palette with transparent entries turns black on the way through formats without alpha.
     QImage image = reader.read();
     image.convertTo(QImage::Format_ARGB32);
-    if (image.isNull())
+    if (image.isNull()) {
         return std::nullopt;
-    if (image.colorSpace() != QColorSpace(QColorSpace::SRgb))
+    }
+    if (image.colorSpace() != QColorSpace(QColorSpace::SRgb)) {
         convertToSrgb(image, profileFromIcc(image.colorSpace().iccProfile()));
+    }
     return yuvPictureOnWhite(std::move(image));
 }
 
 std::optional<StoredPicture> stored(std::optional<YuvPicture> picture, int orientation) {
-    if (!picture)
+    if (!picture) {
         return std::nullopt;
+    }
     return StoredPicture{std::move(*picture), orientation, {}};
 }
 
@@ -56,8 +60,9 @@ std::optional<StoredPicture> stored(std::optional<YuvPicture> picture, int orien
 std::optional<YuvPicture> yuvPictureOnWhite(QImage image) {
     blendOntoWhite(image);
     YuvPicture picture = yuvPictureFromRgb(image, Chroma::full);
-    if (picture.planes.empty())
+    if (picture.planes.empty()) {
         return std::nullopt;
+    }
     return picture;
 }
 

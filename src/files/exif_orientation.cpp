@@ -12,8 +12,8 @@ constexpr int upright = 1;
 class TiffNumbers {
 public:
     TiffNumbers(QByteArrayView data, bool bigEndian)
-        : m_data(data)
-        , m_bigEndian(bigEndian) {}
+        : data_(data)
+        , bigEndian_(bigEndian) {}
 
     quint16 at16(qsizetype offset) const { return read<quint16>(offset); }
     quint32 at32(qsizetype offset) const { return read<quint32>(offset); }
@@ -21,25 +21,28 @@ public:
 private:
     template <typename Number>
     Number read(qsizetype offset) const {
-        if (offset < 0 || offset > m_data.size() - qsizetype(sizeof(Number)))
+        if (offset < 0 || offset > data_.size() - qsizetype(sizeof(Number))) {
             return 0;
-        const char *position = m_data.data() + offset;
-        return m_bigEndian ? qFromBigEndian<Number>(position) : qFromLittleEndian<Number>(position);
+        }
+        const char *position = data_.data() + offset;
+        return bigEndian_ ? qFromBigEndian<Number>(position) : qFromLittleEndian<Number>(position);
     }
 
-    QByteArrayView m_data;
-    bool m_bigEndian;
+    QByteArrayView data_;
+    bool bigEndian_;
 };
 
 } // namespace
 
 int exifOrientation(QByteArrayView exif) {
     constexpr QByteArrayView mark("Exif\0\0", 6);
-    if (exif.startsWith(mark))
+    if (exif.startsWith(mark)) {
         exif = exif.sliced(mark.size());
+    }
     const bool bigEndian = exif.startsWith("MM");
-    if (!bigEndian && !exif.startsWith("II"))
+    if (!bigEndian && !exif.startsWith("II")) {
         return upright;
+    }
 
     constexpr quint16 orientationTag = 0x0112;
     constexpr quint16 shortType = 3;
@@ -49,8 +52,9 @@ int exifOrientation(QByteArrayView exif) {
     const int entryCount = numbers.at16(directory);
     for (int index = 0; index < entryCount; ++index) {
         const qsizetype entry = directory + 2 + index * entrySize;
-        if (numbers.at16(entry) != orientationTag || numbers.at16(entry + 2) != shortType)
+        if (numbers.at16(entry) != orientationTag || numbers.at16(entry + 2) != shortType) {
             continue;
+        }
         const int value = numbers.at16(entry + 8);
         return value >= 1 && value <= 8 ? value : upright;
     }
@@ -63,10 +67,12 @@ int pngOrientation(QByteArrayView file) {
     qsizetype position = signatureSize;
     while (position <= file.size() - framing) {
         const qsizetype length = qFromBigEndian<quint32>(file.data() + position);
-        if (length > file.size() - position - framing)
+        if (length > file.size() - position - framing) {
             return upright;
-        if (file.sliced(position + 4, 4) == QByteArrayView("eXIf"))
+        }
+        if (file.sliced(position + 4, 4) == QByteArrayView("eXIf")) {
             return exifOrientation(file.sliced(position + 8, length));
+        }
         position += framing + length;
     }
     return upright;
@@ -78,10 +84,12 @@ int webpOrientation(QByteArrayView file) {
     qsizetype position = riffHeaderSize;
     while (position <= file.size() - framing) {
         const qsizetype length = qFromLittleEndian<quint32>(file.data() + position + 4);
-        if (length > file.size() - position - framing)
+        if (length > file.size() - position - framing) {
             return upright;
-        if (file.sliced(position, 4) == QByteArrayView("EXIF"))
+        }
+        if (file.sliced(position, 4) == QByteArrayView("EXIF")) {
             return exifOrientation(file.sliced(position + framing, length));
+        }
         position += framing + length + (length & 1);
     }
     return upright;

@@ -35,25 +35,29 @@ ColourProfile profileOf(const heif_image_handle *handle) {
     const std::size_t size = heif_image_handle_get_raw_color_profile_size(handle);
     if (size > 0 && size <= maximumFileSize) {
         QByteArray icc(static_cast<qsizetype>(size), Qt::Uninitialized);
-        if (succeeded(heif_image_handle_get_raw_color_profile(handle, icc.data())))
+        if (succeeded(heif_image_handle_get_raw_color_profile(handle, icc.data()))) {
             return profileFromIcc(icc);
+        }
     }
     heif_color_profile_nclx *found = nullptr;
-    if (!succeeded(heif_image_handle_get_nclx_color_profile(handle, &found)))
+    if (!succeeded(heif_image_handle_get_nclx_color_profile(handle, &found))) {
         return profileFromIcc({});
+    }
     const CodePoints codePoints(found);
     return profileFromCodePoints(codePoints->color_primaries, codePoints->transfer_characteristics);
 }
 
 Picture pixelsOf(const heif_image_handle *handle) {
     const DecodingOptions options(heif_decoding_options_alloc());
-    if (!options)
+    if (!options) {
         return nullptr;
+    }
     options->convert_hdr_to_8bit = 1;
     heif_image *decoded = nullptr;
     if (!succeeded(heif_decode_image(handle, &decoded, heif_colorspace_RGB, heif_chroma_interleaved_RGBA,
-                                     options.get())))
+                                     options.get()))) {
         return nullptr;
+    }
     return Picture(decoded);
 }
 
@@ -62,8 +66,9 @@ QImage copied(const heif_image *picture, bool premultiplied) {
     const std::uint8_t *pixels = heif_image_get_plane_readonly(picture, heif_channel_interleaved, &stride);
     const int width = heif_image_get_width(picture, heif_channel_interleaved);
     const int height = heif_image_get_height(picture, heif_channel_interleaved);
-    if (!pixels || !isAcceptablePixelCount(width, height))
+    if (!pixels || !isAcceptablePixelCount(width, height)) {
         return {};
+    }
     const QImage view(pixels, width, height, stride,
                       premultiplied ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBA8888);
     return view.convertToFormat(QImage::Format_ARGB32);
@@ -80,8 +85,9 @@ bool looksLikeHeif(const QByteArray &file) {
 
 std::optional<StoredPicture> decodeHeif(const QByteArray &file) {
     const Context context(heif_context_alloc());
-    if (!context)
+    if (!context) {
         return std::nullopt;
+    }
     // The limit is the side of a square, for the coded picture and each of its tiles.
     constexpr int sideOfLargestSquare = 14142;
     static_assert(isAcceptablePixelCount(sideOfLargestSquare, sideOfLargestSquare));
@@ -89,23 +95,28 @@ std::optional<StoredPicture> decodeHeif(const QByteArray &file) {
     heif_image_handle *found = nullptr;
     if (!succeeded(heif_context_read_from_memory_without_copy(
             context.get(), file.constData(), static_cast<std::size_t>(file.size()), nullptr)) ||
-        !succeeded(heif_context_get_primary_image_handle(context.get(), &found)))
+        !succeeded(heif_context_get_primary_image_handle(context.get(), &found))) {
         return std::nullopt;
+    }
     const Handle handle(found);
-    if (!isAcceptablePixelCount(heif_image_handle_get_width(found), heif_image_handle_get_height(found)))
+    if (!isAcceptablePixelCount(heif_image_handle_get_width(found), heif_image_handle_get_height(found))) {
         return std::nullopt;
+    }
 
     Picture pixels = pixelsOf(found);
-    if (!pixels)
+    if (!pixels) {
         return std::nullopt;
+    }
     QImage image = copied(pixels.get(), heif_image_handle_is_premultiplied_alpha(found) != 0);
     pixels.reset();
-    if (image.isNull())
+    if (image.isNull()) {
         return std::nullopt;
+    }
     convertToSrgb(image, profileOf(found));
     auto picture = yuvPictureOnWhite(std::move(image));
-    if (!picture)
+    if (!picture) {
         return std::nullopt;
+    }
     // An orientation in the file's EXIF data repeats what the decoder has already done.
     constexpr int upright = 1;
     return StoredPicture{std::move(*picture), upright, {}};

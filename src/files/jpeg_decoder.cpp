@@ -34,8 +34,9 @@ struct ErrorHandler {
 
 // Warnings of libjpeg mean grey or displaced blocks in the picture, but for a few that leave it whole.
 void leaveUnlessHarmless(j_common_ptr codec, int level) {
-    if (level >= 0)
+    if (level >= 0) {
         return;
+    }
     switch (codec->err->msg_code) {
     case JWRN_EXTRANEOUS_DATA:
     case JWRN_ADOBE_XFORM:
@@ -49,8 +50,9 @@ void leaveUnlessHarmless(j_common_ptr codec, int level) {
 }
 
 void leaveAfterTooManyScans(j_common_ptr codec) {
-    if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > maximumScanCount)
+    if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > maximumScanCount) {
         leave(codec);
+    }
 }
 
 void printNothing(j_common_ptr) {}
@@ -60,7 +62,7 @@ void printNothing(j_common_ptr) {}
 class Decompressor {
 public:
     explicit Decompressor(const QByteArray &file);
-    ~Decompressor() { jpeg_destroy_decompress(&m_codec); }
+    ~Decompressor() { jpeg_destroy_decompress(&codec_); }
     Q_DISABLE_COPY_MOVE(Decompressor)
 
     bool readHeader();
@@ -68,98 +70,106 @@ public:
     bool readPlanes(YuvPicture &picture);
     bool readPixels(QImage &image, J_COLOR_SPACE pixelFormat);
 
-    const jpeg_decompress_struct &codec() const { return m_codec; }
+    const jpeg_decompress_struct &codec() const { return codec_; }
     bool hasUsualPlanes() const;
     int orientation() const;
 
 private:
-    const QByteArray &m_file;
-    ErrorHandler m_errors{};
-    jpeg_progress_mgr m_progress{};
-    jpeg_decompress_struct m_codec{};
+    const QByteArray &file_;
+    ErrorHandler errors_{};
+    jpeg_progress_mgr progress_{};
+    jpeg_decompress_struct codec_{};
 };
 
 Decompressor::Decompressor(const QByteArray &file)
-    : m_file(file) {
-    m_codec.err = jpeg_std_error(&m_errors.base);
-    m_errors.base.error_exit = leave;
-    m_errors.base.emit_message = leaveUnlessHarmless;
-    m_errors.base.output_message = printNothing;
+    : file_(file) {
+    codec_.err = jpeg_std_error(&errors_.base);
+    errors_.base.error_exit = leave;
+    errors_.base.emit_message = leaveUnlessHarmless;
+    errors_.base.output_message = printNothing;
 }
 
 bool Decompressor::readHeader() {
-    if (setjmp(m_errors.escape) != 0)
+    if (setjmp(errors_.escape) != 0) {
         return false;
-    jpeg_create_decompress(&m_codec);
-    m_progress.progress_monitor = leaveAfterTooManyScans;
-    m_codec.progress = &m_progress;
-    jpeg_mem_src(&m_codec, reinterpret_cast<const unsigned char *>(m_file.constData()),
-                 static_cast<unsigned long>(m_file.size()));
-    jpeg_save_markers(&m_codec, JPEG_APP0 + 1, 0xFFFF);
-    jpeg_save_markers(&m_codec, JPEG_APP0 + 2, 0xFFFF);
-    return jpeg_read_header(&m_codec, TRUE) == JPEG_HEADER_OK;
+    }
+    jpeg_create_decompress(&codec_);
+    progress_.progress_monitor = leaveAfterTooManyScans;
+    codec_.progress = &progress_;
+    jpeg_mem_src(&codec_, reinterpret_cast<const unsigned char *>(file_.constData()),
+                 static_cast<unsigned long>(file_.size()));
+    jpeg_save_markers(&codec_, JPEG_APP0 + 1, 0xFFFF);
+    jpeg_save_markers(&codec_, JPEG_APP0 + 2, 0xFFFF);
+    return jpeg_read_header(&codec_, TRUE) == JPEG_HEADER_OK;
 }
 
 bool Decompressor::readProfile(JOCTET **bytes, unsigned *size) {
-    if (setjmp(m_errors.escape) != 0)
+    if (setjmp(errors_.escape) != 0) {
         return false;
-    return jpeg_read_icc_profile(&m_codec, bytes, size) != 0;
+    }
+    return jpeg_read_icc_profile(&codec_, bytes, size) != 0;
 }
 
 bool Decompressor::readPlanes(YuvPicture &picture) {
-    if (setjmp(m_errors.escape) != 0)
+    if (setjmp(errors_.escape) != 0) {
         return false;
-    m_codec.raw_data_out = TRUE;
-    m_codec.out_color_space = m_codec.jpeg_color_space;
-    jpeg_start_decompress(&m_codec);
+    }
+    codec_.raw_data_out = TRUE;
+    codec_.out_color_space = codec_.jpeg_color_space;
+    jpeg_start_decompress(&codec_);
     JSAMPROW rows[MAX_COMPONENTS][planeRowsAtOnce];
     JSAMPARRAY planes[MAX_COMPONENTS];
     int blockRow = 0;
-    while (m_codec.output_scanline < m_codec.output_height) {
-        for (int index = 0; index < m_codec.num_components; ++index) {
+    while (codec_.output_scanline < codec_.output_height) {
+        for (int index = 0; index < codec_.num_components; ++index) {
             Plane &plane = picture.planes[static_cast<std::size_t>(index)];
-            const int rowCount = m_codec.comp_info[index].v_samp_factor * DCTSIZE;
-            for (int row = 0; row < rowCount; ++row)
+            const int rowCount = codec_.comp_info[index].v_samp_factor * DCTSIZE;
+            for (int row = 0; row < rowCount; ++row) {
                 rows[index][row] = plane.row(blockRow * rowCount + row);
+            }
             planes[index] = rows[index];
         }
-        const auto lines = static_cast<JDIMENSION>(m_codec.max_v_samp_factor * DCTSIZE);
-        jpeg_read_raw_data(&m_codec, planes, lines);
+        const auto lines = static_cast<JDIMENSION>(codec_.max_v_samp_factor * DCTSIZE);
+        jpeg_read_raw_data(&codec_, planes, lines);
         ++blockRow;
     }
     return true;
 }
 
 bool Decompressor::readPixels(QImage &image, J_COLOR_SPACE pixelFormat) {
-    if (setjmp(m_errors.escape) != 0)
+    if (setjmp(errors_.escape) != 0) {
         return false;
-    m_codec.out_color_space = pixelFormat;
-    jpeg_start_decompress(&m_codec);
-    while (m_codec.output_scanline < m_codec.output_height) {
-        JSAMPROW row = image.scanLine(static_cast<int>(m_codec.output_scanline));
-        jpeg_read_scanlines(&m_codec, &row, 1);
+    }
+    codec_.out_color_space = pixelFormat;
+    jpeg_start_decompress(&codec_);
+    while (codec_.output_scanline < codec_.output_height) {
+        JSAMPROW row = image.scanLine(static_cast<int>(codec_.output_scanline));
+        jpeg_read_scanlines(&codec_, &row, 1);
     }
     return true;
 }
 
 bool Decompressor::hasUsualPlanes() const {
-    if (m_codec.num_components == 1)
-        return m_codec.jpeg_color_space == JCS_GRAYSCALE;
-    if (m_codec.num_components != 3 || m_codec.jpeg_color_space != JCS_YCbCr)
+    if (codec_.num_components == 1) {
+        return codec_.jpeg_color_space == JCS_GRAYSCALE;
+    }
+    if (codec_.num_components != 3 || codec_.jpeg_color_space != JCS_YCbCr) {
         return false;
-    const jpeg_component_info &luma = m_codec.comp_info[0];
-    const jpeg_component_info &blue = m_codec.comp_info[1];
-    const jpeg_component_info &red = m_codec.comp_info[2];
+    }
+    const jpeg_component_info &luma = codec_.comp_info[0];
+    const jpeg_component_info &blue = codec_.comp_info[1];
+    const jpeg_component_info &red = codec_.comp_info[2];
     return blue.h_samp_factor == red.h_samp_factor && blue.v_samp_factor == red.v_samp_factor &&
            luma.h_samp_factor % blue.h_samp_factor == 0 && luma.v_samp_factor % blue.v_samp_factor == 0;
 }
 
 int Decompressor::orientation() const {
     constexpr QByteArrayView exifMark("Exif\0\0", 6);
-    for (const jpeg_marker_struct *marker = m_codec.marker_list; marker; marker = marker->next) {
+    for (const jpeg_marker_struct *marker = codec_.marker_list; marker; marker = marker->next) {
         const QByteArrayView data(marker->data, static_cast<qsizetype>(marker->data_length));
-        if (marker->marker == JPEG_APP0 + 1 && data.startsWith(exifMark))
+        if (marker->marker == JPEG_APP0 + 1 && data.startsWith(exifMark)) {
             return exifOrientation(data);
+        }
     }
     return 1;
 }
@@ -167,8 +177,9 @@ int Decompressor::orientation() const {
 QByteArray iccProfileOf(Decompressor &decompressor) {
     JOCTET *bytes = nullptr;
     unsigned size = 0;
-    if (!decompressor.readProfile(&bytes, &size))
+    if (!decompressor.readProfile(&bytes, &size)) {
         return {};
+    }
     const QByteArray profile(reinterpret_cast<const char *>(bytes), static_cast<qsizetype>(size));
     std::free(bytes);
     return profile;
@@ -190,8 +201,9 @@ std::optional<YuvPicture> planesOf(Decompressor &decompressor) {
         const int height = (picture.height + perSampleY - 1) / perSampleY;
         picture.planes.emplace_back(width, height, width + DCTSIZE, height + planeRowsAtOnce);
     }
-    if (!decompressor.readPlanes(picture))
+    if (!decompressor.readPlanes(picture)) {
         return std::nullopt;
+    }
     return picture;
 }
 
@@ -200,16 +212,19 @@ std::optional<YuvPicture> planesOfPixels(Decompressor &decompressor, const Colou
     QImage image(static_cast<int>(codec.image_width), static_cast<int>(codec.image_height),
                  QImage::Format_RGB32);
     const bool inks = codec.num_components == 4;
-    if (image.isNull() || !decompressor.readPixels(image, inks ? JCS_CMYK : JCS_EXT_BGRX))
+    if (image.isNull() || !decompressor.readPixels(image, inks ? JCS_CMYK : JCS_EXT_BGRX)) {
         return std::nullopt;
+    }
     // Every program that writes the Adobe mark also writes inverted inks.
-    if (inks)
+    if (inks) {
         convertCmykToRgb(image, profile, codec.saw_Adobe_marker != 0);
-    else
+    } else {
         convertToSrgb(image, profile);
+    }
     YuvPicture picture = yuvPictureFromRgb(image, Chroma::full);
-    if (picture.planes.empty())
+    if (picture.planes.empty()) {
         return std::nullopt;
+    }
     return picture;
 }
 
@@ -217,10 +232,12 @@ std::optional<YuvPicture> planesOfPixels(Decompressor &decompressor, const Colou
 
 std::optional<StoredPicture> decodeJpeg(const QByteArray &file) {
     Decompressor decompressor(file);
-    if (!decompressor.readHeader())
+    if (!decompressor.readHeader()) {
         return std::nullopt;
-    if (!isAcceptablePixelCount(decompressor.codec().image_width, decompressor.codec().image_height))
+    }
+    if (!isAcceptablePixelCount(decompressor.codec().image_width, decompressor.codec().image_height)) {
         return std::nullopt;
+    }
 
     StoredPicture result;
     result.orientation = decompressor.orientation();
@@ -232,8 +249,9 @@ std::optional<StoredPicture> decodeJpeg(const QByteArray &file) {
     } else {
         picture = planesOfPixels(decompressor, profileFromIcc(profile));
     }
-    if (!picture)
+    if (!picture) {
         return std::nullopt;
+    }
     result.picture = std::move(*picture);
     return result;
 }

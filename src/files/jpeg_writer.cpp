@@ -23,8 +23,9 @@ struct FreeJpeg {
 // file with full chroma is half as large again.
 QByteArray encoded(const YuvPicture &picture) {
     const std::unique_ptr<void, int (*)(tjhandle)> encoder(tjInitCompress(), tjDestroy);
-    if (!encoder)
+    if (!encoder) {
         return {};
+    }
     std::array<const unsigned char *, 3> rows{};
     std::array<int, 3> strides{};
     for (std::size_t index = 0; index < picture.planes.size(); ++index) {
@@ -49,8 +50,9 @@ QByteArray profileSegments(const QByteArray &iccProfile) {
     constexpr qsizetype mostPieces = 255;
     const qsizetype pieces = (iccProfile.size() + largestPiece - 1) / largestPiece;
     QByteArray segments;
-    if (pieces > mostPieces)
+    if (pieces > mostPieces) {
         return segments;
+    }
     for (qsizetype piece = 0; piece < pieces; ++piece) {
         const QByteArray part = iccProfile.mid(piece * largestPiece, largestPiece);
         const auto length = qToBigEndian(static_cast<quint16>(2 + mark.size() + 2 + part.size()));
@@ -72,12 +74,14 @@ qsizetype endOfJfifSegment(const QByteArray &jpeg) {
 
 bool written(const QByteArray &bytes, const QString &path) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         return false;
+    }
     const bool complete = file.write(bytes) == bytes.size();
     file.close();
-    if (complete && file.error() == QFileDevice::NoError)
+    if (complete && file.error() == QFileDevice::NoError) {
         return true;
+    }
     file.remove();
     return false;
 }
@@ -87,10 +91,12 @@ bool written(const QByteArray &bytes, const QString &path) {
 bool writeJpeg(YuvPicture picture, const QByteArray &iccProfile, const QString &path) {
     picture.planes.front().extendByOne();
     QByteArray jpeg = encoded(picture);
-    if (jpeg.isEmpty())
+    if (jpeg.isEmpty()) {
         return false;
-    if (!iccProfile.isEmpty())
+    }
+    if (!iccProfile.isEmpty()) {
         jpeg.insert(endOfJfifSegment(jpeg), profileSegments(iccProfile));
+    }
     return written(jpeg, path);
 }
 

@@ -40,10 +40,11 @@ void copyRows(const Plane &source, Plane &target, Reading reading) {
     const int width = source.width();
     for (int y = 0; y < source.height(); ++y) {
         const std::uint8_t *from = source.row(reading.rowsBackwards ? source.height() - 1 - y : y);
-        if (reading.columnsBackwards)
+        if (reading.columnsBackwards) {
             std::reverse_copy(from, from + width, target.row(y));
-        else
+        } else {
             std::memcpy(target.row(y), from, static_cast<std::size_t>(width));
+        }
     }
 }
 
@@ -57,8 +58,9 @@ void transposeSquares(const Plane &source, Plane &target, Reading reading) {
             for (int y = top; y < bottom; ++y) {
                 const int column = reading.columnsBackwards ? source.width() - 1 - y : y;
                 std::uint8_t *to = target.row(y);
-                for (int x = left; x < right; ++x)
+                for (int x = left; x < right; ++x) {
                     to[x] = source.row(reading.rowsBackwards ? source.height() - 1 - x : x)[column];
+                }
             }
         }
     }
@@ -67,16 +69,18 @@ void transposeSquares(const Plane &source, Plane &target, Reading reading) {
 } // namespace
 
 YuvPicture uprightPicture(YuvPicture picture, int orientation) {
-    if (orientation <= 1 || orientation > 8)
+    if (orientation <= 1 || orientation > 8) {
         return picture;
+    }
     const Reading reading = readingFor(orientation);
     for (Plane &plane : picture.planes) {
         Plane turned = reading.rowsBecomeColumns ? Plane(plane.height(), plane.width())
                                                  : Plane(plane.width(), plane.height());
-        if (reading.rowsBecomeColumns)
+        if (reading.rowsBecomeColumns) {
             transposeSquares(plane, turned, reading);
-        else
+        } else {
             copyRows(plane, turned, reading);
+        }
         plane = std::move(turned);
     }
     if (reading.rowsBecomeColumns) {

@@ -28,18 +28,22 @@ constexpr Box fallbackBox{0, 0, 612, 792};
 Box mediaBoxOf(QPDFPageObjectHelper &page) {
     QPDFObjectHandle array = page.getAttribute("/MediaBox", false);
     Box box{};
-    if (!array.isArray() || array.getArrayNItems() != static_cast<int>(box.size()))
+    if (!array.isArray() || array.getArrayNItems() != static_cast<int>(box.size())) {
         return fallbackBox;
+    }
     for (std::size_t index = 0; index < box.size(); ++index) {
         QPDFObjectHandle number = array.getArrayItem(static_cast<int>(index));
-        if (!number.isNumber() || !std::isfinite(number.getNumericValue()))
+        if (!number.isNumber() || !std::isfinite(number.getNumericValue())) {
             return fallbackBox;
+        }
         box[index] = number.getNumericValue();
     }
-    if (box[0] > box[2])
+    if (box[0] > box[2]) {
         std::swap(box[0], box[2]);
-    if (box[1] > box[3])
+    }
+    if (box[1] > box[3]) {
         std::swap(box[1], box[3]);
+    }
     return box[0] < box[2] && box[1] < box[3] ? box : fallbackBox;
 }
 
@@ -61,16 +65,20 @@ bool hasReasonableDepth(QPDF &document) {
     while (!waiting.empty()) {
         Node node = waiting.back();
         waiting.pop_back();
-        if (node.level > mostLevels)
+        if (node.level > mostLevels) {
             return false;
-        if (!node.object.isDictionary())
+        }
+        if (!node.object.isDictionary()) {
             continue;
-        if (node.object.isIndirect() && !visited.insert(node.object.getObjGen()).second)
+        }
+        if (node.object.isIndirect() && !visited.insert(node.object.getObjGen()).second) {
             continue;
+        }
         QPDFObjectHandle kids = node.object.getKey("/Kids");
         const int kidCount = kids.isArray() ? kids.getArrayNItems() : 0;
-        for (int index = 0; index < kidCount; ++index)
+        for (int index = 0; index < kidCount; ++index) {
             waiting.push_back({kids.getArrayItem(index), node.level + 1});
+        }
     }
     return true;
 }
@@ -99,8 +107,9 @@ MediaBoxPdf cropped(QPDF &document) {
         const QSizeF size(box[2] - box[0], box[3] - box[1]);
         result.pageSizes.push_back(standsOnItsSide(page) ? size.transposed() : size);
     }
-    if (!result.pageSizes.empty())
+    if (!result.pageSizes.empty()) {
         result.bytes = rewritten(document);
+    }
     return result;
 }
 
@@ -108,15 +117,17 @@ MediaBoxPdf cropped(QPDF &document) {
 
 std::optional<MediaBoxPdf> readWithMediaBoxes(const QString &path) {
     const QFileInfo info(path);
-    if (!info.isFile() || info.size() > maximumFileSize)
+    if (!info.isFile() || info.size() > maximumFileSize) {
         return std::nullopt;
+    }
     // The library reports every failure by an exception; none goes further than this.
     try {
         QPDF document;
         document.setSuppressWarnings(true);
         document.processFile(QFile::encodeName(path).constData());
-        if (!hasReasonableDepth(document))
+        if (!hasReasonableDepth(document)) {
             return std::nullopt;
+        }
         return cropped(document);
     } catch (const std::exception &) {
         return std::nullopt;

@@ -30,8 +30,9 @@ double pixels(double points) {
 QSize pixelSize(QSizeF points) {
     const double width = pixels(points.width());
     const double height = pixels(points.height());
-    if (width * height > static_cast<double>(maximumPixelCount))
+    if (width * height > static_cast<double>(maximumPixelCount)) {
         return {};
+    }
     return QSize(static_cast<int>(width), static_cast<int>(height));
 }
 
@@ -39,41 +40,45 @@ QSize pixelSize(QSizeF points) {
 
 std::unique_ptr<PdfPages> PdfPages::open(const QString &path) {
     std::optional<MediaBoxPdf> pdf = readWithMediaBoxes(path);
-    if (!pdf)
+    if (!pdf) {
         return nullptr;
+    }
     std::unique_ptr<PdfPages> pages(new PdfPages(std::move(pdf->bytes), std::move(pdf->pageSizes)));
     // A document without pages is open, too; PDFium would call it an error.
-    if (pages->count() > 0 && pages->m_document->status() != QPdfDocument::Status::Ready)
+    if (pages->count() > 0 && pages->document_->status() != QPdfDocument::Status::Ready) {
         return nullptr;
+    }
     return pages;
 }
 
 PdfPages::PdfPages(QByteArray bytes, std::vector<QSizeF> pageSizes)
-    : m_bytes(std::move(bytes))
-    , m_pageSizes(std::move(pageSizes))
-    , m_buffer(std::make_unique<QBuffer>(&m_bytes)) {
-    m_buffer->open(QIODevice::ReadOnly);
+    : bytes_(std::move(bytes))
+    , pageSizes_(std::move(pageSizes))
+    , buffer_(std::make_unique<QBuffer>(&bytes_)) {
+    buffer_->open(QIODevice::ReadOnly);
     const std::scoped_lock lock(pdfiumMutex);
-    m_document = std::make_unique<QPdfDocument>();
-    if (count() > 0)
-        m_document->load(m_buffer.get());
+    document_ = std::make_unique<QPdfDocument>();
+    if (count() > 0) {
+        document_->load(buffer_.get());
+    }
 }
 
 PdfPages::~PdfPages() {
     const std::scoped_lock lock(pdfiumMutex);
-    m_document.reset();
+    document_.reset();
 }
 
 QImage PdfPages::render(int page) {
-    const QSize size = pixelSize(m_pageSizes[static_cast<std::size_t>(page)]);
-    if (size.isEmpty())
+    const QSize size = pixelSize(pageSizes_[static_cast<std::size_t>(page)]);
+    if (size.isEmpty()) {
         return {};
+    }
     QPdfDocumentRenderOptions options;
     options.setRenderFlags(QPdfDocumentRenderOptions::RenderFlag::Annotations);
     QImage image;
     {
         const std::scoped_lock lock(pdfiumMutex);
-        image = m_document->render(page, size, options);
+        image = document_->render(page, size, options);
     }
     // PDFium draws on transparent pixels.
     blendOntoWhite(image);

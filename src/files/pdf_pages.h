@@ -23,7 +23,7 @@ public:
     ~PdfPages();
     Q_DISABLE_COPY_MOVE(PdfPages)
 
-    int count() const { return static_cast<int>(m_pageSizes.size()); }
+    int count() const { return static_cast<int>(pageSizes_.size()); }
 
     // The page (first: 0), opaque. Null when it is too large or cannot be rendered.
     QImage render(int page);
@@ -31,10 +31,10 @@ public:
 private:
     PdfPages(QByteArray bytes, std::vector<QSizeF> pageSizes);
 
-    QByteArray m_bytes;
-    std::vector<QSizeF> m_pageSizes;
-    std::unique_ptr<QBuffer> m_buffer;
-    std::unique_ptr<QPdfDocument> m_document;
+    QByteArray bytes_;
+    std::vector<QSizeF> pageSizes_;
+    std::unique_ptr<QBuffer> buffer_;
+    std::unique_ptr<QPdfDocument> document_;
 };
 
 } // namespace fennick

@@ -15,8 +15,9 @@ namespace {
 // Empty when the file cannot be read. Anything but a regular file could keep the reader waiting for ever.
 QByteArray contentOf(const QString &path) {
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > maximumFileSize)
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > maximumFileSize) {
         return {};
+    }
     QByteArray content = file.read(maximumFileSize);
     return file.error() == QFileDevice::NoError ? content : QByteArray();
 }
@@ -25,14 +26,18 @@ QByteArray contentOf(const QString &path) {
 
 std::optional<StoredPicture> readPictureFile(const QString &path) {
     const QByteArray content = contentOf(path);
-    if (content.startsWith("\xFF\xD8\xFF"))
+    if (content.startsWith("\xFF\xD8\xFF")) {
         return decodeJpeg(content);
-    if (content.startsWith("\x89PNG\r\n\x1A\n"))
+    }
+    if (content.startsWith("\x89PNG\r\n\x1A\n")) {
         return decodePng(content);
-    if (content.startsWith("RIFF") && content.mid(8, 4) == QByteArrayView("WEBP"))
+    }
+    if (content.startsWith("RIFF") && content.mid(8, 4) == QByteArrayView("WEBP")) {
         return decodeWebp(content);
-    if (looksLikeHeif(content))
+    }
+    if (looksLikeHeif(content)) {
         return decodeHeif(content);
+    }
     return std::nullopt;
 }
 

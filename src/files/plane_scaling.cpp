@@ -26,8 +26,9 @@ zimg_image_format greyFormat(int width, int height) {
 
 bool run(const zimg_filter_graph *graph, const Plane &source, Plane &target) {
     std::size_t workSize = 0;
-    if (zimg_filter_graph_get_tmp_size(graph, &workSize) != ZIMG_ERROR_SUCCESS)
+    if (zimg_filter_graph_get_tmp_size(graph, &workSize) != ZIMG_ERROR_SUCCESS) {
         return false;
+    }
     // The plane type is simply a way to own aligned memory.
     constexpr int rowLength = 4096;
     Plane work(rowLength, static_cast<int>(workSize / rowLength) + 1);
@@ -62,11 +63,13 @@ std::optional<Plane> scaledPlane(const Plane &source, double usedWidth, double u
 
     const std::unique_ptr<zimg_filter_graph, decltype(&zimg_filter_graph_free)> graph(
         zimg_filter_graph_build(&from, &to, &parameters), zimg_filter_graph_free);
-    if (!graph)
+    if (!graph) {
         return std::nullopt;
+    }
     Plane result(width, height);
-    if (!run(graph.get(), source, result))
+    if (!run(graph.get(), source, result)) {
         return std::nullopt;
+    }
     return result;
 }
 
@@ -74,8 +77,9 @@ std::optional<Plane> scaledPlane(const Plane &source, double usedWidth, double u
 
 QSize fittedSize(QSize size, int longestSide) {
     const int longer = std::max(size.width(), size.height());
-    if (longer <= longestSide)
+    if (longer <= longestSide) {
         return size;
+    }
     const double factor = static_cast<double>(longestSide) / longer;
     const auto scaled = [factor](int length) {
         return std::max(1, static_cast<int>(std::lround(length * factor)));
@@ -87,8 +91,9 @@ std::optional<YuvPicture> scaledPicture(YuvPicture picture, QSize size) {
     const bool sameSize = size == QSize(picture.width, picture.height);
     const bool sameChroma =
         picture.isGrey() || (picture.lumaPerChromaX == perChroma && picture.lumaPerChromaY == perChroma);
-    if (sameSize && sameChroma)
+    if (sameSize && sameChroma) {
         return picture;
+    }
 
     YuvPicture result{size.width(), size.height(), perChroma, perChroma, {}};
     if (sameSize) {
@@ -96,8 +101,9 @@ std::optional<YuvPicture> scaledPicture(YuvPicture picture, QSize size) {
     } else {
         auto luma =
             scaledPlane(picture.planes.front(), picture.width, picture.height, size.width(), size.height());
-        if (!luma)
+        if (!luma) {
             return std::nullopt;
+        }
         result.planes.push_back(std::move(*luma));
     }
     const int chromaWidth = (size.width() + perChroma - 1) / perChroma;
@@ -108,8 +114,9 @@ std::optional<YuvPicture> scaledPicture(YuvPicture picture, QSize size) {
                               picture.lumaPerChromaY;
     for (std::size_t index = 1; index < picture.planes.size(); ++index) {
         auto chroma = scaledPlane(picture.planes[index], usedWidth, usedHeight, chromaWidth, chromaHeight);
-        if (!chroma)
+        if (!chroma) {
             return std::nullopt;
+        }
         result.planes.push_back(std::move(*chroma));
     }
     return result;

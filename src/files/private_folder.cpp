@@ -42,10 +42,12 @@ std::expected<QString, QString> ownFolder(const QString &path) {
     const QString fallback = path + u'-' + QString::number(::geteuid());
     for (const QString &candidate : {path, fallback}) {
         const QByteArray nativeCandidate = QFile::encodeName(candidate);
-        if (const int problem = createOwnerOnly(nativeCandidate); problem != 0 && problem != EEXIST)
+        if (const int problem = createOwnerOnly(nativeCandidate); problem != 0 && problem != EEXIST) {
             return failure(problem);
-        if (isOwnFolder(nativeCandidate))
+        }
+        if (isOwnFolder(nativeCandidate)) {
             return candidate;
+        }
     }
     return failure(EPERM);
 }
@@ -56,15 +58,18 @@ std::expected<QString, QString> createPrivateFolder() {
     const QString temporary = temporaryFolder();
     std::error_code error;
     std::filesystem::create_directories(temporary.toStdU16String(), error);
-    if (error)
+    if (error) {
         return failure(error.value());
+    }
 
     const auto parent = ownFolder(temporary + u"/FennickJPEG"_qs);
-    if (!parent)
+    if (!parent) {
         return parent;
+    }
     const QString folder = *parent + u'/' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-    if (const int problem = createOwnerOnly(QFile::encodeName(folder)); problem != 0)
+    if (const int problem = createOwnerOnly(QFile::encodeName(folder)); problem != 0) {
         return failure(problem);
+    }
     return folder;
 }
 

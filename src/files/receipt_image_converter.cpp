@@ -39,44 +39,53 @@ QString pageName(const QString &base, int page, int pageCount) {
 
 std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const QString &path) {
     QImage image = pages.render(page);
-    if (image.isNull())
+    if (image.isNull()) {
         return failure(Kind::renderFailed);
+    }
     YuvPicture picture = yuvPictureFromRgb(image, Chroma::quartered);
     image = {};
-    if (picture.planes.empty())
+    if (picture.planes.empty()) {
         return failure(Kind::renderFailed);
-    if (!writeJpeg(std::move(picture), {}, path))
+    }
+    if (!writeJpeg(std::move(picture), {}, path)) {
         return failure(Kind::encodeFailed);
+    }
     return {};
 }
 
 Result convertPdf(const QString &filePath, const QString &folder, const QString &base) {
     const std::unique_ptr<PdfPages> pages = PdfPages::open(filePath);
-    if (!pages)
+    if (!pages) {
         return failure(Kind::pdfLoad);
+    }
     QStringList paths;
     for (int page = 0; page < pages->count(); ++page) {
         const QString path = folder + u'/' + pageName(base, page, pages->count());
-        if (const auto written = writePage(*pages, page, path); !written)
+        if (const auto written = writePage(*pages, page, path); !written) {
             return std::unexpected(written.error());
+        }
         paths.append(path);
     }
-    if (paths.isEmpty())
+    if (paths.isEmpty()) {
         return failure(Kind::renderFailed);
+    }
     return paths;
 }
 
 Result convertImage(const QString &filePath, const QString &path) {
     std::optional<StoredPicture> stored = readPictureFile(filePath);
-    if (!stored)
+    if (!stored) {
         return failure(Kind::renderFailed);
+    }
     const QSize size = fittedSize(QSize(stored->picture.width, stored->picture.height), longestSide);
     std::optional<YuvPicture> scaled = scaledPicture(std::move(stored->picture), size);
-    if (!scaled)
+    if (!scaled) {
         return failure(Kind::renderFailed);
+    }
     YuvPicture upright = uprightPicture(std::move(*scaled), stored->orientation);
-    if (!writeJpeg(std::move(upright), stored->iccProfile, path))
+    if (!writeJpeg(std::move(upright), stored->iccProfile, path)) {
         return failure(Kind::encodeFailed);
+    }
     return QStringList{path};
 }
 
@@ -101,12 +110,14 @@ QString ConverterError::errorDescription() const {
 Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QString &baseName) {
     const QString extension = lowerCased(pathExtension(filePath));
     const auto folder = createPrivateFolder();
-    if (!folder)
+    if (!folder) {
         return failure(Kind::platform, folder.error());
+    }
     const QString base = usableBaseName(baseName);
     const bool isPdf = extension == u"pdf";
-    if (!isPdf && !imageExtensions.contains(extension))
+    if (!isPdf && !imageExtensions.contains(extension)) {
         return failure(Kind::unsupported, extension);
+    }
     // No memory for a large picture is a failure of this receipt, not of the program.
     try {
         return isPdf ? convertPdf(filePath, *folder, base)

@@ -62,28 +62,31 @@ void Plane::Release::operator()(std::uint8_t *samples) const {
 }
 
 Plane::Plane(int width, int height, int allocatedWidth, int allocatedHeight)
-    : m_width(width)
-    , m_height(height)
-    , m_stride(alignedUp(allocatedWidth))
-    , m_samples(static_cast<std::uint8_t *>(
-          ::operator new (byteCount(m_stride, allocatedHeight), std::align_val_t{alignment}))) {}
+    : width_(width)
+    , height_(height)
+    , stride_(alignedUp(allocatedWidth))
+    , samples_(static_cast<std::uint8_t *>(
+          ::operator new (byteCount(stride_, allocatedHeight), std::align_val_t{alignment}))) {}
 
 void Plane::extendByOne() {
-    for (int y = 0; y < m_height; ++y)
-        row(y)[m_width] = row(y)[m_width - 1];
-    std::memcpy(row(m_height), row(m_height - 1), static_cast<std::size_t>(m_width) + 1);
+    for (int y = 0; y < height_; ++y) {
+        row(y)[width_] = row(y)[width_ - 1];
+    }
+    std::memcpy(row(height_), row(height_ - 1), static_cast<std::size_t>(width_) + 1);
 }
 
 YuvPicture yuvPictureFromRgb(const QImage &image, Chroma chroma) {
     YuvPicture result = emptyPicture(image.size(), chroma == Chroma::full ? 1 : 2);
     const std::unique_ptr<void, int (*)(tjhandle)> encoder(tjInitCompress(), tjDestroy);
-    if (!encoder)
+    if (!encoder) {
         return {};
+    }
     for (int top = 0; top < image.height(); top += tileSide) {
         for (int left = 0; left < image.width(); left += tileSide) {
             const QRect tile = QRect(left, top, tileSide, tileSide).intersected(image.rect());
-            if (!convertTile(encoder.get(), image, tile, result))
+            if (!convertTile(encoder.get(), image, tile, result)) {
                 return {};
+            }
         }
     }
     return result;
@@ -94,13 +97,15 @@ void blendOntoWhite(QImage &image) {
         auto *pixel = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (QRgb *const end = pixel + image.width(); pixel != end; ++pixel) {
             const int alpha = qAlpha(*pixel);
-            if (alpha == 255)
+            if (alpha == 255) {
                 continue;
-            if (alpha == 0)
+            }
+            if (alpha == 0) {
                 *pixel = white;
-            else
+            } else {
                 *pixel = qRgb(overWhite(qRed(*pixel), alpha), overWhite(qGreen(*pixel), alpha),
                               overWhite(qBlue(*pixel), alpha));
+            }
         }
     }
 }

@@ -25,11 +25,11 @@ public:
     // For decoders that write whole blocks over the right and lower edge.
     Plane(int width, int height, int allocatedWidth, int allocatedHeight);
 
-    int width() const { return m_width; }
-    int height() const { return m_height; }
-    int stride() const { return m_stride; }
-    std::uint8_t *row(int y) { return m_samples.get() + offsetOf(y); }
-    const std::uint8_t *row(int y) const { return m_samples.get() + offsetOf(y); }
+    int width() const { return width_; }
+    int height() const { return height_; }
+    int stride() const { return stride_; }
+    std::uint8_t *row(int y) { return samples_.get() + offsetOf(y); }
+    const std::uint8_t *row(int y) const { return samples_.get() + offsetOf(y); }
 
     // Fills the spare column and row with their neighbours.
     void extendByOne();
@@ -39,12 +39,12 @@ private:
         void operator()(std::uint8_t *samples) const;
     };
 
-    std::ptrdiff_t offsetOf(int y) const { return static_cast<std::ptrdiff_t>(y) * m_stride; }
+    std::ptrdiff_t offsetOf(int y) const { return static_cast<std::ptrdiff_t>(y) * stride_; }
 
-    int m_width;
-    int m_height;
-    int m_stride;
-    std::unique_ptr<std::uint8_t, Release> m_samples;
+    int width_;
+    int height_;
+    int stride_;
+    std::unique_ptr<std::uint8_t, Release> samples_;
 };
 
 // A picture in the colour model of JPEG files (full range, BT.601 weights): either brightness alone or

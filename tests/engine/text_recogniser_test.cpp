@@ -70,7 +70,7 @@ private Q_SLOTS:
         TextRecogniser recogniser;
         const QStringList rows(60, u"The quick brown fox 12.34"_s);
         const QList<TextLine> lines = recogniser.recognise(printed(rows, 40), 0, QDeadlineTimer(0));
-        QVERIFY(lines.size() < rows.size());
+        QVERIFY(lines.isEmpty());
     }
 };
 

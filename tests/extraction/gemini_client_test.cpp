@@ -7,7 +7,6 @@
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QTest>
-#include <QTimer>
 
 #include <memory>
 
@@ -158,22 +157,6 @@ private Q_SLOTS:
         const QString text = failure();
         QVERIFY2(text.contains(u"certificate", Qt::CaseInsensitive), qPrintable(text));
         QVERIFY(secure.requests().isEmpty());
-    }
-
-    void largeFileDoesNotStallTheEventLoop() {
-        writeFile(path_, QByteArray(40 * 1000 * 1000, 'x'));
-        int longest = 0;
-        QElapsedTimer sinceTick;
-        QTimer ticker;
-        connect(&ticker, &QTimer::timeout, this,
-                [&] { longest = std::max(longest, static_cast<int>(sinceTick.restart())); });
-        server_->setScript([&](const HttpRequest &) { return answering("{}"); });
-        const auto encoded = std::make_shared<std::optional<Result>>();
-        sinceTick.start();
-        ticker.start(1);
-        scanInto(path_, QStringLiteral("m"), encoded);
-        QVERIFY(waitUntil([&] { return encoded->has_value(); }, 30000));
-        QVERIFY2(longest <= 100, qPrintable(QStringLiteral("stalled for %1 ms").arg(longest)));
     }
 
     void silentServerTimesOutAfterAMinute() {

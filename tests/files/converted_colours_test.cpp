@@ -117,13 +117,13 @@ QByteArray withPngProfile(const QByteArray &png, const QByteArray &profile) {
 class ConvertedColoursTest : public QObject {
     Q_OBJECT
 
-    ScratchFolder m_scratch;
+    ScratchFolder scratch_;
 
     // How far the only picture of the file is from `expected` when it is shown: its own profile, if it has
     // one, is honoured.
     int shownDistance(const QByteArray &content, QRgb expected) {
         const auto paths =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, content), u"A"_qs);
+            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, content), u"A"_qs);
         if (!paths)
             return 1000;
         QImage image = QImage(paths->front()).convertToFormat(QImage::Format_RGB32);
@@ -185,7 +185,7 @@ private Q_SLOTS:
         grey.fill(128);
         const QByteArray profile = linearGreyProfile();
         const auto paths = ReceiptImageConverter::convertToJPEGs(
-            m_scratch.file(u"a.jpg"_qs, withJpegProfile(encoded(grey, "jpeg", 95), profile)), u"A"_qs);
+            scratch_.file(u"a.jpg"_qs, withJpegProfile(encoded(grey, "jpeg", 95), profile)), u"A"_qs);
         QVERIFY(paths);
         QVERIFY(contentOf(paths->front()).contains(profile));
         QVERIFY(distanceInMiddle(QImage(paths->front()), qRgb(128, 128, 128)) <= 2);

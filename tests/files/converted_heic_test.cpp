@@ -95,9 +95,9 @@ QByteArray heic(const QImage &source, const HeicOptions &wanted = {}) {
 class ConvertedHeicTest : public QObject {
     Q_OBJECT
 
-    ScratchFolder m_scratch;
+    ScratchFolder scratch_;
 
-    QImage converted(const QByteArray &content) { return m_scratch.converted(u"a.heic"_qs, content); }
+    QImage converted(const QByteArray &content) { return scratch_.converted(u"a.heic"_qs, content); }
 
 private Q_SLOTS:
     void turnsPicturesAsTheFileSays_data() {
@@ -154,18 +154,18 @@ private Q_SLOTS:
     void refusesCutOffFiles() {
         const QByteArray file = heic(fourCorners(QSize(256, 128)));
         for (const qsizetype percent : {2, 30, 60, 95})
-            QCOMPARE(m_scratch.failureOf(u"a.heic"_qs, file.left(file.size() * percent / 100)),
+            QCOMPARE(scratch_.failureOf(u"a.heic"_qs, file.left(file.size() * percent / 100)),
                      u"Could not render page image"_qs);
     }
 
     void convertsFilesOfEveryKindOnSeveralThreadsAtOnce() {
         const QImage source = fourCorners(QSize(256, 128));
-        const QStringList files{m_scratch.file(u"a.heic"_qs, heic(source)),
-                                m_scratch.file(u"a.jpg"_qs, encoded(source, "jpeg", 95)),
-                                m_scratch.file(u"a.png"_qs, encoded(source, "png")),
-                                m_scratch.file(u"a.webp"_qs, encoded(source, "webp", 100)),
-                                m_scratch.file(u"a.pdf"_qs, pdfWithPages({"/MediaBox [0 0 72 36]"},
-                                                                         fourCornersContent(0, 0, 72, 36)))};
+        const QStringList files{scratch_.file(u"a.heic"_qs, heic(source)),
+                                scratch_.file(u"a.jpg"_qs, encoded(source, "jpeg", 95)),
+                                scratch_.file(u"a.png"_qs, encoded(source, "png")),
+                                scratch_.file(u"a.webp"_qs, encoded(source, "webp", 100)),
+                                scratch_.file(u"a.pdf"_qs, pdfWithPages({"/MediaBox [0 0 72 36]"},
+                                                                        fourCornersContent(0, 0, 72, 36)))};
         constexpr int rounds = 8;
         QStringList work;
         for (int round = 0; round < rounds; ++round)

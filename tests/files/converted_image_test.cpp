@@ -65,7 +65,7 @@ QByteArray webpAnimation(const QList<QImage> &pictures) {
 class ConvertedImageTest : public QObject {
     Q_OBJECT
 
-    ScratchFolder m_scratch;
+    ScratchFolder scratch_;
 
 private Q_SLOTS:
     void fitsLargePicturesIntoThreeThousandPixels_data() {
@@ -93,14 +93,14 @@ private Q_SLOTS:
         QFETCH(QByteArray, format);
         QFETCH(QSize, size);
         const QImage source = fourCorners(size);
-        const QImage result = m_scratch.converted(u"a.png"_qs, encoded(source, format.constData(), 95));
+        const QImage result = scratch_.converted(u"a.png"_qs, encoded(source, format.constData(), 95));
         QTEST(result.size(), "expected");
         if (result.width() >= 100) // too narrow a corner takes on its neighbours' colour
             QCOMPARE(cornersOf(result), u"RGBY"_qs);
     }
 
     void takesPicturesWithSidesThatNoJpegCanHave() {
-        const QImage result = m_scratch.converted(
+        const QImage result = scratch_.converted(
             u"a.png"_qs,
             encoded(fourCorners(QSize(200, 70'000)).convertToFormat(QImage::Format_RGB888), "png"));
         QCOMPARE(result.size(), QSize(9, 3000));
@@ -127,12 +127,12 @@ private Q_SLOTS:
         const QByteArray small = encoded(fourCorners(QSize(151, 90)), "jpeg", 95);
         for (const bool bigEndian : {false, true}) {
             const QImage image =
-                m_scratch.converted(u"a.jpg"_qs, withExifOrientation(small, orientation, bigEndian));
+                scratch_.converted(u"a.jpg"_qs, withExifOrientation(small, orientation, bigEndian));
             QTEST(cornersOf(image), "corners");
             QCOMPARE(image.size(), lying ? QSize(90, 151) : QSize(151, 90));
         }
         const QByteArray large = encoded(fourCorners(QSize(4000, 1000)), "jpeg", 95);
-        const QImage image = m_scratch.converted(u"a.jpg"_qs, withExifOrientation(large, orientation, true));
+        const QImage image = scratch_.converted(u"a.jpg"_qs, withExifOrientation(large, orientation, true));
         QTEST(cornersOf(image), "corners");
         QCOMPARE(image.size(), lying ? QSize(750, 3000) : QSize(3000, 750));
     }
@@ -140,20 +140,20 @@ private Q_SLOTS:
     void turnsPngAndWebpPicturesUpright() {
         const QImage source = fourCorners(QSize(150, 90));
         const QByteArray png = withPngChunk(encoded(source, "png"), "eXIf", exifData(6, true));
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.png"_qs, png)), u"BRYG"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.png"_qs, png)), u"BRYG"_qs);
 
         constexpr qsizetype riffHeaderSize = 12;
         const QByteArray extended = QByteArray("\x08\0\0\0\x95\0\0\x59\0\0", 10); // EXIF; 150 by 90
         const QByteArray webp = riffChunk("RIFF", "WEBP" + riffChunk("VP8X", extended) +
                                                       encoded(source, "webp", 100).mid(riffHeaderSize) +
                                                       riffChunk("EXIF", exifData(8, false)));
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.webp"_qs, webp)), u"GYRB"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.webp"_qs, webp)), u"GYRB"_qs);
     }
 
     void leavesNoOrientationInTheResult() {
         const QByteArray jpeg =
             withExifOrientation(encoded(fourCorners(QSize(150, 90)), "jpeg", 95), 6, false);
-        const auto paths = ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, jpeg), u"A"_qs);
+        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, jpeg), u"A"_qs);
         QVERIFY(paths);
         QVERIFY(!contentOf(paths->front()).contains("Exif"));
     }
@@ -164,9 +164,9 @@ private Q_SLOTS:
             const QByteArray data = QByteArray("Exif\0\0", 6) + exifData(6, true).left(length);
             QByteArray segment("\xFF\xE1\0", 3);
             segment.append(static_cast<char>(data.size() + 2));
-            QCOMPARE(cornersOf(m_scratch.converted(u"a.jpg"_qs, QByteArray(jpeg).insert(2, segment + data)))
-                         .size(),
-                     4);
+            QCOMPARE(
+                cornersOf(scratch_.converted(u"a.jpg"_qs, QByteArray(jpeg).insert(2, segment + data))).size(),
+                4);
         }
     }
 
@@ -183,7 +183,7 @@ private Q_SLOTS:
         QFETCH(int, subsampling);
         for (const QSize size : {QSize(160, 120), QSize(161, 119), QSize(1, 1), QSize(3, 2)}) {
             const QImage source = smoothPicture(size);
-            const QImage result = m_scratch.converted(u"a.jpg"_qs, jpegWithSubsampling(source, subsampling));
+            const QImage result = scratch_.converted(u"a.jpg"_qs, jpegWithSubsampling(source, subsampling));
             QCOMPARE(result.size(), size);
             if (size.width() > 100)
                 QVERIFY2(meanDifference(source, result) < 2.0,
@@ -196,7 +196,7 @@ private Q_SLOTS:
     void scalesPicturesOfEverySubsampling() {
         QFETCH(int, subsampling);
         const QImage source = smoothPicture(QSize(3601, 601));
-        const QImage result = m_scratch.converted(u"a.jpg"_qs, jpegWithSubsampling(source, subsampling));
+        const QImage result = scratch_.converted(u"a.jpg"_qs, jpegWithSubsampling(source, subsampling));
         QCOMPARE(result.size(), QSize(3000, 501));
         const QImage expected = source.scaled(result.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         QVERIFY2(meanDifference(expected, result) < 1.5,
@@ -207,7 +207,7 @@ private Q_SLOTS:
         QImage source(QSize(301, 200), QImage::Format_RGB32);
         source.fill(qRgb(90, 90, 90));
         const auto paths = ReceiptImageConverter::convertToJPEGs(
-            m_scratch.file(u"a.jpg"_qs, jpegWithSubsampling(source, TJSAMP_GRAY)), u"A"_qs);
+            scratch_.file(u"a.jpg"_qs, jpegWithSubsampling(source, TJSAMP_GRAY)), u"A"_qs);
         QVERIFY(paths);
         const QImage result(paths->front());
         QCOMPARE(result.size(), source.size());
@@ -216,11 +216,11 @@ private Q_SLOTS:
     }
 
     void readsProgressiveJpegs() {
-        QImageWriter writer(m_scratch.path(u"progressive.jpg"_qs), "jpeg");
+        QImageWriter writer(scratch_.path(u"progressive.jpg"_qs), "jpeg");
         writer.setProgressiveScanWrite(true);
         QVERIFY(writer.write(fourCorners(QSize(333, 222))));
         const auto paths =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.path(u"progressive.jpg"_qs), u"A"_qs);
+            ReceiptImageConverter::convertToJPEGs(scratch_.path(u"progressive.jpg"_qs), u"A"_qs);
         QVERIFY(paths);
         QCOMPARE(cornersOf(QImage(paths->front())), u"RGBY"_qs);
     }
@@ -229,11 +229,11 @@ private Q_SLOTS:
         QImage source(QSize(60, 40), QImage::Format_ARGB32);
         source.fill(qRgba(255, 0, 0, 128));
         for (const char *format : {"png", "webp"}) {
-            const QImage half = m_scratch.converted(u"a.png"_qs, encoded(source, format, 100));
+            const QImage half = scratch_.converted(u"a.png"_qs, encoded(source, format, 100));
             QVERIFY(distanceInMiddle(half, qRgb(255, 127, 127)) <= 4);
         }
         source.fill(qRgba(0, 0, 0, 0));
-        QVERIFY(distanceInMiddle(m_scratch.converted(u"a.png"_qs, encoded(source, "png")),
+        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_qs, encoded(source, "png")),
                                  qRgb(255, 255, 255)) <= 2);
     }
 
@@ -241,10 +241,10 @@ private Q_SLOTS:
         QImage source(QSize(60, 40), QImage::Format_Indexed8);
         source.setColorTable({qRgba(0, 0, 0, 0), qRgba(0, 0, 255, 255)});
         source.fill(0);
-        QVERIFY(distanceInMiddle(m_scratch.converted(u"a.png"_qs, encoded(source, "png")),
+        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_qs, encoded(source, "png")),
                                  qRgb(255, 255, 255)) <= 2);
         source.fill(1);
-        QVERIFY(distanceInMiddle(m_scratch.converted(u"a.png"_qs, encoded(source, "png")), qRgb(0, 0, 255)) <=
+        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_qs, encoded(source, "png")), qRgb(0, 0, 255)) <=
                 4);
     }
 
@@ -263,7 +263,7 @@ private Q_SLOTS:
         source.fill(Qt::white);
         QPainter(&source).fillRect(20, 10, 20, 20, Qt::black);
         const QByteArray png = encoded(source.convertToFormat(static_cast<QImage::Format>(format)), "png");
-        const QImage result = m_scratch.converted(u"a.png"_qs, png);
+        const QImage result = scratch_.converted(u"a.png"_qs, png);
         QCOMPARE(result.size(), source.size());
         QVERIFY(distanceInMiddle(result, qRgb(0, 0, 0)) <= 6);
         QVERIFY(qGray(result.pixel(5, 5)) >= 250);
@@ -271,23 +271,23 @@ private Q_SLOTS:
 
     void goesByTheContentNotTheName() {
         const QImage source = fourCorners(QSize(150, 90));
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.jpg"_qs, encoded(source, "png"))), u"RGBY"_qs);
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.png"_qs, encoded(source, "jpeg", 95))), u"RGBY"_qs);
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.heic"_qs, encoded(source, "webp", 100))), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_qs, encoded(source, "png"))), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.png"_qs, encoded(source, "jpeg", 95))), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.heic"_qs, encoded(source, "webp", 100))), u"RGBY"_qs);
     }
 
     void takesTheFirstPictureOfAnAnimation() {
         QImage second(QSize(150, 90), QImage::Format_RGB32);
         second.fill(Qt::black);
         const QByteArray webp = webpAnimation({fourCorners(QSize(150, 90)), second});
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.webp"_qs, webp)), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.webp"_qs, webp)), u"RGBY"_qs);
     }
 
     void acceptsHarmlessBytesBetweenSegments() {
         QByteArray jpeg = encoded(fourCorners(QSize(150, 90)), "jpeg", 95);
         jpeg.insert(jpeg.indexOf("\xFF\xDB"), QByteArray(12, '\0'));
         jpeg.append("something after the picture");
-        QCOMPARE(cornersOf(m_scratch.converted(u"a.jpg"_qs, jpeg)), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_qs, jpeg)), u"RGBY"_qs);
     }
 };
 

@@ -38,14 +38,14 @@ QByteArray encrypted(const QByteArray &pdf, const char *userPassword) {
 class ConvertedPdfTest : public QObject {
     Q_OBJECT
 
-    ScratchFolder m_scratch;
-    const QByteArray m_corners = fourCornersContent(0, 0, 72, 36);
+    ScratchFolder scratch_;
+    const QByteArray corners_ = fourCornersContent(0, 0, 72, 36);
 
     QImage page(const QByteArray &attributes, const QByteArray &content, const QByteArray &inherited = {}) {
-        return m_scratch.converted(u"page.pdf"_qs, pdfWithPages({attributes}, content, inherited));
+        return scratch_.converted(u"page.pdf"_qs, pdfWithPages({attributes}, content, inherited));
     }
 
-    QString failureOf(const QByteArray &content) { return m_scratch.failureOf(u"page.pdf"_qs, content); }
+    QString failureOf(const QByteArray &content) { return scratch_.failureOf(u"page.pdf"_qs, content); }
 
 private Q_SLOTS:
     void rendersAtTwoHundredDotsPerInch_data() {
@@ -60,21 +60,21 @@ private Q_SLOTS:
 
     void rendersAtTwoHundredDotsPerInch() {
         QFETCH(QByteArray, mediaBox);
-        QTEST(page("/MediaBox " + mediaBox, m_corners).size(), "size");
+        QTEST(page("/MediaBox " + mediaBox, corners_).size(), "size");
     }
 
     void paintsOnWhite() {
-        const QImage image = page("/MediaBox [0 0 72 36]", m_corners);
+        const QImage image = page("/MediaBox [0 0 72 36]", corners_);
         QCOMPARE(cornersOf(image), u"RGBY"_qs);
         QVERIFY(distanceInMiddle(image, qRgb(255, 255, 255)) <= 2);
     }
 
     void showsTheWholeMediaBoxWhateverTheCropBoxSays() {
-        QCOMPARE(cornersOf(page("/MediaBox [0 0 72 36] /CropBox [20 10 40 20]", m_corners)), u"RGBY"_qs);
+        QCOMPARE(cornersOf(page("/MediaBox [0 0 72 36] /CropBox [20 10 40 20]", corners_)), u"RGBY"_qs);
     }
 
     void ignoresAnInheritedCropBox() {
-        const QImage image = page("/MediaBox [0 0 72 36]", m_corners, "/CropBox [20 10 40 20]");
+        const QImage image = page("/MediaBox [0 0 72 36]", corners_, "/CropBox [20 10 40 20]");
         QCOMPARE(image.size(), QSize(200, 100));
         QCOMPARE(cornersOf(image), u"RGBY"_qs);
     }
@@ -89,15 +89,15 @@ private Q_SLOTS:
     }
 
     void takesAnInheritedMediaBox() {
-        const QImage image = page("", m_corners, "/MediaBox [0 0 72 36]");
+        const QImage image = page("", corners_, "/MediaBox [0 0 72 36]");
         QCOMPARE(image.size(), QSize(200, 100));
         QCOMPARE(cornersOf(image), u"RGBY"_qs);
     }
 
     void takesLetterPaperForAMissingOrEmptyMediaBox() {
-        QCOMPARE(page("", m_corners).size(), QSize(1700, 2200));
-        QCOMPARE(page("/MediaBox [0 0 0 0]", m_corners).size(), QSize(1700, 2200));
-        QCOMPARE(page("/MediaBox [0 0 /A 9]", m_corners).size(), QSize(1700, 2200));
+        QCOMPARE(page("", corners_).size(), QSize(1700, 2200));
+        QCOMPARE(page("/MediaBox [0 0 0 0]", corners_).size(), QSize(1700, 2200));
+        QCOMPARE(page("/MediaBox [0 0 /A 9]", corners_).size(), QSize(1700, 2200));
     }
 
     void turnsPagesUpright_data() {
@@ -113,16 +113,16 @@ private Q_SLOTS:
 
     void turnsPagesUpright() {
         QFETCH(QByteArray, rotation);
-        const QImage own = page("/MediaBox [0 0 72 36] /Rotate " + rotation, m_corners);
+        const QImage own = page("/MediaBox [0 0 72 36] /Rotate " + rotation, corners_);
         QTEST(own.size(), "size");
         QTEST(cornersOf(own), "corners");
-        const QImage inherited = page("/MediaBox [0 0 72 36]", m_corners, "/Rotate " + rotation);
+        const QImage inherited = page("/MediaBox [0 0 72 36]", corners_, "/Rotate " + rotation);
         QTEST(inherited.size(), "size");
         QTEST(cornersOf(inherited), "corners");
     }
 
     void ignoresTheUserUnit() {
-        QCOMPARE(page("/MediaBox [0 0 72 36] /UserUnit 2", m_corners).size(), QSize(200, 100));
+        QCOMPARE(page("/MediaBox [0 0 72 36] /UserUnit 2", corners_).size(), QSize(200, 100));
     }
 
     void blendsTransparentInkWithWhite() {
@@ -136,7 +136,7 @@ private Q_SLOTS:
         const QByteArray appearance =
             "<< /Type /XObject /Subtype /Form /BBox [0 0 72 36] /Length 23 >>\nstream\n"
             "0 0 1 rg 0 0 72 36 re f\nendstream";
-        const QImage image = m_scratch.converted(
+        const QImage image = scratch_.converted(
             u"stamped.pdf"_qs,
             pdfOf({"<< /Type /Catalog /Pages 2 0 R >>", "<< /Type /Pages /Kids [3 0 R] /Count 1 >>",
                    "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 72 36] /Annots [4 0 R] >>",
@@ -148,8 +148,8 @@ private Q_SLOTS:
 
     void rendersEachPageFromItsOwnBoxes() {
         const auto paths = ReceiptImageConverter::convertToJPEGs(
-            m_scratch.file(u"two.pdf"_qs,
-                           pdfWithPages({"/MediaBox [0 0 72 36]", "/MediaBox [0 0 36 72]"}, m_corners)),
+            scratch_.file(u"two.pdf"_qs,
+                          pdfWithPages({"/MediaBox [0 0 72 36]", "/MediaBox [0 0 36 72]"}, corners_)),
             u"Out"_qs);
         QVERIFY(paths);
         QCOMPARE(paths->size(), 2);
@@ -158,12 +158,12 @@ private Q_SLOTS:
     }
 
     void opensFilesEncryptedWithoutAUserPassword() {
-        const QByteArray pdf = pdfWithPages({"/MediaBox [0 0 72 36]"}, m_corners);
-        QCOMPARE(cornersOf(m_scratch.converted(u"page.pdf"_qs, encrypted(pdf, ""))), u"RGBY"_qs);
+        const QByteArray pdf = pdfWithPages({"/MediaBox [0 0 72 36]"}, corners_);
+        QCOMPARE(cornersOf(scratch_.converted(u"page.pdf"_qs, encrypted(pdf, ""))), u"RGBY"_qs);
     }
 
     void cannotOpenFilesThatNeedAPassword() {
-        const QByteArray pdf = pdfWithPages({"/MediaBox [0 0 72 36]"}, m_corners);
+        const QByteArray pdf = pdfWithPages({"/MediaBox [0 0 72 36]"}, corners_);
         QCOMPARE(failureOf(encrypted(pdf, "secret")), cannotOpen);
     }
 
@@ -179,19 +179,19 @@ private Q_SLOTS:
         QVERIFY(!missing);
         QCOMPARE(missing.error().kind, ConverterError::Kind::pdfLoad);
 
-        const QString folder = m_scratch.path(u"folder.pdf"_qs);
+        const QString folder = scratch_.path(u"folder.pdf"_qs);
         QCOMPARE(::mkdir(qPrintable(folder), 0700), 0);
         QVERIFY(!ReceiptImageConverter::convertToJPEGs(folder, u"A"_qs));
 
-        const QString pipe = m_scratch.path(u"pipe.pdf"_qs);
+        const QString pipe = scratch_.path(u"pipe.pdf"_qs);
         QCOMPARE(::mkfifo(qPrintable(pipe), 0600), 0);
         QVERIFY(!ReceiptImageConverter::convertToJPEGs(pipe, u"A"_qs));
     }
 
     void mendsADamagedCrossReferenceTable() {
-        QByteArray pdf = pdfWithPages({"/MediaBox [0 0 72 36]"}, m_corners);
+        QByteArray pdf = pdfWithPages({"/MediaBox [0 0 72 36]"}, corners_);
         pdf.replace("startxref\n", "startxref\n9");
-        QCOMPARE(cornersOf(m_scratch.converted(u"page.pdf"_qs, pdf)), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"page.pdf"_qs, pdf)), u"RGBY"_qs);
     }
 
     void cannotRenderADocumentWithoutPages() {
@@ -219,15 +219,14 @@ private Q_SLOTS:
     void refusesAHugePageQuickly() {
         QElapsedTimer timer;
         timer.start();
-        QCOMPARE(failureOf(pdfWithPages({"/MediaBox [0 0 14400 14400]"}, m_corners)), cannotRender);
-        QCOMPARE(failureOf(pdfWithPages({"/MediaBox [0 0 999999999999 999999999999]"}, m_corners)),
+        QCOMPARE(failureOf(pdfWithPages({"/MediaBox [0 0 14400 14400]"}, corners_)), cannotRender);
+        QCOMPARE(failureOf(pdfWithPages({"/MediaBox [0 0 999999999999 999999999999]"}, corners_)),
                  cannotRender);
         QVERIFY2(timer.elapsed() < 2000, "a page that large must not be rendered");
     }
 
     void cannotEncodeAPageLongerThanJpegAllows() {
-        QCOMPARE(failureOf(pdfWithPages({"/MediaBox [0 0 3 25000]"}, m_corners)),
-                 u"Could not encode JPEG"_qs);
+        QCOMPARE(failureOf(pdfWithPages({"/MediaBox [0 0 3 25000]"}, corners_)), u"Could not encode JPEG"_qs);
     }
 };
 

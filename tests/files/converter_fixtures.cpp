@@ -62,12 +62,12 @@ QChar letterOf(QRgb colour) {
 } // namespace
 
 ScratchFolder::ScratchFolder()
-    : m_formerTemporaryFolder(qgetenv(temporaryFolderVariable)) {
-    qputenv(temporaryFolderVariable, QFile::encodeName(m_folder.path()));
+    : formerTemporaryFolder_(qgetenv(temporaryFolderVariable)) {
+    qputenv(temporaryFolderVariable, QFile::encodeName(folder_.path()));
 }
 
 ScratchFolder::~ScratchFolder() {
-    qputenv(temporaryFolderVariable, m_formerTemporaryFolder);
+    qputenv(temporaryFolderVariable, formerTemporaryFolder_);
 }
 
 QString ScratchFolder::file(const QString &name, const QByteArray &content) const {

@@ -16,7 +16,7 @@ public:
     ~ScratchFolder();
     Q_DISABLE_COPY_MOVE(ScratchFolder)
 
-    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString path(const QString &name) const { return folder_.filePath(name); }
 
     // Writes the file and gives its path.
     QString file(const QString &name, const QByteArray &content) const;
@@ -29,8 +29,8 @@ public:
     QString failureOf(const QString &name, const QByteArray &content) const;
 
 private:
-    QTemporaryDir m_folder;
-    QByteArray m_formerTemporaryFolder;
+    QTemporaryDir folder_;
+    QByteArray formerTemporaryFolder_;
 };
 
 QByteArray contentOf(const QString &path);

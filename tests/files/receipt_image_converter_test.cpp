@@ -22,34 +22,34 @@ namespace {
 class SmallDisk {
 public:
     explicit SmallDisk(rlim_t bytes)
-        : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        const rlimit small{bytes, m_former.rlim_max};
+        : formerHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit small{bytes, former_.rlim_max};
         setrlimit(RLIMIT_FSIZE, &small);
     }
     ~SmallDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_formerHandler);
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, formerHandler_);
     }
     Q_DISABLE_COPY_MOVE(SmallDisk)
 
 private:
-    rlimit m_former{};
-    void (*m_formerHandler)(int);
+    rlimit former_{};
+    void (*formerHandler_)(int);
 };
 
 // Makes `path` the temporary directory while this lives.
 class TemporaryFolder {
 public:
     explicit TemporaryFolder(const QString &path)
-        : m_former(qgetenv("TMPDIR")) {
+        : former_(qgetenv("TMPDIR")) {
         qputenv("TMPDIR", QFile::encodeName(path));
     }
-    ~TemporaryFolder() { qputenv("TMPDIR", m_former); }
+    ~TemporaryFolder() { qputenv("TMPDIR", former_); }
     Q_DISABLE_COPY_MOVE(TemporaryFolder)
 
 private:
-    QByteArray m_former;
+    QByteArray former_;
 };
 
 QStringList namesOf(const QStringList &paths) {
@@ -64,8 +64,8 @@ QStringList namesOf(const QStringList &paths) {
 class ReceiptImageConverterTest : public QObject {
     Q_OBJECT
 
-    ScratchFolder m_scratch;
-    QByteArray m_photo = encoded(fourCorners(QSize(100, 80)), "jpeg", 95);
+    ScratchFolder scratch_;
+    QByteArray photo_ = encoded(fourCorners(QSize(100, 80)), "jpeg", 95);
 
     QByteArray pdf(int pageCount) const {
         return pdfWithPages(QList<QByteArray>(pageCount, "/MediaBox [0 0 72 36]"),
@@ -75,7 +75,7 @@ class ReceiptImageConverterTest : public QObject {
     QStringList folders() const {
         QStringList paths;
         for (const QFileInfo &folder :
-             QDir(m_scratch.path(u"FennickJPEG"_qs)).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+             QDir(scratch_.path(u"FennickJPEG"_qs)).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
             paths.append(folder.filePath());
         return paths;
     }
@@ -88,7 +88,7 @@ class ReceiptImageConverterTest : public QObject {
 
     // The names of the pictures made of the file.
     QStringList names(const QString &fileName, const QByteArray &content, const QString &baseName) {
-        const auto paths = ReceiptImageConverter::convertToJPEGs(m_scratch.file(fileName, content), baseName);
+        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.file(fileName, content), baseName);
         return paths ? namesOf(*paths) : QStringList{paths.error().errorDescription()};
     }
 
@@ -104,7 +104,7 @@ private Q_SLOTS:
 
     void numbersTwentyPagesByTheirPlace() {
         const auto paths =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.pdf"_qs, pdf(20)), u"Trip"_qs);
+            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.pdf"_qs, pdf(20)), u"Trip"_qs);
         QVERIFY(paths);
         QCOMPARE(paths->size(), 20);
         for (int page = 0; page < 20; ++page) {
@@ -115,24 +115,24 @@ private Q_SLOTS:
     }
 
     void namesAPictureAfterTheBaseName() {
-        QCOMPARE(names(u"a.jpg"_qs, m_photo, u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
+        QCOMPARE(names(u"a.jpg"_qs, photo_, u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
     }
 
     void acceptsExtensionsInAnyCase() {
-        QCOMPARE(names(u"a.JPeG"_qs, m_photo, u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
+        QCOMPARE(names(u"a.JPeG"_qs, photo_, u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
         QCOMPARE(names(u"a.PDF"_qs, pdf(1), u"Hotel"_qs), QStringList{u"Hotel.jpg"_qs});
     }
 
     void removesUnsafeCharactersFromTheBaseName() {
-        QCOMPARE(names(u"a.jpg"_qs, m_photo, u"A/B\\C:D*E?F\"G<H>I|J"_qs), QStringList{u"ABCDEFGHIJ.jpg"_qs});
+        QCOMPARE(names(u"a.jpg"_qs, photo_, u"A/B\\C:D*E?F\"G<H>I|J"_qs), QStringList{u"ABCDEFGHIJ.jpg"_qs});
     }
 
     void keepsBlanksOfTheBaseName() {
-        QCOMPARE(names(u"a.jpg"_qs, m_photo, u" two  blanks "_qs), QStringList{u" two  blanks .jpg"_qs});
+        QCOMPARE(names(u"a.jpg"_qs, photo_, u" two  blanks "_qs), QStringList{u" two  blanks .jpg"_qs});
     }
 
     void namesPicturesReceiptWhenNothingIsLeftOfTheBaseName() {
-        QCOMPARE(names(u"a.jpg"_qs, m_photo, u"/:*?"_qs), QStringList{u"receipt.jpg"_qs});
+        QCOMPARE(names(u"a.jpg"_qs, photo_, u"/:*?"_qs), QStringList{u"receipt.jpg"_qs});
         QCOMPARE(names(u"a.pdf"_qs, pdf(2), QString()),
                  (QStringList{u"receipt (p1).jpg"_qs, u"receipt (p2).jpg"_qs}));
     }
@@ -143,14 +143,14 @@ private Q_SLOTS:
     }
 
     void writesIntoANewPrivateFolderEachTime() {
-        const QString photo = m_scratch.file(u"a.jpg"_qs, m_photo);
+        const QString photo = scratch_.file(u"a.jpg"_qs, photo_);
         const auto first = ReceiptImageConverter::convertToJPEGs(photo, u"A"_qs);
         const auto second = ReceiptImageConverter::convertToJPEGs(photo, u"A"_qs);
         QVERIFY(first && second);
         QVERIFY(first->front() != second->front());
 
         const QFileInfo folder(QFileInfo(first->front()).path());
-        QCOMPARE(folder.path(), m_scratch.path(u"FennickJPEG"_qs));
+        QCOMPARE(folder.path(), scratch_.path(u"FennickJPEG"_qs));
         static const QRegularExpression upperCaseUuid(
             u"^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"_qs);
         QVERIFY2(upperCaseUuid.match(folder.fileName()).hasMatch(), qPrintable(folder.fileName()));
@@ -162,16 +162,15 @@ private Q_SLOTS:
     }
 
     void createsAMissingTemporaryFolder() {
-        const TemporaryFolder temporary(m_scratch.path(u"not/yet/there"_qs));
-        const auto paths =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), u"A"_qs);
+        const TemporaryFolder temporary(scratch_.path(u"not/yet/there"_qs));
+        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, photo_), u"A"_qs);
         QVERIFY(paths);
-        QVERIFY(paths->front().startsWith(m_scratch.path(u"not/yet/there/FennickJPEG/"_qs)));
+        QVERIFY(paths->front().startsWith(scratch_.path(u"not/yet/there/FennickJPEG/"_qs)));
     }
 
     void refusesOtherExtensions() {
         const auto result =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"scan.TIFF"_qs, m_photo), u"A"_qs);
+            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"scan.TIFF"_qs, photo_), u"A"_qs);
         QVERIFY(!result);
         QCOMPARE(result.error().kind, Kind::unsupported);
         QCOMPARE(result.error().payload, u"tiff"_qs);
@@ -179,8 +178,7 @@ private Q_SLOTS:
     }
 
     void refusesFilesWithoutExtension() {
-        const auto result =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"scan"_qs, m_photo), u"A"_qs);
+        const auto result = ReceiptImageConverter::convertToJPEGs(scratch_.file(u"scan"_qs, photo_), u"A"_qs);
         QVERIFY(!result);
         QCOMPARE(result.error().kind, Kind::unsupported);
         QCOMPARE(result.error().payload, QString());
@@ -203,28 +201,28 @@ private Q_SLOTS:
     }
 
     void reportsTheSystemsReasonWhenNoFolderCanBeCreated() {
-        const TemporaryFolder temporary(m_scratch.file(u"a file"_qs, "x"));
+        const TemporaryFolder temporary(scratch_.file(u"a file"_qs, "x"));
         const auto result =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), u"A"_qs);
+            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, photo_), u"A"_qs);
         QVERIFY(!result);
         QCOMPARE(result.error().kind, Kind::platform);
         QCOMPARE(result.error().errorDescription(), qt_error_string(ENOTDIR));
     }
 
     void evadesAFolderThatBelongsToSomebodyElse() {
-        QVERIFY(QDir().mkpath(m_scratch.path(u"shared"_qs)));
-        QVERIFY(QDir().mkpath(m_scratch.path(u"elsewhere"_qs)));
-        QVERIFY(QFile::link(m_scratch.path(u"elsewhere"_qs), m_scratch.path(u"shared/FennickJPEG"_qs)));
-        const TemporaryFolder temporary(m_scratch.path(u"shared"_qs));
+        QVERIFY(QDir().mkpath(scratch_.path(u"shared"_qs)));
+        QVERIFY(QDir().mkpath(scratch_.path(u"elsewhere"_qs)));
+        QVERIFY(QFile::link(scratch_.path(u"elsewhere"_qs), scratch_.path(u"shared/FennickJPEG"_qs)));
+        const TemporaryFolder temporary(scratch_.path(u"shared"_qs));
         const auto result =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), u"A"_qs);
+            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, photo_), u"A"_qs);
         QVERIFY(result);
-        QVERIFY(result->front().startsWith(m_scratch.path(u"shared/FennickJPEG-"_qs)));
-        QVERIFY(QDir(m_scratch.path(u"elsewhere"_qs)).isEmpty());
+        QVERIFY(result->front().startsWith(scratch_.path(u"shared/FennickJPEG-"_qs)));
+        QVERIFY(QDir(scratch_.path(u"elsewhere"_qs)).isEmpty());
     }
 
     void leavesNoPartOfAPictureOnAFullDisk() {
-        const QString photo = m_scratch.file(u"a.jpg"_qs, m_photo);
+        const QString photo = scratch_.file(u"a.jpg"_qs, photo_);
         const QStringList before = folders();
         std::expected<QStringList, ConverterError> result;
         {
@@ -240,7 +238,7 @@ private Q_SLOTS:
 
     void reportsNamesThatTheFileSystemRefuses() {
         const auto result =
-            ReceiptImageConverter::convertToJPEGs(m_scratch.file(u"a.jpg"_qs, m_photo), QString(300, u'x'));
+            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, photo_), QString(300, u'x'));
         QVERIFY(!result);
         QCOMPARE(result.error().kind, Kind::encodeFailed);
     }
@@ -249,7 +247,7 @@ private Q_SLOTS:
         const QByteArray twoPages =
             pdfWithPages({"/MediaBox [0 0 72 36]", "/MediaBox [0 0 14400 14400]"}, "");
         const QStringList before = folders();
-        QCOMPARE(m_scratch.failureOf(u"a.pdf"_qs, twoPages), u"Could not render page image"_qs);
+        QCOMPARE(scratch_.failureOf(u"a.pdf"_qs, twoPages), u"Could not render page image"_qs);
         const QStringList added = foldersAddedTo(before);
         QCOMPARE(added.size(), 1);
         QCOMPARE(QDir(added.front()).entryList(QDir::Files), QStringList{u"Out (p1).jpg"_qs});

@@ -27,10 +27,10 @@ QByteArray withClaimedSize(QByteArray jpeg, quint16 width, quint16 height) {
 class RefusedImageTest : public QObject {
     Q_OBJECT
 
-    ScratchFolder m_scratch;
+    ScratchFolder scratch_;
 
     QString failureOf(const QByteArray &content, const QString &name = u"a.jpg"_qs) {
-        return m_scratch.failureOf(name, content);
+        return scratch_.failureOf(name, content);
     }
 
 private Q_SLOTS:
@@ -93,7 +93,7 @@ private Q_SLOTS:
         const auto missing = ReceiptImageConverter::convertToJPEGs(u"/nowhere/a.jpg"_qs, u"A"_qs);
         QVERIFY(!missing);
         QCOMPARE(missing.error().kind, ConverterError::Kind::renderFailed);
-        const QString pipe = m_scratch.path(u"pipe.jpg"_qs);
+        const QString pipe = scratch_.path(u"pipe.jpg"_qs);
         QCOMPARE(::mkfifo(qPrintable(pipe), 0600), 0);
         QVERIFY(!ReceiptImageConverter::convertToJPEGs(pipe, u"A"_qs));
     }

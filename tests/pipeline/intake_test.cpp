@@ -6,9 +6,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
-using std::chrono::duration_cast;
 using std::chrono::milliseconds;
-using std::chrono::system_clock;
 
 namespace {
 
@@ -74,37 +72,6 @@ private Q_SLOTS:
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{QByteArray(10, 'x')});
-    }
-
-    void requestFollowsTheLastWriteByDebounceAndStabilityWait_data() {
-        QTest::addColumn<int>("writes");
-        QTest::addColumn<int>("pause");
-        QTest::newRow("one write") << 1 << 0;
-        QTest::newRow("ten writes, 20 ms apart") << 10 << 20;
-        QTest::newRow("growing for 3 s, 100 ms apart") << 30 << 100;
-        QTest::newRow("growing, 250 ms apart") << 8 << 250;
-        QTest::newRow("growing, 400 ms apart") << 6 << 400;
-        QTest::newRow("growing, 700 ms apart") << 4 << 700;
-    }
-    void requestFollowsTheLastWriteByDebounceAndStabilityWait() {
-        QFETCH(int, writes);
-        QFETCH(int, pause);
-        pipeline_->start();
-        QFile file(pipeline_->path(QStringLiteral("a.pdf")));
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        system_clock::time_point lastWrite;
-        for (int write = 0; write < writes; ++write) {
-            letTimePass(write == 0 ? 0 : pause);
-            file.write("x");
-            lastWrite = system_clock::now();
-        }
-        file.close();
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{QByteArray(writes, 'x')});
-        const auto delay =
-            duration_cast<milliseconds>(pipeline_->server.requests().first().arrivedAt - lastWrite);
-        QVERIFY2(delay >= milliseconds(800) && delay <= milliseconds(850),
-                 qPrintable(QStringLiteral("%1 ms").arg(delay.count())));
     }
 
     void emptyFileIsRefusedUntilSomethingIsWritten() {

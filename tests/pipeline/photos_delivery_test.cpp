@@ -1,12 +1,11 @@
 #include "pipeline_under_test.h"
+#include "support/striped_pdf.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QImage>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -23,24 +22,6 @@ QByteArray picture() {
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return bytes;
-}
-
-QByteArray pdf(int pages) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&buffer);
-        QPainter painter(&writer);
-        for (int page = 0; page < pages; ++page) {
-            if (page > 0) {
-                writer.newPage();
-            }
-            for (int line = 0; line < 60; ++line) {
-                painter.fillRect(200, 200 + line * 200, 5000 - line * 37, 90, Qt::black);
-            }
-        }
-    }
-    return buffer.data();
 }
 
 const QString baseName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50");
@@ -87,7 +68,7 @@ private Q_SLOTS:
 
     void everyPageOfAPdfIsAPicture() {
         startWithPhotos(false);
-        pipeline_->drop(QStringLiteral("a.pdf"), pdf(2));
+        pipeline_->drop(QStringLiteral("a.pdf"), stripedPdf(2));
         QVERIFY(waitForDelivery());
         QCOMPARE(photos(), (QStringList{baseName + QStringLiteral(" (p1).jpg"),
                                         baseName + QStringLiteral(" (p2).jpg")}));
@@ -186,21 +167,6 @@ private Q_SLOTS:
     void albumIsThatOfTheDayOfDelivery() {
         QCOMPARE(AppState::albumName(QDateTime(QDate(2025, 3, 3), QTime(23, 59))),
                  QStringLiteral("Expenses: 2025-03-03"));
-    }
-
-    void eventLoopKeepsTickingWhileTwentyPagesAreDelivered() {
-        startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.pdf"), pdf(20));
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        qint64 longest = 0;
-        QElapsedTimer sinceTick;
-        QTimer ticker;
-        connect(&ticker, &QTimer::timeout, this, [&] { longest = std::max(longest, sinceTick.restart()); });
-        sinceTick.start();
-        ticker.start(1);
-        QVERIFY2(waitForDelivery(), qPrintable(pipeline_->appState->lastError().value_or(QString())));
-        QVERIFY2(longest <= 50, qPrintable(QStringLiteral("stalled for %1 ms").arg(longest)));
-        QCOMPARE(photos().size(), 20);
     }
 
 private:
