@@ -66,15 +66,17 @@ const QStringList &inclusiveWords() {
 }
 
 bool namesAnotherAmount(const QString &words) {
-    if (containsAnyPhrase(words, otherAmounts()))
+    if (containsAnyPhrase(words, otherAmounts())) {
         return true;
+    }
     return containsAnyPhrase(words, taxWords()) && !containsAnyPhrase(words, inclusiveWords());
 }
 
 std::optional<double> lastPrice(const QString &line) {
     QList<PrintedNumber> numbers = printedNumbers(line);
-    if (numbers.isEmpty())
+    if (numbers.isEmpty()) {
         return std::nullopt;
+    }
     const auto isPrice = [](const PrintedNumber &number) {
         return number.hasDecimals || number.hasCurrency;
     };
@@ -89,10 +91,12 @@ bool isOnlyPrice(const QString &line) {
 }
 
 std::optional<double> amountAt(const QList<TextLine> &lines, qsizetype index) {
-    if (const std::optional<double> amount = lastPrice(lines[index].text))
+    if (const std::optional<double> amount = lastPrice(lines[index].text)) {
         return amount;
-    if (index + 1 < lines.size() && isOnlyPrice(lines[index + 1].text))
+    }
+    if (index + 1 < lines.size() && isOnlyPrice(lines[index + 1].text)) {
         return lastPrice(lines[index + 1].text);
+    }
     return std::nullopt;
 }
 
@@ -100,11 +104,13 @@ std::optional<double> largestLabelled(const QList<TextLine> &lines, const QStrin
     std::optional<double> largest;
     for (qsizetype index = 0; index < lines.size(); ++index) {
         const QString words = wordsOf(lines[index].text);
-        if (!containsAnyPhrase(words, labels) || namesAnotherAmount(words))
+        if (!containsAnyPhrase(words, labels) || namesAnotherAmount(words)) {
             continue;
+        }
         const std::optional<double> amount = amountAt(lines, index);
-        if (amount && *amount > 0 && (!largest || *amount > *largest))
+        if (amount && *amount > 0 && (!largest || *amount > *largest)) {
             largest = amount;
+        }
     }
     return largest;
 }
@@ -112,11 +118,13 @@ std::optional<double> largestLabelled(const QList<TextLine> &lines, const QStrin
 std::optional<double> largestWithCurrency(const QList<TextLine> &lines) {
     std::optional<double> largest;
     for (const TextLine &line : lines) {
-        if (namesAnotherAmount(wordsOf(line.text)))
+        if (namesAnotherAmount(wordsOf(line.text))) {
             continue;
+        }
         for (const PrintedNumber &number : printedNumbers(line.text)) {
-            if (number.hasCurrency && number.value > 0 && (!largest || number.value > *largest))
+            if (number.hasCurrency && number.value > 0 && (!largest || number.value > *largest)) {
                 largest = number.value;
+            }
         }
     }
     return largest;
@@ -126,8 +134,9 @@ std::optional<double> largestWithCurrency(const QList<TextLine> &lines) {
 
 std::optional<double> readAmount(const QList<TextLine> &lines) {
     for (const QStringList &labels : labelsByClarity()) {
-        if (const std::optional<double> amount = largestLabelled(lines, labels))
+        if (const std::optional<double> amount = largestLabelled(lines, labels)) {
             return amount;
+        }
     }
     return largestWithCurrency(lines);
 }

@@ -18,18 +18,21 @@ struct CategoryWords {
 
 QList<CategoryWords> loadedTable() {
     QFile file(u":/engine/category_words.txt"_s);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return {};
+    }
     QList<CategoryWords> table;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
     for (const QString &line : lines) {
         const qsizetype colon = line.indexOf(u':');
-        if (colon < 0 || line.startsWith(u'#'))
+        if (colon < 0 || line.startsWith(u'#')) {
             continue;
+        }
         CategoryWords entry{line.left(colon).trimmed(), {}};
         const QStringList phrases = line.mid(colon + 1).split(u',', Qt::SkipEmptyParts);
-        for (const QString &phrase : phrases)
+        for (const QString &phrase : phrases) {
             entry.phrases.append(wordsOf(phrase).trimmed());
+        }
         table.append(entry);
     }
     return table;
@@ -43,20 +46,23 @@ const QList<CategoryWords> &table() {
 int votes(const QStringList &phrases, const QString &merchantWords, const QString &allWords) {
     int count = 0;
     for (const QString &phrase : phrases) {
-        if (containsPhrase(merchantWords, phrase))
+        if (containsPhrase(merchantWords, phrase)) {
             count += 3;
-        else if (containsPhrase(allWords, phrase))
+        } else if (containsPhrase(allWords, phrase)) {
             count += 1;
+        }
     }
     return count;
 }
 
 // Without a time, lunch: most receipts of meals that people keep for work are.
 QString mealAt(std::optional<QTime> time) {
-    if (!time)
+    if (!time) {
         return u"lunch"_s;
-    if (*time >= QTime(4, 0) && *time < QTime(10, 30))
+    }
+    if (*time >= QTime(4, 0) && *time < QTime(10, 30)) {
         return u"breakfast"_s;
+    }
     return *time >= QTime(10, 30) && *time < QTime(16, 30) ? u"lunch"_s : u"dinner"_s;
 }
 
@@ -65,8 +71,9 @@ QString mealAt(std::optional<QTime> time) {
 QString readCategory(const QList<TextLine> &lines, const std::optional<QString> &merchant,
                      std::optional<QTime> time) {
     QString allText;
-    for (const TextLine &line : lines)
+    for (const TextLine &line : lines) {
         allText += line.text + u'\n';
+    }
     const QString allWords = wordsOf(allText);
     const QString merchantWords = wordsOf(merchant.value_or(QString()));
 
@@ -74,8 +81,9 @@ QString readCategory(const QList<TextLine> &lines, const std::optional<QString> 
     int bestVotes = 0;
     for (const CategoryWords &entry : table()) {
         const int count = votes(entry.phrases, merchantWords, allWords);
-        if (count <= bestVotes)
+        if (count <= bestVotes) {
             continue;
+        }
         best = entry.category;
         bestVotes = count;
     }

@@ -55,8 +55,9 @@ constexpr std::array marks = {
 const QList<QRegularExpression> &markPatterns() {
     static const QList<QRegularExpression> patterns = [] {
         QList<QRegularExpression> compiled;
-        for (const Mark &mark : marks)
+        for (const Mark &mark : marks) {
             compiled.append(QRegularExpression(QString::fromUtf16(mark.pattern)));
+        }
         return compiled;
     }();
     return patterns;
@@ -65,8 +66,9 @@ const QList<QRegularExpression> &markPatterns() {
 qsizetype matchCount(const QRegularExpression &pattern, const QString &text) {
     qsizetype count = 0;
     QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
-    for (; matches.hasNext(); matches.next())
+    for (; matches.hasNext(); matches.next()) {
         ++count;
+    }
     return count;
 }
 
@@ -77,18 +79,21 @@ std::optional<QString> readCurrency(const QList<TextLine> &lines) {
     bool otherDollar = false;
     for (qsizetype index = 0; index < markPatterns().size(); ++index) {
         const Mark &mark = marks[static_cast<size_t>(index)];
-        for (const TextLine &line : lines)
+        for (const TextLine &line : lines) {
             scores[mark.code] += mark.weight * matchCount(markPatterns()[index], line.text);
+        }
         otherDollar =
             otherDollar || (mark.code.endsWith(u'D') && mark.code != "USD"_L1 && scores[mark.code] > 0);
-        if (otherDollar && mark.code == "USD"_L1 && mark.weight == plain)
+        if (otherDollar && mark.code == "USD"_L1 && mark.weight == plain) {
             scores[mark.code] = 0;
+        }
     }
     std::optional<QString> best;
     qsizetype bestScore = 0;
     for (const Mark &mark : marks) {
-        if (scores[mark.code] <= bestScore)
+        if (scores[mark.code] <= bestScore) {
             continue;
+        }
         bestScore = scores[mark.code];
         best = QString(mark.code);
     }
@@ -111,8 +116,9 @@ QString moneyText(double amount, const std::optional<QString> &currency) {
     };
     const bool hasNoDecimals = currency == u"JPY"_s || currency == u"KRW"_s;
     const QString number = hasNoDecimals ? QString::number(amount, 'f', 0) : twoDecimals(amount);
-    if (!currency)
+    if (!currency) {
         return number;
+    }
     return symbols.contains(*currency) ? symbols.value(*currency) + number : *currency + u' ' + number;
 }
 

@@ -30,8 +30,9 @@ const QHash<QString, int> &monthsByStem() {
 
 int monthNumber(const QString &name) {
     const QString lowered = lowerCased(name);
-    if (const auto month = monthsByStem().constFind(lowered.left(4)); month != monthsByStem().cend())
+    if (const auto month = monthsByStem().constFind(lowered.left(4)); month != monthsByStem().cend()) {
         return *month;
+    }
     return monthsByStem().value(lowered.left(3), 0);
 }
 
@@ -42,8 +43,9 @@ int fullYear(const QString &digits) {
 QDate fromTwoNumbers(int first, int second, int year, QChar separator, DayMonthOrder order) {
     const QDate dayFirst(year, second, first);
     const QDate monthFirst(year, first, second);
-    if (!dayFirst.isValid() || !monthFirst.isValid())
+    if (!dayFirst.isValid() || !monthFirst.isValid()) {
         return dayFirst.isValid() ? dayFirst : monthFirst;
+    }
     // Points are written between numbers only where the day comes first.
     return order == DayMonthOrder::DayFirst || separator == u'.' ? dayFirst : monthFirst;
 }
@@ -101,8 +103,9 @@ QList<PrintedDate> printedDates(const QString &line, DayMonthOrder order) {
         while (matches.hasNext()) {
             const QRegularExpressionMatch match = matches.next();
             const QDate date = pattern.date(match, order);
-            if (date.isValid())
+            if (date.isValid()) {
                 dates.append({date, match.capturedStart()});
+            }
         }
     }
     std::ranges::stable_sort(dates, {}, &PrintedDate::start);

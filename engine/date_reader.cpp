@@ -48,12 +48,15 @@ bool hasClockTime(const QString &line) {
 int score(const QString &line, qsizetype start) {
     const QString before = wordsOf(line.left(start));
     int points = 0;
-    if (containsAnyPhrase(before, labels()))
+    if (containsAnyPhrase(before, labels())) {
         points += 2;
-    if (hasClockTime(line))
+    }
+    if (hasClockTime(line)) {
         points += 2;
-    if (containsAnyPhrase(before, otherEvents()))
+    }
+    if (containsAnyPhrase(before, otherEvents())) {
         points -= 5;
+    }
     return points;
 }
 
@@ -64,11 +67,13 @@ std::optional<FoundDate> readDate(const QList<TextLine> &lines, DayMonthOrder or
     int bestScore = 0;
     for (qsizetype index = 0; index < lines.size(); ++index) {
         for (const PrintedDate &candidate : printedDates(lines[index].text, order)) {
-            if (!isPlausible(candidate.date, today))
+            if (!isPlausible(candidate.date, today)) {
                 continue;
+            }
             const int points = score(lines[index].text, candidate.start);
-            if (best && points <= bestScore)
+            if (best && points <= bestScore) {
                 continue;
+            }
             best = FoundDate{candidate.date, index};
             bestScore = points;
         }

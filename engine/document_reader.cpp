@@ -30,12 +30,15 @@ std::expected<QList<TextLine>, ReadError> textOfPages(const QList<PdfPage> &page
     QList<TextLine> lines;
     for (int page = 0; page < pages.size(); ++page) {
         lines += pages[page].lines;
-        if (pages[page].picture.isNull())
+        if (pages[page].picture.isNull()) {
             continue;
-        if (!recogniser)
+        }
+        if (!recogniser) {
             recogniser = std::make_unique<TextRecogniser>();
-        if (!recogniser->isReady())
+        }
+        if (!recogniser->isReady()) {
             return std::unexpected(ReadError::RecogniserMissing);
+        }
         lines += recogniser->recognise(pages[page].picture, page, deadline);
     }
     return lines;
@@ -46,13 +49,15 @@ std::expected<QList<TextLine>, ReadError> textOfPages(const QList<PdfPage> &page
 std::expected<QList<TextLine>, ReadError> readDocument(const QByteArray &bytes) {
     if (looksLikePdf(bytes)) {
         const std::expected<QList<PdfPage>, ReadError> pages = readPdf(bytes, pageLimit);
-        if (!pages)
+        if (!pages) {
             return std::unexpected(pages.error());
+        }
         return textOfPages(*pages);
     }
     const std::expected<QImage, ReadError> picture = decodedImage(bytes);
-    if (!picture)
+    if (!picture) {
         return std::unexpected(picture.error());
+    }
     return textOfPages({{.lines = {}, .picture = *picture}});
 }
 

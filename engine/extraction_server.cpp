@@ -32,21 +32,25 @@ Answer refusal(const ServiceError &error) {
 
 Answer answerTo(const QByteArray &body, const QString &model) {
     const std::expected<QByteArray, ServiceError> document = inlineDocument(body);
-    if (!document)
+    if (!document) {
         return refusal(document.error());
+    }
     const std::expected<QList<TextLine>, ReadError> lines = readDocument(*document);
-    if (!lines)
+    if (!lines) {
         return refusal(serviceError(lines.error()));
+    }
     return answerOf(200, generateAnswer(readReceipt(*lines, QDate::currentDate()), model));
 }
 
 std::expected<QString, ServiceError> acceptedModel(const QByteArray &method, const QUrl &target) {
     const std::expected<QString, ServiceError> model = requestedModel(method, target.path());
-    if (!model)
+    if (!model) {
         return model;
+    }
     const std::expected<void, ServiceError> valid = checkedKey(QUrlQuery(target).queryItemValue(u"key"_s));
-    if (!valid)
+    if (!valid) {
         return std::unexpected(valid.error());
+    }
     return model;
 }
 
@@ -54,20 +58,22 @@ std::expected<QString, ServiceError> acceptedModel(const QByteArray &method, con
 
 ExtractionServer::ExtractionServer(QObject *parent)
     : QObject(parent) {
-    connect(&m_listener, &QTcpServer::newConnection, this, [this] {
-        while (QTcpSocket *socket = m_listener.nextPendingConnection())
+    connect(&listener_, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket *socket = listener_.nextPendingConnection()) {
             serve(new HttpConnection(socket, largestRequest, this));
+        }
     });
 }
 
 ExtractionServer::~ExtractionServer() {
-    m_readers.waitForDone();
+    readers_.waitForDone();
 }
 
 std::expected<quint16, QString> ExtractionServer::listen(quint16 port) {
-    if (!m_listener.listen(QHostAddress::LocalHost, port))
-        return std::unexpected(m_listener.errorString());
-    return m_listener.serverPort();
+    if (!listener_.listen(QHostAddress::LocalHost, port)) {
+        return std::unexpected(listener_.errorString());
+    }
+    return listener_.serverPort();
 }
 
 void ExtractionServer::serve(HttpConnection *connection) {
@@ -90,10 +96,11 @@ void ExtractionServer::serve(HttpConnection *connection) {
 void ExtractionServer::startReading(HttpConnection *connection, const QByteArray &body,
                                     const QString &model) {
     // The caller may hang up while its document is being read.
-    QtConcurrent::run(&m_readers, answerTo, body, model)
+    QtConcurrent::run(&readers_, answerTo, body, model)
         .then(this, [caller = QPointer(connection)](const Answer &answer) {
-            if (caller)
+            if (caller) {
                 caller->answer(answer.status, answer.json);
+            }
         });
 }
 

@@ -26,8 +26,8 @@ private:
     void serve(HttpConnection *connection);
     void startReading(HttpConnection *connection, const QByteArray &body, const QString &model);
 
-    QTcpServer m_listener;
-    QThreadPool m_readers;
+    QTcpServer listener_;
+    QThreadPool readers_;
 };
 
 } // namespace fennick

@@ -28,8 +28,9 @@ std::optional<QJsonObject> firstInlineData(const QJsonObject &request) {
         const QJsonArray parts = content.toObject().value("parts"_L1).toArray();
         for (const QJsonValue &part : parts) {
             const QJsonValue data = member(part.toObject(), "inlineData"_L1, "inline_data"_L1);
-            if (data.isObject())
+            if (data.isObject()) {
                 return data.toObject();
+            }
         }
     }
     return std::nullopt;
@@ -46,24 +47,28 @@ bool isReadableType(const QString &mimeType) {
 std::expected<QString, ServiceError> requestedModel(const QByteArray &method, const QString &path) {
     static const QRegularExpression pattern(uR"(^/v1beta/models/([^/]+):generateContent$)"_s);
     const QRegularExpressionMatch match = pattern.match(path);
-    if (method != "POST" || !match.hasMatch())
+    if (method != "POST" || !match.hasMatch()) {
         return std::unexpected(ServiceError{404, u"NOT_FOUND"_s, u"There is nothing at this address."_s, {}});
+    }
     return match.captured(1);
 }
 
 ServiceError transportError(int httpStatus) {
     ServiceError error = invalidArgument(u"The request is not one this server understands."_s);
-    if (httpStatus == 413)
+    if (httpStatus == 413) {
         error.message = u"The request is larger than %1 MiB."_s.arg(largestRequest / (1024 * 1024));
-    if (httpStatus == 411)
+    }
+    if (httpStatus == 411) {
         error.message = u"The request must say its length."_s;
+    }
     error.code = httpStatus;
     return error;
 }
 
 std::expected<void, ServiceError> checkedKey(const QString &key) {
-    if (!key.isEmpty())
+    if (!key.isEmpty()) {
         return {};
+    }
     ServiceError error = invalidArgument(u"API key not valid. Please pass a valid API key."_s);
     error.reason = u"API_KEY_INVALID"_s;
     return std::unexpected(error);
@@ -71,19 +76,23 @@ std::expected<void, ServiceError> checkedKey(const QString &key) {
 
 std::expected<QByteArray, ServiceError> inlineDocument(const QByteArray &body) {
     const QJsonDocument json = QJsonDocument::fromJson(body);
-    if (!json.isObject())
+    if (!json.isObject()) {
         return std::unexpected(invalidArgument(u"The request body is not a JSON object."_s));
+    }
     const std::optional<QJsonObject> data = firstInlineData(json.object());
-    if (!data)
+    if (!data) {
         return std::unexpected(invalidArgument(u"The request has no part with inline data."_s));
+    }
 
     const QString mimeType = member(*data, "mimeType"_L1, "mime_type"_L1).toString();
-    if (!isReadableType(mimeType))
+    if (!isReadableType(mimeType)) {
         return std::unexpected(invalidArgument(u"Unsupported MIME type: "_s + mimeType.left(100)));
+    }
     const QByteArray text = data->value("data"_L1).toString().toLatin1();
     const auto decoded = QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
-    if (!decoded || decoded.decoded.isEmpty())
+    if (!decoded || decoded.decoded.isEmpty()) {
         return std::unexpected(invalidArgument(u"The inline data is not valid base64."_s));
+    }
     return decoded.decoded;
 }
 

@@ -23,15 +23,18 @@ bool failed(const heif_error &error) {
 
 Handle primaryPicture(heif_context *context) {
     heif_image_handle *handle = nullptr;
-    if (failed(heif_context_get_primary_image_handle(context, &handle)))
+    if (failed(heif_context_get_primary_image_handle(context, &handle))) {
         handle = nullptr;
+    }
     return Handle(handle, heif_image_handle_release);
 }
 
 Image decoded(const heif_image_handle *handle) {
     heif_image *image = nullptr;
-    if (failed(heif_decode_image(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGB, nullptr)))
+    if (failed(
+            heif_decode_image(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGB, nullptr))) {
         image = nullptr;
+    }
     return Image(image, heif_image_release);
 }
 
@@ -40,8 +43,9 @@ QImage copied(const heif_image *image) {
     const uint8_t *pixels = heif_image_get_plane_readonly(image, heif_channel_interleaved, &stride);
     const int width = heif_image_get_width(image, heif_channel_interleaved);
     const int height = heif_image_get_height(image, heif_channel_interleaved);
-    if (!pixels || width <= 0 || height <= 0)
+    if (!pixels || width <= 0 || height <= 0) {
         return {};
+    }
     return QImage(pixels, width, height, stride, QImage::Format_RGB888).copy();
 }
 
@@ -55,22 +59,27 @@ bool looksLikeHeif(const QByteArray &bytes) {
 std::expected<QImage, ReadError> decodedHeif(const QByteArray &bytes) {
     const Context context(heif_context_alloc(), heif_context_free);
     const auto size = static_cast<size_t>(bytes.size());
-    if (failed(heif_context_read_from_memory_without_copy(context.get(), bytes.constData(), size, nullptr)))
+    if (failed(heif_context_read_from_memory_without_copy(context.get(), bytes.constData(), size, nullptr))) {
         return std::unexpected(ReadError::UnreadableImage);
+    }
     const Handle handle = primaryPicture(context.get());
-    if (!handle)
+    if (!handle) {
         return std::unexpected(ReadError::UnreadableImage);
+    }
     const QSize pixels(heif_image_handle_get_width(handle.get()), heif_image_handle_get_height(handle.get()));
-    if (!isDecodableSize(pixels))
+    if (!isDecodableSize(pixels)) {
         return std::unexpected(ReadError::ImageTooLarge);
+    }
 
     const Image image = decoded(handle.get());
     const QImage picture = image ? copied(image.get()) : QImage();
-    if (picture.isNull())
+    if (picture.isNull()) {
         return std::unexpected(ReadError::UnreadableImage);
+    }
     const QSize useful = recognisableSize(picture.size());
-    if (useful == picture.size())
+    if (useful == picture.size()) {
         return picture;
+    }
     return picture.scaled(useful, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 

@@ -40,77 +40,83 @@ QByteArray statusText(int status) {
 
 HttpConnection::HttpConnection(QTcpSocket *socket, qsizetype largestBody, QObject *parent)
     : QObject(parent)
-    , m_socket(socket)
-    , m_largestBody(largestBody) {
-    m_socket->setParent(this);
-    m_idle.setSingleShot(true);
-    connect(&m_idle, &QTimer::timeout, m_socket, &QTcpSocket::abort);
-    connect(m_socket, &QTcpSocket::readyRead, this, &HttpConnection::readMore);
-    connect(m_socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
-    m_idle.start(longestSilence);
+    , socket_(socket)
+    , largestBody_(largestBody) {
+    socket_->setParent(this);
+    idle_.setSingleShot(true);
+    connect(&idle_, &QTimer::timeout, socket_, &QTcpSocket::abort);
+    connect(socket_, &QTcpSocket::readyRead, this, &HttpConnection::readMore);
+    connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+    idle_.start(longestSilence);
 }
 
 void HttpConnection::answer(int status, const QByteArray &json) {
-    m_socket->write("HTTP/1.1 " + QByteArray::number(status) + ' ' + statusText(status) +
-                    "\r\nContent-Type: application/json; charset=UTF-8\r\nContent-Length: " +
-                    QByteArray::number(json.size()) + "\r\nConnection: close\r\n\r\n" + json);
-    m_socket->disconnectFromHost();
-    m_idle.start(longestSilence);
+    socket_->write("HTTP/1.1 " + QByteArray::number(status) + ' ' + statusText(status) +
+                   "\r\nContent-Type: application/json; charset=UTF-8\r\nContent-Length: " +
+                   QByteArray::number(json.size()) + "\r\nConnection: close\r\n\r\n" + json);
+    socket_->disconnectFromHost();
+    idle_.start(longestSilence);
 }
 
 void HttpConnection::readMore() {
-    if (m_isComplete) {
-        m_socket->readAll(); // pipelined requests are not served
+    if (isComplete_) {
+        socket_->readAll(); // pipelined requests are not served
         return;
     }
-    m_idle.start(longestSilence);
-    if (!m_head)
+    idle_.start(longestSilence);
+    if (!head_) {
         readHead();
-    if (m_head && !m_isComplete)
+    }
+    if (head_ && !isComplete_) {
         readBody();
+    }
 }
 
 void HttpConnection::readHead() {
-    m_buffer += m_socket->read(largestHead + 4 - m_buffer.size());
-    const qsizetype end = m_buffer.indexOf("\r\n\r\n");
+    buffer_ += socket_->read(largestHead + 4 - buffer_.size());
+    const qsizetype end = buffer_.indexOf("\r\n\r\n");
     if (end < 0) {
-        if (m_buffer.size() > largestHead)
+        if (buffer_.size() > largestHead) {
             refuse(431);
+        }
         return;
     }
-    const std::expected<HttpHead, int> head = parsedHead(m_buffer.first(end));
+    const std::expected<HttpHead, int> head = parsedHead(buffer_.first(end));
     if (!head) {
         refuse(head.error());
         return;
     }
-    m_head = *head;
-    m_buffer.remove(0, end + 4);
-    m_bodyReceived = m_buffer.size();
-    if (m_head->expectsContinue)
-        m_socket->write("HTTP/1.1 100 Continue\r\n\r\n");
+    head_ = *head;
+    buffer_.remove(0, end + 4);
+    bodyReceived_ = buffer_.size();
+    if (head_->expectsContinue) {
+        socket_->write("HTTP/1.1 100 Continue\r\n\r\n");
+    }
 }
 
 void HttpConnection::readBody() {
-    const QByteArray piece = m_socket->read(m_head->contentLength - m_bodyReceived);
-    m_bodyReceived += piece.size();
-    const bool isTooLarge = m_head->contentLength > m_largestBody;
-    if (isTooLarge)
-        m_buffer.clear();
-    else
-        m_buffer += piece;
-    if (m_bodyReceived < m_head->contentLength)
+    const QByteArray piece = socket_->read(head_->contentLength - bodyReceived_);
+    bodyReceived_ += piece.size();
+    const bool isTooLarge = head_->contentLength > largestBody_;
+    if (isTooLarge) {
+        buffer_.clear();
+    } else {
+        buffer_ += piece;
+    }
+    if (bodyReceived_ < head_->contentLength) {
         return;
+    }
     if (isTooLarge) {
         refuse(413);
         return;
     }
-    m_isComplete = true;
-    m_idle.stop();
-    Q_EMIT received(m_head->method, m_head->target, std::exchange(m_buffer, {}).first(m_head->contentLength));
+    isComplete_ = true;
+    idle_.stop();
+    Q_EMIT received(head_->method, head_->target, std::exchange(buffer_, {}).first(head_->contentLength));
 }
 
 void HttpConnection::refuse(int status) {
-    m_isComplete = true;
+    isComplete_ = true;
     Q_EMIT refused(status);
 }
 

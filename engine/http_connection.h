@@ -33,13 +33,13 @@ private:
     void readBody();
     void refuse(int status);
 
-    QTcpSocket *m_socket;
-    qsizetype m_largestBody;
-    QTimer m_idle;
-    QByteArray m_buffer;
-    std::optional<HttpHead> m_head;
-    qsizetype m_bodyReceived = 0;
-    bool m_isComplete = false;
+    QTcpSocket *socket_;
+    qsizetype largestBody_;
+    QTimer idle_;
+    QByteArray buffer_;
+    std::optional<HttpHead> head_;
+    qsizetype bodyReceived_ = 0;
+    bool isComplete_ = false;
 };
 
 } // namespace fennick

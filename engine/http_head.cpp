@@ -12,26 +12,30 @@ namespace {
 std::optional<qsizetype> lengthIn(const QByteArray &value, std::optional<qsizetype> earlier) {
     bool isNumber = false;
     const qsizetype length = value.toLongLong(&isNumber);
-    if (!isNumber || length < 0 || value.startsWith('+') || (earlier && *earlier != length))
+    if (!isNumber || length < 0 || value.startsWith('+') || (earlier && *earlier != length)) {
         return std::nullopt;
+    }
     return length;
 }
 
 // 0 if the header is fine, else the status to refuse the request with.
 int readHeader(const QByteArray &line, HttpHead &head, std::optional<qsizetype> &length) {
     const qsizetype colon = line.indexOf(':');
-    if (colon <= 0)
+    if (colon <= 0) {
         return 400;
+    }
     const QByteArray name = line.first(colon).toLower();
     const QByteArray value = line.sliced(colon + 1).trimmed();
     if (name == "content-length") {
         length = lengthIn(value, length);
         return length ? 0 : 400;
     }
-    if (name == "transfer-encoding")
+    if (name == "transfer-encoding") {
         return value.toLower() == "chunked" ? 411 : 501;
-    if (name == "expect")
+    }
+    if (name == "expect") {
         head.expectsContinue = value.toLower() == "100-continue";
+    }
     return 0;
 }
 
@@ -40,16 +44,19 @@ int readHeader(const QByteArray &line, HttpHead &head, std::optional<qsizetype> 
 std::expected<HttpHead, int> parsedHead(const QByteArray &text) {
     QList<QByteArray> lines = text.split('\n');
     const QList<QByteArray> words = lines.takeFirst().trimmed().split(' ');
-    if (words.size() != 3 || !words[1].startsWith('/') || !words[2].startsWith("HTTP/"))
+    if (words.size() != 3 || !words[1].startsWith('/') || !words[2].startsWith("HTTP/")) {
         return std::unexpected(400);
-    if (!words[2].startsWith("HTTP/1."))
+    }
+    if (!words[2].startsWith("HTTP/1.")) {
         return std::unexpected(505);
+    }
 
     HttpHead head{.method = words[0], .target = QUrl::fromEncoded(words[1])};
     std::optional<qsizetype> length;
     for (const QByteArray &line : std::as_const(lines)) {
-        if (const int status = readHeader(line.trimmed(), head, length))
+        if (const int status = readHeader(line.trimmed(), head, length)) {
             return std::unexpected(status);
+        }
     }
     head.contentLength = length.value_or(0);
     return head;

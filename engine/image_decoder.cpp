@@ -13,18 +13,22 @@ namespace {
 
 // The name of Qt's decoder; empty for anything that is no receipt picture (Qt would also try SVG, ICO ...).
 QByteArray decoderName(const QByteArray &bytes) {
-    if (bytes.startsWith("\xFF\xD8\xFF"))
+    if (bytes.startsWith("\xFF\xD8\xFF")) {
         return "jpeg";
-    if (bytes.startsWith("\x89PNG\r\n\x1A\n"))
+    }
+    if (bytes.startsWith("\x89PNG\r\n\x1A\n")) {
         return "png";
-    if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP")
+    }
+    if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP") {
         return "webp";
+    }
     return {};
 }
 
 QImage onWhite(const QImage &picture) {
-    if (!picture.hasAlphaChannel())
+    if (!picture.hasAlphaChannel()) {
         return picture;
+    }
     QImage page(picture.size(), QImage::Format_RGB32);
     page.fill(Qt::white);
     QPainter(&page).drawImage(0, 0, picture);
@@ -43,12 +47,14 @@ void raiseAllocationLimit() {
 } // namespace
 
 std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
-    if (looksLikeHeif(bytes))
+    if (looksLikeHeif(bytes)) {
         return decodedHeif(bytes);
+    }
 
     const QByteArray decoder = decoderName(bytes);
-    if (decoder.isEmpty())
+    if (decoder.isEmpty()) {
         return std::unexpected(ReadError::UnreadableImage);
+    }
     raiseAllocationLimit();
     QBuffer buffer;
     buffer.setData(bytes);
@@ -57,16 +63,20 @@ std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (size.isEmpty())
+    if (size.isEmpty()) {
         return std::unexpected(ReadError::UnreadableImage);
-    if (!isDecodableSize(size))
+    }
+    if (!isDecodableSize(size)) {
         return std::unexpected(ReadError::ImageTooLarge);
-    if (const QSize useful = recognisableSize(size); useful != size)
+    }
+    if (const QSize useful = recognisableSize(size); useful != size) {
         reader.setScaledSize(useful);
+    }
 
     const QImage picture = reader.read();
-    if (picture.isNull())
+    if (picture.isNull()) {
         return std::unexpected(ReadError::UnreadableImage);
+    }
     return onWhite(picture);
 }
 

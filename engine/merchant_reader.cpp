@@ -104,12 +104,14 @@ QString undecorated(const QString &line) {
 
 std::optional<QString> readMerchant(const QList<TextLine> &lines) {
     for (const TextLine &line : lines.first(std::min(linesLookedAt, lines.size()))) {
-        if (line.confidence < leastConfidence)
+        if (line.confidence < leastConfidence) {
             continue;
+        }
         const QString name = undecorated(line.text);
         const QString words = wordsOf(name);
-        if (!isMostlyLetters(name) || isHeading(words) || isDetail(name, words) || isItem(line.text))
+        if (!isMostlyLetters(name) || isHeading(words) || isDetail(name, words) || isItem(line.text)) {
             continue;
+        }
         return name;
     }
     return std::nullopt;

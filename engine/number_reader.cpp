@@ -43,8 +43,9 @@ bool isPartOfSomethingElse(const QString &line, qsizetype start, qsizetype end) 
         uR"(\G(?:\s?%|[.,:/\-']?\d|[:/]|\p{L}{1,2}\d|h\d|(?:kg|g|ml|l|cl|cm|mm|km|pm|am|st|nd|rd|th)\b))"_s,
         QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression negative(uR"((?:^|[\s(])[\-−–]\s?[^\s\d\p{L}]?$)"_s);
-    if (continued.match(line, end).hasMatch())
+    if (continued.match(line, end).hasMatch()) {
         return true;
+    }
     const bool trailingMinus =
         end < line.size() && line[end] == u'-' && (end + 1 == line.size() || line[end + 1].isSpace());
     return trailingMinus || negative.match(line.left(start)).hasMatch();
@@ -57,8 +58,9 @@ QList<PrintedNumber> printedNumbers(const QString &line) {
     QRegularExpressionMatchIterator matches = numberPattern().globalMatch(line);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        if (isPartOfSomethingElse(line, match.capturedStart(), match.capturedEnd()))
+        if (isPartOfSomethingElse(line, match.capturedStart(), match.capturedEnd())) {
             continue;
+        }
         PrintedNumber number = parsed(match.captured());
         number.start = match.capturedStart();
         number.length = match.capturedLength();

@@ -35,8 +35,9 @@ bool hasOversizedImage(QPDFPageObjectHelper &page) {
 }
 
 bool namesFonts(QPDFObjectHandle resources) {
-    if (!resources.isDictionary())
+    if (!resources.isDictionary()) {
         return false;
+    }
     QPDFObjectHandle fonts = resources.getKey("/Font");
     return fonts.isDictionary() && !fonts.getKeys().empty();
 }
@@ -63,15 +64,19 @@ QByteArray written(QPDF &pdf) {
 
 std::expected<CheckedPdf, ReadError> checked(QPDF &pdf, int pageLimit) {
     std::vector<QPDFPageObjectHelper> pages = QPDFPageDocumentHelper(pdf).getAllPages();
-    if (pages.empty())
+    if (pages.empty()) {
         return std::unexpected(ReadError::EmptyPdf);
-    if (pages.size() > static_cast<size_t>(pageLimit))
+    }
+    if (pages.size() > static_cast<size_t>(pageLimit)) {
         pages.resize(static_cast<size_t>(pageLimit), pages.front());
-    if (std::ranges::any_of(pages, hasOversizedImage))
+    }
+    if (std::ranges::any_of(pages, hasOversizedImage)) {
         return std::unexpected(ReadError::ImageTooLarge);
+    }
     CheckedPdf result{.bytes = written(pdf), .hasFonts = {}};
-    for (QPDFPageObjectHelper &page : pages)
+    for (QPDFPageObjectHelper &page : pages) {
         result.hasFonts.append(hasFonts(page));
+    }
     return result;
 }
 

@@ -30,34 +30,36 @@ bool isWorthReading(const QString &text) {
 class PageText {
 public:
     PageText(QPdfDocument &document, int page)
-        : m_document(document)
-        , m_page(page)
-        , m_text(document.getAllText(page).text()) {}
+        : document_(document)
+        , page_(page)
+        , text_(document.getAllText(page).text()) {}
 
     QList<TextLine> rows() {
-        if (!isWorthReading(m_text))
+        if (!isWorthReading(text_)) {
             return {};
-        for (qsizetype start = 0; start < m_text.size();) {
-            const qsizetype lineFeed = m_text.indexOf(u'\n', start);
-            const qsizetype end = lineFeed < 0 ? m_text.size() : lineFeed;
+        }
+        for (qsizetype start = 0; start < text_.size();) {
+            const qsizetype lineFeed = text_.indexOf(u'\n', start);
+            const qsizetype end = lineFeed < 0 ? text_.size() : lineFeed;
             collect(start, end);
             start = end + 1;
         }
-        return joinedRows(m_fragments);
+        return joinedRows(fragments_);
     }
 
 private:
     // Halves the piece until each part stands on one row.
     void collect(qsizetype start, qsizetype end) {
-        const QString piece = m_text.sliced(start, end - start).simplified();
-        if (piece.isEmpty() || ++m_lookUps > mostLookUps)
+        const QString piece = text_.sliced(start, end - start).simplified();
+        if (piece.isEmpty() || ++lookUps_ > mostLookUps) {
             return;
+        }
         const QPdfSelection selection =
-            m_document.getSelectionAtIndex(m_page, static_cast<int>(start), static_cast<int>(end - start));
+            document_.getSelectionAtIndex(page_, static_cast<int>(start), static_cast<int>(end - start));
         const qsizetype middle = blankNearMiddle(start, end);
         if (standsOnOneRow(selection) || middle < 0) {
-            m_fragments.append(
-                {.text = piece, .box = selection.boundingRectangle(), .confidence = 1, .page = m_page});
+            fragments_.append(
+                {.text = piece, .box = selection.boundingRectangle(), .confidence = 1, .page = page_});
             return;
         }
         collect(start, middle);
@@ -67,34 +69,38 @@ private:
     static bool standsOnOneRow(const QPdfSelection &selection) {
         double tallest = 0;
         const QList<QPolygonF> boxes = selection.bounds();
-        for (const QPolygonF &box : boxes)
+        for (const QPolygonF &box : boxes) {
             tallest = std::max(tallest, box.boundingRect().height());
+        }
         return selection.boundingRectangle().height() <= 1.5 * tallest;
     }
 
     // The blank after the middle of the piece, or the last one before it; -1 without any inside.
     qsizetype blankNearMiddle(qsizetype start, qsizetype end) const {
         const qsizetype middle = start + (end - start) / 2;
-        if (const qsizetype after = m_text.indexOf(u' ', middle); after >= 0 && after < end - 1)
+        if (const qsizetype after = text_.indexOf(u' ', middle); after >= 0 && after < end - 1) {
             return after;
-        const qsizetype before = m_text.lastIndexOf(u' ', middle);
+        }
+        const qsizetype before = text_.lastIndexOf(u' ', middle);
         return before > start ? before : -1;
     }
 
-    QPdfDocument &m_document;
-    int m_page;
-    QString m_text;
-    QList<TextLine> m_fragments;
-    int m_lookUps = 0;
+    QPdfDocument &document_;
+    int page_;
+    QString text_;
+    QList<TextLine> fragments_;
+    int lookUps_ = 0;
 };
 
 QImage pagePicture(QPdfDocument &document, int page) {
     const QSize size = renderSize(document.pagePointSize(page));
-    if (size.isEmpty())
+    if (size.isEmpty()) {
         return {};
+    }
     const QImage drawn = document.render(page, size);
-    if (drawn.isNull())
+    if (drawn.isNull()) {
         return {};
+    }
     QImage picture(drawn.size(), QImage::Format_RGB32);
     picture.fill(Qt::white);
     QPainter(&picture).drawImage(0, 0, drawn);
@@ -103,10 +109,12 @@ QImage pagePicture(QPdfDocument &document, int page) {
 
 PdfPage pageContent(QPdfDocument &document, int page, bool hasFonts) {
     PdfPage content;
-    if (hasFonts)
+    if (hasFonts) {
         content.lines = PageText(document, page).rows();
-    if (content.lines.isEmpty())
+    }
+    if (content.lines.isEmpty()) {
         content.picture = pagePicture(document, page);
+    }
     return content;
 }
 
@@ -126,8 +134,9 @@ std::mutex pdfiumMutex;
 
 std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit) {
     const std::expected<CheckedPdf, ReadError> checked = checkedPdf(bytes, pageLimit);
-    if (!checked)
+    if (!checked) {
         return std::unexpected(checked.error());
+    }
 
     const std::lock_guard lock(pdfiumMutex);
     QBuffer buffer;
@@ -135,13 +144,15 @@ std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pa
     buffer.open(QIODevice::ReadOnly);
     QPdfDocument document;
     document.load(&buffer);
-    if (document.status() != QPdfDocument::Status::Ready)
+    if (document.status() != QPdfDocument::Status::Ready) {
         return std::unexpected(loadError(document));
+    }
 
     QList<PdfPage> pages;
     const int pageCount = std::min(document.pageCount(), pageLimit);
-    for (int page = 0; page < pageCount; ++page)
+    for (int page = 0; page < pageCount; ++page) {
         pages.append(pageContent(document, page, checked->hasFonts.value(page)));
+    }
     return pages;
 }
 

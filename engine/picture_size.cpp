@@ -33,8 +33,9 @@ QSize recognisableSize(QSize size) {
 }
 
 QSize renderSize(QSizeF points) {
-    if (!std::isfinite(points.width()) || !std::isfinite(points.height()) || points.isEmpty())
+    if (!std::isfinite(points.width()) || !std::isfinite(points.height()) || points.isEmpty()) {
         return {};
+    }
     return reduced(points * (renderDotsPerInch / 72));
 }
 

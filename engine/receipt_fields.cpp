@@ -33,11 +33,13 @@ ReceiptFields readReceipt(const QList<TextLine> &lines, QDate today) {
     fields.currency = readCurrency(lines);
     fields.amount = readAmount(lines);
     const std::optional<FoundDate> date = readDate(lines, orderFor(fields.currency), today);
-    if (!date && !fields.amount)
+    if (!date && !fields.amount) {
         return noReceipt();
+    }
 
-    if (date)
+    if (date) {
         fields.date = date->date;
+    }
     fields.time = readTime(lines, date ? std::optional(date->line) : std::nullopt);
     fields.location = readMerchant(lines);
     fields.category = readCategory(lines, fields.location, fields.time);

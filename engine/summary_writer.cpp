@@ -31,10 +31,12 @@ Wording wordingOf(const QString &category) {
 QString summaryOf(const ReceiptFields &fields) {
     const Wording wording = wordingOf(fields.category);
     QString sentence = wording.purchase;
-    if (fields.location)
+    if (fields.location) {
         sentence += u' ' + wording.preposition + u' ' + *fields.location;
-    if (fields.amount)
+    }
+    if (fields.amount) {
         sentence += u" for "_s + moneyText(*fields.amount, fields.currency);
+    }
     return sentence;
 }
 

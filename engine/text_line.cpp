@@ -22,8 +22,9 @@ struct Row {
         const double shared =
             std::min(box.bottom(), piece.box.bottom()) - std::max(box.top(), piece.box.top());
         if (piece.page != pieces.first().page || shared <= 0 ||
-            shared < std::min(box.height(), piece.box.height()) / 2)
+            shared < std::min(box.height(), piece.box.height()) / 2) {
             return false;
+        }
         return std::ranges::none_of(
             pieces, [&piece](const TextLine &other) { return lieOverEachOther(other.box, piece.box); });
     }
@@ -32,8 +33,9 @@ struct Row {
 // Some PDFs place every letter by itself: how far they stand apart tells letters, words and columns.
 QString gapBetween(const QRectF &left, const QRectF &right, double tallest) {
     const double gap = right.left() - left.right();
-    if (gap < 0.27 * tallest)
+    if (gap < 0.27 * tallest) {
         return {};
+    }
     return gap < tallest ? QStringLiteral(" ") : QStringLiteral("  ");
 }
 
@@ -41,8 +43,9 @@ TextLine joined(Row row) {
     QList<TextLine> &pieces = row.pieces;
     std::ranges::stable_sort(pieces, {}, [](const TextLine &piece) { return piece.box.left(); });
     double tallest = 0;
-    for (const TextLine &piece : std::as_const(pieces))
+    for (const TextLine &piece : std::as_const(pieces)) {
         tallest = std::max(tallest, piece.box.height());
+    }
 
     TextLine line = pieces.first();
     for (qsizetype index = 1; index < pieces.size(); ++index) {
@@ -57,8 +60,9 @@ TextLine joined(Row row) {
 
 QList<TextLine> joinedRows(QList<TextLine> fragments) {
     std::ranges::stable_sort(fragments, [](const TextLine &left, const TextLine &right) {
-        if (left.page != right.page)
+        if (left.page != right.page) {
             return left.page < right.page;
+        }
         return left.box.center().y() < right.box.center().y();
     });
 
@@ -73,8 +77,9 @@ QList<TextLine> joinedRows(QList<TextLine> fragments) {
     }
 
     QList<TextLine> lines;
-    for (const Row &row : std::as_const(rows))
+    for (const Row &row : std::as_const(rows)) {
         lines.append(joined(row));
+    }
     return lines;
 }
 

@@ -23,8 +23,9 @@ QImage prepared(const QImage &picture) {
     double factor = static_cast<double>(comfortableWidth) / std::max(1, picture.width());
     factor = std::min({factor, largestEnlargement, std::sqrt(comfortablePixels / std::max(1.0, pixels))});
     QImage grey = picture.convertToFormat(QImage::Format_Grayscale8);
-    if (factor > 1.05)
+    if (factor > 1.05) {
         grey = grey.scaled(grey.size() * factor, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
     return grey;
 }
 
@@ -46,56 +47,61 @@ QString lineText(const tesseract::ResultIterator &line) {
 } // namespace
 
 TextRecogniser::TextRecogniser()
-    : m_tesseract(std::make_unique<tesseract::TessBaseAPI>()) {
+    : tesseract_(std::make_unique<tesseract::TessBaseAPI>()) {
     silenceLeptonica();
-    m_ready = m_tesseract->Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY) == 0;
-    if (!m_ready)
+    ready_ = tesseract_->Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY) == 0;
+    if (!ready_) {
         return;
-    m_tesseract->SetVariable("debug_file", "/dev/null");
+    }
+    tesseract_->SetVariable("debug_file", "/dev/null");
     // One block of lines across the whole width: columns would part the labels from their amounts.
-    m_tesseract->SetPageSegMode(tesseract::PSM_SINGLE_BLOCK);
+    tesseract_->SetPageSegMode(tesseract::PSM_SINGLE_BLOCK);
 }
 
 TextRecogniser::~TextRecogniser() = default;
 
 bool TextRecogniser::isReady() const {
-    return m_ready;
+    return ready_;
 }
 
 QList<TextLine> TextRecogniser::recognise(const QImage &picture, int page, QDeadlineTimer deadline) {
-    if (!m_ready || picture.isNull())
+    if (!ready_ || picture.isNull()) {
         return {};
+    }
     // Requests are the unit of parallel work; Tesseract's own threads only get in each other's way.
     omp_set_max_active_levels(0);
     const QImage grey = prepared(picture);
-    m_tesseract->SetImage(grey.constBits(), grey.width(), grey.height(), 1,
-                          static_cast<int>(grey.bytesPerLine()));
-    m_tesseract->SetSourceResolution(300);
+    tesseract_->SetImage(grey.constBits(), grey.width(), grey.height(), 1,
+                         static_cast<int>(grey.bytesPerLine()));
+    tesseract_->SetSourceResolution(300);
 
     tesseract::ETEXT_DESC monitor;
     monitor.cancel = isPast;
     monitor.cancel_this = &deadline;
-    if (m_tesseract->Recognize(&monitor) != 0)
+    if (tesseract_->Recognize(&monitor) != 0) {
         return {};
+    }
 
-    const std::unique_ptr<tesseract::ResultIterator> line(m_tesseract->GetIterator());
+    const std::unique_ptr<tesseract::ResultIterator> line(tesseract_->GetIterator());
     QList<TextLine> fragments;
-    if (!line)
+    if (!line) {
         return {};
+    }
     do {
         int left = 0;
         int top = 0;
         int right = 0;
         int bottom = 0;
         const QString text = lineText(*line);
-        if (text.isEmpty() || !line->BoundingBox(tesseract::RIL_TEXTLINE, &left, &top, &right, &bottom))
+        if (text.isEmpty() || !line->BoundingBox(tesseract::RIL_TEXTLINE, &left, &top, &right, &bottom)) {
             continue;
+        }
         fragments.append({.text = text,
                           .box = QRectF(left, top, right - left, bottom - top),
                           .confidence = static_cast<double>(line->Confidence(tesseract::RIL_TEXTLINE)) / 100,
                           .page = page});
     } while (line->Next(tesseract::RIL_TEXTLINE));
-    m_tesseract->Clear();
+    tesseract_->Clear();
     return joinedRows(fragments);
 }
 

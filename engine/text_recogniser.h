@@ -27,8 +27,8 @@ public:
     QList<TextLine> recognise(const QImage &picture, int page, QDeadlineTimer deadline);
 
 private:
-    std::unique_ptr<tesseract::TessBaseAPI> m_tesseract;
-    bool m_ready = false;
+    std::unique_ptr<tesseract::TessBaseAPI> tesseract_;
+    bool ready_ = false;
 };
 
 } // namespace fennick

@@ -17,12 +17,15 @@ QTime parsed(const QRegularExpressionMatch &match) {
     int hour = match.captured(u"hour").toInt();
     const int minute = match.captured(u"minute").toInt();
     const QString half = match.captured(u"half").toLower();
-    if (!half.isEmpty() && (hour < 1 || hour > 12))
+    if (!half.isEmpty() && (hour < 1 || hour > 12)) {
         return half == u"p" && hour < 24 ? QTime(hour, minute) : QTime();
-    if (half == u"p" && hour < 12)
+    }
+    if (half == u"p" && hour < 12) {
         hour += 12;
-    if (half == u"a" && hour == 12)
+    }
+    if (half == u"a" && hour == 12) {
         hour = 0;
+    }
     return QTime(hour, minute);
 }
 
@@ -35,8 +38,9 @@ std::optional<QTime> firstTime(const QString &line) {
         QRegularExpressionMatchIterator matches = pattern.globalMatch(line);
         while (matches.hasNext()) {
             const QTime time = parsed(matches.next());
-            if (time.isValid())
+            if (time.isValid()) {
                 return time;
+            }
         }
     }
     return std::nullopt;
@@ -53,10 +57,12 @@ bool tellsOpeningHours(const QString &line) {
 // Lower is better.
 qsizetype distance(const QString &line, qsizetype index, std::optional<qsizetype> dateLine) {
     static const QStringList labels = {u"time"_s, u"uhrzeit"_s, u"zeit"_s, u"heure"_s, u"uhr"_s, u"hora"_s};
-    if (index == dateLine)
+    if (index == dateLine) {
         return -2;
-    if (containsAnyPhrase(wordsOf(line), labels))
+    }
+    if (containsAnyPhrase(wordsOf(line), labels)) {
         return -1;
+    }
     return dateLine ? std::abs(index - *dateLine) : index;
 }
 
@@ -68,11 +74,13 @@ std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizet
     for (qsizetype index = 0; index < lines.size(); ++index) {
         const QString &line = lines[index].text;
         const std::optional<QTime> time = firstTime(line);
-        if (!time || (index != dateLine && tellsOpeningHours(line)))
+        if (!time || (index != dateLine && tellsOpeningHours(line))) {
             continue;
+        }
         const qsizetype away = distance(line, index, dateLine);
-        if (best && away >= bestDistance)
+        if (best && away >= bestDistance) {
             continue;
+        }
         best = time;
         bestDistance = away;
     }

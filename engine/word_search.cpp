@@ -10,15 +10,18 @@ QString wordsOf(const QString &text) {
     QString words = QStringLiteral(" ");
     const QString lowered = lowerCased(text);
     for (const QChar character : lowered) {
-        if (character == u'\'' || character == u'\u2019')
+        if (character == u'\'' || character == u'\u2019') {
             continue;
-        if (character.isLetterOrNumber() || character.isMark())
+        }
+        if (character.isLetterOrNumber() || character.isMark()) {
             words += character;
-        else if (!words.endsWith(u' '))
+        } else if (!words.endsWith(u' ')) {
             words += u' ';
+        }
     }
-    if (!words.endsWith(u' '))
+    if (!words.endsWith(u' ')) {
         words += u' ';
+    }
     return words;
 }
 

@@ -15,8 +15,9 @@ void addGrain(QImage &picture, int strength) {
     std::uniform_int_distribution<int> grain(-strength, strength);
     for (int y = 0; y < picture.height(); ++y) {
         uchar *row = picture.scanLine(y);
-        for (int x = 0; x < picture.width(); ++x)
+        for (int x = 0; x < picture.width(); ++x) {
             row[x] = static_cast<uchar>(std::clamp(row[x] + grain(random), 0, 255));
+        }
     }
 }
 

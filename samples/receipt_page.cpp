@@ -36,8 +36,9 @@ QFont fontOf(const Row &row, double unit, bool typewriter) {
 }
 
 void drawRow(QPainter &painter, const Row &row, const QRectF &box) {
-    if (row.style == RowStyle::Gap)
+    if (row.style == RowStyle::Gap) {
         return;
+    }
     if (row.style == RowStyle::Rule) {
         painter.setPen(QPen(Qt::black, box.height() / 12, Qt::DashLine));
         painter.drawLine(QPointF(box.left(), box.center().y()), QPointF(box.right(), box.center().y()));
@@ -67,8 +68,9 @@ QImage pictureOf(const Page &page, int width, bool typewriter) {
     const double inner = width - 2 * margin;
     double height = 2 * margin;
     const double unit = inner / rowsPerWidth;
-    for (const Row &row : page)
+    for (const Row &row : page) {
         height += rowHeight(row, unit);
+    }
     QImage picture(width, static_cast<int>(height), QImage::Format_RGB32);
     picture.fill(Qt::white);
     QPainter painter(&picture);

@@ -54,11 +54,13 @@ bool writeTextPdf(const QString &path, const QList<Page> &pages) {
     QPdfWriter writer(path);
     prepare(writer);
     QPainter painter;
-    if (!painter.begin(&writer))
+    if (!painter.begin(&writer)) {
         return false;
+    }
     for (qsizetype index = 0; index < pages.size(); ++index) {
-        if (index > 0)
+        if (index > 0) {
             writer.newPage();
+        }
         drawPage(painter, pages[index], writer.width(), pdfRowHeight, false);
     }
     return painter.end();
@@ -69,8 +71,9 @@ bool writeScannedPdf(const QString &path, const QImage &picture) {
     prepare(writer);
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     QPainter painter;
-    if (!painter.begin(&writer))
+    if (!painter.begin(&writer)) {
         return false;
+    }
     const QSize size = picture.size().scaled(writer.width(), writer.height(), Qt::KeepAspectRatio);
     painter.drawImage(QRect(QPoint(0, 0), size), picture);
     return painter.end();
@@ -83,8 +86,9 @@ bool writePicture(const QString &path, const QImage &picture, const char *format
 bool writeTurnedJpeg(const QString &path, const QImage &upright, int quality) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    if (!upright.transformed(QTransform().rotate(-90)).save(&buffer, "JPG", quality))
+    if (!upright.transformed(QTransform().rotate(-90)).save(&buffer, "JPG", quality)) {
         return false;
+    }
     const qsizetype afterStartOfImage = 2;
     return writeBytes(path, QByteArray(buffer.data()).insert(afterStartOfImage, orientationSegment()));
 }
@@ -95,8 +99,9 @@ bool writeHeic(const QString &path, const QImage &picture, int quality) {
                                                                               heif_context_free);
     heif_encoder *encoder = nullptr;
     if (heif_context_get_encoder_for_format(context.get(), heif_compression_HEVC, &encoder).code !=
-        heif_error_Ok)
+        heif_error_Ok) {
         return false;
+    }
     const std::unique_ptr<heif_encoder, decltype(&heif_encoder_release)> encoderOwner(encoder,
                                                                                       heif_encoder_release);
     heif_encoder_set_lossy_quality(encoder, quality);
@@ -104,14 +109,16 @@ bool writeHeic(const QString &path, const QImage &picture, int quality) {
     heif_image *image = nullptr;
     if (heif_image_create(pixels.width(), pixels.height(), heif_colorspace_RGB, heif_chroma_interleaved_RGB,
                           &image)
-            .code != heif_error_Ok)
+            .code != heif_error_Ok) {
         return false;
+    }
     const std::unique_ptr<heif_image, decltype(&heif_image_release)> imageOwner(image, heif_image_release);
     heif_image_add_plane(image, heif_channel_interleaved, pixels.width(), pixels.height(), 8);
     int stride = 0;
     uint8_t *plane = heif_image_get_plane(image, heif_channel_interleaved, &stride);
-    for (int y = 0; y < pixels.height(); ++y)
+    for (int y = 0; y < pixels.height(); ++y) {
         std::copy_n(pixels.constScanLine(y), 3 * pixels.width(), plane + static_cast<qsizetype>(y) * stride);
+    }
 
     const heif_error encoded = heif_context_encode_image(context.get(), image, encoder, nullptr, nullptr);
     return encoded.code == heif_error_Ok &&

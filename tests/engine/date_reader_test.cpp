@@ -58,9 +58,10 @@ private Q_SLOTS:
         const QStringList names = {u"Januar"_s,    u"Februar"_s, u"März"_s,     u"April"_s,
                                    u"Mai"_s,       u"Juni"_s,    u"Juli"_s,     u"August"_s,
                                    u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
-        for (qsizetype index = 0; index < names.size(); ++index)
+        for (qsizetype index = 0; index < names.size(); ++index) {
             QTest::newRow(qPrintable(names[index]))
                 << QStringLiteral("9. %1 2024").arg(names[index]) << static_cast<int>(index) + 1;
+        }
     }
     void knowsGermanMonths() {
         QFETCH(QString, text);

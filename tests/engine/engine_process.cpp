@@ -12,20 +12,21 @@ namespace fennick {
 using namespace Qt::StringLiterals;
 
 EngineProcess::EngineProcess() {
-    m_process.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
-    if (!m_process.waitForReadyRead(20'000))
+    process_.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
+    if (!process_.waitForReadyRead(20'000)) {
         return;
+    }
     static const QRegularExpression line(uR"(^Listening on http://127\.0\.0\.1:(\d+)\n$)"_s);
-    m_port = line.match(QString::fromUtf8(m_process.readAllStandardOutput())).captured(1).toUShort();
+    port_ = line.match(QString::fromUtf8(process_.readAllStandardOutput())).captured(1).toUShort();
 }
 
 EngineProcess::~EngineProcess() {
-    m_process.terminate();
-    m_process.waitForFinished();
+    process_.terminate();
+    process_.waitForFinished();
 }
 
 bool EngineProcess::isRunning() const {
-    return m_port != 0 && m_process.state() == QProcess::Running;
+    return port_ != 0 && process_.state() == QProcess::Running;
 }
 
 QString EngineProcess::generatePath() const {
@@ -34,9 +35,9 @@ QString EngineProcess::generatePath() const {
 
 QNetworkReply *EngineProcess::send(const QByteArray &method, const QString &pathAndQuery,
                                    const QByteArray &body) {
-    QNetworkRequest request(QUrl(u"http://127.0.0.1:%1%2"_s.arg(m_port).arg(pathAndQuery)));
+    QNetworkRequest request(QUrl(u"http://127.0.0.1:%1%2"_s.arg(port_).arg(pathAndQuery)));
     request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
-    return m_network.sendCustomRequest(request, method, body);
+    return network_.sendCustomRequest(request, method, body);
 }
 
 HttpAnswer EngineProcess::answerTo(const QByteArray &method, const QString &pathAndQuery,
@@ -47,8 +48,9 @@ HttpAnswer EngineProcess::answerTo(const QByteArray &method, const QString &path
 HttpAnswer finished(QNetworkReply *reply) {
     const std::unique_ptr<QNetworkReply> owner(reply);
     QSignalSpy end(reply, &QNetworkReply::finished);
-    if (!reply->isFinished() && !end.wait(60'000))
+    if (!reply->isFinished() && !end.wait(60'000)) {
         return {};
+    }
     return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
             QJsonDocument::fromJson(reply->readAll()).object()};
 }

@@ -20,7 +20,7 @@ public:
     ~EngineProcess();
 
     bool isRunning() const;
-    quint16 port() const { return m_port; }
+    quint16 port() const { return port_; }
 
     // The address of generateContent with a key.
     QString generatePath() const;
@@ -29,9 +29,9 @@ public:
     HttpAnswer answerTo(const QByteArray &method, const QString &pathAndQuery, const QByteArray &body);
 
 private:
-    QProcess m_process;
-    QNetworkAccessManager m_network;
-    quint16 m_port = 0;
+    QProcess process_;
+    QNetworkAccessManager network_;
+    quint16 port_ = 0;
 };
 
 // Waits until `reply` is finished and takes it apart.

@@ -28,8 +28,9 @@ QByteArray sample(const QString &name) {
 }
 
 void putNumber(QByteArray &bytes, qsizetype at, quint32 number) {
-    for (int shift = 24; shift >= 0; shift -= 8)
+    for (int shift = 24; shift >= 0; shift -= 8) {
         bytes[at++] = static_cast<char>(number >> shift & 0xFF);
+    }
 }
 
 // A tiny PNG whose header claims `side` x `side` pixels; the header's checksum (over its 17 bytes) fits.
@@ -40,8 +41,9 @@ QByteArray pngClaiming(quint32 side) {
     quint32 sum = 0xFFFFFFFF;
     for (qsizetype index = 12; index < 29; ++index) {
         sum ^= static_cast<uchar>(bytes[index]);
-        for (int bit = 0; bit < 8; ++bit)
+        for (int bit = 0; bit < 8; ++bit) {
             sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
+        }
     }
     putNumber(bytes, 29, ~sum);
     return bytes;

@@ -29,15 +29,17 @@ QByteArray pdfWith(const QList<QList<DrawnText>> &pages, QRect rectangle = {}, b
     QPdfWriter writer(&buffer);
     writer.setPageMargins({});
     QPainter painter(&writer);
-    if (letterByLetter)
+    if (letterByLetter) {
         painter.scale(writer.resolution() / 72.0, writer.resolution() / 72.0);
+    }
     const double unit = letterByLetter ? 1 : writer.resolution() / 72.0;
     QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(static_cast<int>(12 * unit));
     painter.setFont(font);
     for (qsizetype index = 0; index < pages.size(); ++index) {
-        if (index > 0)
+        if (index > 0) {
             writer.newPage();
+        }
         for (const DrawnText &drawn : pages[index])
             painter.drawText(drawn.at * unit, drawn.text);
         painter.fillRect(QRectF(rectangle.topLeft() * unit, rectangle.size() * unit), Qt::black);

@@ -45,8 +45,9 @@ struct Ended {
 Ended runEngine(const QStringList &arguments) {
     QProcess process;
     process.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), arguments);
-    if (!process.waitForFinished(20'000) || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(20'000) || process.exitStatus() != QProcess::NormalExit) {
         return {};
+    }
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
@@ -56,18 +57,18 @@ Ended runEngine(const QStringList &arguments) {
 class ProgramTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<EngineProcess> m_engine;
+    std::unique_ptr<EngineProcess> engine_;
 
 private Q_SLOTS:
     void initTestCase() {
-        m_engine = std::make_unique<EngineProcess>();
-        QVERIFY(m_engine->isRunning());
+        engine_ = std::make_unique<EngineProcess>();
+        QVERIFY(engine_->isRunning());
     }
 
     // Whatever a test did to it, the program goes on.
-    void cleanup() { QVERIFY(m_engine->isRunning()); }
+    void cleanup() { QVERIFY(engine_->isRunning()); }
 
-    void cleanupTestCase() { m_engine.reset(); }
+    void cleanupTestCase() { engine_.reset(); }
 
     void readsEverySample_data() {
         QTest::addColumn<QString>("file");
@@ -78,8 +79,7 @@ private Q_SLOTS:
     void readsEverySample() {
         QFETCH(QString, file);
         QFETCH(QJsonObject, facts);
-        const HttpAnswer answer =
-            m_engine->answerTo("POST", m_engine->generatePath(), requestForSample(file));
+        const HttpAnswer answer = engine_->answerTo("POST", engine_->generatePath(), requestForSample(file));
         QCOMPARE(answer.status, 200);
         QCOMPARE(answer.body.value("modelVersion"_L1).toString(), u"gemini-2.5-flash"_s);
         QJsonObject found = fieldsOf(answer);
@@ -90,17 +90,18 @@ private Q_SLOTS:
     void answersSeveralAtOnce() {
         QList<QNetworkReply *> replies;
         for (int index = 0; index < 6; ++index)
-            replies.append(m_engine->send("POST", m_engine->generatePath(),
-                                          requestForSample(index % 2 ? u"parking.png"_s : u"invoice.pdf"_s)));
-        for (qsizetype index = 0; index < replies.size(); ++index)
+            replies.append(engine_->send("POST", engine_->generatePath(),
+                                         requestForSample(index % 2 ? u"parking.png"_s : u"invoice.pdf"_s)));
+        for (qsizetype index = 0; index < replies.size(); ++index) {
             QCOMPARE(fieldsOf(finished(replies[index])).value("amount"_L1).toDouble(),
                      index % 2 ? 6.5 : 486.4);
+        }
     }
 
     void wantsAKey() {
         for (const QString &query : {QString(), u"?key="_s, u"?other=1"_s}) {
-            const HttpAnswer answer = m_engine->answerTo(
-                "POST", u"/v1beta/models/m:generateContent"_s + query, requestForSample(u"parking.png"_s));
+            const HttpAnswer answer = engine_->answerTo("POST", u"/v1beta/models/m:generateContent"_s + query,
+                                                        requestForSample(u"parking.png"_s));
             QCOMPARE(answer.status, 400);
             const QJsonObject error = answer.body.value("error"_L1).toObject();
             QCOMPARE(error.value("code"_L1).toInt(), 400);
@@ -114,9 +115,9 @@ private Q_SLOTS:
     void knowsNoOtherAddress() {
         const QByteArray body = requestForSample(u"parking.png"_s);
         for (const HttpAnswer &answer :
-             {m_engine->answerTo("POST", u"/"_s, body),
-              m_engine->answerTo("POST", u"/v1beta/models/m:countTokens?key=k"_s, body),
-              m_engine->answerTo("GET", m_engine->generatePath(), {})}) {
+             {engine_->answerTo("POST", u"/"_s, body),
+              engine_->answerTo("POST", u"/v1beta/models/m:countTokens?key=k"_s, body),
+              engine_->answerTo("GET", engine_->generatePath(), {})}) {
             QCOMPARE(answer.status, 404);
             QCOMPARE(answer.body.value("error"_L1).toObject().value("status"_L1).toString(), u"NOT_FOUND"_s);
         }
@@ -135,7 +136,7 @@ private Q_SLOTS:
     }
     void refusesUnreadableDocuments() {
         QFETCH(QByteArray, body);
-        const HttpAnswer answer = m_engine->answerTo("POST", m_engine->generatePath(), body);
+        const HttpAnswer answer = engine_->answerTo("POST", engine_->generatePath(), body);
         QCOMPARE(answer.status, 400);
         const QJsonObject error = answer.body.value("error"_L1).toObject();
         QCOMPARE(error.value("code"_L1).toInt(), 400);
@@ -147,14 +148,14 @@ private Q_SLOTS:
         // What follows the end of a PNG is ignored by decoders.
         const QByteArray document = sampleBytes(u"parking.png"_s) + QByteArray(40 * 1024 * 1024, 'x');
         const HttpAnswer answer =
-            m_engine->answerTo("POST", m_engine->generatePath(), requestFor(document, u"image/png"_s));
+            engine_->answerTo("POST", engine_->generatePath(), requestFor(document, u"image/png"_s));
         QCOMPARE(answer.status, 200);
         QCOMPARE(fieldsOf(answer).value("amount"_L1).toDouble(), 6.5);
     }
 
     void refusesATooLargeRequest() {
         const HttpAnswer answer =
-            m_engine->answerTo("POST", m_engine->generatePath(), QByteArray(largestRequest + 1, ' '));
+            engine_->answerTo("POST", engine_->generatePath(), QByteArray(largestRequest + 1, ' '));
         QCOMPARE(answer.status, 413);
         QCOMPARE(answer.body.value("error"_L1).toObject().value("code"_L1).toInt(), 413);
     }
@@ -163,22 +164,23 @@ private Q_SLOTS:
         const QByteArray body = requestForSample(u"scan0001.pdf"_s);
         for (int index = 0; index < 4; ++index) {
             QTcpSocket socket;
-            socket.connectToHost(u"127.0.0.1"_s, m_engine->port());
+            socket.connectToHost(u"127.0.0.1"_s, engine_->port());
             QVERIFY(socket.waitForConnected());
-            socket.write("POST " + m_engine->generatePath().toUtf8() +
+            socket.write("POST " + engine_->generatePath().toUtf8() +
                          " HTTP/1.1\r\nHost: x\r\nContent-Length: " + QByteArray::number(body.size()) +
                          "\r\n\r\n" + body);
-            while (socket.bytesToWrite() > 0)
+            while (socket.bytesToWrite() > 0) {
                 QVERIFY(socket.waitForBytesWritten());
+            }
             socket.abort();
         }
         // Waits in the same queue, so the abandoned ones are through when it is answered.
-        QCOMPARE(m_engine->answerTo("POST", m_engine->generatePath(), body).status, 200);
+        QCOMPARE(engine_->answerTo("POST", engine_->generatePath(), body).status, 200);
     }
 
     void outlivesWhatIsNoHttp() {
         QTcpSocket socket;
-        socket.connectToHost(u"127.0.0.1"_s, m_engine->port());
+        socket.connectToHost(u"127.0.0.1"_s, engine_->port());
         QVERIFY(socket.waitForConnected());
         socket.write(QByteArray(5000, '\0') + "\r\n\r\n");
         QVERIFY(socket.waitForBytesWritten());
@@ -191,7 +193,7 @@ private Q_SLOTS:
             if (address.isLoopback() || address.protocol() != QAbstractSocket::IPv4Protocol)
                 continue;
             QTcpSocket socket;
-            socket.connectToHost(address, m_engine->port());
+            socket.connectToHost(address, engine_->port());
             QVERIFY2(!socket.waitForConnected(2000), qPrintable(address.toString()));
         }
     }

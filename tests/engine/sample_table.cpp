@@ -11,8 +11,9 @@ using namespace Qt::StringLiterals;
 
 QList<Sample> sampleTable() {
     QFile file(QStringLiteral(FENNICK_SOURCE_DIR "/samples/expected.csv"));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return {};
+    }
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
     const QStringList names = lines.value(0).split(u',');
     QList<Sample> samples;
@@ -22,8 +23,9 @@ QList<Sample> sampleTable() {
         for (qsizetype index = 1; index < names.size(); ++index) {
             const QString cell = cells.value(index);
             QJsonValue value = QJsonValue::Null;
-            if (!cell.isEmpty())
+            if (!cell.isEmpty()) {
                 value = names[index] == u"amount" ? QJsonValue(cell.toDouble()) : QJsonValue(cell);
+            }
             sample.facts.insert(names[index], value);
         }
         samples.append(sample);

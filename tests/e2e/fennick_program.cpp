@@ -1,0 +1,77 @@
+#include "fennick_program.h"
+
+#include "support/conditions.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <linux/capability.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+namespace fennick::test {
+
+FennickProgram::FennickProgram() {
+    process_.setProgram(QStringLiteral(FENNICK_BIN_DIR "/fennick"));
+    process_.setProcessChannelMode(QProcess::MergedChannels);
+    process_.setChildProcessModifier([] {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+        prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
+    });
+}
+
+FennickProgram::~FennickProgram() {
+    kill();
+}
+
+void FennickProgram::start(const QProcessEnvironment &environment) {
+    process_.setProcessEnvironment(environment);
+    process_.start();
+    if (!process_.waitForStarted()) {
+        qFatal("%s: %s", qPrintable(process_.program()), qPrintable(process_.errorString()));
+    }
+}
+
+bool FennickProgram::isWatching(const QString &folder) const {
+    struct stat folderStatus {};
+    if (stat(QFile::encodeName(folder).constData(), &folderStatus) != 0) {
+        return false;
+    }
+    const QByteArray inode = " ino:" + QByteArray::number(folderStatus.st_ino, 16) + ' ';
+    const QDir descriptors(QStringLiteral("/proc/%1/fdinfo").arg(process_.processId()));
+    const QStringList names = descriptors.entryList(QDir::Files);
+    return std::any_of(names.begin(), names.end(), [&](const QString &name) {
+        QFile file(descriptors.filePath(name));
+        if (!file.open(QIODevice::ReadOnly)) {
+            return false;
+        }
+        const QByteArray description = file.readAll();
+        return description.contains("inotify wd:") && description.contains(inode);
+    });
+}
+
+bool FennickProgram::terminate() {
+    process_.terminate();
+    return waitUntil([this] { return !isRunning(); });
+}
+
+void FennickProgram::kill() {
+    if (isRunning()) {
+        process_.kill();
+        process_.waitForFinished();
+    }
+}
+
+bool FennickProgram::endsWithSuccess(int milliseconds) {
+    return waitUntil([this] { return !isRunning(); }, milliseconds) &&
+           process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
+}
+
+QByteArray FennickProgram::output() {
+    return output_ += process_.readAll();
+}
+
+} // namespace fennick::test

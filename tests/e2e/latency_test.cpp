@@ -1,0 +1,104 @@
+#include "user_session.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <chrono>
+
+using namespace fennick;
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+using std::chrono::duration_cast;
+using std::chrono::milliseconds;
+using std::chrono::system_clock;
+
+namespace {
+
+QByteArray listOf(int count) {
+    QJsonArray list;
+    for (int index = 0; index < count; ++index) {
+        const QString name = u"2024-01-01 Misc - Shop %1 $1.00.pdf"_s.arg(index);
+        list.append(QJsonObject{{u"id"_s, u"EARLIER-%1"_s.arg(index)},
+                                {u"fileName"_s, name},
+                                {u"filePath"_s, u"/nowhere/"_s + name},
+                                {u"date"_s, u"2024-01-01"_s},
+                                {u"amount"_s, 1.0},
+                                {u"currency"_s, u"USD"_s},
+                                {u"location"_s, u"Shop %1"_s.arg(index)},
+                                {u"category"_s, u"misc"_s},
+                                {u"summary"_s, u"A receipt of an earlier day."_s},
+                                {u"scannedAt"_s, u"2024-01-02T03:04:05Z"_s},
+                                {u"status"_s, u"done"_s},
+                                {u"addedToPhotos"_s, true}});
+    }
+    return QJsonDocument(list).toJson();
+}
+
+} // namespace
+
+// The wait that users feel: from the last write of a file to its request there are 0.3 seconds of quiet and
+// 0.5 seconds in which the size must not change, and nothing worth mentioning besides.
+class LatencyTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { session_.renew(); }
+    void cleanup() { QVERIFY(session_.end()); }
+
+    void requestFollowsTheLastWriteAtOnce_data() {
+        QTest::addColumn<int>("writes");
+        QTest::addColumn<int>("pause");
+        QTest::addColumn<int>("listed");
+        QTest::newRow("one write") << 1 << 0 << 0;
+        QTest::newRow("a burst of ten writes") << 10 << 20 << 0;
+        QTest::newRow("one write, 400 receipts listed") << 1 << 0 << 400;
+        QTest::newRow("a burst of ten writes, 400 receipts listed") << 10 << 20 << 400;
+    }
+    void requestFollowsTheLastWriteAtOnce() {
+        QFETCH(int, writes);
+        QFETCH(int, pause);
+        QFETCH(int, listed);
+        writeFile(session_.home.receiptsFile(), listOf(listed));
+        QVERIFY(session_.start());
+        session_.drop(u"first.pdf"_s, "the folder has been listed when this one is done");
+        QVERIFY(waitUntil([this] { return session_.rows().value(0).value(u"status") == u"done"_s; }));
+        QList<qint64> delays;
+        for (int round = 0; round < 10; ++round) {
+            delays.append(delayOf(u"%1.pdf"_s.arg(round), writes, pause).count());
+        }
+        QString text;
+        QDebug(&text) << delays;
+        QVERIFY2(*std::min_element(delays.begin(), delays.end()) >= 800, qPrintable(text));
+        QVERIFY2(*std::max_element(delays.begin(), delays.end()) <= 850, qPrintable(text));
+        qInfo().noquote() << text;
+    }
+
+private:
+    // From the last write of a new file to the arrival of its request; the file is then whole.
+    milliseconds delayOf(const QString &name, int writes, int pause) {
+        session_.server.forgetRequests();
+        QFile file(session_.path(name));
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+            return milliseconds(-1);
+        }
+        for (int write = 1; write < writes; ++write) {
+            file.write("x");
+            letTimePass(pause);
+        }
+        file.write("x");
+        const auto lastWrite = system_clock::now();
+        file.close();
+        if (!waitUntil([this] { return session_.server.requests().size() == 1; }) ||
+            session_.sentDocuments().first().size() != writes) {
+            return milliseconds(-1);
+        }
+        return duration_cast<milliseconds>(session_.server.requests().first().arrivedAt - lastWrite);
+    }
+
+    UserSession session_;
+};
+
+QTEST_GUILESS_MAIN(LatencyTest)
+#include "latency_test.moc"
