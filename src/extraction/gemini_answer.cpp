@@ -40,7 +40,8 @@ std::optional<QList<QJsonObject>> objects(const QJsonValue &value) {
         return std::nullopt;
     }
     QList<QJsonObject> result;
-    for (const QJsonValue &item : value.toArray()) {
+    const QJsonArray array = value.toArray();
+    for (const QJsonValueConstRef item : array) {
         if (!item.isObject()) {
             return std::nullopt;
         }

@@ -94,7 +94,7 @@ QByteArray compactJson(const QJsonObject &object) {
 // Appends the rest of the file in base64. Chunks are a multiple of three bytes, so that only the last one is
 // padded; the file never lies in memory beside its encoding.
 bool appendBase64(QByteArray &body, QFile &file) {
-    constexpr qint64 chunkSize = 3 * 64 * 1024;
+    constexpr qint64 chunkSize = 3 * qint64{64} * 1024;
     while (true) {
         const QByteArray chunk = file.read(chunkSize);
         if (chunk.isEmpty()) {

@@ -66,7 +66,7 @@ std::expected<QString, QString> createPrivateFolder() {
     if (!parent) {
         return parent;
     }
-    const QString folder = *parent + u'/' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    QString folder = *parent + u'/' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     if (const int problem = createOwnerOnly(QFile::encodeName(folder)); problem != 0) {
         return failure(problem);
     }

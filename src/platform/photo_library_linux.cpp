@@ -1,3 +1,4 @@
+#include "platform/file_operations.h"
 #include "platform/photo_library.h"
 #include "text/numbered_name.h"
 #include "text/path_text.h"
@@ -7,8 +8,6 @@
 #include <QFile>
 #include <QStandardPaths>
 #include <QUuid>
-
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -30,22 +29,6 @@ QString titleOf(const QString &albumFolder) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-bool synchronise(QFile &file) {
-    return file.flush() && fsync(file.handle()) == 0;
-}
-
-std::expected<void, QString> copySynchronised(const QString &source, const QString &target) {
-    QFile original(source);
-    if (!original.copy(target)) {
-        return std::unexpected(original.errorString());
-    }
-    QFile copy(target);
-    if (!copy.open(QIODevice::ReadWrite) || !synchronise(copy)) {
-        return std::unexpected(copy.errorString());
-    }
-    return {};
-}
-
 // Moves without ever replacing a file: a name that is taken gets a number.
 std::expected<QString, QString> moveUnderFreeName(const QString &source, const QString &targetFolder,
                                                   const QString &name) {
@@ -53,12 +36,12 @@ std::expected<QString, QString> moveUnderFreeName(const QString &source, const Q
     const QString extension = pathExtension(name);
     QString target = targetFolder + u'/' + name;
     for (int number = 2;; ++number) {
-        QFile file(source);
-        if (file.rename(target)) { // refuses to replace
+        const auto moved = FileOperations::moveWithoutReplacing(source, target);
+        if (moved) {
             return target;
         }
         if (!QFileInfo::exists(target)) {
-            return std::unexpected(file.errorString());
+            return std::unexpected(moved.error());
         }
         target = targetFolder + u'/' + numberedName(stem, extension, number);
     }
@@ -77,7 +60,7 @@ std::optional<Album> makeAlbum(const QString &title) {
     }
     QFile file(path + u'/' + titleFileName);
     const QByteArray content = title.toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !synchronise(file)) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush()) {
         file.close();
         QDir(path).removeRecursively();
         return std::nullopt;
@@ -115,7 +98,7 @@ public:
         }
         for (const QString &path : imagePaths) {
             const QString staged = staging_ + u'/' + QString::number(staged_.size());
-            if (const auto copied = copySynchronised(path, staged); !copied) {
+            if (const auto copied = FileOperations::copyDurably(path, staged); !copied) {
                 return copied;
             }
             staged_.append({staged, lastPathComponent(path)});

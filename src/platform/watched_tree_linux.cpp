@@ -41,7 +41,7 @@ void WatchedTree::lookForRoot(QList<QByteArray> &changedPaths) {
 }
 
 void WatchedTree::readEvents(QList<QByteArray> &changedPaths) {
-    alignas(inotify_event) std::array<char, 64 * 1024> buffer;
+    alignas(inotify_event) std::array<char, 65536> buffer;
     while (true) {
         const ssize_t length = read(descriptor_, buffer.data(), buffer.size());
         if (length <= 0) {

@@ -1,0 +1,86 @@
+#include "platform/file_operations.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QUuid>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace fennick::FileOperations {
+
+namespace {
+
+QString systemError(int number) {
+    return QString::fromLocal8Bit(std::strerror(number));
+}
+
+// 0 or the error's number. File systems that cannot refuse to replace by themselves (EINVAL) are asked
+// whether the target exists first.
+int renameWithoutReplacing(const QString &source, const QString &target) {
+    const QByteArray from = QFile::encodeName(source);
+    const QByteArray to = QFile::encodeName(target);
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    if (errno != EINVAL) {
+        return errno;
+    }
+    if (QFileInfo::exists(target)) {
+        return EEXIST;
+    }
+    return std::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+}
+
+std::expected<void, QString> synchronise(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || fsync(file.handle()) != 0) {
+        return std::unexpected(systemError(errno));
+    }
+    return {};
+}
+
+} // namespace
+
+std::expected<void, QString> copyDurably(const QString &source, const QString &target) {
+    QFile original(source);
+    if (!original.copy(target)) {
+        return std::unexpected(original.errorString());
+    }
+    const auto synchronised = synchronise(target);
+    if (!synchronised) {
+        QFile::remove(target);
+    }
+    return synchronised;
+}
+
+std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target) {
+    const int error = renameWithoutReplacing(source, target);
+    if (error == 0) {
+        return {};
+    }
+    if (error != EXDEV) {
+        return std::unexpected(systemError(error));
+    }
+    // Under another name first: nobody may take a part of the file for the whole.
+    const QString part = QFileInfo(target).path() + QStringLiteral("/.moving-") +
+                         QUuid::createUuid().toString(QUuid::WithoutBraces);
+    if (const auto copied = copyDurably(source, part); !copied) {
+        return copied;
+    }
+    if (const int placed = renameWithoutReplacing(part, target); placed != 0) {
+        QFile::remove(part);
+        return std::unexpected(systemError(placed));
+    }
+    if (!QFile::remove(source)) {
+        QFile::remove(target);
+        return std::unexpected(systemError(EACCES));
+    }
+    return {};
+}
+
+} // namespace fennick::FileOperations
