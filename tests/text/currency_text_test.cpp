@@ -25,6 +25,46 @@ private Q_SLOTS:
     }
 
     void anUnknownCodeIsWrittenOut() { QVERIFY(amountText(5, QStringLiteral("XQZ")).contains(u"XQZ")); }
+
+    void decimalsAreTheCurrencysOrTwo() {
+        const QString yen = QStringLiteral("JPY");
+        QCOMPARE(amountText(5000, yen), QStringLiteral("¥5,000"));
+        QCOMPARE(AmountFormatter(FractionDigits::ofCurrency).text(5000, yen), QStringLiteral("¥5,000"));
+        QCOMPARE(AmountFormatter(FractionDigits::two).text(5000, yen), QStringLiteral("¥5,000.00"));
+        QCOMPARE(AmountFormatter(FractionDigits::two).text(1.2345, QStringLiteral("KWD")),
+                 QStringLiteral("KWD\u00A01.23"));
+    }
+
+    void aTextThatIsNoCodeGivesTwoDecimals_data() {
+        QTest::addColumn<QString>("code");
+        for (const char *code : {"", "E", "EU", "Euro", "€", "€€€", "E U", "12€"}) {
+            QTest::newRow(*code ? code : "empty") << QString::fromUtf8(code);
+        }
+    }
+    void aTextThatIsNoCodeGivesTwoDecimals() {
+        QFETCH(QString, code);
+        QCOMPARE(amountText(12.5, code), QStringLiteral("12.50"));
+    }
+
+    void oneFormatterServesCurrenciesInTurn() {
+        AmountFormatter formatter(FractionDigits::two);
+        for (int round = 0; round < 3; ++round) {
+            QCOMPARE(formatter.text(1, QStringLiteral("EUR")), QStringLiteral("€1.00"));
+            QCOMPARE(formatter.text(2, QStringLiteral("USD")), QStringLiteral("$2.00"));
+            QCOMPARE(formatter.text(3, std::nullopt), QStringLiteral("3.00"));
+        }
+    }
+
+    void moreCodesThanAreKeptAreStillWrittenRight() {
+        AmountFormatter formatter(FractionDigits::two);
+        for (char16_t first = u'A'; first <= u'Z'; ++first) {
+            for (char16_t last = u'A'; last <= u'Z'; ++last) {
+                const QString code = QString(QChar(first)) + u'Q' + QChar(last);
+                QCOMPARE(formatter.text(1, code), code + QStringLiteral("\u00A01.00"));
+            }
+        }
+        QCOMPARE(formatter.text(1, QStringLiteral("EUR")), QStringLiteral("€1.00"));
+    }
 };
 
 QTEST_GUILESS_MAIN(CurrencyTextTest)

@@ -1,0 +1,124 @@
+#include "export/export_service.h"
+#include "export/ledger_fixtures.h"
+
+#include <QLocale>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+
+namespace {
+
+const QString emptyReceiptLine = QStringLiteral(",,,,,misc,%1,a.pdf,processing,2025-03-04T17:05:09Z\n");
+
+Receipt emptyReceipt() {
+    Receipt receipt = freshReceipt(QStringLiteral("/receipts/a.pdf"));
+    receipt.scannedAt = QStringLiteral("2025-03-04T17:05:09Z");
+    return receipt;
+}
+
+// The ledger without its line of column names.
+QString linesOf(const QList<Receipt> &receipts) {
+    const QString csv = ExportService::buildCSV(receipts);
+    return csv.mid(csv.indexOf(u'\n') + 1);
+}
+
+QString lineWithSummary(const QString &summary) {
+    Receipt receipt = emptyReceipt();
+    receipt.summary = summary;
+    return linesOf({receipt});
+}
+
+} // namespace
+
+class CsvLedgerTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void writesTheBatchByteForByte() {
+        QCOMPARE(ExportService::buildCSV(batch()).toUtf8(), expectedFile(QStringLiteral("ledger_batch.csv")));
+    }
+
+    void noReceiptsGiveTheColumnNamesAlone() {
+        QCOMPARE(ExportService::buildCSV({}).toUtf8(), expectedFile(QStringLiteral("ledger_empty.csv")));
+    }
+
+    void absentValuesAreEmptyFields() {
+        QCOMPARE(lineWithSummary(QString()), emptyReceiptLine.arg(QString()));
+    }
+
+    void onlyQuotesCommasAndLineBreaksAskForQuotes_data() {
+        QTest::addColumn<QString>("summary");
+        QTest::addColumn<QString>("field");
+        const auto add = [](const char *name, const char *summary, const char *field) {
+            QTest::newRow(name) << QString::fromUtf8(summary) << QString::fromUtf8(field);
+        };
+        add("comma", "a,b", "\"a,b\"");
+        add("line feed", "a\nb", "\"a\nb\"");
+        add("carriage return", "a\rb", "\"a\rb\"");
+        add("carriage return and line feed", "a\r\nb", "\"a\r\nb\"");
+        add("quote", "a\"b", "\"a\"\"b\"");
+        add("quoted text", "\"a\"", "\"\"\"a\"\"\"");
+        add("quote alone", "\"", "\"\"\"\"");
+        add("quotes in a row", "\"\"", "\"\"\"\"\"\"");
+        add("quote and combining accent", "\"\u0301", "\"\"\"\u0301\"");
+        add("blanks only", "   ", "   ");
+        add("blanks around", " a ", " a ");
+        add("tab", "a\tb", "a\tb");
+        add("semicolon", "a;b", "a;b");
+        add("apostrophe", "a'b", "a'b");
+        add("line separator of Unicode", "a\u2028b", "a\u2028b");
+        add("wide comma", "a，b", "a，b");
+        add("text that looks like a formula", "=1+1", "=1+1");
+    }
+    void onlyQuotesCommasAndLineBreaksAskForQuotes() {
+        QFETCH(QString, summary);
+        QFETCH(QString, field);
+        QCOMPARE(lineWithSummary(summary), emptyReceiptLine.arg(field));
+    }
+
+    void everyColumnIsQuotedWhenNeeded() {
+        Receipt receipt = emptyReceipt();
+        const QString text = QStringLiteral("a,b");
+        receipt.date = receipt.time = receipt.currency = receipt.location = text;
+        receipt.category = receipt.summary = receipt.fileName = receipt.scannedAt = text;
+        receipt.amount = 1;
+        QCOMPARE(linesOf({receipt}), QStringLiteral("\"a,b\",\"a,b\",1.00,\"a,b\",\"a,b\",\"a,b\",\"a,b\","
+                                                    "\"a,b\",processing,\"a,b\"\n"));
+    }
+
+    void amountHasNoSymbolWhateverTheLocale() {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        Receipt receipt = emptyReceipt();
+        receipt.amount = 1234.5;
+        receipt.currency = QStringLiteral("EUR");
+        QCOMPARE(linesOf({receipt}),
+                 QStringLiteral(",,1234.50,EUR,,misc,,a.pdf,processing,2025-03-04T17:05:09Z\n"));
+    }
+
+    void momentOfIntakeIsWrittenAsStored() {
+        Receipt receipt = emptyReceipt();
+        receipt.scannedAt = QStringLiteral("yesterday");
+        QCOMPARE(linesOf({receipt}), QStringLiteral(",,,,,misc,,a.pdf,processing,yesterday\n"));
+    }
+
+    void receiptsKeepTheirOrder() {
+        const QList<Receipt> receipts = batch();
+        const QString forwards = linesOf({receipts[0], receipts[1]});
+        QCOMPARE(linesOf({receipts[1], receipts[0]}), linesOf({receipts[1]}) + linesOf({receipts[0]}));
+        QCOMPARE(forwards, linesOf({receipts[0]}) + linesOf({receipts[1]}));
+    }
+
+    void brokenSurrogatesBecomeReplacementCharacters() {
+        const QString broken = QString(QChar(0xD83D)) + QStringLiteral("x") + QChar(0xDE00);
+        QCOMPARE(lineWithSummary(broken).toUtf8(),
+                 emptyReceiptLine.arg(QStringLiteral("\uFFFDx\uFFFD")).toUtf8());
+        QCOMPARE(lineWithSummary(QStringLiteral("😀")).toUtf8(),
+                 emptyReceiptLine.arg(QStringLiteral("😀")).toUtf8());
+    }
+};
+
+QTEST_GUILESS_MAIN(CsvLedgerTest)
+#include "csv_ledger_test.moc"
