@@ -1,5 +1,6 @@
 #pragma once
 
+#include "export/export_service.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
 #include "settings/settings_store.h"
@@ -53,6 +54,24 @@ public:
     // "Expenses: " and the day in the device's time zone.
     static QString albumName(const QDateTime &processingDate);
 
+    // Archive and clear -------------------------------------------------------------------------------------
+
+    // Where archives lie: the folder of the settings, or "Receipt Archive" in the watched folder, or nowhere.
+    std::optional<QString> archiveRoot() const;
+
+    // For display: the folder that a batch archived today is moved into.
+    QString archiveDestinationPath() const;
+
+    // Today as yyyy-MM-dd.
+    static QString dateStamp();
+
+    // A path in `folder` at which nothing exists: the name itself, or the first of "name (2)", "name (3)" ...
+    static QString uniquePath(const QString &folder, const QString &base, const QString &extension);
+
+    // Writes a ledger of the whole list into today's archive folder, moves the receipt files there, whatever
+    // their status, and empties the list. Photos is never touched.
+    void archiveAndClear(ExportService::Format format);
+
 Q_SIGNALS:
     void lastErrorChanged();
 
@@ -77,6 +96,8 @@ private:
 
     QCoro::Task<Receipt> addToPhotos(Receipt receipt);
     QCoro::Task<> deliverAndUpdate(Receipt receipt);
+
+    static void moveIntoArchive(const QString &path, const QString &folder);
 
     void setLastError(const QString &error);
     static void startTask(QCoro::Task<> task);

@@ -1,0 +1,102 @@
+#include "pipeline/app_state.h"
+#include "platform/file_operations.h"
+#include "text/numbered_name.h"
+#include "text/path_text.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <filesystem>
+
+namespace fennick {
+
+namespace {
+
+const QString defaultArchiveName = QStringLiteral("Receipt Archive");
+
+QString fullName(const QString &stem, const QString &extension) {
+    return extension.isEmpty() ? stem : stem + u'.' + extension;
+}
+
+// A link whose target is gone holds its name as well.
+bool isTaken(const QString &path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
+// The system's description of why the folder cannot be made; nothing when it is there.
+std::optional<QString> makeFolder(const QString &path) {
+    std::error_code error;
+    std::filesystem::create_directories(path.toStdU16String(), error);
+    return error ? std::optional(QString::fromStdString(error.message())) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<QString> AppState::archiveRoot() const {
+    const QString archive = settings_->archiveFolderPath().value_or(QString());
+    if (!archive.isEmpty()) {
+        return QDir::cleanPath(archive);
+    }
+    const QString watched = settings_->watchFolderPath().value_or(QString());
+    if (!watched.isEmpty()) {
+        return QDir::cleanPath(QDir(watched).filePath(defaultArchiveName));
+    }
+    return std::nullopt;
+}
+
+QString AppState::archiveDestinationPath() const {
+    return archiveRoot().value_or(defaultArchiveName) + u'/' + dateStamp();
+}
+
+QString AppState::dateStamp() {
+    return ExportService::isoDateStamp();
+}
+
+QString AppState::uniquePath(const QString &folder, const QString &base, const QString &extension) {
+    const QDir directory(folder);
+    QString path = directory.filePath(fullName(base, extension));
+    for (int number = 2; isTaken(path); ++number) {
+        path = directory.filePath(numberedName(base, extension, number));
+    }
+    return path;
+}
+
+void AppState::archiveAndClear(ExportService::Format format) {
+    const auto root = archiveRoot();
+    if (!root) {
+        setLastError(QStringLiteral("No archive location set — choose one in Settings."));
+        return;
+    }
+    const QList<Receipt> receipts = store_->receipts();
+    if (receipts.isEmpty()) {
+        return;
+    }
+    const QString stamp = dateStamp();
+    const QString folder = QDir(*root).filePath(stamp);
+    if (const auto problem = makeFolder(folder)) {
+        setLastError(QStringLiteral("Couldn't create archive folder: ") + *problem);
+        return;
+    }
+    // A ledger that cannot be written does not keep the files from being archived.
+    ExportService::writeLedger(
+        receipts, format,
+        uniquePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)));
+    for (const Receipt &receipt : receipts) {
+        moveIntoArchive(receipt.filePath, folder);
+    }
+    store_->clearAll();
+}
+
+// A file that is missing or cannot be moved is passed over: it stays where it is, and its path is ignored.
+void AppState::moveIntoArchive(const QString &path, const QString &folder) {
+    if (!QFileInfo::exists(path)) {
+        return;
+    }
+    const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
+    // The result is intentionally not looked at.
+    std::ignore = FileOperations::moveWithoutReplacing(path, target);
+}
+
+} // namespace fennick
