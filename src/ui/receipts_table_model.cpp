@@ -1,25 +1,15 @@
 #include "ui/receipts_table_model.h"
 
 #include "text/currency_text.h"
-#include "text/path_text.h"
+#include "ui/symbols.h"
+
+#include <QGuiApplication>
 
 namespace fennick {
 
 namespace {
 
 const QString missing = QStringLiteral("—");
-
-QString statusSymbol(ReceiptStatus status) {
-    switch (status) {
-    case ReceiptStatus::processing:
-        return QStringLiteral("…");
-    case ReceiptStatus::done:
-        return QStringLiteral("✓");
-    case ReceiptStatus::error:
-        return QStringLiteral("⚠");
-    }
-    Q_UNREACHABLE();
-}
 
 QString statusText(const Receipt &receipt) {
     switch (receipt.status) {
@@ -48,8 +38,6 @@ QString capitalised(const QString &text) {
 
 QString cellText(const Receipt &receipt, int column) {
     switch (column) {
-    case ReceiptsTableModel::statusColumn:
-        return statusSymbol(receipt.status);
     case ReceiptsTableModel::dateColumn:
         return receipt.date.value_or(missing);
     case ReceiptsTableModel::amountColumn:
@@ -58,15 +46,64 @@ QString cellText(const Receipt &receipt, int column) {
         return receipt.location.value_or(missing);
     case ReceiptsTableModel::categoryColumn:
         return capitalised(receipt.category);
-    default:
+    case ReceiptsTableModel::summaryColumn:
         return receipt.summary.isEmpty() ? missing : receipt.summary;
+    case ReceiptsTableModel::photosColumn:
+        return receipt.addedToPhotos ? QString() : missing;
+    default:
+        return {};
     }
+}
+
+QVariant cellIcon(const Receipt &receipt, int column) {
+    if (column == ReceiptsTableModel::photosColumn && receipt.addedToPhotos) {
+        return symbolIcon(Symbol::done, Tint::success);
+    }
+    if (column != ReceiptsTableModel::statusColumn || receipt.status == ReceiptStatus::processing) {
+        return {};
+    }
+    return receipt.status == ReceiptStatus::done ? symbolIcon(Symbol::done, Tint::success)
+                                                 : symbolIcon(Symbol::warning, Tint::warning);
+}
+
+// What an assistive tool reads in a cell.
+QString spokenText(const Receipt &receipt, int column) {
+    switch (column) {
+    case ReceiptsTableModel::statusColumn:
+        return statusText(receipt);
+    case ReceiptsTableModel::summaryColumn:
+        return cellText(receipt, column) + QStringLiteral(", ") + receipt.fileName;
+    case ReceiptsTableModel::photosColumn:
+        return receipt.addedToPhotos ? ReceiptsTableModel::tr("Added to Photos")
+                                     : ReceiptsTableModel::tr("Not added to Photos");
+    default:
+        return cellText(receipt, column);
+    }
+}
+
+QVariant alignment(int column) {
+    switch (column) {
+    case ReceiptsTableModel::statusColumn:
+    case ReceiptsTableModel::photosColumn:
+        return Qt::AlignCenter;
+    default:
+        return {};
+    }
+}
+
+QVariant textColour(const Receipt &receipt, int column) {
+    if (column == ReceiptsTableModel::photosColumn && !receipt.addedToPhotos) {
+        return tintColor(Tint::secondary, QGuiApplication::palette());
+    }
+    return {};
 }
 
 QString toolTip(const Receipt &receipt, int column) {
     switch (column) {
     case ReceiptsTableModel::statusColumn:
-        return statusText(receipt);
+        return receipt.status == ReceiptStatus::error ? statusText(receipt) : QString();
+    case ReceiptsTableModel::photosColumn:
+        return receipt.addedToPhotos ? ReceiptsTableModel::tr("Added to Photos") : QString();
     case ReceiptsTableModel::summaryColumn:
         return receipt.fileName;
     default:
@@ -105,12 +142,20 @@ QVariant ReceiptsTableModel::data(const QModelIndex &index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
         return cellText(receipt, index.column());
+    case Qt::DecorationRole:
+        return cellIcon(receipt, index.column());
     case Qt::ToolTipRole:
         return escapedToolTip(toolTip(receipt, index.column()));
     case Qt::AccessibleTextRole:
-        return index.column() == statusColumn ? statusText(receipt) : cellText(receipt, index.column());
+        return spokenText(receipt, index.column());
     case Qt::TextAlignmentRole:
-        return index.column() == statusColumn ? QVariant(Qt::AlignCenter) : QVariant();
+        return alignment(index.column());
+    case Qt::ForegroundRole:
+        return textColour(receipt, index.column());
+    case fileNameRole:
+        return receipt.fileName;
+    case isProcessingRole:
+        return receipt.status == ReceiptStatus::processing;
     default:
         return {};
     }
@@ -131,6 +176,8 @@ QVariant ReceiptsTableModel::headerData(int section, Qt::Orientation orientation
         return tr("Category");
     case summaryColumn:
         return tr("Summary");
+    case photosColumn:
+        return tr("Photos");
     default:
         return QString();
     }

@@ -19,8 +19,11 @@ public:
         locationColumn,
         categoryColumn,
         summaryColumn,
+        photosColumn,
+        actionsColumn,
         columns
     };
+    enum Role { fileNameRole = Qt::UserRole, isProcessingRole };
 
     explicit ReceiptsTableModel(const ReceiptStore *store, QObject *parent = nullptr);
 
@@ -28,6 +31,9 @@ public:
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    // The receipt of a row, as it is now.
+    const Receipt &receipt(int row) const { return store_->receipts().at(row); }
 
 private:
     void beginChange(const ReceiptsChange &change);

@@ -116,5 +116,5 @@ private:
     std::unique_ptr<QAbstractItemModelTester> tester_;
 };
 
-QTEST_GUILESS_MAIN(ReceiptsTableModelTest)
+QTEST_MAIN(ReceiptsTableModelTest)
 #include "receipts_table_model_test.moc"
