@@ -9,6 +9,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QSslSocket>
 #include <QtConcurrent>
 
 #include <chrono>
@@ -60,23 +61,35 @@ Text withoutKey(Text text, const Text &key, const Text &replacement) {
     return key.size() < shortestSecret ? text : text.replace(key, replacement);
 }
 
+QString withoutKey(const QString &text, const QString &key) {
+    return withoutKey(text, key, QStringLiteral("[API key]"));
+}
+
+// Once more after parsing: an answer may spell the key with escapes.
+Result withoutKey(std::expected<GeminiReceiptData, GeminiError> answer, const QString &key) {
+    if (!answer) {
+        answer.error().text = withoutKey(answer.error().text, key);
+        return std::unexpected(ScanError(answer.error()));
+    }
+    if (answer->location) {
+        answer->location = withoutKey(*answer->location, key);
+    }
+    answer->summary = withoutKey(answer->summary, key);
+    return *answer;
+}
+
 Result resultOf(QNetworkReply &reply, const QString &apiKey) {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const bool isErrorStatus = status.isValid() && (status.toInt() < 200 || status.toInt() > 299);
     if (reply.error() != QNetworkReply::NoError && !isErrorStatus) {
-        const QString description =
-            withoutKey(transportDescription(reply), apiKey, QStringLiteral("[API key]"));
+        const QString description = withoutKey(transportDescription(reply), apiKey);
         return std::unexpected(ScanError(TransportError{description}));
     }
     if (!status.isValid()) {
         return failure(Kind::http, QStringLiteral("No HTTP response"));
     }
     const QByteArray body = withoutKey(reply.readAll(), apiKey.toUtf8(), QByteArrayLiteral("[API key]"));
-    const auto answer = readAnswer(status.toInt(), body);
-    if (!answer) {
-        return std::unexpected(ScanError(answer.error()));
-    }
-    return *answer;
+    return withoutKey(readAnswer(status.toInt(), body), apiKey);
 }
 
 } // namespace
@@ -95,6 +108,10 @@ QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model) {
     const ReplyPointer reply(session->post(request(*url), *body));
     co_await qCoro(reply.get()).waitForFinished();
     co_return resultOf(*reply, apiKey);
+}
+
+void prepare() {
+    std::ignore = QtConcurrent::run(&QSslSocket::supportsSsl);
 }
 
 } // namespace fennick::GeminiClient

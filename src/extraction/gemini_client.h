@@ -18,4 +18,7 @@ namespace fennick::GeminiClient {
 QCoro::Task<std::expected<GeminiReceiptData, ScanError>> scan(QString filePath, QString apiKey,
                                                               QString model);
 
+// Loads what the first request needs (TLS), so that it is as prompt as the others. Returns at once.
+void prepare();
+
 } // namespace fennick::GeminiClient

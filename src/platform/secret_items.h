@@ -5,8 +5,8 @@
 
 #include <optional>
 
-// The user's secret store, by the two attributes that name an item. Calls block on the store; any failure
-// (no store, locked, refused) reads as "no item" or is dropped.
+// The user's secret store, by the two attributes that name an item. Calls block on the store, for a few
+// seconds at most; any failure (no store, locked, refused, silent) reads as "no item" or is dropped.
 namespace fennick::SecretItems {
 
 // The bytes of the one item with these attributes.

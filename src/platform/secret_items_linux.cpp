@@ -1,6 +1,11 @@
 #include "platform/secret_items.h"
 
+#include <chrono>
+#include <condition_variable>
 #include <libsecret/secret.h>
+#include <memory>
+#include <mutex>
+#include <thread>
 
 #include <memory>
 
@@ -41,18 +46,51 @@ struct IgnoredError {
     GError *error = nullptr;
 };
 
+// Cancels a call that the store does not answer: it would hold up the whole program.
+class Deadline {
+public:
+    Deadline()
+        : cancellable_(g_cancellable_new())
+        , watch_([this](const std::stop_token &stop) {
+            std::unique_lock lock(mutex_);
+            if (!ended_.wait_for(lock, stop, patience, [] { return false; }) && !stop.stop_requested()) {
+                g_cancellable_cancel(cancellable_);
+            }
+        }) {}
+
+    ~Deadline() {
+        watch_.request_stop();
+        watch_.join();
+        g_object_unref(cancellable_);
+    }
+
+    Deadline(const Deadline &) = delete;
+    Deadline &operator=(const Deadline &) = delete;
+
+    GCancellable *cancellable() const { return cancellable_; }
+
+private:
+    static constexpr std::chrono::seconds patience{5};
+
+    GCancellable *cancellable_;
+    std::mutex mutex_;
+    std::condition_variable_any ended_;
+    std::jthread watch_;
+};
+
 } // namespace
 
 std::optional<QByteArray> copyMatching(const QString &service, const QString &account) {
     const Attributes attributes = attributesOf(service, account);
     IgnoredError ignored;
-    const Value value(
-        secret_password_lookupv_binary_sync(itemSchema(), attributes.get(), nullptr, &ignored.error),
-        [](gpointer found) {
-            if (found != nullptr) {
-                secret_value_unref(found);
-            }
-        });
+    const Deadline deadline;
+    const Value value(secret_password_lookupv_binary_sync(itemSchema(), attributes.get(),
+                                                          deadline.cancellable(), &ignored.error),
+                      [](gpointer found) {
+                          if (found != nullptr) {
+                              secret_value_unref(found);
+                          }
+                      });
     if (!value) {
         return std::nullopt;
     }
@@ -65,14 +103,17 @@ void add(const QString &service, const QString &account, const QByteArray &secre
     const Attributes attributes = attributesOf(service, account);
     const Value value(secret_value_new(secret.constData(), secret.size(), "text/plain"), secret_value_unref);
     IgnoredError ignored;
+    const Deadline deadline;
     secret_password_storev_binary_sync(itemSchema(), attributes.get(), SECRET_COLLECTION_DEFAULT,
-                                       "Fennick: Gemini API key", value.get(), nullptr, &ignored.error);
+                                       "Fennick: Gemini API key", value.get(), deadline.cancellable(),
+                                       &ignored.error);
 }
 
 void remove(const QString &service, const QString &account) {
     const Attributes attributes = attributesOf(service, account);
     IgnoredError ignored;
-    secret_password_clearv_sync(itemSchema(), attributes.get(), nullptr, &ignored.error);
+    const Deadline deadline;
+    secret_password_clearv_sync(itemSchema(), attributes.get(), deadline.cancellable(), &ignored.error);
 }
 
 } // namespace fennick::SecretItems

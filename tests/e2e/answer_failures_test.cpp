@@ -46,8 +46,9 @@ private Q_SLOTS:
         for (auto reply = replies_.begin(); reply != replies_.end(); ++reply) {
             session_.drop(QString::fromUtf8(fileNameOf(reply.key())), reply.key());
         }
-        QVERIFY(waitUntil([this] { return session_.server.requests().size() == replies_.size(); }, 30000));
-        QVERIFY(waitUntil([this] { return rowsUnderWay() == 1; }, 30000)); // the silent one
+        QVERIFY(
+            session_.waitFor([this] { return session_.server.requests().size() == replies_.size(); }, 30000));
+        QVERIFY(session_.waitFor([this] { return rowsUnderWay() == 1; }, 30000)); // the silent one
     }
 
     void failureIsRecordedByItsText_data() {
@@ -92,7 +93,7 @@ private Q_SLOTS:
             return inlineDocument(request) == silence;
         });
         QVERIFY(silent != requests.end());
-        QVERIFY(waitUntil([this] { return rowsUnderWay() == 0; }, 75000));
+        QVERIFY(session_.waitFor([this] { return rowsUnderWay() == 0; }, 75000));
         const auto waited = std::chrono::system_clock::now() - silent->arrivedAt;
         QVERIFY(waited >= std::chrono::seconds(59));
         QVERIFY(waited <= std::chrono::seconds(65));
@@ -129,7 +130,7 @@ private:
             replies_[failure.name] = failure.reply;
         }
         for (const auto &[name, wrapping] : wrappings) {
-            const QByteArray object = R"({"location": ")" + name + "\"}";
+            const QByteArray object = "{\"location\": \"" + name + "\"}";
             replies_[name] = answering(QByteArray(wrapping).replace('%', object));
         }
         replies_[silence].fault = HttpReply::Fault::hang;

@@ -9,7 +9,9 @@
 #include <sys/prctl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <csignal>
+#include <utility>
 
 namespace fennick::test {
 
@@ -28,6 +30,7 @@ FennickProgram::~FennickProgram() {
 }
 
 void FennickProgram::start(const QProcessEnvironment &environment) {
+    earlierOutput_ += process_.readAll(); // which a new start would discard
     process_.setProcessEnvironment(environment);
     process_.start();
     if (!process_.waitForStarted()) {
@@ -70,8 +73,8 @@ bool FennickProgram::endsWithSuccess(int milliseconds) {
            process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
 }
 
-QByteArray FennickProgram::output() {
-    return output_ += process_.readAll();
+QByteArray FennickProgram::takeOutput() {
+    return std::exchange(earlierOutput_, {}) + process_.readAll();
 }
 
 } // namespace fennick::test

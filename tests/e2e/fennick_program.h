@@ -32,12 +32,12 @@ public:
     // Whether the program ends by itself within the time and reports success.
     bool endsWithSuccess(int milliseconds = 20000);
 
-    // All that it has written to its standard streams, over all starts.
-    QByteArray output();
+    // What it has written to its standard streams since the last call, over all starts.
+    QByteArray takeOutput();
 
 private:
     QProcess process_;
-    QByteArray output_;
+    QByteArray earlierOutput_;
 };
 
 } // namespace fennick::test

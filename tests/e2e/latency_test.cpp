@@ -63,7 +63,7 @@ private Q_SLOTS:
         writeFile(session_.home.receiptsFile(), listOf(listed));
         QVERIFY(session_.start());
         session_.drop(u"first.pdf"_s, "the folder has been listed when this one is done");
-        QVERIFY(waitUntil([this] { return session_.rows().value(0).value(u"status") == u"done"_s; }));
+        QVERIFY(session_.waitFor([this] { return session_.row(lunchName).value(u"status") == u"done"_s; }));
         QList<qint64> delays;
         for (int round = 0; round < 10; ++round) {
             delays.append(delayOf(u"%1.pdf"_s.arg(round), writes, pause).count());
@@ -90,7 +90,7 @@ private:
         file.write("x");
         const auto lastWrite = system_clock::now();
         file.close();
-        if (!waitUntil([this] { return session_.server.requests().size() == 1; }) ||
+        if (!session_.waitFor([this] { return session_.server.requests().size() == 1; }) ||
             session_.sentDocuments().first().size() != writes) {
             return milliseconds(-1);
         }

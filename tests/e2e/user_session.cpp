@@ -35,6 +35,7 @@ UserSession::UserSession()
 void UserSession::renew() {
     static int number = 0;
     program.kill();
+    program.takeOutput();
     for (const QString &name :
          {u"config/Fennick"_s, u"data/Fennick"_s, u"Pictures"_s, u"tmp/FennickJPEG"_s}) {
         QDir(home.path(name)).removeRecursively();
@@ -62,20 +63,30 @@ void UserSession::setPreference(const QByteArray &name, const QByteArray &value)
 
 bool UserSession::start() {
     program.start();
-    return waitUntil([this] { return program.isWatching(folder_) || !program.isRunning(); }, 20000) &&
-           program.isRunning();
+    return waitFor([this] { return program.isWatching(folder_); });
 }
 
 bool UserSession::end() {
     const bool wasRunning = program.isRunning();
     program.kill();
-    const QByteArray output = program.output();
+    const QByteArray output = program.takeOutput();
     const bool isClean =
         !output.contains(key) && !output.contains("Sanitizer") && !output.contains("runtime error");
     if (!wasRunning || !isClean) {
         qWarning("%s", output.constData());
     }
     return wasRunning && isClean;
+}
+
+bool UserSession::waitFor(const std::function<bool()> &condition, int milliseconds) const {
+    bool holds = false;
+    waitUntil(
+        [&] {
+            holds = condition();
+            return holds || !program.isRunning();
+        },
+        milliseconds);
+    return holds;
 }
 
 QString UserSession::drop(const QString &name, const QByteArray &content) {
@@ -102,7 +113,7 @@ QJsonObject UserSession::row(const QString &fileName) const {
 }
 
 bool UserSession::waitForRows(qsizetype count, const QString &status, int milliseconds) const {
-    return waitUntil(
+    return waitFor(
         [&] {
             const QList<QJsonObject> rows = this->rows();
             return rows.size() == count && std::all_of(rows.begin(), rows.end(), [&](const QJsonObject &row) {

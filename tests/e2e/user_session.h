@@ -11,6 +11,8 @@
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
+
 namespace fennick::test {
 
 // The desktop session that the program is started in: a home of its own, a secret store that holds the key,
@@ -34,6 +36,9 @@ public:
     // Ends the program. Returns whether it was running until then and has left nothing of the key and no
     // fault report in its output.
     bool end();
+
+    // Waits until the condition holds; returns whether it does. Gives up at once when the program has ended.
+    bool waitFor(const std::function<bool()> &condition, int milliseconds = 20000) const;
 
     QString folder() const { return folder_; }
     QString path(const QString &name) const { return folder_ + u'/' + name; }
