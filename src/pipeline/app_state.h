@@ -40,6 +40,13 @@ public:
     // Watches `path` in place of the present folder and takes in the files that already lie there.
     void startWatching(const QString &path);
 
+    // Copies receipt files from elsewhere into the watched folder, where they are then taken in; never over
+    // an existing file. Other kinds of files are passed over.
+    void copyIntoWatchFolder(const QStringList &paths);
+
+    // Whether a file of this name is taken in, by its extension.
+    static bool isSupported(const QString &path);
+
     // Scan run --------------------------------------------------------------------------------------------
 
     // Scans a listed receipt once more, by its present path.
@@ -86,6 +93,7 @@ private:
     void handleEvents(const QList<FileEvent> &events);
     void debounce(const FileEvent &event);
     QCoro::Task<> scanExistingFiles(QString folder);
+    QCoro::Task<> copyReceipts(QStringList paths, QString folder);
     QCoro::Task<> processFile(QString path);
     QCoro::Task<bool> waitForFileStability(QString path);
     bool isInArchive(const QString &path) const;

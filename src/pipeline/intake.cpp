@@ -1,3 +1,4 @@
+#include "extraction/gemini_client.h"
 #include "pipeline/app_state.h"
 #include "pipeline/precise_sleep.h"
 #include "text/characters.h"
@@ -18,13 +19,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds debounceInterval{300};
 constexpr milliseconds stabilityInterval{500};
 
-bool isSupported(const QString &path) {
-    static const QSet<QString> supportedExtensions = {QStringLiteral("pdf"),  QStringLiteral("png"),
-                                                      QStringLiteral("jpg"),  QStringLiteral("jpeg"),
-                                                      QStringLiteral("heic"), QStringLiteral("webp")};
-    return supportedExtensions.contains(lowerCased(pathExtension(path)));
-}
-
 // Supported regular files below `folder`, without hidden ones and what lies in hidden folders; links are not
 // followed.
 QStringList existingFiles(const QString &folder) {
@@ -32,7 +26,7 @@ QStringList existingFiles(const QString &folder) {
     QDirIterator entries(folder, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString path = entries.next();
-        if (isSupported(path)) {
+        if (AppState::isSupported(path)) {
             paths.append(path);
         }
     }
@@ -46,6 +40,13 @@ std::optional<qint64> sizeOf(const QString &path) {
 }
 
 } // namespace
+
+bool AppState::isSupported(const QString &path) {
+    static const QSet<QString> supportedExtensions = {QStringLiteral("pdf"),  QStringLiteral("png"),
+                                                      QStringLiteral("jpg"),  QStringLiteral("jpeg"),
+                                                      QStringLiteral("heic"), QStringLiteral("webp")};
+    return supportedExtensions.contains(lowerCased(pathExtension(path)));
+}
 
 void AppState::startWatchingIfConfigured() {
     const QString path = settings_->watchFolderPath().value_or(QString());
@@ -63,6 +64,7 @@ void AppState::startWatching(const QString &path) {
             this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
     });
     watcher_->start();
+    GeminiClient::prepare();
     startTask(scanExistingFiles(folder));
 }
 

@@ -11,7 +11,8 @@ namespace fennick {
 // main thread only.
 class UserDefaults {
 public:
-    UserDefaults();
+    // `name` tells the file: "Fennick" for the preferences, others for what is remembered apart from them.
+    explicit UserDefaults(const QString &name = QStringLiteral("Fennick"));
 
     // The text or boolean under `key`, or an invalid value.
     QVariant object(const QString &key) const;

@@ -17,9 +17,8 @@ bool booleanFromText(const QString &text) {
 
 } // namespace
 
-UserDefaults::UserDefaults()
-    : settings_(preferencesFormat(), QSettings::UserScope, QStringLiteral("Fennick"),
-                QStringLiteral("Fennick")) {}
+UserDefaults::UserDefaults(const QString &name)
+    : settings_(preferencesFormat(), QSettings::UserScope, QStringLiteral("Fennick"), name) {}
 
 QVariant UserDefaults::object(const QString &key) const {
     return settings_.value(key);

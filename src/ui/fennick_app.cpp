@@ -1,26 +1,95 @@
 #include "ui/fennick_app.h"
 
-#include "ui/home_view.h"
+#include "platform/activation_policy.h"
+#include "ui/settings_view.h"
+#include "ui/symbols.h"
+
+#include <QApplication>
+#include <QWindow>
 
 namespace fennick {
 
 FennickApp::FennickApp()
-    : appState_(&store_, &settings_) {
-    window_.setObjectName(QStringLiteral("main"));
-    window_.setWindowTitle(QStringLiteral("Fennick"));
-    window_.setMinimumSize(720, 420);
-    window_.resize(900, 560);
-    window_.setCentralWidget(new HomeView(&store_, &settings_));
+    : appState_(&store_, &settings_)
+    , window_(&store_, &settings_, &appState_)
+    , menu_(&store_) {
+    QApplication::setQuitOnLastWindowClosed(false);
+    connectWindow();
+    buildTrayIcon();
+}
+
+FennickApp::~FennickApp() {
+    delete settingsView_;
+}
+
+void FennickApp::connectWindow() {
+    // Queued: the window system knows the window only after the event that tells of its appearance.
+    connect(
+        &window_, &MainWindow::appeared, this,
+        [this] {
+            appState_.startWatchingIfConfigured();
+            applyMenuBarMode();
+        },
+        Qt::QueuedConnection);
+    connect(&window_, &MainWindow::closeRequested, this, &FennickApp::putMainWindowAway);
+    connect(window_.actions().settings, &QAction::triggered, this, &FennickApp::showSettings);
+    connect(window_.actions().quit, &QAction::triggered, qApp, &QCoreApplication::quit);
+}
+
+void FennickApp::buildTrayIcon() {
+    connect(&menu_, &MenuBarContent::showReceiptsRequested, this, &FennickApp::showMainWindow);
+    connect(&menu_, &MenuBarContent::settingsRequested, this, &FennickApp::showSettings);
+    connect(&menu_, &MenuBarContent::quitRequested, qApp, &QCoreApplication::quit);
+    trayIcon_.setIcon(symbolIcon(Symbol::receipts));
+    trayIcon_.setToolTip(QStringLiteral("Fennick"));
+    trayIcon_.setContextMenu(&menu_);
+    connect(&trayIcon_, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger) {
+            showMainWindow();
+        }
+    });
+    trayIcon_.show();
 }
 
 void FennickApp::showMainWindow() {
-    const bool appears = !window_.isVisible();
+    if (window_.isMinimized()) {
+        window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    }
     window_.show();
     window_.raise();
     window_.activateWindow();
-    if (appears) {
-        appState_.startWatchingIfConfigured();
+    applyMenuBarMode();
+}
+
+// Into the tray where there is one. Elsewhere a hidden window could only be reached by starting the program
+// again, which not everybody would think of: it is minimised.
+void FennickApp::putMainWindowAway() {
+    if (QSystemTrayIcon::isSystemTrayAvailable()) {
+        window_.hide();
+    } else {
+        setActivationPolicy(window_.windowHandle(), ActivationPolicy::regular);
+        window_.showMinimized();
     }
+}
+
+void FennickApp::applyMenuBarMode() {
+    const auto policy = settings_.menuBarMode() ? ActivationPolicy::accessory : ActivationPolicy::regular;
+    setActivationPolicy(window_.windowHandle(), policy);
+    if (settingsView_) {
+        setActivationPolicy(settingsView_->windowHandle(), policy);
+    }
+}
+
+void FennickApp::showSettings() {
+    if (!settingsView_) {
+        settingsView_ = new SettingsView(&appState_, &settings_, canHideFromTaskBar());
+        settingsView_->setAttribute(Qt::WA_DeleteOnClose);
+        connect(settingsView_, &SettingsView::menuBarModeChanged, this, &FennickApp::applyMenuBarMode);
+    }
+    settingsView_->show();
+    settingsView_->raise();
+    settingsView_->activateWindow();
+    applyMenuBarMode();
 }
 
 } // namespace fennick

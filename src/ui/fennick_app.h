@@ -3,28 +3,45 @@
 #include "model/receipt_store.h"
 #include "pipeline/app_state.h"
 #include "settings/settings_store.h"
+#include "ui/main_window.h"
+#include "ui/menu_bar_content.h"
 
-#include <QMainWindow>
 #include <QObject>
+#include <QPointer>
+#include <QSystemTrayIcon>
 
 namespace fennick {
 
-// The application's shell: creates the shared objects once, in this order, and shows the main window. Lives
-// on the stack of main() until the process ends; main thread.
+class SettingsView;
+
+// The application's shell: creates the shared objects once, in this order, and owns the windows and the tray
+// icon. Closing the main window stops nothing. Lives on the stack of main() until the process ends; main
+// thread.
 class FennickApp : public QObject {
     Q_OBJECT
 
 public:
     FennickApp();
+    ~FennickApp() override;
 
-    // Brings the one main window to the front; watching starts anew each time it appears.
+    // Brings the one main window to the front, from wherever it is.
     void showMainWindow();
 
+    void showSettings();
+
 private:
+    void connectWindow();
+    void buildTrayIcon();
+    void putMainWindowAway();
+    void applyMenuBarMode();
+
     SettingsStore settings_;
     ReceiptStore store_;
     AppState appState_;
-    QMainWindow window_;
+    MainWindow window_;
+    MenuBarContent menu_;
+    QSystemTrayIcon trayIcon_;
+    QPointer<SettingsView> settingsView_;
 };
 
 } // namespace fennick

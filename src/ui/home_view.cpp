@@ -1,76 +1,98 @@
 #include "ui/home_view.h"
 
-#include "ui/receipts_table_model.h"
+#include "ui/caption_label.h"
+#include "ui/elided_label.h"
+#include "ui/empty_state.h"
+#include "ui/receipts_table.h"
 
-#include <QHeaderView>
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QTableView>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace fennick {
 
 namespace {
 
-struct ColumnWidth {
-    ReceiptsTableModel::Column column;
-    int ideal;
-};
+constexpr int symbolSize = 16;
 
-constexpr std::array<ColumnWidth, 5> columnWidths = {{{ReceiptsTableModel::statusColumn, 32},
-                                                      {ReceiptsTableModel::dateColumn, 100},
-                                                      {ReceiptsTableModel::amountColumn, 90},
-                                                      {ReceiptsTableModel::locationColumn, 200},
-                                                      {ReceiptsTableModel::categoryColumn, 110}}};
+QLabel *makeFolderSymbol(QWidget *parent) {
+    auto *const symbol = new QLabel(parent);
+    symbol->setPixmap(symbolIcon(Symbol::chooseFolder, Tint::secondary)
+                          .pixmap(QSize(symbolSize, symbolSize), parent->devicePixelRatio()));
+    return symbol;
+}
+
+QFrame *makeDivider(QWidget *parent) {
+    auto *const divider = new QFrame(parent);
+    divider->setFrameShape(QFrame::HLine);
+    divider->setFrameShadow(QFrame::Plain);
+    divider->setForegroundRole(QPalette::Mid);
+    return divider;
+}
 
 } // namespace
 
 HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWidget *parent)
     : QWidget(parent)
+    , store_(store)
     , settings_(settings)
-    , model_(new ReceiptsTableModel(store, this))
-    , folderLabel_(new QLabel(this))
-    , missingKeyLabel_(new QLabel(tr("Set your Gemini API key in Settings (⌘,) to start scanning."), this))
-    , table_(new QTableView(this)) {
+    , folder_(new ElidedLabel(this))
+    , photosBadge_(new CaptionLabel(tr("Photos export on"), Tint::secondary, Symbol::photos, this))
+    , missingKey_(new CaptionLabel(tr("Set your Gemini API key in Settings (⌘,) to start scanning."),
+                                   Tint::warning, Symbol::warning, this))
+    , table_(new ReceiptsTable(store, this))
+    , list_(new QStackedWidget(this)) {
+    folder_->setObjectName(QStringLiteral("watchFolder"));
+    photosBadge_->setObjectName(QStringLiteral("photosBadge"));
+    missingKey_->setObjectName(QStringLiteral("missingKey"));
     layOut();
     connect(settings, &SettingsStore::changed, this, &HomeView::showSettings);
+    connect(store, &ReceiptStore::receiptsChanged, this, &HomeView::showList);
     showSettings();
+    showList();
 }
 
 void HomeView::layOut() {
-    folderLabel_->setObjectName(QStringLiteral("watchFolder"));
-    folderLabel_->setTextFormat(Qt::PlainText);
-    missingKeyLabel_->setObjectName(QStringLiteral("missingKey"));
-
-    table_->setObjectName(QStringLiteral("receipts"));
-    table_->setAccessibleName(tr("Receipts"));
-    table_->setModel(model_);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setShowGrid(false);
-    table_->setAlternatingRowColors(true);
-    table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setStretchLastSection(true);
-    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (const auto &[column, ideal] : columnWidths) {
-        table_->setColumnWidth(column, ideal);
-    }
-
-    auto *const header = new QVBoxLayout;
-    header->setContentsMargins(16, 10, 16, 10);
-    header->setSpacing(6);
-    header->addWidget(folderLabel_);
-    header->addWidget(missingKeyLabel_);
+    auto *const emptyState = new EmptyState(this);
+    connect(emptyState, &EmptyState::chooseFolderRequested, this, &HomeView::chooseFolderRequested);
+    list_->addWidget(emptyState);
+    list_->addWidget(table_);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addLayout(header);
-    layout->addWidget(table_);
+    layout->addWidget(makeHeader());
+    layout->addWidget(makeDivider(this));
+    layout->addWidget(list_, 1);
+}
+
+QWidget *HomeView::makeHeader() {
+    auto *const header = new QWidget(this);
+    auto *const firstLine = new QHBoxLayout;
+    firstLine->setSpacing(8);
+    firstLine->addWidget(makeFolderSymbol(header));
+    firstLine->addWidget(folder_, 1);
+    firstLine->addWidget(photosBadge_);
+
+    auto *const lines = new QVBoxLayout(header);
+    lines->setContentsMargins(16, 10, 16, 10);
+    lines->setSpacing(6);
+    lines->addLayout(firstLine);
+    lines->addWidget(missingKey_);
+    return header;
 }
 
 void HomeView::showSettings() {
-    folderLabel_->setText(settings_->watchFolderPath().value_or(tr("No folder selected")));
-    missingKeyLabel_->setVisible(!settings_->hasAPIKey());
+    const auto &path = settings_->watchFolderPath();
+    folder_->showValue(path.value_or(tr("No folder selected")), path.has_value());
+    photosBadge_->setVisible(settings_->addToPhotos());
+    missingKey_->setVisible(!settings_->hasAPIKey());
+    table_->setPhotosExportOn(settings_->addToPhotos());
+}
+
+void HomeView::showList() {
+    list_->setCurrentIndex(store_->receipts().isEmpty() ? 0 : 1);
 }
 
 } // namespace fennick

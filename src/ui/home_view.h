@@ -5,30 +5,40 @@
 
 #include <QWidget>
 
-class QLabel;
-class QTableView;
+class QStackedWidget;
 
 namespace fennick {
 
-class ReceiptsTableModel;
+class CaptionLabel;
+class ElidedLabel;
+class ReceiptsTable;
 
 // The content of the main window: which folder is watched, whether a key is missing, and the table of all
-// receipts. Borrows the stores; owned by the main window; main thread.
+// receipts or, without any, what to do. Borrows the stores; owned by the main window; main thread.
 class HomeView : public QWidget {
     Q_OBJECT
 
 public:
     HomeView(const ReceiptStore *store, const SettingsStore *settings, QWidget *parent = nullptr);
 
+    ReceiptsTable *table() const { return table_; }
+
+Q_SIGNALS:
+    void chooseFolderRequested();
+
 private:
     void layOut();
+    QWidget *makeHeader();
     void showSettings();
+    void showList();
 
+    const ReceiptStore *store_;
     const SettingsStore *settings_;
-    ReceiptsTableModel *model_;
-    QLabel *folderLabel_;
-    QLabel *missingKeyLabel_;
-    QTableView *table_;
+    ElidedLabel *folder_;
+    CaptionLabel *photosBadge_;
+    CaptionLabel *missingKey_;
+    ReceiptsTable *table_;
+    QStackedWidget *list_;
 };
 
 } // namespace fennick

@@ -1,6 +1,7 @@
 #include "ui/receipts_table_model.h"
 
 #include "text/currency_text.h"
+#include "ui/plain_tool_tip.h"
 #include "ui/symbols.h"
 
 #include <QGuiApplication>
@@ -111,12 +112,6 @@ QString toolTip(const Receipt &receipt, int column) {
     }
 }
 
-// Receipts hold text from outside: a tool tip must not take it for markup.
-QString escapedToolTip(const QString &text) {
-    return text.isEmpty() ? QString()
-                          : QStringLiteral("<span>") + text.toHtmlEscaped() + QStringLiteral("</span>");
-}
-
 } // namespace
 
 ReceiptsTableModel::ReceiptsTableModel(const ReceiptStore *store, QObject *parent)
@@ -145,7 +140,7 @@ QVariant ReceiptsTableModel::data(const QModelIndex &index, int role) const {
     case Qt::DecorationRole:
         return cellIcon(receipt, index.column());
     case Qt::ToolTipRole:
-        return escapedToolTip(toolTip(receipt, index.column()));
+        return plainToolTip(toolTip(receipt, index.column()));
     case Qt::AccessibleTextRole:
         return spokenText(receipt, index.column());
     case Qt::TextAlignmentRole:

@@ -6,6 +6,11 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+// Resources of a static library are linked in only when something asks for them; outside every namespace.
+static void initialiseSymbols() {
+    Q_INIT_RESOURCE(symbols);
+}
+
 namespace fennick {
 
 namespace {
@@ -43,6 +48,7 @@ QString drawingOf(Symbol symbol) {
 }
 
 QByteArray vectorsOf(Symbol symbol) {
+    initialiseSymbols();
     QFile file(QStringLiteral(":/symbols/%1.svg").arg(drawingOf(symbol)));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isOpen);

@@ -1,9 +1,10 @@
 #include "support/private_session.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "ui/caption_label.h"
+#include "ui/elided_label.h"
 #include "ui/home_view.h"
 
-#include <QLabel>
 #include <QTableView>
 #include <QTest>
 
@@ -18,10 +19,10 @@ private Q_SLOTS:
         SettingsStore settings;
         ReceiptStore store;
         HomeView view(&store, &settings);
-        auto *const folder = view.findChild<QLabel *>(QStringLiteral("watchFolder"));
-        QCOMPARE(folder->text(), QStringLiteral("No folder selected"));
+        auto *const folder = view.findChild<ElidedLabel *>(QStringLiteral("watchFolder"));
+        QCOMPARE(folder->fullText(), QStringLiteral("No folder selected"));
         settings.setWatchFolderPath(QStringLiteral("/home/me/<b>Receipts</b>"));
-        QCOMPARE(folder->text(), QStringLiteral("/home/me/<b>Receipts</b>"));
+        QCOMPARE(folder->fullText(), QStringLiteral("/home/me/<b>Receipts</b>"));
         QCOMPARE(folder->textFormat(), Qt::PlainText);
     }
 
@@ -29,7 +30,7 @@ private Q_SLOTS:
         SettingsStore settings;
         ReceiptStore store;
         HomeView view(&store, &settings);
-        auto *const warning = view.findChild<QLabel *>(QStringLiteral("missingKey"));
+        auto *const warning = view.findChild<CaptionLabel *>(QStringLiteral("missingKey"));
         QCOMPARE(warning->text(),
                  QStringLiteral("Set your Gemini API key in Settings (⌘,) to start scanning."));
         QVERIFY(warning->isVisibleTo(&view));

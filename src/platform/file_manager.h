@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+// The desktop's file manager and its programs for files. Neither call waits for what it starts.
+namespace fennick::FileManager {
+
+// Shows the file selected in its folder; without a file manager that can, opens the folder.
+void reveal(const QString &path);
+
+// Opens the file with the user's program for its kind.
+void open(const QString &path);
+
+} // namespace fennick::FileManager

@@ -1,0 +1,67 @@
+#include "ui/empty_state.h"
+
+#include "ui/symbols.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace fennick {
+
+namespace {
+
+constexpr int symbolSize = 44;
+constexpr double titleScale = 1.25; // of the desktop's font
+
+} // namespace
+
+EmptyState::EmptyState(QWidget *parent)
+    : QWidget(parent)
+    , symbol_(new QLabel(this))
+    , explanation_(new QLabel(
+          tr("Choose a folder to watch, then drop in receipt PDFs or photos.\nEach one is scanned, "
+             "renamed, and added to Photos for Workday mobile."),
+          this)) {
+    symbol_->setFixedSize(symbolSize, symbolSize);
+    auto *const title = new QLabel(tr("No receipts yet"), this);
+    title->setObjectName(QStringLiteral("emptyTitle"));
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * titleScale);
+    large.setWeight(QFont::Medium);
+    title->setFont(large);
+    explanation_->setObjectName(QStringLiteral("emptyExplanation"));
+    explanation_->setAlignment(Qt::AlignCenter);
+    auto *const choose = new QPushButton(tr("Choose Folder…"), this);
+    choose->setObjectName(QStringLiteral("emptyChooseFolder"));
+    choose->setDefault(true);
+    connect(choose, &QPushButton::clicked, this, &EmptyState::chooseFolderRequested);
+
+    auto *const layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addStretch();
+    layout->addWidget(symbol_, 0, Qt::AlignHCenter);
+    layout->addWidget(title, 0, Qt::AlignHCenter);
+    layout->addWidget(explanation_, 0, Qt::AlignHCenter);
+    layout->addWidget(choose, 0, Qt::AlignHCenter);
+    layout->addStretch();
+    applyTints();
+}
+
+void EmptyState::changeEvent(QEvent *event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        applyTints();
+    }
+}
+
+void EmptyState::applyTints() {
+    symbol_->setPixmap(symbolIcon(Symbol::receipts, Tint::secondary)
+                           .pixmap(QSize(symbolSize, symbolSize), devicePixelRatio()));
+    QPalette secondary = explanation_->palette();
+    secondary.setColor(QPalette::WindowText, tintColor(Tint::secondary, QGuiApplication::palette()));
+    explanation_->setPalette(secondary);
+}
+
+} // namespace fennick

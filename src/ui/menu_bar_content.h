@@ -1,0 +1,29 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QMenu>
+
+namespace fennick {
+
+// The menu of the tray icon: how many receipts are listed, and the ways to the windows and out. Borrows the
+// store; owned by the shell.
+class MenuBarContent : public QMenu {
+    Q_OBJECT
+
+public:
+    explicit MenuBarContent(const ReceiptStore *store);
+
+Q_SIGNALS:
+    void showReceiptsRequested();
+    void settingsRequested();
+    void quitRequested();
+
+private:
+    void showCount();
+
+    const ReceiptStore *store_;
+    QAction *count_;
+};
+
+} // namespace fennick

@@ -1,0 +1,112 @@
+#include "ui/receipt_delegates.h"
+
+#include "ui/receipts_table_model.h"
+#include "ui/symbols.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QPainter>
+#include <QTableView>
+
+namespace fennick {
+
+namespace {
+
+constexpr int turnInterval = 80; // milliseconds a step
+constexpr int spokes = 8;
+constexpr int indicatorSize = 14;
+constexpr int lineSpacing = 2;
+constexpr int cellMargin = 6;
+constexpr double smallestScale = 0.82; // of the desktop's font
+
+QFont smallest(QFont font) {
+    font.setPointSizeF(font.pointSizeF() * smallestScale);
+    return font;
+}
+
+void paintBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
+    QStyleOptionViewItem background = option;
+    background.index = index;
+    background.text.clear();
+    background.icon = QIcon();
+    const QStyle *const style = option.widget == nullptr ? QApplication::style() : option.widget->style();
+    style->drawControl(QStyle::CE_ItemViewItem, &background, painter, option.widget);
+}
+
+} // namespace
+
+void SymbolDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                           const QModelIndex &index) const {
+    const QIcon symbol = index.data(Qt::DecorationRole).value<QIcon>();
+    if (symbol.isNull()) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    paintBackground(painter, option, index);
+    const QRect place =
+        QStyle::alignedRect(option.direction, Qt::AlignCenter, option.decorationSize, option.rect);
+    symbol.paint(painter, place, Qt::AlignCenter,
+                 option.state & QStyle::State_Selected ? QIcon::Selected : QIcon::Normal);
+}
+
+StatusDelegate::StatusDelegate(QWidget *view)
+    : SymbolDelegate(view)
+    , view_(view) {
+    turn_.setSingleShot(true);
+    turn_.setInterval(turnInterval);
+    connect(&turn_, &QTimer::timeout, view_, qOverload<>(&QWidget::update));
+}
+
+void StatusDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                           const QModelIndex &index) const {
+    if (!index.data(ReceiptsTableModel::isProcessingRole).toBool()) {
+        SymbolDelegate::paint(painter, option, index);
+        return;
+    }
+    paintBackground(painter, option, index);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(QRectF(option.rect).center());
+    QColor colour = tintColor(Tint::secondary, option.palette);
+    const auto step = QDateTime::currentMSecsSinceEpoch() / turnInterval % spokes;
+    for (int spoke = 0; spoke < spokes; ++spoke) {
+        const auto age = (step - spoke + spokes) % spokes;
+        colour.setAlphaF(static_cast<float>(spokes - age) / spokes);
+        painter->setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap));
+        painter->drawLine(QPointF(0, -indicatorSize / 4.0), QPointF(0, -indicatorSize / 2.0));
+        painter->rotate(360.0 / spokes);
+    }
+    painter->restore();
+    turn_.start();
+}
+
+void SummaryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                            const QModelIndex &index) const {
+    paintBackground(painter, option, index);
+    const bool isSelected = option.state & QStyle::State_Selected;
+    const QRect area = option.rect.adjusted(cellMargin, 0, -cellMargin, 0);
+    const QFont small = smallest(option.font);
+    const int firstHeight = option.fontMetrics.height();
+    const int secondHeight = QFontMetrics(small).height();
+    const int top = area.top() + (area.height() - firstHeight - lineSpacing - secondHeight) / 2;
+
+    painter->save();
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(QRect(area.left(), top, area.width(), firstHeight), Qt::AlignLeft | Qt::AlignVCenter,
+                      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
+    painter->setFont(small);
+    painter->setPen(isSelected ? option.palette.color(QPalette::HighlightedText)
+                               : tintColor(Tint::secondary, option.palette));
+    painter->drawText(QRect(area.left(), top + firstHeight + lineSpacing, area.width(), secondHeight),
+                      Qt::AlignLeft | Qt::AlignVCenter,
+                      QFontMetrics(small).elidedText(index.data(ReceiptsTableModel::fileNameRole).toString(),
+                                                     Qt::ElideRight, area.width()));
+    painter->restore();
+}
+
+int SummaryDelegate::rowHeight(const QFont &font) {
+    return QFontMetrics(font).height() + lineSpacing + QFontMetrics(smallest(font)).height() + 2 * cellMargin;
+}
+
+} // namespace fennick

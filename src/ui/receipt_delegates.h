@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <QTimer>
+
+namespace fennick {
+
+// A cell that shows a symbol in its middle, or text where the model has no symbol.
+class SymbolDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+};
+
+// The status cell: a turning indicator while a receipt is processed, else a symbol. The timer runs only while
+// such a row is being painted.
+class StatusDelegate : public SymbolDelegate {
+    Q_OBJECT
+
+public:
+    explicit StatusDelegate(QWidget *view);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+
+private:
+    QWidget *view_;
+    mutable QTimer turn_;
+};
+
+// The summary cell: the summary, and under it the file's name in small secondary text.
+class SummaryDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+
+    // What two lines and the space between them take in this font.
+    static int rowHeight(const QFont &font);
+};
+
+} // namespace fennick

@@ -1,0 +1,186 @@
+#include "ui/receipts_table.h"
+
+#include "ui/receipt_delegates.h"
+#include "ui/receipts_table_model.h"
+#include "ui/row_actions.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <array>
+
+namespace fennick {
+
+namespace {
+
+using Model = ReceiptsTableModel;
+
+struct ColumnWidth {
+    Model::Column column;
+    int minimum;
+    int ideal;
+};
+
+// In pixels. The summary takes what the others leave, but never less than its minimum.
+constexpr std::array<ColumnWidth, 5> resizableColumns = {{{Model::dateColumn, 90, 100},
+                                                          {Model::amountColumn, 80, 90},
+                                                          {Model::locationColumn, 120, 160},
+                                                          {Model::categoryColumn, 90, 100},
+                                                          {Model::summaryColumn, 180, 260}}};
+constexpr int statusWidth = 24;
+constexpr int photosWidth = 56;
+constexpr int actionsWidth = 64;
+
+} // namespace
+
+ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
+    : QTableView(parent)
+    , model_(new ReceiptsTableModel(store, this)) {
+    setObjectName(QStringLiteral("receipts"));
+    setAccessibleName(tr("Receipts"));
+    setModel(model_);
+    setItemDelegateForColumn(Model::statusColumn, new StatusDelegate(viewport()));
+    setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
+    setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setFrameShape(NoFrame);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    layOutColumns();
+
+    rowActionsUpdate_.setSingleShot(true);
+    connect(&rowActionsUpdate_, &QTimer::timeout, this, &ReceiptsTable::showRowActions);
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(model_, signal, this, &ReceiptsTable::scheduleRowActions);
+    }
+    connect(model_, &QAbstractItemModel::rowsMoved, this, &ReceiptsTable::scheduleRowActions);
+    connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::scheduleRowActions);
+    connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::currentReceiptChanged);
+    connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::scheduleRowActions);
+    connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::currentReceiptChanged);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ReceiptsTable::scheduleRowActions);
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex &index) { Q_EMIT openRequested(model_->receipt(index.row())); });
+    scheduleRowActions();
+}
+
+void ReceiptsTable::layOutColumns() {
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(SummaryDelegate::rowHeight(font()));
+    QHeaderView *const header = horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(false);
+    header->setMinimumSectionSize(statusWidth);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    for (const auto &[column, minimum, ideal] : resizableColumns) {
+        header->resizeSection(column, ideal);
+    }
+    header->setSectionResizeMode(Model::summaryColumn, QHeaderView::Stretch);
+    for (const auto &[column, width] :
+         {std::pair{Model::statusColumn, statusWidth}, std::pair{Model::photosColumn, photosWidth},
+          std::pair{Model::actionsColumn, actionsWidth}}) {
+        header->setSectionResizeMode(column, QHeaderView::Fixed);
+        header->resizeSection(column, width);
+    }
+    connect(header, &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { keepMinimumWidth(column, width); });
+}
+
+void ReceiptsTable::keepMinimumWidth(int column, int width) {
+    for (const auto &[resizable, minimum, ideal] : resizableColumns) {
+        if (resizable == column && column != Model::summaryColumn && width < minimum) {
+            horizontalHeader()->resizeSection(column, minimum);
+        }
+    }
+}
+
+void ReceiptsTable::setPhotosExportOn(bool isOn) {
+    isPhotosExportOn_ = isOn;
+    scheduleRowActions();
+    Q_EMIT currentReceiptChanged();
+}
+
+std::optional<Receipt> ReceiptsTable::currentReceipt() const {
+    const QModelIndex current = currentIndex();
+    return current.isValid() ? std::optional(model_->receipt(current.row())) : std::nullopt;
+}
+
+QByteArray ReceiptsTable::columnState() const {
+    return horizontalHeader()->saveState();
+}
+
+void ReceiptsTable::restoreColumnState(const QByteArray &state) {
+    horizontalHeader()->restoreState(state);
+}
+
+void ReceiptsTable::resizeEvent(QResizeEvent *event) {
+    QTableView::resizeEvent(event);
+    scheduleRowActions();
+}
+
+void ReceiptsTable::keyPressEvent(QKeyEvent *event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && currentIndex().isValid()) {
+        Q_EMIT openRequested(model_->receipt(currentIndex().row()));
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void ReceiptsTable::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
+    QTableView::currentChanged(current, previous);
+    Q_EMIT currentReceiptChanged();
+}
+
+void ReceiptsTable::scheduleRowActions() {
+    rowActionsUpdate_.start(0);
+}
+
+// Gives every row on the screen its buttons, and takes those of the rows that have left it.
+void ReceiptsTable::showRowActions() {
+    const int rows = model_->rowCount();
+    const int first = std::max(0, rowAt(0));
+    const int lastVisible = rowAt(viewport()->height() - 1);
+    const int last = lastVisible < 0 ? rows - 1 : lastVisible;
+    erase_if(placesWithActions_, [this, first, last](const QPersistentModelIndex &place) {
+        const bool isVisible = place.isValid() && place.row() >= first && place.row() <= last;
+        if (!isVisible && place.isValid()) {
+            setIndexWidget(place, nullptr);
+        }
+        return !isVisible;
+    });
+    for (int row = first; row <= last; ++row) {
+        const QModelIndex place = model_->index(row, Model::actionsColumn);
+        auto *buttons = qobject_cast<RowActions *>(indexWidget(place));
+        if (buttons == nullptr) {
+            buttons = makeRowActions(place);
+        }
+        buttons->show(model_->receipt(row), isPhotosExportOn_);
+    }
+}
+
+RowActions *ReceiptsTable::makeRowActions(const QModelIndex &place) {
+    auto *const buttons = new RowActions(viewport());
+    setIndexWidget(place, buttons);
+    placesWithActions_.append(place);
+    // Rows move: the buttons stay with the receipt that they were made for.
+    const QPersistentModelIndex row(place);
+    connect(buttons, &RowActions::revealRequested, this,
+            [this, row] { Q_EMIT revealRequested(model_->receipt(row.row())); });
+    connect(buttons, &RowActions::addToPhotosRequested, this,
+            [this, row] { Q_EMIT addToPhotosRequested(model_->receipt(row.row())); });
+    connect(buttons, &RowActions::retryRequested, this,
+            [this, row] { Q_EMIT retryRequested(model_->receipt(row.row())); });
+    return buttons;
+}
+
+} // namespace fennick

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QPersistentModelIndex>
+#include <QTableView>
+#include <QTimer>
+
+#include <optional>
+
+namespace fennick {
+
+class ReceiptsTableModel;
+class RowActions;
+
+// The table of all receipts. Rows have one height, and only rows on the screen have buttons, so that a long
+// list costs no more than a short one. Borrows the store; owned by the home view; main thread.
+class ReceiptsTable : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit ReceiptsTable(const ReceiptStore *store, QWidget *parent = nullptr);
+
+    // Whether rows offer to add their receipt to Photos.
+    void setPhotosExportOn(bool isOn);
+
+    // The receipt of the row that the keyboard is on.
+    std::optional<Receipt> currentReceipt() const;
+
+    // The widths that the user has given the columns.
+    QByteArray columnState() const;
+    void restoreColumnState(const QByteArray &state);
+
+Q_SIGNALS:
+    void currentReceiptChanged();
+    void openRequested(const Receipt &receipt);
+    void revealRequested(const Receipt &receipt);
+    void addToPhotosRequested(const Receipt &receipt);
+    void retryRequested(const Receipt &receipt);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+
+private:
+    void layOutColumns();
+    void keepMinimumWidth(int column, int width);
+    void scheduleRowActions();
+    void showRowActions();
+    RowActions *makeRowActions(const QModelIndex &place);
+
+    ReceiptsTableModel *model_;
+    QList<QPersistentModelIndex> placesWithActions_;
+    QTimer rowActionsUpdate_; // gathers many changes into one look at the visible rows
+    bool isPhotosExportOn_ = false;
+};
+
+} // namespace fennick

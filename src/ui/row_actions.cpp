@@ -1,0 +1,54 @@
+#include "ui/row_actions.h"
+
+#include "ui/plain_tool_tip.h"
+#include "ui/symbols.h"
+
+#include <QHBoxLayout>
+#include <QToolButton>
+
+namespace fennick {
+
+namespace {
+
+constexpr int buttonSize = 20;
+constexpr int symbolSize = 16;
+
+QToolButton *makeButton(QWidget *parent, const QString &objectName, Symbol symbol, const QString &name) {
+    auto *const button = new QToolButton(parent);
+    button->setObjectName(objectName);
+    button->setIcon(symbolIcon(symbol));
+    button->setIconSize({symbolSize, symbolSize});
+    button->setFixedSize(buttonSize, buttonSize);
+    button->setAutoRaise(true);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    return button;
+}
+
+} // namespace
+
+RowActions::RowActions(QWidget *parent)
+    : QWidget(parent)
+    , reveal_(makeButton(this, QStringLiteral("reveal"), Symbol::reveal, tr("Reveal in Finder")))
+    , addToPhotos_(makeButton(this, QStringLiteral("addToPhotos"), Symbol::addToPhotos, tr("Add to Photos")))
+    , retry_(makeButton(this, QStringLiteral("retry"), Symbol::retry, tr("Retry"))) {
+    auto *const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 0, 8, 0);
+    layout->setSpacing(8);
+    layout->addWidget(reveal_);
+    layout->addWidget(addToPhotos_);
+    layout->addWidget(retry_);
+    layout->addStretch();
+    connect(reveal_, &QToolButton::clicked, this, &RowActions::revealRequested);
+    connect(addToPhotos_, &QToolButton::clicked, this, &RowActions::addToPhotosRequested);
+    connect(retry_, &QToolButton::clicked, this, &RowActions::retryRequested);
+}
+
+void RowActions::show(const Receipt &receipt, bool isPhotosExportOn) {
+    addToPhotos_->setVisible(receipt.status == ReceiptStatus::done && !receipt.addedToPhotos &&
+                             isPhotosExportOn);
+    retry_->setVisible(receipt.status == ReceiptStatus::error);
+    retry_->setToolTip(plainToolTip(receipt.error.value_or(tr("Retry"))));
+}
+
+} // namespace fennick

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "model/receipt.h"
+
+#include <QWidget>
+
+class QToolButton;
+
+namespace fennick {
+
+// The buttons at the end of one row: reveal the file, add it to Photos, scan it again. Lives as long as its
+// row is on the screen; owned by the table.
+class RowActions : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit RowActions(QWidget *parent = nullptr);
+
+    // Shows the buttons that this receipt offers now. Add to Photos is offered only while Photos export is
+    // on.
+    void show(const Receipt &receipt, bool isPhotosExportOn);
+
+Q_SIGNALS:
+    void revealRequested();
+    void addToPhotosRequested();
+    void retryRequested();
+
+private:
+    QToolButton *reveal_;
+    QToolButton *addToPhotos_;
+    QToolButton *retry_;
+};
+
+} // namespace fennick

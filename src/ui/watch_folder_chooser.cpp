@@ -1,0 +1,21 @@
+#include "ui/watch_folder_chooser.h"
+
+#include "pipeline/app_state.h"
+#include "settings/settings_store.h"
+#include "ui/folder_chooser.h"
+
+#include <QCoreApplication>
+
+namespace fennick {
+
+void chooseWatchFolder(QWidget *parent, AppState *appState, SettingsStore *settings) {
+    const QString confirmText = QCoreApplication::translate("chooseWatchFolder", "Watch This Folder");
+    const auto path = chooseFolder(parent, confirmText, settings->watchFolderPath(), NewFolders::refused);
+    if (!path) {
+        return;
+    }
+    settings->setWatchFolderPath(*path);
+    appState->startWatching(*path);
+}
+
+} // namespace fennick

@@ -1,0 +1,178 @@
+#include "folder_chooser_driver.h"
+#include "support/temporary_home.h"
+#include "ui/folder_chooser.h"
+
+#include <QListView>
+#include <QMessageBox>
+#include <QPointer>
+#include <QToolButton>
+
+using namespace fennick;
+using namespace fennick::test;
+using Driver = FolderChooserDriver;
+
+class FolderChooserTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        QDir().mkpath(folder_);
+        QDir().mkpath(folder_ + QStringLiteral("/inside"));
+        writeFile(folder_ + QStringLiteral("/receipt.pdf"), "a file");
+    }
+
+    void confirmButtonCarriesTheGivenText() {
+        QString text;
+        Driver driver([&text](QFileDialog *dialog) {
+            text = Driver::button(dialog, QDialogButtonBox::Open)->text();
+            Driver::cancel(dialog);
+        });
+        chooseFolder(nullptr, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
+        QVERIFY(driver.hasRun());
+        QCOMPARE(text, QStringLiteral("Watch This Folder"));
+    }
+
+    void confirmationWithoutASelectionChoosesTheStartFolder() {
+        const QString start = home_.path(QStringLiteral("Belege für „Müller“"));
+        QDir().mkpath(start);
+        Driver driver([](QFileDialog *dialog) { Driver::confirm(dialog); });
+        QCOMPARE(choose(start).value_or(QString()), start);
+    }
+
+    void typedFolderIsChosen() {
+        const QString inside = folder_ + QStringLiteral("/inside");
+        Driver driver([&inside](QFileDialog *dialog) {
+            Driver::type(dialog, inside);
+            Driver::confirm(dialog);
+        });
+        QCOMPARE(choose(std::nullopt).value_or(QString()), inside);
+    }
+
+    void pathEndsWithoutASlash() {
+        const QString inside = folder_ + QStringLiteral("/inside");
+        Driver driver([&inside](QFileDialog *dialog) {
+            Driver::type(dialog, inside + u'/');
+            Driver::confirm(dialog);
+        });
+        QCOMPARE(choose(std::nullopt).value_or(QString()), inside);
+    }
+
+    void onlyOneFolderCanBeSelected() {
+        QAbstractItemView::SelectionMode mode{};
+        Driver driver([&mode](QFileDialog *dialog) {
+            mode = dialog->findChild<QListView *>(QStringLiteral("listView"))->selectionMode();
+            Driver::cancel(dialog);
+        });
+        choose(folder_);
+        QCOMPARE(mode, QAbstractItemView::SingleSelection);
+    }
+
+    void filesAreNeitherShownNorChosen() {
+        bool areFoldersOnly = false;
+        bool isOpenAfterwards = false;
+        Driver driver([&](QFileDialog *dialog) {
+            areFoldersOnly = dialog->testOption(QFileDialog::ShowDirsOnly);
+            Driver::type(dialog, folder_ + QStringLiteral("/receipt.pdf"));
+            // The dialog tells in a message that this is no folder.
+            QTimer::singleShot(0, dialog, [] {
+                const auto widgets = QApplication::topLevelWidgets();
+                for (QWidget *const widget : widgets) {
+                    if (auto *const message = qobject_cast<QMessageBox *>(widget)) {
+                        message->accept();
+                    }
+                }
+            });
+            Driver::confirm(dialog);
+            isOpenAfterwards = dialog->isVisible();
+            Driver::cancel(dialog);
+        });
+        QCOMPARE(choose(folder_), std::nullopt);
+        QVERIFY(areFoldersOnly);
+        QVERIFY(isOpenAfterwards);
+    }
+
+    void cancellationChoosesNothing() {
+        Driver driver([](QFileDialog *dialog) { Driver::cancel(dialog); });
+        QCOMPARE(choose(folder_), std::nullopt);
+        QVERIFY(driver.hasRun());
+    }
+
+    void escapeChoosesNothing() {
+        Driver driver([](QFileDialog *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+        QCOMPARE(choose(folder_), std::nullopt);
+        QVERIFY(driver.hasRun());
+    }
+
+    void missingStartFolderStartsAtHome_data() {
+        QTest::addColumn<bool>("isGiven");
+        QTest::newRow("none") << false;
+        QTest::newRow("gone") << true;
+    }
+    void missingStartFolderStartsAtHome() {
+        QFETCH(bool, isGiven);
+        QString start;
+        Driver driver([&start](QFileDialog *dialog) {
+            start = dialog->directory().path();
+            Driver::cancel(dialog);
+        });
+        choose(isGiven ? std::optional(home_.path(QStringLiteral("gone"))) : std::nullopt);
+        QCOMPARE(start, QDir::homePath());
+    }
+
+    void newFoldersAreMadeOnlyWhereAllowed_data() {
+        QTest::addColumn<bool>("isAllowed");
+        QTest::newRow("allowed") << true;
+        QTest::newRow("refused") << false;
+    }
+    void newFoldersAreMadeOnlyWhereAllowed() {
+        QFETCH(bool, isAllowed);
+        const QString start = home_.path(isAllowed ? QStringLiteral("new") : QStringLiteral("none-new"));
+        QDir().mkpath(start);
+        Driver driver([](QFileDialog *dialog) {
+            auto *const button = dialog->findChild<QToolButton *>(QStringLiteral("newFolderButton"));
+            QTest::mouseClick(button, Qt::LeftButton);
+            Driver::cancel(dialog);
+        });
+        chooseFolder(nullptr, QStringLiteral("Archive Here"), start,
+                     isAllowed ? NewFolders::allowed : NewFolders::refused);
+        QVERIFY(driver.hasRun());
+        const auto folders = QDir(start).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        QCOMPARE(folders.size(), isAllowed ? 1 : 0);
+    }
+
+    void dialogIsModalToItsParentAndGoneAfterwards() {
+        QWidget parent;
+        parent.show();
+        bool isModal = false;
+        QPointer<QFileDialog> seen;
+        Driver driver([&](QFileDialog *dialog) {
+            isModal = dialog->isModal() && dialog->parentWidget() == &parent;
+            seen = dialog;
+            Driver::cancel(dialog);
+        });
+        chooseFolder(&parent, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
+        QVERIFY(isModal);
+        QTRY_VERIFY(!seen);
+    }
+
+    void parentThatIsDeletedMeanwhileCancels() {
+        auto *const parent = new QWidget;
+        parent->show();
+        Driver driver([parent](QFileDialog *) { delete parent; });
+        const auto chosen =
+            chooseFolder(parent, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
+        QVERIFY(driver.hasRun());
+        QCOMPARE(chosen, std::nullopt);
+    }
+
+private:
+    static std::optional<QString> choose(const std::optional<QString> &startFolder) {
+        return chooseFolder(nullptr, QStringLiteral("Watch This Folder"), startFolder, NewFolders::refused);
+    }
+
+    TemporaryHome home_;
+    QString folder_ = home_.path(QStringLiteral("Tax & receipts"));
+};
+
+QTEST_MAIN(FolderChooserTest)
+#include "folder_chooser_test.moc"

@@ -1,0 +1,94 @@
+#include "settings_view_under_test.h"
+#include "ui/caption_label.h"
+
+using namespace fennick;
+using namespace fennick::test;
+
+class SettingsGeminiTest : public SettingsViewUnderTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void storedKeyIsLoadedEachTimeTheWindowAppears() {
+        PrivateSession::storeKey("first");
+        create();
+        QCOMPARE(field("apiKey")->text(), QString());
+        show();
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("first"));
+        QVERIFY(!field("apiKey")->displayText().contains(u"first"));
+        view_->close();
+        PrivateSession::storeKey("second");
+        show();
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("second"));
+        view_->close();
+        PrivateSession::clearKey();
+        show();
+        QCOMPARE(field("apiKey")->text(), QString());
+    }
+
+    void keyIsStoredByTheButtonOnly() {
+        show();
+        type(field("apiKey"), QStringLiteral(" AIza-typed "));
+        QTest::keyClick(field("apiKey"), Qt::Key_Return);
+        QVERIFY(view_->isVisible());
+        QCOMPARE(PrivateSession::lookUpKey(), QByteArray());
+        QVERIFY(!control<CaptionLabel>("keySaved")->isVisible());
+
+        click(button("saveKey"));
+        QCOMPARE(PrivateSession::lookUpKey(), QByteArray("AIza-typed"));
+        QVERIFY(settings_->hasAPIKey());
+        QCOMPARE(field("apiKey")->text(), QStringLiteral(" AIza-typed "));
+        QVERIFY(control<CaptionLabel>("keySaved")->isVisible());
+        QCOMPARE(control<CaptionLabel>("keySaved")->text(), QStringLiteral("Key saved"));
+    }
+
+    void confirmationStaysUntilTheWindowIsMadeAnew() {
+        show();
+        click(button("saveKey"));
+        type(field("apiKey"), QStringLiteral("other"));
+        QVERIFY(control<CaptionLabel>("keySaved")->isVisible());
+        view_->close();
+        show();
+        QVERIFY(control<CaptionLabel>("keySaved")->isVisible());
+        create();
+        show();
+        QVERIFY(!control<CaptionLabel>("keySaved")->isVisible());
+    }
+
+    void blankKeyRemovesTheStoredOne_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("blank") << QStringLiteral("   ");
+    }
+    void blankKeyRemovesTheStoredOne() {
+        QFETCH(QString, text);
+        PrivateSession::storeKey("stored");
+        create();
+        show();
+        QVERIFY(settings_->hasAPIKey());
+        type(field("apiKey"), text);
+        click(button("saveKey"));
+        QCOMPARE(PrivateSession::keyCount(), 0);
+        QVERIFY(!settings_->hasAPIKey());
+        QVERIFY(control<CaptionLabel>("keySaved")->isVisible());
+        QVERIFY(button("saveKey")->isEnabled());
+    }
+
+    void modelIsStoredOnEveryKeystroke() {
+        show();
+        type(field("model"), QStringLiteral("g"));
+        QCOMPARE(storedPreference("model"), QByteArray("g"));
+        QTest::keyClicks(field("model"), QStringLiteral("x"));
+        QCOMPARE(storedPreference("model"), QByteArray("gx"));
+        field("model")->setCursorPosition(1);
+        QTest::keyClicks(field("model"), QStringLiteral("yz"));
+        QCOMPARE(field("model")->text(), QStringLiteral("gyzx"));
+        QCOMPARE(settings_->model(), QStringLiteral("gyzx"));
+        settings_->setModel(QStringLiteral("set elsewhere"));
+        QCOMPARE(field("model")->text(), QStringLiteral("set elsewhere"));
+        type(field("model"), QString());
+        QCOMPARE(settings_->model(), QString());
+    }
+};
+
+QTEST_MAIN(SettingsGeminiTest)
+#include "settings_gemini_test.moc"
