@@ -1,13 +1,12 @@
 #include "platform/secret_items.h"
 
+#include <libsecret/secret.h>
+
 #include <chrono>
 #include <condition_variable>
-#include <libsecret/secret.h>
 #include <memory>
 #include <mutex>
 #include <thread>
-
-#include <memory>
 
 namespace fennick::SecretItems {
 
