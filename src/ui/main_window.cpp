@@ -133,9 +133,9 @@ void MainWindow::connectActions() {
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
     ReceiptsTable *const table = home_->table();
-    const auto onCurrent = [this, table](QAction *action, auto does) {
+    const auto onSelected = [this, table](QAction *action, auto does) {
         connect(action, &QAction::triggered, this, [table, does] {
-            if (const auto receipt = table->currentReceipt()) {
+            if (const auto receipt = table->selectedReceipt()) {
                 does(*receipt);
             }
         });
@@ -152,19 +152,19 @@ void MainWindow::connectActions() {
     const auto retry = [this](const Receipt &receipt) {
         appState_->retry(receipt);
     };
-    onCurrent(actions_.open, open);
-    onCurrent(actions_.reveal, reveal);
-    onCurrent(actions_.addToPhotos, addToPhotos);
-    onCurrent(actions_.retry, retry);
-    onCurrent(actions_.copySummary,
-              [](const Receipt &receipt) { QGuiApplication::clipboard()->setText(receipt.summary); });
+    onSelected(actions_.open, open);
+    onSelected(actions_.reveal, reveal);
+    onSelected(actions_.addToPhotos, addToPhotos);
+    onSelected(actions_.retry, retry);
+    onSelected(actions_.copySummary,
+               [](const Receipt &receipt) { QGuiApplication::clipboard()->setText(receipt.summary); });
     connect(table, &ReceiptsTable::openRequested, this, open);
     connect(table, &ReceiptsTable::revealRequested, this, reveal);
     connect(table, &ReceiptsTable::addToPhotosRequested, this, addToPhotos);
     connect(table, &ReceiptsTable::retryRequested, this, retry);
 
     connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);
-    connect(table, &ReceiptsTable::currentReceiptChanged, this, &MainWindow::enableActions);
+    connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::enableActions);
 }
 
 void MainWindow::enableActions() {
@@ -176,13 +176,13 @@ void MainWindow::enableActions() {
     exportButton_->setEnabled(hasReceipts);
     archiveButton_->setEnabled(hasReceipts);
 
-    const auto current = home_->table()->currentReceipt();
+    const auto selected = home_->table()->selectedReceipt();
     for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary}) {
-        action->setEnabled(current.has_value());
+        action->setEnabled(selected.has_value());
     }
-    actions_.addToPhotos->setEnabled(current && current->status == ReceiptStatus::done &&
-                                     !current->addedToPhotos && settings_->addToPhotos());
-    actions_.retry->setEnabled(current && current->status == ReceiptStatus::error);
+    actions_.addToPhotos->setEnabled(selected && selected->status == ReceiptStatus::done &&
+                                     !selected->addedToPhotos && settings_->addToPhotos());
+    actions_.retry->setEnabled(selected && selected->status == ReceiptStatus::error);
 }
 
 void MainWindow::chooseFolder() {

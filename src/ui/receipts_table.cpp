@@ -62,9 +62,9 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     }
     connect(model_, &QAbstractItemModel::rowsMoved, this, &ReceiptsTable::scheduleRowActions);
     connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::scheduleRowActions);
-    connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::currentReceiptChanged);
+    connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::selectedReceiptChanged);
     connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::scheduleRowActions);
-    connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::currentReceiptChanged);
+    connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::selectedReceiptChanged);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ReceiptsTable::scheduleRowActions);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex &index) { Q_EMIT openRequested(model_->receipt(index.row())); });
@@ -106,12 +106,12 @@ void ReceiptsTable::keepMinimumWidth(int column, int width) {
 void ReceiptsTable::setPhotosExportOn(bool isOn) {
     isPhotosExportOn_ = isOn;
     scheduleRowActions();
-    Q_EMIT currentReceiptChanged();
+    Q_EMIT selectedReceiptChanged();
 }
 
-std::optional<Receipt> ReceiptsTable::currentReceipt() const {
-    const QModelIndex current = currentIndex();
-    return current.isValid() ? std::optional(model_->receipt(current.row())) : std::nullopt;
+std::optional<Receipt> ReceiptsTable::selectedReceipt() const {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? std::nullopt : std::optional(model_->receipt(rows.first().row()));
 }
 
 QByteArray ReceiptsTable::columnState() const {
@@ -129,16 +129,17 @@ void ReceiptsTable::resizeEvent(QResizeEvent *event) {
 
 void ReceiptsTable::keyPressEvent(QKeyEvent *event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && currentIndex().isValid()) {
-        Q_EMIT openRequested(model_->receipt(currentIndex().row()));
+    const auto selected = selectedReceipt();
+    if (isEnter && selected) {
+        Q_EMIT openRequested(*selected);
         return;
     }
     QTableView::keyPressEvent(event);
 }
 
-void ReceiptsTable::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
-    QTableView::currentChanged(current, previous);
-    Q_EMIT currentReceiptChanged();
+void ReceiptsTable::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    Q_EMIT selectedReceiptChanged();
 }
 
 void ReceiptsTable::scheduleRowActions() {

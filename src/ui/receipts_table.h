@@ -24,15 +24,14 @@ public:
     // Whether rows offer to add their receipt to Photos.
     void setPhotosExportOn(bool isOn);
 
-    // The receipt of the row that the keyboard is on.
-    std::optional<Receipt> currentReceipt() const;
+    std::optional<Receipt> selectedReceipt() const;
 
     // The widths that the user has given the columns.
     QByteArray columnState() const;
     void restoreColumnState(const QByteArray &state);
 
 Q_SIGNALS:
-    void currentReceiptChanged();
+    void selectedReceiptChanged();
     void openRequested(const Receipt &receipt);
     void revealRequested(const Receipt &receipt);
     void addToPhotosRequested(const Receipt &receipt);
@@ -41,7 +40,7 @@ Q_SIGNALS:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
 private:
     void layOutColumns();

@@ -1,0 +1,186 @@
+#include "model/receipt_json.h"
+#include "support/conditions.h"
+#include "support/receipts.h"
+#include "support/temporary_home.h"
+#include "ui/receipts_table.h"
+#include "ui/receipts_table_model.h"
+#include "ui/row_actions.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+using Model = ReceiptsTableModel;
+
+class ReceiptsTableTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        home_ = std::make_unique<TemporaryHome>();
+        store_ = std::make_unique<ReceiptStore>();
+        table_ = std::make_unique<ReceiptsTable>(store_.get());
+        table_->resize(900, 400);
+        table_->show();
+    }
+
+    void columnsHaveTheirHeadersAndWidths() {
+        const QStringList headers = {QString(),
+                                     QStringLiteral("Date"),
+                                     QStringLiteral("Amount"),
+                                     QStringLiteral("Location"),
+                                     QStringLiteral("Category"),
+                                     QStringLiteral("Summary"),
+                                     QStringLiteral("Photos"),
+                                     QString()};
+        for (int column = 0; column < headers.size(); ++column) {
+            QCOMPARE(table_->model()->headerData(column, Qt::Horizontal).toString(), headers[column]);
+        }
+        QCOMPARE(table_->columnWidth(Model::statusColumn), 24);
+        QCOMPARE(table_->columnWidth(Model::dateColumn), 100);
+        QCOMPARE(table_->columnWidth(Model::amountColumn), 90);
+        QCOMPARE(table_->columnWidth(Model::locationColumn), 160);
+        QCOMPARE(table_->columnWidth(Model::categoryColumn), 100);
+        QCOMPARE(table_->columnWidth(Model::photosColumn), 56);
+        QCOMPARE(table_->columnWidth(Model::actionsColumn), 64);
+    }
+
+    void columnsKeepTheirMinimum() {
+        for (const auto &[column, minimum] :
+             {std::pair{Model::dateColumn, 90}, std::pair{Model::amountColumn, 80},
+              std::pair{Model::locationColumn, 120}, std::pair{Model::categoryColumn, 90}}) {
+            table_->setColumnWidth(column, 10);
+            QCOMPARE(table_->columnWidth(column), minimum);
+        }
+    }
+
+    void rowOffersWhatItsStatusAllows_data() {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<bool>("isAdded");
+        QTest::addColumn<bool>("isExportOn");
+        QTest::addColumn<QStringList>("buttons");
+        const QString reveal = QStringLiteral("reveal");
+        const QString add = QStringLiteral("addToPhotos");
+        const QString retry = QStringLiteral("retry");
+        QTest::newRow("processing") << 0 << false << true << QStringList{reveal};
+        QTest::newRow("done") << 1 << false << true << QStringList{reveal, add};
+        QTest::newRow("done, export off") << 1 << false << false << QStringList{reveal};
+        QTest::newRow("done and added") << 1 << true << true << QStringList{reveal};
+        QTest::newRow("error") << 2 << false << true << QStringList{reveal, retry};
+    }
+    void rowOffersWhatItsStatusAllows() {
+        QFETCH(int, status);
+        QFETCH(bool, isAdded);
+        QFETCH(bool, isExportOn);
+        QFETCH(QStringList, buttons);
+        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.status = static_cast<ReceiptStatus>(status);
+        receipt.addedToPhotos = isAdded;
+        table_->setPhotosExportOn(isExportOn);
+        store_->add(receipt);
+        QVERIFY(waitUntil([&] { return visibleButtons(0) == buttons; }));
+    }
+
+    void buttonsActOnTheirRow() {
+        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        failed.status = ReceiptStatus::error;
+        store_->add(failed);
+        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        table_->setPhotosExportOn(true);
+        QVERIFY(waitUntil([&] { return visibleButtons(1).size() == 2; }));
+        QSignalSpy revealed(table_.get(), &ReceiptsTable::revealRequested);
+        QSignalSpy retried(table_.get(), &ReceiptsTable::retryRequested);
+        QSignalSpy added(table_.get(), &ReceiptsTable::addToPhotosRequested);
+        QTest::mouseClick(button(1, "reveal"), Qt::LeftButton);
+        QTest::mouseClick(button(0, "retry"), Qt::LeftButton);
+        QTest::mouseClick(button(1, "addToPhotos"), Qt::LeftButton);
+        QCOMPARE(revealed.first().first().value<Receipt>().filePath, QStringLiteral("/w/b.pdf"));
+        QCOMPARE(retried.first().first().value<Receipt>().id, failed.id);
+        QCOMPARE(added.first().first().value<Receipt>().filePath, QStringLiteral("/w/b.pdf"));
+    }
+
+    void errorWithoutTextSaysErrorAndRetry() {
+        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        failed.status = ReceiptStatus::error;
+        store_->add(failed);
+        QVERIFY(waitUntil([&] { return visibleButtons(0).size() == 2; }));
+        QVERIFY(table_->model()->index(0, 0).data(Qt::ToolTipRole).toString().contains(u">Error<"));
+        QVERIFY(button(0, "retry")->toolTip().contains(u">Retry<"));
+        failed.error = QStringLiteral("Gemini API error: 500");
+        store_->update(failed);
+        QVERIFY(
+            waitUntil([&] { return button(0, "retry")->toolTip().contains(u">Gemini API error: 500<"); }));
+        QCOMPARE(button(0, "reveal")->toolTip(), QStringLiteral("Reveal in Finder"));
+    }
+
+    void enterAndDoubleClickOpenTheFile() {
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        QSignalSpy opened(table_.get(), &ReceiptsTable::openRequested);
+        table_->selectRow(0);
+        QTest::keyClick(table_.get(), Qt::Key_Return);
+        QCOMPARE(opened.size(), 1);
+        const QPoint cell = table_->visualRect(table_->model()->index(0, Model::dateColumn)).center();
+        QTest::mouseClick(table_->viewport(), Qt::LeftButton, {}, cell);
+        QTest::mouseDClick(table_->viewport(), Qt::LeftButton, {}, cell);
+        QCOMPARE(opened.size(), 2);
+    }
+
+    void longListHasButtonsOnTheScreenOnly() {
+        loadManyReceipts(50000);
+        QVERIFY(waitUntil([&] { return rowActions() > 0; }));
+        QVERIFY(rowActions() < 40);
+        for (const int position : {1000000, 20000, 0, 999999}) {
+            table_->verticalScrollBar()->setValue(position);
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(waitUntil([&] { return rowActions() > 0 && rowActions() < 40; }));
+    }
+
+private:
+    void loadManyReceipts(int count) {
+        QList<Receipt> receipts;
+        for (int index = 0; index < count; ++index) {
+            receipts.append(finishedReceipt(QStringLiteral("/w/%1.pdf").arg(index)));
+        }
+        writeFile(home_->receiptsFile(), encodeReceipts(receipts));
+        table_.reset();
+        store_ = std::make_unique<ReceiptStore>();
+        table_ = std::make_unique<ReceiptsTable>(store_.get());
+        table_->resize(900, 400);
+        table_->show();
+    }
+
+    qsizetype rowActions() const {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return table_->findChildren<RowActions *>().size();
+    }
+
+    QToolButton *button(int row, const char *name) const {
+        const QWidget *const buttons = table_->indexWidget(table_->model()->index(row, Model::actionsColumn));
+        return buttons == nullptr ? nullptr : buttons->findChild<QToolButton *>(QString::fromLatin1(name));
+    }
+
+    QStringList visibleButtons(int row) const {
+        QStringList names;
+        for (const char *const name : {"reveal", "addToPhotos", "retry"}) {
+            const QToolButton *const candidate = button(row, name);
+            if (candidate != nullptr && candidate->isVisible()) {
+                names.append(QString::fromLatin1(name));
+            }
+        }
+        return names;
+    }
+
+    std::unique_ptr<TemporaryHome> home_;
+    std::unique_ptr<ReceiptStore> store_;
+    std::unique_ptr<ReceiptsTable> table_;
+};
+
+QTEST_MAIN(ReceiptsTableTest)
+#include "receipts_table_test.moc"
