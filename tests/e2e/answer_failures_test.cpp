@@ -5,6 +5,7 @@
 #include <QDirIterator>
 #include <QTest>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace fennick;

@@ -5,6 +5,7 @@
 #include <QSet>
 #include <QTest>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace fennick;

@@ -2,15 +2,15 @@
 #include "user_session.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QDirIterator>
-#include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QSet>
 #include <QTest>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace fennick;

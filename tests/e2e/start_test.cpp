@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QTest>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 

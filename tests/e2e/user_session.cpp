@@ -6,6 +6,8 @@
 #include <QJsonDocument>
 #include <QTest>
 
+#include <algorithm>
+
 namespace fennick::test {
 
 using namespace Qt::StringLiterals;
