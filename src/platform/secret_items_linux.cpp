@@ -45,12 +45,16 @@ struct IgnoredError {
     GError *error = nullptr;
 };
 
-// Cancels a call that the store does not answer: it would hold up the whole program.
+// A store that works answers at once; one that asks the user for a password waits for a person.
+constexpr std::chrono::seconds storePatience{5};
+constexpr std::chrono::seconds personPatience{60};
+
+// Cancels a call that is not answered in time: it would hold up the whole program.
 class Deadline {
 public:
-    Deadline()
+    explicit Deadline(std::chrono::seconds patience)
         : cancellable_(g_cancellable_new())
-        , watch_([this](const std::stop_token &stop) {
+        , watch_([this, patience](const std::stop_token &stop) {
             std::unique_lock lock(mutex_);
             if (!ended_.wait_for(lock, stop, patience, [] { return false; }) && !stop.stop_requested()) {
                 g_cancellable_cancel(cancellable_);
@@ -69,27 +73,45 @@ public:
     GCancellable *cancellable() const { return cancellable_; }
 
 private:
-    static constexpr std::chrono::seconds patience{5};
-
     GCancellable *cancellable_;
     std::mutex mutex_;
     std::condition_variable_any ended_;
     std::jthread watch_;
 };
 
+using Item = std::unique_ptr<SecretItem, decltype(&g_object_unref)>;
+
+Item findItem(const Attributes &attributes) {
+    IgnoredError ignored;
+    const Deadline deadline(storePatience);
+    GList *const found = secret_service_search_sync(
+        nullptr, itemSchema(), attributes.get(), SECRET_SEARCH_NONE, deadline.cancellable(), &ignored.error);
+    Item first(found == nullptr ? nullptr : SECRET_ITEM(g_object_ref(found->data)), g_object_unref);
+    g_list_free_full(found, g_object_unref);
+    return first;
+}
+
+// Asks the user for the store's password where that is needed.
+bool unlock(SecretItem *item) {
+    IgnoredError ignored;
+    const Deadline deadline(personPatience);
+    GList items{item, nullptr, nullptr};
+    return secret_service_unlock_sync(nullptr, &items, deadline.cancellable(), nullptr, &ignored.error) == 1;
+}
+
 } // namespace
 
 std::optional<QByteArray> copyMatching(const QString &service, const QString &account) {
-    const Attributes attributes = attributesOf(service, account);
+    const Item item = findItem(attributesOf(service, account));
+    if (!item || (secret_item_get_locked(item.get()) && !unlock(item.get()))) {
+        return std::nullopt;
+    }
     IgnoredError ignored;
-    const Deadline deadline;
-    const Value value(secret_password_lookupv_binary_sync(itemSchema(), attributes.get(),
-                                                          deadline.cancellable(), &ignored.error),
-                      [](gpointer found) {
-                          if (found != nullptr) {
-                              secret_value_unref(found);
-                          }
-                      });
+    const Deadline deadline(storePatience);
+    if (!secret_item_load_secret_sync(item.get(), deadline.cancellable(), &ignored.error)) {
+        return std::nullopt;
+    }
+    const Value value(secret_item_get_secret(item.get()), secret_value_unref);
     if (!value) {
         return std::nullopt;
     }
@@ -102,7 +124,7 @@ void add(const QString &service, const QString &account, const QByteArray &secre
     const Attributes attributes = attributesOf(service, account);
     const Value value(secret_value_new(secret.constData(), secret.size(), "text/plain"), secret_value_unref);
     IgnoredError ignored;
-    const Deadline deadline;
+    const Deadline deadline(personPatience);
     secret_password_storev_binary_sync(itemSchema(), attributes.get(), SECRET_COLLECTION_DEFAULT,
                                        "Fennick: Gemini API key", value.get(), deadline.cancellable(),
                                        &ignored.error);
@@ -111,7 +133,7 @@ void add(const QString &service, const QString &account, const QByteArray &secre
 void remove(const QString &service, const QString &account) {
     const Attributes attributes = attributesOf(service, account);
     IgnoredError ignored;
-    const Deadline deadline;
+    const Deadline deadline(personPatience);
     secret_password_clearv_sync(itemSchema(), attributes.get(), deadline.cancellable(), &ignored.error);
 }
 
