@@ -33,13 +33,13 @@ void FennickApp::connectWindow() {
         Qt::QueuedConnection);
     connect(&window_, &MainWindow::closeRequested, this, &FennickApp::putMainWindowAway);
     connect(window_.actions().settings, &QAction::triggered, this, &FennickApp::showSettings);
-    connect(window_.actions().quit, &QAction::triggered, qApp, &QCoreApplication::quit);
+    connect(window_.actions().quit, &QAction::triggered, this, &FennickApp::terminate);
 }
 
 void FennickApp::buildTrayIcon() {
     connect(&menu_, &MenuBarContent::showReceiptsRequested, this, &FennickApp::showMainWindow);
     connect(&menu_, &MenuBarContent::settingsRequested, this, &FennickApp::showSettings);
-    connect(&menu_, &MenuBarContent::quitRequested, qApp, &QCoreApplication::quit);
+    connect(&menu_, &MenuBarContent::quitRequested, this, &FennickApp::terminate);
     trayIcon_.setIcon(symbolIcon(Symbol::receipts));
     trayIcon_.setToolTip(QStringLiteral("Fennick"));
     trayIcon_.setContextMenu(&menu_);
@@ -59,6 +59,11 @@ void FennickApp::showMainWindow() {
     window_.raise();
     window_.activateWindow();
     applyMenuBarMode();
+}
+
+// Not QApplication::quit: that asks the windows first, and the main window never closes by itself.
+void FennickApp::terminate() {
+    QCoreApplication::exit();
 }
 
 // Into the tray where there is one. Elsewhere a hidden window could only be reached by starting the program

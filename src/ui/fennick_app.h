@@ -32,6 +32,7 @@ public:
 private:
     void connectWindow();
     void buildTrayIcon();
+    void terminate();
     void putMainWindowAway();
     void applyMenuBarMode();
 

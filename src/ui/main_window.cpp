@@ -4,10 +4,10 @@
 #include "settings/window_memory.h"
 #include "ui/confirmations.h"
 #include "ui/export_panel.h"
-#include "ui/folder_chooser.h"
 #include "ui/home_view.h"
 #include "ui/receipts_table.h"
 #include "ui/symbols.h"
+#include "ui/watch_folder_chooser.h"
 
 #include <QClipboard>
 #include <QCloseEvent>
@@ -186,12 +186,7 @@ void MainWindow::enableActions() {
 }
 
 void MainWindow::chooseFolder() {
-    const auto folder = fennick::chooseFolder(this, tr("Watch This Folder"), settings_->watchFolderPath(),
-                                              NewFolders::refused);
-    if (folder) {
-        settings_->setWatchFolderPath(folder);
-        appState_->startWatching(*folder);
-    }
+    chooseWatchFolder(this, appState_, settings_);
 }
 
 void MainWindow::archive(Format format) {
