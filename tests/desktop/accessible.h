@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QList>
+#include <QProcess>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace fennick::test {
+
+// What assistive programs are told about one element of a window: read over the accessibility bus.
+struct Accessible {
+    QString service;
+    QString path;
+    QString role; // such as "push button"
+    QString name;
+};
+
+// The accessibility bus of the test's session. Needs a PrivateSession before it; programs started afterwards
+// with QT_LINUX_ACCESSIBILITY_ALWAYS_ON, which it sets, tell of their windows here.
+class AccessibilityBus {
+public:
+    static bool isInstalled();
+
+    AccessibilityBus();
+    ~AccessibilityBus();
+
+    // Every element of the windows with this title, the window first.
+    QList<Accessible> elements(const QString &windowTitle) const;
+
+    bool grabFocus(const Accessible &element) const;
+
+private:
+    QList<Accessible> children(const QString &service, const QString &path) const;
+    Accessible describe(const QString &service, const QString &path) const;
+    void collect(const Accessible &element, QList<Accessible> &found) const;
+
+    QProcess launcher_;
+    std::optional<QDBusConnection> bus_;
+};
+
+} // namespace fennick::test

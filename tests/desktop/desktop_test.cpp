@@ -1,0 +1,312 @@
+#include "accessible.h"
+#include "notifier_host.h"
+#include "user_session.h"
+#include "virtual_desktop.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <algorithm>
+#include <memory>
+
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString mainTitle = u"Fennick"_s;
+const QString settingsTitle = u"Fennick Settings"_s;
+const QString skipTaskBar = u"_NET_WM_STATE_SKIP_TASKBAR"_s;
+const QString hidden = u"_NET_WM_STATE_HIDDEN"_s;
+const QStringList menuBelowTheCount = {u"-"_s, u"Settings…"_s, u"-"_s, u"Quit Fennick"_s};
+
+QByteArray listOf(int count) {
+    QJsonArray rows;
+    for (int number = 1; number <= count; ++number) {
+        const QString name = u"receipt %1.pdf"_s.arg(number);
+        rows.append(
+            QJsonObject{{u"id"_s, u"00000000-0000-4000-8000-%1"_s.arg(number, 12, 10, QLatin1Char('0'))},
+                        {u"fileName"_s, name},
+                        {u"filePath"_s, u"/receipts/"_s + name},
+                        {u"category"_s, u"misc"_s},
+                        {u"summary"_s, u"A receipt."_s},
+                        {u"scannedAt"_s, u"2024-05-01T12:30:00Z"_s},
+                        {u"status"_s, u"done"_s},
+                        {u"addedToPhotos"_s, false}});
+    }
+    return QJsonDocument(rows).toJson();
+}
+
+} // namespace
+
+// The program's windows, keys, task-bar entry and tray icon on a desktop.
+class DesktopTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        const QStringList missing = VirtualDesktop::missingPrograms();
+        if (!missing.isEmpty()) {
+            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        }
+        if (!AccessibilityBus::isInstalled()) {
+            QSKIP("Not installed: at-spi2-core");
+        }
+        session_ = std::make_unique<UserSession>();
+        desktop_ = std::make_unique<VirtualDesktop>(session_->home.path(u"desktop"_s));
+        accessibility_ = std::make_unique<AccessibilityBus>();
+    }
+
+    void cleanupTestCase() {
+        accessibility_.reset();
+        desktop_.reset();
+        session_.reset();
+    }
+
+    void init() { session_->renew(); }
+
+    void cleanup() {
+        session_->program.kill();
+        desktop_->stopTray();
+    }
+
+    void closedWindowHidesInTheTrayAndComesBackOnASecondStart() {
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
+        QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
+        QVERIFY(waitFor([] { return !mainWindow(); }));
+        QVERIFY(secondStartEndsWithSuccess());
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
+        QCOMPARE(VirtualDesktop::windowCount(mainTitle), 1);
+        QVERIFY(session_->program.isRunning());
+    }
+
+    void closedWindowIsMinimisedWithoutATrayAndRestoredByASecondStart() {
+        QVERIFY(startProgram());
+        const QString window = *mainWindow();
+        QVERIFY(VirtualDesktop::press(window, u"ctrl+w"_s));
+        QVERIFY(waitFor([&window] { return VirtualDesktop::hasState(window, hidden); }));
+        QVERIFY(secondStartEndsWithSuccess());
+        QVERIFY(waitFor([&window] {
+            return !VirtualDesktop::hasState(window, hidden) && VirtualDesktop::isActive(window);
+        }));
+        QCOMPARE(VirtualDesktop::windowCount(mainTitle), 1);
+    }
+
+    void secondStartWhileTheWindowIsOpenShowsNoSecondWindow() {
+        QVERIFY(startProgram());
+        const QString window = *mainWindow();
+        QVERIFY(secondStartEndsWithSuccess());
+        QVERIFY(waitFor([&window] { return VirtualDesktop::isActive(window); }));
+        QCOMPARE(VirtualDesktop::windowCount(mainTitle), 1);
+    }
+
+    void quitKeyEndsTheProgramWithTheWindowOpen() {
+        QVERIFY(startProgram());
+        QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+q"_s));
+        QVERIFY(session_->program.endsWithSuccess());
+    }
+
+    void menuBarModeKeepsTheWindowOutOfTheTaskBar() {
+        session_->setPreference("menuBarMode", "true");
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([] { return VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
+        QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
+    }
+
+    void menuBarModeHoldsAfterTheWindowWasHidden() {
+        session_->setPreference("menuBarMode", "true");
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([] { return VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
+        QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
+        QVERIFY(waitFor([] { return !mainWindow(); }));
+        QVERIFY(secondStartEndsWithSuccess());
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
+    }
+
+    void menuBarModeSwitchActsAtOnceOnTheOpenWindows() {
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
+        const QString window = *mainWindow();
+        UnmapRecorder recorder(window);
+        QVERIFY(recorder.waitUntilRecording());
+        QVERIFY(openSettings());
+        const QString settings = *VirtualDesktop::window(settingsTitle);
+        QVERIFY(!VirtualDesktop::hasState(window, skipTaskBar));
+        QVERIFY(!VirtualDesktop::hasState(settings, skipTaskBar));
+        for (const bool isHidden : {true, false}) {
+            QVERIFY(pressMenuBarModeSwitch());
+            for (const QString &each : {window, settings}) {
+                QVERIFY(waitFor([&] { return VirtualDesktop::hasState(each, skipTaskBar) == isHidden; }));
+            }
+        }
+        QVERIFY(!recorder.hasSeenUnmapping());
+        QVERIFY(VirtualDesktop::press(window, u"ctrl+w"_s)); // which the recorder does see
+        QVERIFY(waitFor([&recorder] { return recorder.hasSeenUnmapping(); }));
+    }
+
+    void clickOnTheTrayIconShowsTheWindow() {
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(hideIntoTray());
+        VirtualDesktop::click(*VirtualDesktop::trayIcon(), 1);
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
+    }
+
+    void trayMenuShowsTheReceipts() {
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(hideIntoTray());
+        QVERIFY(openTrayMenu());
+        VirtualDesktop::pressForMenu({u"Down"_s, u"Return"_s});
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
+    }
+
+    void trayMenuQuitsTheProgram() {
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(hideIntoTray());
+        QVERIFY(openTrayMenu());
+        VirtualDesktop::pressForMenu({u"Up"_s, u"Return"_s});
+        QVERIFY(session_->program.endsWithSuccess());
+    }
+
+    void menuOfANotifierTrayTellsTheCount_data() {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("none") << 0 << u"No receipts yet"_s;
+        QTest::newRow("one") << 1 << u"1 receipts"_s;
+        QTest::newRow("twelve") << 12 << u"12 receipts"_s;
+    }
+    void menuOfANotifierTrayTellsTheCount() {
+        QFETCH(int, count);
+        QFETCH(QString, text);
+        if (count > 0) {
+            writeFile(session_->home.receiptsFile(), listOf(count));
+        }
+        const NotifierHost host;
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([&host] { return host.hasIcon(); }));
+        QCOMPARE(host.menuTexts(), QStringList({u"Show Receipts"_s, text}) + menuBelowTheCount);
+        QVERIFY(!host.isEnabled(text));
+        QVERIFY(host.isEnabled(u"Show Receipts"_s));
+    }
+
+    void countFollowsTheList() {
+        const NotifierHost host;
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([&host] { return host.hasIcon(); }));
+        session_->drop(u"a.pdf"_s);
+        QVERIFY(waitFor([&host] { return host.menuTexts().value(1) == u"1 receipts"; }));
+    }
+
+    void menuOfANotifierTrayShowsWindowsAndQuits() {
+        const NotifierHost host;
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([&host] { return host.hasIcon(); }));
+        QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
+        QVERIFY(waitFor([] { return !mainWindow(); }));
+        QVERIFY(host.choose(u"Show Receipts"_s));
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
+        QVERIFY(host.choose(u"Settings…"_s));
+        QVERIFY(waitFor([] { return VirtualDesktop::window(settingsTitle).has_value(); }));
+        QVERIFY(host.choose(u"Quit Fennick"_s));
+        QVERIFY(session_->program.endsWithSuccess());
+    }
+
+    void toolBarAndTableTellTheirRolesAndNames() {
+        writeFile(session_->home.receiptsFile(), listOf(1));
+        QVERIFY(startProgram());
+        const QStringList told = rolesAndNames(mainTitle);
+        for (const QString &each :
+             {u"push button: Choose Folder"_s, u"button menu: Export"_s, u"button menu: Archive & Clear"_s,
+              u"push button: Clear All"_s, u"table: Receipts"_s, u"column header: Date"_s,
+              u"column header: Amount"_s, u"column header: Location"_s, u"column header: Category"_s,
+              u"column header: Summary"_s, u"column header: Photos"_s}) {
+            QVERIFY2(told.contains(each), qPrintable(each));
+        }
+    }
+
+    void settingsControlsTellTheirRolesAndNames() {
+        QVERIFY(startProgram());
+        QVERIFY(openSettings());
+        const QStringList told = rolesAndNames(settingsTitle);
+        for (const QString &each :
+             {u"panel: Watched Folder"_s, u"panel: Gemini"_s, u"panel: Photos Export"_s, u"panel: Archive"_s,
+              u"panel: Startup & Background"_s, u"text: API Key"_s, u"push button: Save Key"_s,
+              u"text: Model"_s, u"check box: Add receipts to Photos"_s,
+              u"check box: Group into a dated album"_s, u"push button: Grant Photos Access"_s,
+              u"push button: Reset"_s, u"check box: Launch at login"_s,
+              u"check box: Run in menu bar (hide Dock icon)"_s}) {
+            QVERIFY2(told.count(each) == 1, qPrintable(each));
+        }
+        QCOMPARE(told.count(u"push button: Choose…"_s), 2); // the watched and the archive folder
+    }
+
+private:
+    static std::optional<QString> mainWindow() { return VirtualDesktop::window(mainTitle); }
+
+    bool waitFor(const std::function<bool()> &condition) const { return session_->waitFor(condition); }
+
+    // Also waits for the window.
+    bool startProgram() {
+        return session_->start() &&
+               waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); });
+    }
+
+    static bool secondStartEndsWithSuccess() {
+        FennickProgram second;
+        second.start();
+        return second.endsWithSuccess();
+    }
+
+    bool hideIntoTray() {
+        return waitFor([] { return VirtualDesktop::trayIcon().has_value(); }) &&
+               VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s) && waitFor([] { return !mainWindow(); });
+    }
+
+    bool openTrayMenu() {
+        VirtualDesktop::click(*VirtualDesktop::trayIcon(), 3);
+        return waitFor([] { return VirtualDesktop::isMenuOpen(); });
+    }
+
+    bool openSettings() {
+        return VirtualDesktop::press(*mainWindow(), u"ctrl+comma"_s) &&
+               waitFor([] { return VirtualDesktop::window(settingsTitle).has_value(); });
+    }
+
+    std::optional<Accessible> element(const QString &window, const QString &role, const QString &name) {
+        const QList<Accessible> all = accessibility_->elements(window);
+        const auto found = std::find_if(all.begin(), all.end(), [&](const Accessible &each) {
+            return each.role == role && each.name == name;
+        });
+        return found == all.end() ? std::nullopt : std::optional(*found);
+    }
+
+    QStringList rolesAndNames(const QString &window) const {
+        QStringList told;
+        const QList<Accessible> all = accessibility_->elements(window);
+        for (const Accessible &each : all) {
+            told.append(each.role + u": "_s + each.name);
+        }
+        return told;
+    }
+
+    bool pressMenuBarModeSwitch() {
+        const auto control = element(settingsTitle, u"check box"_s, u"Run in menu bar (hide Dock icon)"_s);
+        return control && accessibility_->grabFocus(*control) &&
+               VirtualDesktop::press(*VirtualDesktop::window(settingsTitle), u"space"_s);
+    }
+
+    std::unique_ptr<UserSession> session_;
+    std::unique_ptr<VirtualDesktop> desktop_;
+    std::unique_ptr<AccessibilityBus> accessibility_;
+};
+
+QTEST_GUILESS_MAIN(DesktopTest)
+#include "desktop_test.moc"
