@@ -1,17 +1,37 @@
 #include "ui/confirmations.h"
 
+#include "ui/symbols.h"
+
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 
 namespace fennick::Confirmations {
 
 namespace {
 
-bool ask(QWidget *parent, const QString &objectName, const QString &title, const QString &message,
-         const QString &confirmText, QMessageBox::ButtonRole confirmRole) {
+constexpr int symbolSize = 32;
+constexpr int textWidth = 420; // wide enough for a path
+
+// QMessageBox makes its text as narrow as it can; and its title is no more than a line of the text.
+void widen(QMessageBox *box) {
+    if (auto *const layout = qobject_cast<QGridLayout *>(box->layout())) {
+        layout->addItem(new QSpacerItem(textWidth, 0), layout->rowCount(), 0, 1, layout->columnCount());
+    }
+    if (auto *const title = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+        QFont bold = title->font();
+        bold.setBold(true);
+        title->setFont(bold);
+    }
+}
+
+bool ask(QWidget *parent, const QString &objectName, Symbol symbol, const QString &title,
+         const QString &message, const QString &confirmText, QMessageBox::ButtonRole confirmRole) {
     QMessageBox box(parent);
     box.setObjectName(objectName);
-    box.setIcon(QMessageBox::Question);
+    box.setIconPixmap(symbolIcon(symbol).pixmap(QSize(symbolSize, symbolSize), parent->devicePixelRatio()));
     box.setWindowTitle(QMessageBox::tr("Fennick"));
     box.setTextFormat(Qt::PlainText); // paths may look like markup
     box.setText(title);
@@ -19,6 +39,7 @@ bool ask(QWidget *parent, const QString &objectName, const QString &title, const
     const QPushButton *const confirm = box.addButton(confirmText, confirmRole);
     QPushButton *const cancel = box.addButton(QMessageBox::tr("Cancel"), QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
+    widen(&box);
     box.exec();
     return box.clickedButton() == confirm;
 }
@@ -26,7 +47,7 @@ bool ask(QWidget *parent, const QString &objectName, const QString &title, const
 } // namespace
 
 bool confirmClear(QWidget *parent) {
-    return ask(parent, QStringLiteral("clearConfirmation"),
+    return ask(parent, QStringLiteral("clearConfirmation"), Symbol::clear,
                QMessageBox::tr("Clear all receipts from the list?"),
                QMessageBox::tr("This empties the list. Your renamed files stay in the folder and won't be "
                                "re-scanned."),
@@ -40,7 +61,7 @@ bool confirmArchive(QWidget *parent, const QString &formatName, qsizetype receip
         QMessageBox::tr("Saves a %1 ledger and moves %2 %3 into “%4”, then clears the list. Your "
                         "Photos are unaffected.")
             .arg(formatName, QString::number(receipts), files, destination);
-    return ask(parent, QStringLiteral("archiveConfirmation"),
+    return ask(parent, QStringLiteral("archiveConfirmation"), Symbol::archive,
                QMessageBox::tr("Export, archive, and clear this batch?"), message,
                QMessageBox::tr("Export, Archive && Clear"), QMessageBox::AcceptRole);
 }

@@ -23,7 +23,8 @@ EmptyState::EmptyState(QWidget *parent)
     , explanation_(new QLabel(
           tr("Choose a folder to watch, then drop in receipt PDFs or photos.\nEach one is scanned, "
              "renamed, and added to Photos for Workday mobile."),
-          this)) {
+          this))
+    , choose_(new QPushButton(tr("Choose Folder…"), this)) {
     symbol_->setFixedSize(symbolSize, symbolSize);
     auto *const title = new QLabel(tr("No receipts yet"), this);
     title->setObjectName(QStringLiteral("emptyTitle"));
@@ -33,10 +34,9 @@ EmptyState::EmptyState(QWidget *parent)
     title->setFont(large);
     explanation_->setObjectName(QStringLiteral("emptyExplanation"));
     explanation_->setAlignment(Qt::AlignCenter);
-    auto *const choose = new QPushButton(tr("Choose Folder…"), this);
-    choose->setObjectName(QStringLiteral("emptyChooseFolder"));
-    choose->setDefault(true);
-    connect(choose, &QPushButton::clicked, this, &EmptyState::chooseFolderRequested);
+    choose_->setObjectName(QStringLiteral("emptyChooseFolder"));
+    choose_->setDefault(true);
+    connect(choose_, &QPushButton::clicked, this, &EmptyState::chooseFolderRequested);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setSpacing(12);
@@ -44,7 +44,7 @@ EmptyState::EmptyState(QWidget *parent)
     layout->addWidget(symbol_, 0, Qt::AlignHCenter);
     layout->addWidget(title, 0, Qt::AlignHCenter);
     layout->addWidget(explanation_, 0, Qt::AlignHCenter);
-    layout->addWidget(choose, 0, Qt::AlignHCenter);
+    layout->addWidget(choose_, 0, Qt::AlignHCenter);
     layout->addStretch();
     applyTints();
 }
@@ -62,6 +62,11 @@ void EmptyState::applyTints() {
     QPalette secondary = explanation_->palette();
     secondary.setColor(QPalette::WindowText, tintColor(Tint::secondary, QGuiApplication::palette()));
     explanation_->setPalette(secondary);
+    const QPalette desktop = QGuiApplication::palette();
+    QPalette filled = desktop;
+    filled.setColor(QPalette::Button, desktop.color(QPalette::Active, QPalette::Highlight));
+    filled.setColor(QPalette::ButtonText, desktop.color(QPalette::Active, QPalette::HighlightedText));
+    choose_->setPalette(filled);
 }
 
 } // namespace fennick

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
 
 namespace fennick {
 
@@ -24,6 +25,7 @@ private:
 
     QLabel *symbol_;
     QLabel *explanation_;
+    QPushButton *choose_;
 };
 
 } // namespace fennick

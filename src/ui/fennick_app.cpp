@@ -14,6 +14,7 @@ FennickApp::FennickApp()
     , window_(&store_, &settings_, &appState_)
     , menu_(&store_) {
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(programIcon());
     connectWindow();
     buildTrayIcon();
 }

@@ -27,6 +27,14 @@ using Format = ExportService::Format;
 constexpr QSize defaultSize{900, 560};
 constexpr QSize minimumContentSize{720, 420};
 
+// Room around the buttons, and the arrow of a menu beside its text instead of in the corner below it.
+QString toolBarStyle() {
+    return QStringLiteral("QToolButton { padding: 3px 8px; }"
+                          "QToolButton[popupMode=\"2\"] { padding-right: 20px; }"
+                          "QToolButton::menu-indicator { subcontrol-origin: padding;"
+                          " subcontrol-position: center right; right: 6px; }");
+}
+
 QStringList receiptFilesIn(const QMimeData &data) {
     QStringList paths;
     const QList<QUrl> urls = data.urls();
@@ -71,6 +79,7 @@ void MainWindow::buildToolBar() {
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->setIconSize({18, 18});
+    bar->setStyleSheet(toolBarStyle());
     bar->addAction(actions_.chooseFolder);
     exportButton_ =
         makeMenuButton(QStringLiteral("exportMenu"), tr("Export"), symbolIcon(Symbol::exportLedger),

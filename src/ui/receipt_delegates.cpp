@@ -16,7 +16,7 @@ constexpr int turnInterval = 80; // milliseconds a step
 constexpr int spokes = 8;
 constexpr int indicatorSize = 14;
 constexpr int lineSpacing = 2;
-constexpr int cellMargin = 6;
+constexpr int verticalMargin = 6;
 constexpr double smallestScale = 0.82; // of the desktop's font
 
 QFont smallest(QFont font) {
@@ -27,6 +27,7 @@ QFont smallest(QFont font) {
 void paintBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
     QStyleOptionViewItem background = option;
     background.index = index;
+    background.state &= ~QStyle::State_HasFocus;
     background.text.clear();
     background.icon = QIcon();
     const QStyle *const style = option.widget == nullptr ? QApplication::style() : option.widget->style();
@@ -35,11 +36,16 @@ void paintBackground(QPainter *painter, const QStyleOptionViewItem &option, cons
 
 } // namespace
 
+void CellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state &= ~QStyle::State_HasFocus;
+}
+
 void SymbolDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                            const QModelIndex &index) const {
     const QIcon symbol = index.data(Qt::DecorationRole).value<QIcon>();
     if (symbol.isNull()) {
-        QStyledItemDelegate::paint(painter, option, index);
+        CellDelegate::paint(painter, option, index);
         return;
     }
     paintBackground(painter, option, index);
@@ -84,7 +90,9 @@ void SummaryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
                             const QModelIndex &index) const {
     paintBackground(painter, option, index);
     const bool isSelected = option.state & QStyle::State_Selected;
-    const QRect area = option.rect.adjusted(cellMargin, 0, -cellMargin, 0);
+    // As far from the column's edges as the text of the other cells.
+    const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option) + 1;
+    const QRect area = option.rect.adjusted(margin, 0, -margin, 0);
     const QFont small = smallest(option.font);
     const int firstHeight = option.fontMetrics.height();
     const int secondHeight = QFontMetrics(small).height();
@@ -106,7 +114,8 @@ void SummaryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 }
 
 int SummaryDelegate::rowHeight(const QFont &font) {
-    return QFontMetrics(font).height() + lineSpacing + QFontMetrics(smallest(font)).height() + 2 * cellMargin;
+    return QFontMetrics(font).height() + lineSpacing + QFontMetrics(smallest(font)).height() +
+           2 * verticalMargin;
 }
 
 } // namespace fennick

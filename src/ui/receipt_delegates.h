@@ -5,12 +5,23 @@
 
 namespace fennick {
 
-// A cell that shows a symbol in its middle, or text where the model has no symbol.
-class SymbolDelegate : public QStyledItemDelegate {
+// A cell of text. The table has its focus on whole rows, so that no cell shows a focus of its own.
+class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+};
+
+// A cell that shows a symbol in its middle, or text where the model has no symbol.
+class SymbolDelegate : public CellDelegate {
+    Q_OBJECT
+
+public:
+    using CellDelegate::CellDelegate;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;

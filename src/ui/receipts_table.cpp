@@ -40,6 +40,7 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     setObjectName(QStringLiteral("receipts"));
     setAccessibleName(tr("Receipts"));
     setModel(model_);
+    setItemDelegate(new CellDelegate(this));
     setItemDelegateForColumn(Model::statusColumn, new StatusDelegate(viewport()));
     setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
     setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
@@ -127,6 +128,26 @@ void ReceiptsTable::resizeEvent(QResizeEvent *event) {
     scheduleRowActions();
 }
 
+// Keys that lead here select a row, which shows where the focus is. Anything else (a click, the window's
+// appearance) selects nothing by itself.
+void ReceiptsTable::focusInEvent(QFocusEvent *event) {
+    QTableView::focusInEvent(event);
+    if (selectedReceipt()) {
+        return;
+    }
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+        selectFirstVisibleRow();
+    } else {
+        selectionModel()->clearCurrentIndex(); // or the first arrow key would pass over the first row
+    }
+}
+
+void ReceiptsTable::selectFirstVisibleRow() {
+    if (model_->rowCount() > 0) {
+        selectRow(std::max(0, rowAt(0)));
+    }
+}
+
 void ReceiptsTable::keyPressEvent(QKeyEvent *event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const auto selected = selectedReceipt();
@@ -139,6 +160,7 @@ void ReceiptsTable::keyPressEvent(QKeyEvent *event) {
 
 void ReceiptsTable::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) {
     QTableView::selectionChanged(selected, deselected);
+    scheduleRowActions();
     Q_EMIT selectedReceiptChanged();
 }
 
@@ -149,6 +171,8 @@ void ReceiptsTable::scheduleRowActions() {
 // Gives every row on the screen its buttons, and takes those of the rows that have left it.
 void ReceiptsTable::showRowActions() {
     const int rows = model_->rowCount();
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    const int selectedRow = selected.isEmpty() ? -1 : selected.first().row();
     const int first = std::max(0, rowAt(0));
     const int lastVisible = rowAt(viewport()->height() - 1);
     const int last = lastVisible < 0 ? rows - 1 : lastVisible;
@@ -166,6 +190,7 @@ void ReceiptsTable::showRowActions() {
             buttons = makeRowActions(place);
         }
         buttons->show(model_->receipt(row), isPhotosExportOn_);
+        buttons->setSelected(row == selectedRow);
     }
 }
 

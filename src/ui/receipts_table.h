@@ -38,6 +38,7 @@ Q_SIGNALS:
     void retryRequested(const Receipt &receipt);
 
 protected:
+    void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
@@ -47,6 +48,7 @@ private:
     void keepMinimumWidth(int column, int width);
     void scheduleRowActions();
     void showRowActions();
+    void selectFirstVisibleRow();
     RowActions *makeRowActions(const QModelIndex &place);
 
     ReceiptsTableModel *model_;

@@ -157,10 +157,15 @@ QVariant ReceiptsTableModel::data(const QModelIndex &index, int role) const {
 }
 
 QVariant ReceiptsTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+    const bool isSpoken = role == Qt::AccessibleTextRole;
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && !isSpoken)) {
         return {};
     }
     switch (section) {
+    case statusColumn:
+        return isSpoken ? tr("Status") : QString();
+    case actionsColumn:
+        return isSpoken ? tr("Actions") : QString();
     case dateColumn:
         return tr("Date");
     case amountColumn:

@@ -13,10 +13,9 @@ namespace {
 constexpr int buttonSize = 20;
 constexpr int symbolSize = 16;
 
-QToolButton *makeButton(QWidget *parent, const QString &objectName, Symbol symbol, const QString &name) {
+QToolButton *makeButton(QWidget *parent, const QString &objectName, const QString &name) {
     auto *const button = new QToolButton(parent);
     button->setObjectName(objectName);
-    button->setIcon(symbolIcon(symbol));
     button->setIconSize({symbolSize, symbolSize});
     button->setFixedSize(buttonSize, buttonSize);
     button->setAutoRaise(true);
@@ -29,9 +28,9 @@ QToolButton *makeButton(QWidget *parent, const QString &objectName, Symbol symbo
 
 RowActions::RowActions(QWidget *parent)
     : QWidget(parent)
-    , reveal_(makeButton(this, QStringLiteral("reveal"), Symbol::reveal, tr("Reveal in Finder")))
-    , addToPhotos_(makeButton(this, QStringLiteral("addToPhotos"), Symbol::addToPhotos, tr("Add to Photos")))
-    , retry_(makeButton(this, QStringLiteral("retry"), Symbol::retry, tr("Retry"))) {
+    , reveal_(makeButton(this, QStringLiteral("reveal"), tr("Reveal in Finder")))
+    , addToPhotos_(makeButton(this, QStringLiteral("addToPhotos"), tr("Add to Photos")))
+    , retry_(makeButton(this, QStringLiteral("retry"), tr("Retry"))) {
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 0, 8, 0);
     layout->setSpacing(8);
@@ -39,6 +38,7 @@ RowActions::RowActions(QWidget *parent)
     layout->addWidget(addToPhotos_);
     layout->addWidget(retry_);
     layout->addStretch();
+    setSelected(false);
     connect(reveal_, &QToolButton::clicked, this, &RowActions::revealRequested);
     connect(addToPhotos_, &QToolButton::clicked, this, &RowActions::addToPhotosRequested);
     connect(retry_, &QToolButton::clicked, this, &RowActions::retryRequested);
@@ -49,6 +49,16 @@ void RowActions::show(const Receipt &receipt, bool isPhotosExportOn) {
                              isPhotosExportOn);
     retry_->setVisible(receipt.status == ReceiptStatus::error);
     retry_->setToolTip(plainToolTip(receipt.error.value_or(tr("Retry"))));
+}
+
+void RowActions::setSelected(bool isSelected) {
+    const Tint tint = isSelected ? Tint::selection : Tint::primary;
+    for (const auto &[button, symbol] :
+         {std::pair{reveal_, Symbol::reveal}, std::pair{addToPhotos_, Symbol::addToPhotos},
+          std::pair{retry_, Symbol::retry}}) {
+        button->setFocusPolicy(isSelected ? Qt::TabFocus : Qt::NoFocus);
+        button->setIcon(symbolIcon(symbol, tint));
+    }
 }
 
 } // namespace fennick

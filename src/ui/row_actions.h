@@ -20,6 +20,10 @@ public:
     // on.
     void show(const Receipt &receipt, bool isPhotosExportOn);
 
+    // Draws the buttons on the colour of a selected row. The key Tab stops at the buttons of that row only:
+    // else it would take too many presses to leave the table.
+    void setSelected(bool isSelected);
+
 Q_SIGNALS:
     void revealRequested();
     void addToPhotosRequested();

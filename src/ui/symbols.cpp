@@ -47,9 +47,9 @@ QString drawingOf(Symbol symbol) {
     Q_UNREACHABLE();
 }
 
-QByteArray vectorsOf(Symbol symbol) {
+QByteArray vectorsOf(const QString &drawing) {
     initialiseSymbols();
-    QFile file(QStringLiteral(":/symbols/%1.svg").arg(drawingOf(symbol)));
+    QFile file(QStringLiteral(":/symbols/%1.svg").arg(drawing));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isOpen);
     return isOpen ? file.readAll() : QByteArray();
@@ -61,8 +61,8 @@ bool isDark(const QPalette &palette) {
 
 class SymbolIconEngine : public QIconEngine {
 public:
-    SymbolIconEngine(Symbol symbol, Tint tint)
-        : vectors_(vectorsOf(symbol))
+    SymbolIconEngine(const QString &drawing, Tint tint)
+        : vectors_(vectorsOf(drawing))
         , tint_(tint) {}
 
     void paint(QPainter *painter, const QRect &rectangle, QIcon::Mode mode, QIcon::State) override {
@@ -114,6 +114,8 @@ QColor tintColor(Tint tint, const QPalette &palette) {
         return onDark ? QColor(0x5F, 0xD0, 0x7F) : QColor(0x1A, 0x7F, 0x37);
     case Tint::warning:
         return onDark ? QColor(0xFF, 0xA6, 0x57) : QColor(0xB3, 0x54, 0x00);
+    case Tint::selection:
+        return palette.color(QPalette::HighlightedText);
     case Tint::failure:
         return onDark ? QColor(0xFF, 0x8A, 0x80) : QColor(0xC6, 0x28, 0x28);
     }
@@ -121,7 +123,11 @@ QColor tintColor(Tint tint, const QPalette &palette) {
 }
 
 QIcon symbolIcon(Symbol symbol, Tint tint) {
-    return QIcon(new SymbolIconEngine(symbol, tint));
+    return QIcon(new SymbolIconEngine(drawingOf(symbol), tint));
+}
+
+QIcon programIcon() {
+    return QIcon(new SymbolIconEngine(QStringLiteral("fennick"), Tint::primary));
 }
 
 } // namespace fennick

@@ -1,3 +1,4 @@
+#include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
@@ -5,8 +6,13 @@
 #include "ui/elided_label.h"
 #include "ui/home_view.h"
 
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
+#include <QToolButton>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -15,6 +21,11 @@ class HomeViewTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() {
+        QDir(home_.path(QStringLiteral("data/Fennick"))).removeRecursively();
+        QDir(home_.path(QStringLiteral("config/Fennick"))).removeRecursively();
+    }
+
     void folderIsShownAndFollowsTheSettings() {
         SettingsStore settings;
         ReceiptStore store;
@@ -36,8 +47,67 @@ private Q_SLOTS:
         QVERIFY(warning->isVisibleTo(&view));
         settings.setAPIKey(QStringLiteral("key"));
         QVERIFY(!warning->isVisibleTo(&view));
-        settings.setAPIKey(QString());
+        settings.setAPIKey(QStringLiteral("  ")); // removes the key
         QVERIFY(warning->isVisibleTo(&view));
+    }
+
+    void longFolderPathIsCutInTheMiddleOnOneLine() {
+        SettingsStore settings;
+        ReceiptStore store;
+        HomeView view(&store, &settings);
+        view.resize(720, 420);
+        view.show();
+        auto *const folder = view.findChild<ElidedLabel *>(QStringLiteral("watchFolder"));
+        const QString path = QStringLiteral("/home/me/") + QStringLiteral("long/").repeated(60) +
+                             QStringLiteral("last folder");
+        settings.setWatchFolderPath(path);
+        QVERIFY(waitUntil([folder] { return folder->text().contains(u'…'); }));
+        QVERIFY(folder->text().startsWith(QStringLiteral("/home/me/long")));
+        QVERIFY(folder->text().endsWith(QStringLiteral("long/last folder")));
+        QVERIFY(folder->fontMetrics().horizontalAdvance(folder->text()) <= folder->width());
+        QVERIFY(folder->height() < 2 * folder->fontMetrics().height());
+        QVERIFY(folder->toolTip().contains(path)); // which shows the whole path
+        QCOMPARE(view.size(), QSize(720, 420));
+    }
+
+    void badgeAndAddToPhotosButtonsFollowTheSetting() {
+        SettingsStore settings;
+        ReceiptStore store;
+        HomeView view(&store, &settings);
+        view.show();
+        store.add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        auto *const badge = view.findChild<CaptionLabel *>(QStringLiteral("photosBadge"));
+        QCOMPARE(badge->text(), QStringLiteral("Photos export on"));
+        QVERIFY(badge->isVisible());
+        QVERIFY(waitUntil([&view] { return offersAddToPhotos(view); }));
+        settings.setAddToPhotos(false);
+        QVERIFY(!badge->isVisible());
+        QVERIFY(waitUntil([&view] { return !offersAddToPhotos(view); }));
+        settings.setAddToPhotos(true);
+        QVERIFY(badge->isVisible());
+        QVERIFY(waitUntil([&view] { return offersAddToPhotos(view); }));
+    }
+
+    void emptyListTellsWhatToDo() {
+        SettingsStore settings;
+        ReceiptStore store;
+        HomeView view(&store, &settings);
+        view.show();
+        const auto *const title = view.findChild<QLabel *>(QStringLiteral("emptyTitle"));
+        const auto *const explanation = view.findChild<QLabel *>(QStringLiteral("emptyExplanation"));
+        auto *const choose = view.findChild<QPushButton *>(QStringLiteral("emptyChooseFolder"));
+        QCOMPARE(title->text(), QStringLiteral("No receipts yet"));
+        QCOMPARE(explanation->text(),
+                 QStringLiteral("Choose a folder to watch, then drop in receipt PDFs or photos.\nEach one is "
+                                "scanned, renamed, and added to Photos for Workday mobile."));
+        QCOMPARE(choose->text(), QStringLiteral("Choose Folder…"));
+        QSignalSpy requested(&view, &HomeView::chooseFolderRequested);
+        QTest::mouseClick(choose, Qt::LeftButton);
+        QCOMPARE(requested.size(), 1);
+        store.add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        QVERIFY(!title->isVisible());
+        store.clearAll();
+        QVERIFY(title->isVisible());
     }
 
     void everyReceiptIsARow() {
@@ -51,6 +121,11 @@ private Q_SLOTS:
     }
 
 private:
+    static bool offersAddToPhotos(const HomeView &view) {
+        const auto *const button = view.findChild<QToolButton *>(QStringLiteral("addToPhotos"));
+        return button != nullptr && button->isVisible();
+    }
+
     TemporaryHome home_;
     PrivateSession session_;
 };

@@ -227,6 +227,18 @@ private Q_SLOTS:
         QCOMPARE(QDir::current().entryList(), before);
     }
 
+    void contextMenuOffersWhatCanBeDoneWithTheRow() {
+        QCOMPARE(table()->contextMenuPolicy(), Qt::ActionsContextMenu);
+        QStringList texts;
+        const auto actions = table()->actions();
+        for (const QAction *const each : actions) {
+            texts.append(each->text());
+        }
+        QCOMPARE(texts, (QStringList{QStringLiteral("Open"), QStringLiteral("Reveal in Finder"),
+                                     QStringLiteral("Add to Photos"), QStringLiteral("Retry"),
+                                     QStringLiteral("Copy Summary")}));
+    }
+
     void receiptActionsFollowTheSelectedRow() {
         Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
         failed.scannedAt = QStringLiteral("2025-01-01T00:00:02Z");

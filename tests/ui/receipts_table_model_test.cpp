@@ -25,6 +25,16 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     }
 
+    void columnsWithoutAHeaderHaveASpokenOne() {
+        const ReceiptStore store;
+        const ReceiptsTableModel model(&store);
+        for (const auto &[column, spoken] : {std::pair{Model::statusColumn, QStringLiteral("Status")},
+                                             std::pair{Model::dateColumn, QStringLiteral("Date")},
+                                             std::pair{Model::actionsColumn, QStringLiteral("Actions")}}) {
+            QCOMPARE(model.headerData(column, Qt::Horizontal, Qt::AccessibleTextRole).toString(), spoken);
+        }
+    }
+
     void rowsFollowTheStoreOneByOne() {
         QSignalSpy inserted(model_.get(), &Model::rowsInserted);
         QSignalSpy changed(model_.get(), &Model::dataChanged);

@@ -131,6 +131,30 @@ private Q_SLOTS:
         QCOMPARE(opened.size(), 2);
     }
 
+    void keysThatLeadToTheTableSelectARow() {
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        focus(Qt::ActiveWindowFocusReason);
+        QVERIFY(!table_->selectedReceipt());
+        QTest::keyClick(table_.get(), Qt::Key_Down);
+        QCOMPARE(table_->selectedReceipt()->filePath, store_->receipts().first().filePath);
+        table_->clearSelection();
+        focus(Qt::TabFocusReason);
+        QCOMPARE(table_->selectedReceipt()->filePath, store_->receipts().first().filePath);
+    }
+
+    void tabStopsAtTheButtonsOfTheSelectedRowOnly() {
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        QVERIFY(waitUntil([this] { return button(1, "reveal") != nullptr; }));
+        table_->selectRow(1);
+        QVERIFY(waitUntil([this] { return button(1, "reveal")->focusPolicy() == Qt::TabFocus; }));
+        QCOMPARE(button(0, "reveal")->focusPolicy(), Qt::NoFocus);
+        table_->selectRow(0);
+        QVERIFY(waitUntil([this] { return button(0, "reveal")->focusPolicy() == Qt::TabFocus; }));
+        QCOMPARE(button(1, "reveal")->focusPolicy(), Qt::NoFocus);
+    }
+
     void longListHasButtonsOnTheScreenOnly() {
         loadManyReceipts(50000);
         QVERIFY(waitUntil([&] { return rowActions() > 0; }));
@@ -154,6 +178,11 @@ private:
         table_ = std::make_unique<ReceiptsTable>(store_.get());
         table_->resize(900, 400);
         table_->show();
+    }
+
+    void focus(Qt::FocusReason reason) const {
+        QFocusEvent event(QEvent::FocusIn, reason);
+        QCoreApplication::sendEvent(table_.get(), &event);
     }
 
     qsizetype rowActions() const {

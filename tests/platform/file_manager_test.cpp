@@ -1,0 +1,50 @@
+#include "platform/file_manager.h"
+#include "support/conditions.h"
+#include "support/private_session.h"
+#include "support/temporary_home.h"
+
+#include <QDBusConnection>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+
+// A file manager as programs see it on the session bus.
+class ListeningFileManager : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+public:
+    QStringList shown;
+
+public Q_SLOTS:
+    void ShowItems(const QStringList &addresses, const QString &) { // the interface's own name
+        shown = addresses;
+    }
+};
+
+class FileManagerTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void revealSelectsTheFileInTheFileManager() {
+        ListeningFileManager fileManager;
+        QDBusConnection peer =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("file manager"));
+        QVERIFY(peer.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &fileManager,
+                                    QDBusConnection::ExportAllSlots));
+        QVERIFY(peer.registerService(QStringLiteral("org.freedesktop.FileManager1")));
+        FileManager::reveal(QStringLiteral("/home/me/Receipts/50% off #1 ü.pdf"));
+        QVERIFY(waitUntil([&fileManager] { return !fileManager.shown.isEmpty(); }));
+        QCOMPARE(fileManager.shown,
+                 QStringList(QStringLiteral("file:///home/me/Receipts/50%25%20off%20%231%20%C3%BC.pdf")));
+        QDBusConnection::disconnectFromBus(QStringLiteral("file manager"));
+    }
+
+private:
+    TemporaryHome home_;
+    PrivateSession session_;
+};
+
+QTEST_GUILESS_MAIN(FileManagerTest)
+#include "file_manager_test.moc"
