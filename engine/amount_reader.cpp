@@ -1,144 +1,168 @@
 #include "engine/amount_reader.h"
 
-#include "engine/number_reader.h"
-#include "engine/word_search.h"
+#include "engine/amount_arithmetic.h"
 
-#include <QStringList>
+#include <QMap>
+#include <QString>
 
 #include <algorithm>
 
 namespace fennick {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-// Names of the amount to pay in the languages receipts of this program's users are in, surest first.
-const QList<QStringList> &labelsByClarity() {
-    static const QList<QStringList> labels = {
-        {u"grand total"_s,       u"total due"_s,       u"amount due"_s,    u"balance due"_s,
-         u"total amount due"_s,  u"total to pay"_s,    u"total payable"_s, u"amount payable"_s,
-         u"total paid"_s,        u"total ttc"_s,       u"net à payer"_s,   u"à payer"_s,
-         u"gesamtbetrag"_s,      u"rechnungsbetrag"_s, u"endbetrag"_s,     u"endsumme"_s,
-         u"gesamtsumme"_s,       u"zu zahlen"_s,       u"zahlbetrag"_s,    u"zahlungsbetrag"_s,
-         u"att betala"_s,        u"te betalen"_s,      u"total general"_s, u"importe total"_s,
-         u"totale complessivo"_s},
-        {u"total"_s, u"totals"_s, u"total amount"_s, u"gesamt"_s, u"summe"_s, u"totale"_s, u"totaal"_s,
-         u"totalt"_s, u"total incl"_s, u"合計"_s},
-        {u"betrag"_s, u"montant"_s, u"amount"_s, u"importe"_s, u"importo"_s, u"fare"_s, u"amount paid"_s,
-         u"paid"_s, u"payment"_s, u"sum"_s, u"to pay"_s},
-        {u"visa"_s, u"mastercard"_s, u"amex"_s, u"maestro"_s, u"card"_s, u"credit card"_s, u"debit card"_s,
-         u"girocard"_s, u"ec karte"_s, u"carte bancaire"_s},
-    };
-    return labels;
-}
+// Found by trying on scans: below the first more candidates were wrong than right.
+constexpr double leastScore = 1.5;
+// How far the best must be ahead: two totals that are nearly as good are the same one, read in two ways.
+constexpr double leastLead = 1.06;
+constexpr double certainScore = 7;
+constexpr double certainLead = 4;
+// What an amount that only follows from others counts before their support: more when it is printed without a
+// label that was understood; a share of the label's score when a total differs from it in a single digit.
+constexpr double derivedOnly = 0.3;
+constexpr double derivedAndPrinted = 1;
+constexpr double misreadShare = 0.5;
+constexpr double repeatedShare = 0.3;
 
-// Such a line bears another amount than the total, whatever else it says.
-const QStringList &otherAmounts() {
-    static const QStringList words = {
-        u"subtotal"_s,       u"sub total"_s, u"zwischensumme"_s, u"sous total"_s, u"subtotaal"_s,
-        u"page total"_s,     u"carried"_s,   u"übertrag"_s,      u"change"_s,     u"rückgeld"_s,
-        u"wechselgeld"_s,    u"tendered"_s,  u"cash"_s,          u"bar"_s,        u"gegeben"_s,
-        u"discount"_s,       u"rabatt"_s,    u"saving"_s,        u"savings"_s,    u"saved"_s,
-        u"rounding"_s,       u"rundung"_s,   u"items"_s,         u"item"_s,       u"qty"_s,
-        u"quantity"_s,       u"points"_s,    u"tip"_s,           u"gratuity"_s,   u"excl"_s,
-        u"excluding"_s,      u"total ht"_s,  u"netto"_s,         u"deposit"_s,    u"previous balance"_s,
-        u"total discount"_s, u"loyalty"_s,   u"before tax"_s,    u"pre tax"_s,
-    };
-    return words;
-}
-
-const QStringList &taxWords() {
-    static const QStringList words = {
-        u"tax"_s,          u"vat"_s,   u"gst"_s, u"hst"_s,  u"pst"_s, u"sst"_s,    u"mwst"_s,
-        u"ust"_s,          u"tva"_s,   u"iva"_s, u"moms"_s, u"btw"_s, u"steuer"_s, u"mehrwertsteuer"_s,
-        u"umsatzsteuer"_s, u"taxes"_s,
-    };
-    return words;
-}
-
-const QStringList &inclusiveWords() {
-    static const QStringList words = {
-        u"incl"_s, u"inc"_s,      u"including"_s, u"inclusive"_s, u"included"_s,
-        u"inkl"_s, u"includes"_s, u"with"_s,      u"ttc"_s,
-    };
-    return words;
-}
-
-bool namesAnotherAmount(const QString &words) {
-    if (containsAnyPhrase(words, otherAmounts())) {
-        return true;
+double labelScore(AmountRole role) {
+    switch (role) {
+    case AmountRole::FinalTotal:
+        return 5;
+    case AmountRole::Total:
+        return 4;
+    case AmountRole::Card:
+        return 2;
+    case AmountRole::Mention:
+        return 1.6;
+    case AmountRole::SubTotal:
+    case AmountRole::Tendered:
+        return 1.2;
+    case AmountRole::Rounding: // only some tills' "Rounding" above the coins' step: see below
+        return 3;
+    default:
+        return 0;
     }
-    return containsAnyPhrase(words, taxWords()) && !containsAnyPhrase(words, inclusiveWords());
 }
 
-std::optional<double> lastPrice(const QString &line) {
-    QList<PrintedNumber> numbers = printedNumbers(line);
-    if (numbers.isEmpty()) {
+// "Rounding 31.25" names what was rounded to; as an adjustment it is less than a unit.
+constexpr qint64 leastRoundedTotal = 100;
+
+bool isCandidate(const LabelledAmount &amount) {
+    if (amount.cents <= 0 || labelScore(amount.role) <= 0) {
+        return false;
+    }
+    return amount.role != AmountRole::Rounding || amount.cents >= leastRoundedTotal;
+}
+
+bool differsInOneDigit(qint64 left, qint64 right) {
+    const QString leftDigits = QString::number(left);
+    const QString rightDigits = QString::number(right);
+    if (leftDigits.size() != rightDigits.size()) {
+        return false;
+    }
+    int differences = 0;
+    for (qsizetype index = 0; index < leftDigits.size(); ++index) {
+        differences += leftDigits[index] == rightDigits[index] ? 0 : 1;
+    }
+    return differences == 1;
+}
+
+bool isPrinted(qint64 cents, const QList<LabelledAmount> &amounts) {
+    return std::ranges::any_of(amounts,
+                               [cents](const LabelledAmount &amount) { return amount.cents == cents; });
+}
+
+// The score of an amount that no label names but the others come to.
+double derivedScore(qint64 cents, const QList<LabelledAmount> &amounts,
+                    const QMap<qint64, double> &labelled) {
+    const double support = arithmeticSupport(cents, amounts);
+    if (isPrinted(cents, amounts)) {
+        return derivedAndPrinted + support;
+    }
+    if (isRoundedResult(cents, amounts)) {
+        // Had the till rounded the total it would have printed it; this is what was paid in coins.
+        return derivedOnly + support / 2;
+    }
+    double score = derivedOnly;
+    for (auto other = labelled.cbegin(); other != labelled.cend(); ++other) {
+        if (differsInOneDigit(cents, other.key())) {
+            score = std::max(score, misreadShare * other.value());
+        }
+    }
+    return score + support;
+}
+
+// A reading's candidates in cents, with what it says for each. The best label counts in full, further ones
+// less.
+QMap<qint64, double> scoredCandidates(const QList<LabelledAmount> &amounts) {
+    QMap<qint64, double> best;
+    QMap<qint64, double> sum;
+    for (const LabelledAmount &amount : amounts) {
+        if (!isCandidate(amount)) {
+            continue;
+        }
+        const double score = labelScore(amount.role) * amount.weight;
+        best[amount.cents] = std::max(best.value(amount.cents), score);
+        sum[amount.cents] += score;
+    }
+    QMap<qint64, double> scores;
+    for (auto candidate = best.cbegin(); candidate != best.cend(); ++candidate) {
+        const double further = std::min(sum[candidate.key()] - candidate.value(), candidate.value());
+        scores[candidate.key()] =
+            candidate.value() + repeatedShare * further + arithmeticSupport(candidate.key(), amounts);
+    }
+    for (const qint64 cents : derivedTotals(amounts)) {
+        if (cents > 0 && !scores.contains(cents)) {
+            scores[cents] = derivedScore(cents, amounts, best);
+        }
+    }
+    return scores;
+}
+
+std::optional<FoundAmount> largestWithCurrency(const QList<LabelledAmount> &amounts) {
+    qint64 largest = 0;
+    for (const LabelledAmount &amount : amounts) {
+        const bool isUnnamed = amount.role == AmountRole::Unnamed;
+        if (isUnnamed && amount.hasCurrency) {
+            largest = std::max(largest, amount.cents);
+        }
+    }
+    if (largest == 0) {
         return std::nullopt;
     }
-    const auto isPrice = [](const PrintedNumber &number) {
-        return number.hasDecimals || number.hasCurrency;
-    };
-    const auto price = std::find_if(numbers.crbegin(), numbers.crend(), isPrice);
-    return price != numbers.crend() ? price->value : numbers.last().value;
-}
-
-// A line without any letters but those of a currency: the amount below its label.
-bool isOnlyPrice(const QString &line) {
-    const auto letters = std::ranges::count_if(line, [](QChar character) { return character.isLetter(); });
-    return letters <= 3 && printedNumbers(line).size() == 1;
-}
-
-std::optional<double> amountAt(const QList<TextLine> &lines, qsizetype index) {
-    if (const std::optional<double> amount = lastPrice(lines[index].text)) {
-        return amount;
-    }
-    if (index + 1 < lines.size() && isOnlyPrice(lines[index + 1].text)) {
-        return lastPrice(lines[index + 1].text);
-    }
-    return std::nullopt;
-}
-
-std::optional<double> largestLabelled(const QList<TextLine> &lines, const QStringList &labels) {
-    std::optional<double> largest;
-    for (qsizetype index = 0; index < lines.size(); ++index) {
-        const QString words = wordsOf(lines[index].text);
-        if (!containsAnyPhrase(words, labels) || namesAnotherAmount(words)) {
-            continue;
-        }
-        const std::optional<double> amount = amountAt(lines, index);
-        if (amount && *amount > 0 && (!largest || *amount > *largest)) {
-            largest = amount;
-        }
-    }
-    return largest;
-}
-
-std::optional<double> largestWithCurrency(const QList<TextLine> &lines) {
-    std::optional<double> largest;
-    for (const TextLine &line : lines) {
-        if (namesAnotherAmount(wordsOf(line.text))) {
-            continue;
-        }
-        for (const PrintedNumber &number : printedNumbers(line.text)) {
-            if (number.hasCurrency && number.value > 0 && (!largest || number.value > *largest)) {
-                largest = number.value;
-            }
-        }
-    }
-    return largest;
+    return FoundAmount{.amount = static_cast<double>(largest) / 100};
 }
 
 } // namespace
 
-std::optional<double> readAmount(const QList<TextLine> &lines) {
-    for (const QStringList &labels : labelsByClarity()) {
-        if (const std::optional<double> amount = largestLabelled(lines, labels)) {
-            return amount;
+std::optional<FoundAmount> readAmount(const QList<Reading> &readings) {
+    QMap<qint64, double> scores;
+    for (const Reading &reading : readings) {
+        const QMap<qint64, double> own = scoredCandidates(labelledAmounts(reading));
+        for (auto candidate = own.cbegin(); candidate != own.cend(); ++candidate) {
+            scores[candidate.key()] += candidate.value() / static_cast<double>(readings.size());
         }
     }
-    return largestWithCurrency(lines);
+    qint64 best = 0;
+    double bestScore = 0;
+    double second = 0;
+    for (auto candidate = scores.cbegin(); candidate != scores.cend(); ++candidate) {
+        if (candidate.value() > bestScore) {
+            second = bestScore;
+            best = candidate.key();
+            bestScore = candidate.value();
+        } else {
+            second = std::max(second, candidate.value());
+        }
+    }
+    if (scores.isEmpty()) {
+        return readings.isEmpty() ? std::nullopt : largestWithCurrency(labelledAmounts(readings.first()));
+    }
+    if (bestScore < leastScore || bestScore < leastLead * second) {
+        return std::nullopt;
+    }
+    return FoundAmount{.amount = static_cast<double>(best) / 100,
+                       .isCertain = bestScore >= certainScore && bestScore - second >= certainLead};
 }
 
 } // namespace fennick

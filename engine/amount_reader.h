@@ -8,9 +8,16 @@
 
 namespace fennick {
 
-// The total paid, in units of the receipt's currency. Lines that name a total are looked at in order of how
-// clearly they do ("Grand total" before "Total" before "Amount"); subtotals, taxes, cash handed over and
-// change do not count. Without any such line, the largest number next to a currency sign.
-std::optional<double> readAmount(const QList<TextLine> &lines);
+// The total, and how much speaks for it.
+struct FoundAmount {
+    double amount = 0;      // in units of the receipt's currency
+    bool isCertain = false; // the readings agree and the receipt's sums come out at it
+};
+
+// The total paid. Every amount that a reading names a total, payment or subtotal is a candidate; the surer
+// its label, the better it agrees with the receipt's other amounts and the more readings have it, the more it
+// counts. None when no candidate counts enough. Without any label in any reading, the largest number next to
+// a currency sign.
+std::optional<FoundAmount> readAmount(const QList<Reading> &readings);
 
 } // namespace fennick

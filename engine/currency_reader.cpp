@@ -1,10 +1,13 @@
 #include "engine/currency_reader.h"
 
+#include "engine/country_evidence.h"
 #include "text/number_text.h"
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 
+#include <algorithm>
 #include <array>
 
 namespace fennick {
@@ -19,10 +22,13 @@ struct Mark {
     int weight;
 };
 
-// A code or a symbol with its country is surer than a symbol alone, and that surer than a country's habit.
+// A code or a symbol with its country is surer than a symbol alone, however often that is repeated:
+// recognition takes the tax letter S for a dollar. What else tells the country counts once for each kind of
+// evidence.
 constexpr int sure = 4;
 constexpr int plain = 2;
-constexpr int hint = 1;
+constexpr int perEvidence = 3;
+constexpr qsizetype mostPlain = 2;
 
 constexpr std::array marks = {
     Mark{"USD"_L1, u"(?<!\\p{L})(?:USD|US\\$)", sure},
@@ -32,15 +38,14 @@ constexpr std::array marks = {
     Mark{"SGD"_L1, u"(?<!\\p{L})(?:SGD|S\\$)", sure},
     Mark{"HKD"_L1, u"(?<!\\p{L})(?:HKD|HK\\$)", sure},
     Mark{"BRL"_L1, u"(?<!\\p{L})(?:BRL|R\\$)", sure},
-    Mark{"USD"_L1, u"(?<![\\p{L}])\\$", plain},
+    Mark{"USD"_L1, u"(?<![\\p{L}])\\$(?=\\s?\\d)|(?:\\d|,\\d{2}\\s)\\$(?!\\S)", plain},
     Mark{"EUR"_L1, u"€|(?<!\\p{L})(?:EUR|Euro|EURO)(?!\\p{L})", sure},
-    Mark{"GBP"_L1, u"£|(?<!\\p{L})GBP(?!\\p{L})", sure},
-    Mark{"CNY"_L1, u"(?<!\\p{L})(?:CNY|RMB)(?!\\p{L})", sure},
+    Mark{"GBP"_L1, u"£(?=\\s?\\d+(?![\\d.,]*\\p{L}))|(?<!\\p{L})GBP(?!\\p{L})", sure},
+    Mark{"CNY"_L1, u"(?<!\\p{L})(?:CNY(?!\\p{L})|RMB(?=\\s\\d))", sure},
     Mark{"JPY"_L1, u"(?<!\\p{L})JPY(?!\\p{L})", sure},
     Mark{"JPY"_L1, u"[¥￥]|\\d円", plain},
     Mark{"CHF"_L1, u"(?<!\\p{L})(?:CHF|SFr\\.?)(?!\\p{L})", sure},
     Mark{"MYR"_L1, u"(?<!\\p{L})(?:MYR|RM(?=[\\s:.]{0,2}\\d))|\\(RM\\)", sure},
-    Mark{"MYR"_L1, u"(?i)(?<!\\p{L})sdn\\.?\\s?bhd", hint},
     Mark{"NOK"_L1, u"(?<!\\p{L})NOK(?!\\p{L})", sure},
     Mark{"DKK"_L1, u"(?<!\\p{L})DKK(?!\\p{L})", sure},
     Mark{"SEK"_L1, u"(?<!\\p{L})SEK(?!\\p{L})", sure},
@@ -74,28 +79,40 @@ qsizetype matchCount(const QRegularExpression &pattern, const QString &text) {
 
 } // namespace
 
-std::optional<QString> readCurrency(const QList<TextLine> &lines) {
-    QHash<QLatin1StringView, qsizetype> scores;
-    bool otherDollar = false;
+std::optional<QString> readCurrency(const Reading &lines) {
+    QHash<QString, qsizetype> scores;
+    QSet<QString> named;
     for (qsizetype index = 0; index < markPatterns().size(); ++index) {
         const Mark &mark = marks[static_cast<size_t>(index)];
+        qsizetype count = 0;
         for (const TextLine &line : lines) {
-            scores[mark.code] += mark.weight * matchCount(markPatterns()[index], line.text);
+            count += matchCount(markPatterns()[index], line.text);
         }
-        otherDollar =
-            otherDollar || (mark.code.endsWith(u'D') && mark.code != "USD"_L1 && scores[mark.code] > 0);
-        if (otherDollar && mark.code == "USD"_L1 && mark.weight == plain) {
-            scores[mark.code] = 0;
+        if (count > 0 && mark.weight == sure) {
+            named.insert(QString(mark.code));
         }
+        scores[QString(mark.code)] +=
+            mark.weight * (mark.weight == plain ? std::min(count, mostPlain) : count);
     }
+    const QHash<QString, int> evidence = countryEvidence(lines);
+    for (auto country = evidence.cbegin(); country != evidence.cend(); ++country) {
+        scores[country.key()] += perEvidence * *country;
+    }
+    const auto isOtherDollar = [](const QString &code) {
+        return code.endsWith(u'D') && code != u"USD";
+    };
+    if (std::ranges::any_of(named, isOtherDollar) && !named.contains(u"USD"_s)) {
+        scores.remove(u"USD"_s);
+    }
+
     std::optional<QString> best;
     qsizetype bestScore = 0;
     for (const Mark &mark : marks) {
-        if (scores[mark.code] <= bestScore) {
-            continue;
+        const QString code(mark.code);
+        if (scores.value(code) > bestScore) {
+            bestScore = scores.value(code);
+            best = code;
         }
-        bestScore = scores[mark.code];
-        best = QString(mark.code);
     }
     return best;
 }

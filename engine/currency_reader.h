@@ -10,9 +10,9 @@
 namespace fennick {
 
 // The ISO 4217 code of the currency that `lines` speak of most: by code (EUR), by symbol (€), by a symbol
-// with its country (C$), or by what only one country writes on its receipts (Sdn Bhd). A bare $ is taken for
-// the US dollar and ¥ for the yen unless another dollar or the yuan is named.
-std::optional<QString> readCurrency(const QList<TextLine> &lines);
+// with its country (C$), or by what only one country's receipts bear (Sdn Bhd, ABN). A bare $ is taken for
+// the US dollar and ¥ for the yen unless more speaks for another country. None when nothing tells.
+std::optional<QString> readCurrency(const Reading &lines);
 
 // Whether a currency symbol or code stands directly before `start` or after `end` in `line`.
 bool hasCurrencyBeside(const QString &line, qsizetype start, qsizetype end);

@@ -10,15 +10,22 @@
 
 namespace fennick {
 
-// A receipt's date and the line it stands on, where its time often stands too.
+// A receipt's date and the lines it stands on, where its time often stands too.
 struct FoundDate {
     QDate date;
-    qsizetype line = 0; // index into the lines given
+    QList<std::optional<qsizetype>>
+        lines;              // one for each reading: index of the line; none where it is not read there
+    bool isCertain = false; // the readings agree
 };
 
-// The day of the purchase: a date that is labelled as such, else the topmost one; dates of something else
-// (due, arrival, best before ...) only when there is no other. Dates before 1990 and after the day that
-// follows `today` are misreadings.
-std::optional<FoundDate> readDate(const QList<TextLine> &lines, DayMonthOrder order, QDate today);
+// The day of the purchase: a date that is labelled as such or stands beside a time, else the topmost one;
+// dates of something else (due, arrival, best before ...) only when there is no other. The more readings have
+// it the better; garbled dates count for little. Dates before 1990 and after the day that follows `today` are
+// misreadings.
+std::optional<FoundDate> readDate(const QList<Reading> &readings, DayMonthOrder order, QDate today);
+
+// How days and months stand in the dates of `readings`: as in those that can be read in one way only
+// (25/03/2018); `fallback` when there is none.
+DayMonthOrder printedOrder(const QList<Reading> &readings, DayMonthOrder fallback);
 
 } // namespace fennick

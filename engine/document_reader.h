@@ -7,11 +7,16 @@
 #include <QList>
 
 #include <expected>
+#include <functional>
 
 namespace fennick {
 
-// The text of a document (PDF, JPEG, PNG, WebP or HEIC), line by line over its first five pages; empty when
-// it bears none. May take seconds: call it off the main thread. Any number of threads may.
-std::expected<QList<TextLine>, ReadError> readDocument(const QByteArray &bytes);
+// Tells from the readings so far whether further ones would add nothing.
+using Sufficiency = std::function<bool(const QList<Reading> &readings)>;
+
+// The text of a document (PDF, JPEG, PNG, WebP or HEIC) over its first five pages, at least one reading of
+// it. A PDF's own text has a single one; pictures are looked at in pairs of different ways until `isEnough`.
+// May take seconds: call it off the main thread. Any number of threads may; they share the processors.
+std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough);
 
 } // namespace fennick

@@ -1,7 +1,7 @@
 #include "engine/extraction_server.h"
 
-#include "engine/document_reader.h"
 #include "engine/http_connection.h"
+#include "engine/receipt_reader.h"
 #include "engine/service_answer.h"
 
 #include <QFuture>
@@ -35,11 +35,11 @@ Answer answerTo(const QByteArray &body, const QString &model) {
     if (!document) {
         return refusal(document.error());
     }
-    const std::expected<QList<TextLine>, ReadError> lines = readDocument(*document);
-    if (!lines) {
-        return refusal(serviceError(lines.error()));
+    const std::expected<ReceiptFields, ReadError> fields = readReceiptFile(*document, QDate::currentDate());
+    if (!fields) {
+        return refusal(serviceError(fields.error()));
     }
-    return answerOf(200, generateAnswer(readReceipt(*lines, QDate::currentDate()), model));
+    return answerOf(200, generateAnswer(*fields, model));
 }
 
 std::expected<QString, ServiceError> acceptedModel(const QByteArray &method, const QUrl &target) {

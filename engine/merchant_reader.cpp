@@ -1,9 +1,11 @@
 #include "engine/merchant_reader.h"
 
+#include "engine/company_names.h"
+#include "engine/edit_distance.h"
+#include "engine/merchant_lines.h"
 #include "engine/number_reader.h"
 #include "engine/word_search.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -16,105 +18,180 @@ namespace {
 
 // A name stands at the top; further down are the things bought.
 constexpr qsizetype linesLookedAt = 12;
-constexpr qsizetype fewestLetters = 3;
+constexpr qsizetype linesOfAnother = 3;
 // Below this a recognised line is more often a logo or a smudge than words.
-constexpr double leastConfidence = 0.5;
+constexpr double leastConfidence = 0.3;
+constexpr double trustedConfidence = 0.5;
+constexpr double largePrint = 1.25;
+constexpr double sameHeight = 0.25;
+// How alike two readings of one name are at least.
+constexpr double sameName = 0.6;
 
-// Words of headings and greetings: a line of nothing else names nobody.
-const QStringList &headingWords() {
-    static const QStringList words = {
-        u"receipt"_s,      u"invoice"_s, u"tax"_s,       u"bill"_s,      u"sales"_s,       u"sale"_s,
-        u"simplified"_s,   u"copy"_s,    u"customer"_s,  u"merchant"_s,  u"duplicate"_s,   u"original"_s,
-        u"welcome"_s,      u"to"_s,      u"thank"_s,     u"you"_s,       u"thanks"_s,      u"rechnung"_s,
-        u"quittung"_s,     u"beleg"_s,   u"kassenbon"_s, u"bon"_s,       u"kassenbeleg"_s, u"kundenbeleg"_s,
-        u"facture"_s,      u"reçu"_s,    u"ticket"_s,    u"de"_s,        u"caisse"_s,      u"order"_s,
-        u"confirmation"_s, u"page"_s,    u"of"_s,        u"seite"_s,     u"von"_s,         u"date"_s,
-        u"datum"_s,        u"time"_s,    u"no"_s,        u"nr"_s,        u"number"_s,      u"table"_s,
-        u"cash"_s,         u"memo"_s,    u"your"_s,      u"statement"_s, u"kvitto"_s,      u"herzlich"_s,
-        u"willkommen"_s,   u"vielen"_s,  u"dank"_s,      u"am"_s,        u"pm"_s,          u"from"_s,
-        u"for"_s,          u"our"_s,     u"guest"_s,     u"check"_s,     u"the"_s,         u"payment"_s,
-        u"scanned"_s,      u"by"_s,      u"with"_s,      u"and"_s,       u"e"_s,           u"id"_s,
-        u"store"_s,        u"pos"_s,
-    };
-    return words;
-}
+struct NameCandidate {
+    QString name;
+    double score = 0;
+    double confidence = 0;
+};
 
-bool isHeading(const QString &words) {
-    const QStringList parts = words.split(u' ', Qt::SkipEmptyParts);
-    return std::ranges::all_of(parts, [](const QString &word) {
-        const bool isNumber = std::ranges::all_of(word, [](QChar character) { return character.isDigit(); });
-        return isNumber || headingWords().contains(word);
-    });
-}
-
-// Contact data, addresses and labelled values ("Tel", "VAT no", "12 High Street", "Table: 4").
-bool isDetail(const QString &line, const QString &words) {
-    static const QRegularExpression contact(uR"(@|www\.|https?:|\.(?:com|net|org|de|ch|uk)\b)"_s,
-                                            QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression address(
-        uR"(^\s*\d+[A-Za-z]?[,\s]+\p{L}+.*\b(?:street|st|road|rd|avenue|ave|lane|ln|drive|dr|blvd|boulevard|way|square|plaza|jalan|rue)\b|\p{L}+(?:stra(?:ß|ss)e|str\.|weg|platz|gasse)\s+\d+|\b\d{4,5}\s+\p{L}{3,}$|\b[A-Z]{2}\s+\d{5}\b)"_s,
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
-    static const QRegularExpression label(uR"(^\s*\p{L}[\p{L} .]{0,20}:\s*\S)"_s);
-    static const QStringList details = {
-        u"tel"_s,
-        u"phone"_s,
-        u"fax"_s,
-        u"telefon"_s,
-        u"vat"_s,
-        u"gst"_s,
-        u"abn"_s,
-        u"ust"_s,
-        u"uid"_s,
-        u"invoice no"_s,
-        u"receipt no"_s,
-        u"date"_s,
-        u"datum"_s,
-        u"cashier"_s,
-        u"terminal"_s,
-        u"reg no"_s,
-        u"invoice number"_s,
-        u"company no"_s,
-        u"co reg"_s,
-    };
-    return contact.match(line).hasMatch() || address.match(line).hasMatch() || label.match(line).hasMatch() ||
-           containsAnyPhrase(words, details);
-}
-
-bool isMostlyLetters(const QString &line) {
-    const auto letters = std::ranges::count_if(line, [](QChar character) { return character.isLetter(); });
-    const auto signs = std::ranges::count_if(line, [](QChar character) { return !character.isSpace(); });
-    return letters >= fewestLetters && 2 * letters >= signs;
+double typicalHeight(const Reading &reading) {
+    QList<double> heights;
+    for (const TextLine &line : reading) {
+        heights.append(line.box.height());
+    }
+    std::ranges::sort(heights);
+    return heights.isEmpty() ? 0 : heights[heights.size() / 2];
 }
 
 bool isItem(const QString &line) {
     return std::ranges::any_of(printedNumbers(line), &PrintedNumber::hasDecimals);
 }
 
-// What stands to the right of a wide gap is another column ("Corner Shop   Invoice 12").
-QString undecorated(const QString &line) {
-    // "(123456-X)", "(Co. No: 20154-T)": how a registration number follows the name.
-    static const QRegularExpression registration(uR"(\s*\([^()]*\d{4}[^()]*\))"_s);
-    static const QRegularExpression edges(uR"(^[^\p{L}\p{N}]+|[^\p{L}\p{N}.)!'’&]+$)"_s);
-    const qsizetype gap = line.indexOf(u"  "_s);
-    QString name = gap > 0 && isMostlyLetters(line.left(gap)) ? line.left(gap) : line;
-    return name.remove(registration).remove(edges).simplified();
+bool canBeName(const QString &line, const QString &name) {
+    return isMostlyLetters(name) && !isHeading(name) && !isDetail(name) && !isItem(line);
 }
+
+// Scribbles and logos come out as many short words or signs: "o ku wz", "EA 7 Vi".
+double wordQuality(const QString &name) {
+    const QStringList words = wordsOf(name).split(u' ', Qt::SkipEmptyParts);
+    qsizetype longest = 0;
+    for (const QString &word : words) {
+        longest = std::max(longest, word.size());
+    }
+    if (longest <= 3) {
+        return -2.5;
+    }
+    const bool isLowerCase = name == name.toLower();
+    return isLowerCase ? -1.5 : 0;
+}
+
+// Whether the name goes on in the line below: brackets that are still open, or a line that begins no name by
+// itself.
+bool goesOn(const TextLine &line, const TextLine &next, const QString &name, const QString &nextName,
+            double typical) {
+    if (next.page != line.page || hasLegalForm(name)) {
+        return false;
+    }
+    if (isOnlyLegalForm(nextName) || name.count(u'(') > name.count(u')') || nextName.startsWith(u'(') ||
+        nextName.startsWith(u'&') || name.endsWith(u'&')) {
+        return true;
+    }
+    const double taller = std::max(line.box.height(), next.box.height());
+    const bool areAlike = std::abs(line.box.height() - next.box.height()) <= sameHeight * taller;
+    const bool areLarge = std::min(line.box.height(), next.box.height()) >= largePrint * typical;
+    return areAlike && areLarge && hasLegalForm(nextName);
+}
+
+// The candidates of one reading, best first.
+class ReadingNames {
+public:
+    explicit ReadingNames(const Reading &reading)
+        : reading_(reading.first(std::min(linesLookedAt, reading.size())))
+        , typical_(typicalHeight(reading)) {
+        qsizetype anotherUntil = -1;
+        for (qsizetype index = 0; index < reading_.size(); ++index) {
+            if (introducesAnother(reading_[index].text)) {
+                anotherUntil = index + linesOfAnother;
+            }
+            if (index > anotherUntil) {
+                add(index);
+            }
+        }
+    }
+
+    const QList<NameCandidate> &candidates() const { return candidates_; }
+
+private:
+    void add(qsizetype index) {
+        const TextLine &line = reading_[index];
+        QString name = companyName(line.text);
+        if (line.confidence < leastConfidence || !canBeName(line.text, name)) {
+            return;
+        }
+        double points = 3 - 0.35 * static_cast<double>(index) + wordQuality(name);
+        points += isRegistration(line.text) ? 1.5 : 0;
+        points += line.box.height() >= largePrint * typical_ ? 0.5 : 0;
+        qsizetype last = index;
+        while (last + 1 < reading_.size()) {
+            const TextLine &next = reading_[last + 1];
+            const QString nextName = companyName(next.text);
+            if (!isMostlyLetters(nextName) || isHeading(nextName) || isItem(next.text) ||
+                !goesOn(reading_[last], next, name, nextName, typical_)) {
+                break;
+            }
+            name += u' ' + nextName;
+            ++last;
+        }
+        points += hasLegalForm(name) ? 4 : (hasBusinessWord(name) ? 2 : 0);
+        const bool isRegistered = last + 1 < reading_.size() && isRegistration(reading_[last + 1].text);
+        points += isRegistered ? 1 : 0;
+        points += hasProperName_ ? 0 : 1;
+        hasProperName_ = hasProperName_ || wordQuality(name) >= 0;
+        points -= isOnlyLegalForm(name) ? 4 : 0;
+        const double trust = line.confidence < trustedConfidence ? 0.4 : 1;
+        candidates_.append({name, points * trust * (0.4 + 0.6 * line.confidence), line.confidence});
+    }
+
+    Reading reading_;
+    double typical_;
+    QList<NameCandidate> candidates_;
+    bool hasProperName_ = false;
+};
+
+double likeness(const QString &left, const QString &right) {
+    return similarity(wordsOf(left), wordsOf(right));
+}
+
+// What the readings have of one name.
+struct NameGroup {
+    QList<NameCandidate> members;
+    double score = 0;
+
+    bool takes(const NameCandidate &candidate) const {
+        return std::ranges::any_of(members, [&](const NameCandidate &member) {
+            return likeness(member.name, candidate.name) >= sameName;
+        });
+    }
+
+    // The one that scores well and is most like the others, surely read ones counting more.
+    QString text() const {
+        QString best;
+        double bestSum = -1;
+        for (const NameCandidate &member : members) {
+            double sum = member.score / 4;
+            for (const NameCandidate &other : members) {
+                sum += other.confidence * likeness(member.name, other.name);
+            }
+            if (sum > bestSum) {
+                bestSum = sum;
+                best = member.name;
+            }
+        }
+        return best;
+    }
+};
 
 } // namespace
 
-std::optional<QString> readMerchant(const QList<TextLine> &lines) {
-    for (const TextLine &line : lines.first(std::min(linesLookedAt, lines.size()))) {
-        if (line.confidence < leastConfidence) {
-            continue;
+std::optional<QString> readMerchant(const QList<Reading> &readings) {
+    QList<NameGroup> groups;
+    for (const Reading &reading : readings) {
+        const ReadingNames names(reading);
+        for (const NameCandidate &candidate : names.candidates()) {
+            const auto group =
+                std::ranges::find_if(groups, [&](const NameGroup &known) { return known.takes(candidate); });
+            if (group == groups.end()) {
+                groups.append({{candidate}, candidate.score});
+            } else {
+                group->members.append(candidate);
+                group->score += candidate.score;
+            }
         }
-        const QString name = undecorated(line.text);
-        const QString words = wordsOf(name);
-        if (!isMostlyLetters(name) || isHeading(words) || isDetail(name, words) || isItem(line.text)) {
-            continue;
-        }
-        return name;
     }
-    return std::nullopt;
+    const auto best = std::ranges::max_element(groups, {}, &NameGroup::score);
+    if (best == groups.end() || best->score <= 0) {
+        return std::nullopt;
+    }
+    return best->text();
 }
 
 } // namespace fennick

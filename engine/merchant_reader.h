@@ -9,8 +9,10 @@
 
 namespace fennick {
 
-// The seller's name: the first line at the top that is a name rather than a heading ("Invoice"), an address,
-// a number or a greeting. As printed, without what tills put around it ("*** Corner Shop ***").
-std::optional<QString> readMerchant(const QList<TextLine> &lines);
+// The seller's name as printed, without what tills put around it ("*** Corner Shop ***"). It stands at the
+// top and is no heading ("Invoice"), address, number or greeting; a legal form (Ltd, Sdn Bhd), the
+// registration number that belongs to it and large print speak for a line. The readings vote; a name in large
+// print may run over several lines.
+std::optional<QString> readMerchant(const QList<Reading> &readings);
 
 } // namespace fennick

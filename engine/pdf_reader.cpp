@@ -104,7 +104,7 @@ QImage pagePicture(QPdfDocument &document, int page) {
     QImage picture(drawn.size(), QImage::Format_RGB32);
     picture.fill(Qt::white);
     QPainter(&picture).drawImage(0, 0, drawn);
-    return picture;
+    return picture.convertToFormat(QImage::Format_Grayscale8);
 }
 
 PdfPage pageContent(QPdfDocument &document, int page, bool hasFonts) {

@@ -11,7 +11,8 @@
 
 namespace fennick {
 
-// One page of a PDF: its own text, or a picture of it (300 dpi, on white) when it has none worth reading.
+// One page of a PDF: its own text, or a grey picture of it (300 dpi, on white) when it has none worth
+// reading.
 struct PdfPage {
     QList<TextLine> lines;
     QImage picture;

@@ -8,6 +8,10 @@
 #include "engine/summary_writer.h"
 #include "engine/time_reader.h"
 
+#include <QMap>
+
+#include <numeric>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
@@ -19,6 +23,28 @@ DayMonthOrder orderFor(const std::optional<QString> &currency) {
     return northAmerican ? DayMonthOrder::MonthFirst : DayMonthOrder::DayFirst;
 }
 
+std::optional<FoundDate> foundDate(const QList<Reading> &readings, const std::optional<QString> &currency,
+                                   QDate today) {
+    return readDate(readings, printedOrder(readings, orderFor(currency)), today);
+}
+
+// The time that most readings have; of equals, the one of the earliest.
+std::optional<QTime> votedTime(const QList<Reading> &readings, const std::optional<FoundDate> &date) {
+    QMap<QTime, int> votes;
+    std::optional<QTime> best;
+    for (qsizetype index = 0; index < readings.size(); ++index) {
+        const std::optional<QTime> time =
+            readTime(readings[index], date ? date->lines.value(index) : std::nullopt);
+        if (time) {
+            ++votes[*time];
+        }
+        if (time && (!best || votes[*time] > votes[*best])) {
+            best = time;
+        }
+    }
+    return best;
+}
+
 ReceiptFields noReceipt() {
     ReceiptFields fields;
     fields.category = u"misc"_s;
@@ -28,23 +54,37 @@ ReceiptFields noReceipt() {
 
 } // namespace
 
-ReceiptFields readReceipt(const QList<TextLine> &lines, QDate today) {
+ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
+    const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
     ReceiptFields fields;
-    fields.currency = readCurrency(lines);
-    fields.amount = readAmount(lines);
-    const std::optional<FoundDate> date = readDate(lines, orderFor(fields.currency), today);
-    if (!date && !fields.amount) {
+    fields.currency = readCurrency(allLines);
+    const std::optional<FoundAmount> amount = readAmount(readings);
+    const std::optional<FoundDate> date = foundDate(readings, fields.currency, today);
+    if (!date && !amount) {
         return noReceipt();
     }
 
+    if (amount) {
+        fields.amount = amount->amount;
+    }
     if (date) {
         fields.date = date->date;
     }
-    fields.time = readTime(lines, date ? std::optional(date->line) : std::nullopt);
-    fields.location = readMerchant(lines);
-    fields.category = readCategory(lines, fields.location, fields.time);
+    fields.time = votedTime(readings, date);
+    fields.location = readMerchant(readings);
+    fields.category = readCategory(allLines, fields.location, fields.time);
     fields.summary = summaryOf(fields);
     return fields;
+}
+
+bool isBeyondDoubt(const QList<Reading> &readings, QDate today) {
+    const std::optional<FoundAmount> amount = readAmount(readings);
+    if (!amount || !amount->isCertain) {
+        return false;
+    }
+    const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
+    const std::optional<FoundDate> date = foundDate(readings, readCurrency(allLines), today);
+    return date && date->isCertain;
 }
 
 } // namespace fennick

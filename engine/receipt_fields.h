@@ -22,8 +22,12 @@ struct ReceiptFields {
     QString summary;
 };
 
-// Reads a document's lines, from top to bottom. A document with neither a date nor an amount is taken for no
-// receipt: nothing is claimed about it. Pure; `today` bounds the dates that can be true.
-ReceiptFields readReceipt(const QList<TextLine> &lines, QDate today);
+// What a document says, from one or more readings of it, which vote field by field. A document with neither a
+// date nor an amount is taken for no receipt: nothing is claimed about it. Pure; `today` bounds the dates
+// that can be true.
+ReceiptFields readReceipt(const QList<Reading> &readings, QDate today);
+
+// Whether `readings` agree on date and total so well that further ones would change nothing.
+bool isBeyondDoubt(const QList<Reading> &readings, QDate today);
 
 } // namespace fennick

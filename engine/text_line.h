@@ -14,6 +14,9 @@ struct TextLine {
     int page = 0;            // from 0
 };
 
+// All lines of a document, from top to bottom, as one look at it gave them.
+using Reading = QList<TextLine>;
+
 // Joins what stands side by side on one page ("Total" at the left margin, "23.50" at the right) to one line
 // each, and orders the lines from top to bottom. Two spaces mark a gap as wide as the letters are high.
 QList<TextLine> joinedRows(QList<TextLine> fragments);

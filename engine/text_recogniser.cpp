@@ -1,54 +1,60 @@
 #include "engine/text_recogniser.h"
 
-#include <allheaders.h>
 #include <omp.h>
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
 
-#include <algorithm>
-#include <cmath>
-
 namespace fennick {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-// Receipts are narrow: below this width their letters are smaller than the 20 pixels or so that Tesseract
-// reads best.
-constexpr int comfortableWidth = 1200;
-constexpr double largestEnlargement = 3.0;
-constexpr double comfortablePixels = 12e6;
-
-QImage prepared(const QImage &picture) {
-    const double pixels = static_cast<double>(picture.width()) * picture.height();
-    double factor = static_cast<double>(comfortableWidth) / std::max(1, picture.width());
-    factor = std::min({factor, largestEnlargement, std::sqrt(comfortablePixels / std::max(1.0, pixels))});
-    QImage grey = picture.convertToFormat(QImage::Format_Grayscale8);
-    if (factor > 1.05) {
-        grey = grey.scaled(grey.size() * factor, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
-    return grey;
-}
+// In heights of a line, from its lowest to its highest stroke.
+constexpr double columnGap = 1.2;
 
 bool isPast(void *deadline, int) {
     return static_cast<QDeadlineTimer *>(deadline)->hasExpired();
 }
 
-// It reports oddities of pictures on the terminal, to nobody's use. The setting is the whole process's.
-void silenceLeptonica() {
-    static const int previous = setMsgSeverity(L_SEVERITY_NONE);
-    Q_UNUSED(previous)
+QRectF boxOf(const tesseract::ResultIterator &position, tesseract::PageIteratorLevel level) {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    if (!position.BoundingBox(level, &left, &top, &right, &bottom)) {
+        return {};
+    }
+    return QRectF(left, top, right - left, bottom - top);
 }
 
-QString lineText(const tesseract::ResultIterator &line) {
-    const std::unique_ptr<char[]> text(line.GetUTF8Text(tesseract::RIL_TEXTLINE));
-    return text ? QString::fromUtf8(text.get()).simplified() : QString();
+// The words of the line at `word`, which is left on the line's last one. Two spaces mark a gap that no blank
+// between words is as wide as: the next column.
+QString lineText(tesseract::ResultIterator &word, double lineHeight) {
+    QString text;
+    double previousRight = 0;
+    while (true) {
+        const std::unique_ptr<char[]> utf8(word.GetUTF8Text(tesseract::RIL_WORD));
+        const QString written = utf8 ? QString::fromUtf8(utf8.get()).simplified() : QString();
+        const QRectF box = boxOf(word, tesseract::RIL_WORD);
+        if (!written.isEmpty()) {
+            if (!text.isEmpty()) {
+                text += box.left() - previousRight > columnGap * lineHeight ? u"  "_s : u" "_s;
+            }
+            text += written;
+            previousRight = box.right();
+        }
+        if (word.IsAtFinalElement(tesseract::RIL_TEXTLINE, tesseract::RIL_WORD) ||
+            !word.Next(tesseract::RIL_WORD)) {
+            return text;
+        }
+    }
 }
 
 } // namespace
 
 TextRecogniser::TextRecogniser()
     : tesseract_(std::make_unique<tesseract::TessBaseAPI>()) {
-    silenceLeptonica();
     ready_ = tesseract_->Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY) == 0;
     if (!ready_) {
         return;
@@ -64,15 +70,13 @@ bool TextRecogniser::isReady() const {
     return ready_;
 }
 
-QList<TextLine> TextRecogniser::recognise(const QImage &picture, int page, QDeadlineTimer deadline) {
-    if (!ready_ || picture.isNull()) {
+QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline) {
+    if (!ready_ || !picture) {
         return {};
     }
     // Requests are the unit of parallel work; Tesseract's own threads only get in each other's way.
     omp_set_max_active_levels(0);
-    const QImage grey = prepared(picture);
-    tesseract_->SetImage(grey.constBits(), grey.width(), grey.height(), 1,
-                         static_cast<int>(grey.bytesPerLine()));
+    tesseract_->SetImage(picture.get());
     tesseract_->SetSourceResolution(300);
 
     tesseract::ETEXT_DESC monitor;
@@ -88,18 +92,13 @@ QList<TextLine> TextRecogniser::recognise(const QImage &picture, int page, QDead
         return {};
     }
     do {
-        int left = 0;
-        int top = 0;
-        int right = 0;
-        int bottom = 0;
-        const QString text = lineText(*line);
-        if (text.isEmpty() || !line->BoundingBox(tesseract::RIL_TEXTLINE, &left, &top, &right, &bottom)) {
-            continue;
+        const QRectF box = boxOf(*line, tesseract::RIL_TEXTLINE);
+        const double confidence = static_cast<double>(line->Confidence(tesseract::RIL_TEXTLINE)) / 100;
+        tesseract::ResultIterator word(*line);
+        const QString text = lineText(word, box.height());
+        if (!text.isEmpty() && !box.isNull()) {
+            fragments.append({.text = text, .box = box, .confidence = confidence, .page = page});
         }
-        fragments.append({.text = text,
-                          .box = QRectF(left, top, right - left, bottom - top),
-                          .confidence = static_cast<double>(line->Confidence(tesseract::RIL_TEXTLINE)) / 100,
-                          .page = page});
     } while (line->Next(tesseract::RIL_TEXTLINE));
     tesseract_->Clear();
     return joinedRows(fragments);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "engine/grey_picture.h"
 #include "engine/text_line.h"
 
 #include <QDeadlineTimer>
-#include <QImage>
 
 #include <memory>
 
@@ -13,7 +13,7 @@ class TessBaseAPI;
 
 namespace fennick {
 
-// Printed text in pictures, read by Tesseract with its English data. One instance per document and thread.
+// Printed text in pictures, read by Tesseract with its English data. One instance per thread.
 class TextRecogniser {
 public:
     TextRecogniser();
@@ -24,7 +24,7 @@ public:
 
     // The lines of `picture`, from top to bottom, boxes in its pixels. None when `deadline` passes first:
     // Tesseract gives a page whole or not at all.
-    QList<TextLine> recognise(const QImage &picture, int page, QDeadlineTimer deadline);
+    QList<TextLine> recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline);
 
 private:
     std::unique_ptr<tesseract::TessBaseAPI> tesseract_;

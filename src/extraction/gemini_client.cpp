@@ -2,7 +2,6 @@
 
 #include "extraction/gemini_answer.h"
 #include "extraction/gemini_request.h"
-#include "extraction/service_address.h"
 
 #include <QCoroFuture>
 #include <QCoroNetworkReply>
@@ -94,12 +93,12 @@ Result resultOf(QNetworkReply &reply, const QString &apiKey) {
 
 } // namespace
 
-QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model) {
+QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress) {
     const auto body = co_await QtConcurrent::run(requestBody, filePath);
     if (!body) {
         co_return failure(Kind::fileRead, body.error());
     }
-    const auto url = endpointUrl(configuredServiceAddress(), model, apiKey);
+    const auto url = endpointUrl(serviceAddress, model, apiKey);
     if (!url) {
         co_return failure(Kind::http, QStringLiteral("Invalid endpoint URL"));
     }

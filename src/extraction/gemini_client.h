@@ -2,6 +2,7 @@
 
 #include "extraction/gemini_error.h"
 #include "extraction/gemini_receipt_data.h"
+#include "extraction/service_address.h"
 
 #include <QCoroTask>
 #include <QString>
@@ -12,11 +13,11 @@
 // caches nothing and retries nothing.
 namespace fennick::GeminiClient {
 
-// Sends the whole file with the instruction to the configured service and awaits its answer; fails after 60
-// seconds without progress. Never blocks the calling thread: reading and encoding the file happen on a worker
-// thread. The key stays out of every error text.
-QCoro::Task<std::expected<GeminiReceiptData, ScanError>> scan(QString filePath, QString apiKey,
-                                                              QString model);
+// Sends the whole file with the instruction to the service at this address and awaits its answer; fails after
+// 60 seconds without progress. Never blocks the calling thread: reading and encoding the file happen on a
+// worker thread. The key stays out of every error text.
+QCoro::Task<std::expected<GeminiReceiptData, ScanError>>
+scan(QString filePath, QString apiKey, QString model, QString serviceAddress = configuredServiceAddress());
 
 // Loads what the first request needs (TLS), so that it is as prompt as the others. Returns at once.
 void prepare();

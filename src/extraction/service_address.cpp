@@ -29,6 +29,10 @@ QString configuredServiceAddress() {
         .value_or(QStringLiteral("https://generativelanguage.googleapis.com"));
 }
 
+bool isOnDevice(const QString &serviceAddress) {
+    return serviceAddress == u"on-device";
+}
+
 std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model, const QString &apiKey) {
     const QUrl address(serviceAddress, QUrl::StrictMode);
     if (!isSchemeHostAndPort(address) || !isSecure(address)) {

@@ -11,6 +11,9 @@ namespace fennick {
 // preferences file or the system-wide one, else the public Gemini host. Not a preference: no window shows it.
 QString configuredServiceAddress();
 
+// The "geminiEndpoint" that stands for Fennick's own engine, which the program then starts when it needs it.
+bool isOnDevice(const QString &serviceAddress);
+
 // The request's location: model and key go in verbatim. Nothing when that is no valid URL, when the address
 // says more than scheme, host and port, or when it is neither https nor a loopback address: the key is part
 // of the URL and must not cross a network in the clear.

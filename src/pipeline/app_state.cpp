@@ -1,11 +1,14 @@
 #include "pipeline/app_state.h"
 
+#include <QCoreApplication>
+
 namespace fennick {
 
 AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent)
     : QObject(parent)
     , store_(store)
-    , settings_(settings) {}
+    , settings_(settings)
+    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine")) {}
 
 AppState::~AppState() = default;
 

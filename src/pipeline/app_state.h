@@ -1,6 +1,8 @@
 #pragma once
 
 #include "export/export_service.h"
+#include "extraction/gemini_client.h"
+#include "extraction/on_device_engine.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
 #include "settings/settings_store.h"
@@ -13,6 +15,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <expected>
 #include <memory>
 #include <optional>
 
@@ -99,6 +102,7 @@ private:
     bool isInArchive(const QString &path) const;
 
     QCoro::Task<> runScan(Receipt receipt);
+    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(QString path, QString key);
     void failScan(Receipt receipt, const QString &error);
     void renameFile(Receipt &receipt);
 
@@ -112,6 +116,7 @@ private:
 
     ReceiptStore *store_;
     SettingsStore *settings_;
+    OnDeviceEngine engine_;
     std::optional<QString> lastError_;
     std::unique_ptr<FSEventsWatcher> watcher_;
     QHash<QString, QTimer *> pendingDebounce_;      // by path; the timers are children of this object

@@ -1,4 +1,3 @@
-#include "extraction/gemini_client.h"
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
 #include "settings/keychain_helper.h"
@@ -28,7 +27,7 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
         failScan(receipt, QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
         co_return;
     }
-    const auto result = co_await GeminiClient::scan(receipt.filePath, key, settings_->model());
+    const auto result = co_await extract(receipt.filePath, key);
     if (!result) {
         failScan(receipt, errorDescription(result.error()));
         co_return;
@@ -44,6 +43,21 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
     if (settings_->addToPhotos() && !receipt.addedToPhotos) {
         co_await deliverAndUpdate(receipt);
     }
+}
+
+// From the configured service, or from Fennick's own engine, which runs only while it is needed.
+QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(QString path, QString key) {
+    const QString address = configuredServiceAddress();
+    if (!isOnDevice(address)) {
+        co_return co_await GeminiClient::scan(path, key, settings_->model(), address);
+    }
+    const auto use = co_await engine_.use();
+    if (!use) {
+        const QString reason =
+            QStringLiteral("The on-device engine could not be started: ") + engine_.failure();
+        co_return std::unexpected(ScanError(TransportError{reason}));
+    }
+    co_return co_await GeminiClient::scan(path, key, settings_->model(), engine_.address());
 }
 
 void AppState::failScan(Receipt receipt, const QString &error) {

@@ -4,6 +4,7 @@
 #include "settings/window_memory.h"
 #include "ui/confirmations.h"
 #include "ui/export_panel.h"
+#include "ui/focus_frame.h"
 #include "ui/home_view.h"
 #include "ui/receipts_table.h"
 #include "ui/symbols.h"
@@ -29,7 +30,8 @@ constexpr QSize minimumContentSize{720, 420};
 
 // Room around the buttons, and the arrow of a menu beside its text instead of in the corner below it.
 QString toolBarStyle() {
-    return QStringLiteral("QToolButton { padding: 3px 8px; }"
+    return focusFrameStyle(QStringLiteral("highlight")) +
+           QStringLiteral("QToolButton { padding: 3px 8px; }"
                           "QToolButton[popupMode=\"2\"] { padding-right: 20px; }"
                           "QToolButton::menu-indicator { subcontrol-origin: padding;"
                           " subcontrol-position: center right; right: 6px; }");

@@ -1,5 +1,6 @@
 #include "ui/row_actions.h"
 
+#include "ui/focus_frame.h"
 #include "ui/plain_tool_tip.h"
 #include "ui/symbols.h"
 
@@ -38,6 +39,7 @@ RowActions::RowActions(QWidget *parent)
     layout->addWidget(addToPhotos_);
     layout->addWidget(retry_);
     layout->addStretch();
+    setStyleSheet(focusFrameStyle(QStringLiteral("highlighted-text"))); // only a selected row gets the focus
     setSelected(false);
     connect(reveal_, &QToolButton::clicked, this, &RowActions::revealRequested);
     connect(addToPhotos_, &QToolButton::clicked, this, &RowActions::addToPhotosRequested);

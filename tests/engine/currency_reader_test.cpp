@@ -43,6 +43,21 @@ private Q_SLOTS:
         QCOMPARE(readCurrency(linesOf({u"Total A$13.50"_s, u"Card A$13.50"_s})), std::optional(u"AUD"_s));
     }
 
+    void takesTheCountryIntoAccount() {
+        QCOMPARE(
+            readCurrency(linesOf({u"HARBOUR SDN BHD"_s, u"Jalan Bayu"_s, u"Total $5.00"_s, u"Cash $5.00"_s})),
+            std::optional(u"MYR"_s));
+        QCOMPARE(readCurrency(linesOf({u"ABN 12 345 678 901"_s, u"Bay NSW 2000"_s, u"Total $5.00"_s})),
+                 std::optional(u"AUD"_s));
+        QCOMPARE(readCurrency(linesOf({u"GSTIN 29ABCDE"_s, u"Total 500.00"_s})), std::optional(u"INR"_s));
+    }
+
+    void isNotMisledByTaxLettersReadAsDollars() {
+        QCOMPARE(
+            readCurrency(linesOf({u"HARBOUR SDN BHD"_s, u"Tea 6.00 $"_s, u"Cake 4.20 $"_s, u"Bun 3.10 $"_s})),
+            std::optional(u"MYR"_s));
+    }
+
     void takesTheMoreFrequentOfTwo() {
         QCOMPARE(readCurrency(linesOf({u"Total CHF 20.00"_s, u"Card CHF 20.00"_s, u"= EUR 20.80"_s})),
                  std::optional(u"CHF"_s));

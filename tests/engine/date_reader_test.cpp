@@ -11,7 +11,7 @@ namespace {
 const QDate today(2025, 6, 15);
 
 std::optional<QDate> dateIn(const QStringList &lines, DayMonthOrder order = DayMonthOrder::DayFirst) {
-    const std::optional<FoundDate> found = readDate(linesOf(lines), order, today);
+    const std::optional<FoundDate> found = readDate({linesOf(lines)}, order, today);
     return found ? std::optional(found->date) : std::nullopt;
 }
 
@@ -124,11 +124,57 @@ private Q_SLOTS:
         QCOMPARE(dateIn({u"Payment due 2024-05-31"_s}), std::optional(QDate(2024, 5, 31)));
     }
 
+    void knowsFrenchAndSpanishMonths_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("month");
+        const QStringList french = {u"janvier"_s,   u"février"_s, u"mars"_s,     u"avril"_s,
+                                    u"mai"_s,       u"juin"_s,    u"juillet"_s,  u"août"_s,
+                                    u"septembre"_s, u"octobre"_s, u"novembre"_s, u"décembre"_s};
+        const QStringList spanish = {u"enero"_s,      u"febrero"_s, u"marzo"_s,     u"abril"_s,
+                                     u"mayo"_s,       u"junio"_s,   u"julio"_s,     u"agosto"_s,
+                                     u"septiembre"_s, u"octubre"_s, u"noviembre"_s, u"diciembre"_s};
+        for (qsizetype index = 0; index < french.size(); ++index) {
+            QTest::newRow(qPrintable(french[index]))
+                << QStringLiteral("9 %1 2024").arg(french[index]) << static_cast<int>(index) + 1;
+            QTest::newRow(qPrintable(spanish[index]))
+                << QStringLiteral("9 de %1 de 2024").arg(spanish[index]) << static_cast<int>(index) + 1;
+        }
+    }
+    void knowsFrenchAndSpanishMonths() { knowsGermanMonths(); }
+
+    void letsReadingsVote() {
+        const Reading right = linesOf({u"Date 04/05/2024 16:07"_s});
+        const Reading wrong = linesOf({u"Date 04/05/2021 16:07"_s});
+        QCOMPARE(readDate({right, wrong, right}, DayMonthOrder::DayFirst, today)->date, QDate(2024, 5, 4));
+    }
+
+    void takesAGarbledDateOnlyWhenThereIsNoOther() {
+        QCOMPARE(dateIn({u"No 5  281032024 6 12"_s}), std::optional(QDate(2024, 3, 28)));
+        QCOMPARE(dateIn({u"No 5  281032024 6 12"_s, u"18/02/2024"_s}), std::optional(QDate(2024, 2, 18)));
+    }
+
+    void isCertainWhenReadingsAgree() {
+        const Reading right = linesOf({u"Date 04/05/2024 16:07"_s});
+        const Reading wrong = linesOf({u"Date 04/05/2021 16:07"_s});
+        QVERIFY(readDate({right, right}, DayMonthOrder::DayFirst, today)->isCertain);
+        QVERIFY(!readDate({right, wrong}, DayMonthOrder::DayFirst, today)->isCertain);
+    }
+
+    void learnsTheOrderFromOtherDates() {
+        QCOMPARE(printedOrder({linesOf({u"25/03/2024"_s, u"04/05/2024"_s})}, DayMonthOrder::MonthFirst),
+                 DayMonthOrder::DayFirst);
+        QCOMPARE(printedOrder({linesOf({u"03/25/2024"_s, u"04/05/2024"_s})}, DayMonthOrder::DayFirst),
+                 DayMonthOrder::MonthFirst);
+        QCOMPARE(printedOrder({linesOf({u"04/05/2024"_s})}, DayMonthOrder::MonthFirst),
+                 DayMonthOrder::MonthFirst);
+        QCOMPARE(printedOrder({}, DayMonthOrder::DayFirst), DayMonthOrder::DayFirst);
+    }
+
     void tellsTheLine() {
         const std::optional<FoundDate> found =
-            readDate(linesOf({u"Shop"_s, u"Street"_s, u"2024-05-01"_s}), DayMonthOrder::DayFirst, today);
+            readDate({linesOf({u"Shop"_s, u"Street"_s, u"2024-05-01"_s})}, DayMonthOrder::DayFirst, today);
         QVERIFY(found.has_value());
-        QCOMPARE(found->line, 2);
+        QCOMPARE(found->lines, (QList<std::optional<qsizetype>>{2}));
     }
 };
 

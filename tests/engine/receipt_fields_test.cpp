@@ -14,8 +14,8 @@ class ReceiptFieldsTest : public QObject {
 private Q_SLOTS:
     void readsAWholeReceipt() {
         const ReceiptFields fields =
-            readReceipt(linesOf({u"Mario's Trattoria"_s, u"12 High Street"_s, u"03/04/2024 12:30 PM"_s,
-                                 u"Pasta  18.00"_s, u"Wine  5.50"_s, u"Total  $23.50"_s}),
+            readReceipt({linesOf({u"Mario's Trattoria"_s, u"12 High Street"_s, u"03/04/2024 12:30 PM"_s,
+                                  u"Pasta  18.00"_s, u"Wine  5.50"_s, u"Total  $23.50"_s})},
                         today_);
         QCOMPARE(fields.date, std::optional(QDate(2024, 3, 4)));
         QCOMPARE(fields.time, std::optional(QTime(12, 30)));
@@ -27,16 +27,16 @@ private Q_SLOTS:
     }
 
     void readsTheDayFirstOutsideNorthAmerica() {
-        QCOMPARE(readReceipt(linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total £5.00"_s}), today_).date,
+        QCOMPARE(readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total £5.00"_s})}, today_).date,
                  std::optional(QDate(2024, 4, 3)));
-        QCOMPARE(readReceipt(linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total CAD 5.00"_s}), today_).date,
+        QCOMPARE(readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total CAD 5.00"_s})}, today_).date,
                  std::optional(QDate(2024, 3, 4)));
     }
 
     void claimsNothingAboutALetter() {
         for (const QList<TextLine> &lines :
              {linesOf({u"Dear Anna"_s, u"See you at the market, 9:30 sharp."_s}), QList<TextLine>()}) {
-            const ReceiptFields fields = readReceipt(lines, today_);
+            const ReceiptFields fields = readReceipt({lines}, today_);
             QVERIFY(!fields.date && !fields.time && !fields.amount && !fields.currency && !fields.location);
             QCOMPARE(fields.category, u"misc"_s);
             QVERIFY(fields.summary.contains(u"No receipt text"_s));

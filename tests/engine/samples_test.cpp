@@ -1,4 +1,4 @@
-#include "engine/document_reader.h"
+#include "engine/receipt_reader.h"
 #include "engine/service_answer.h"
 #include "sample_table.h"
 
@@ -35,9 +35,10 @@ private Q_SLOTS:
     void readsEverySample() {
         QFETCH(QString, file);
         QFETCH(QJsonObject, facts);
-        const std::expected<QList<TextLine>, ReadError> lines = readDocument(sampleBytes(file));
-        QVERIFY(lines);
-        const QJsonObject answer = generateAnswer(readReceipt(*lines, QDate::currentDate()), u"m"_s);
+        const std::expected<ReceiptFields, ReadError> fields =
+            readReceiptFile(sampleBytes(file), QDate::currentDate());
+        QVERIFY(fields);
+        const QJsonObject answer = generateAnswer(*fields, u"m"_s);
         const QJsonObject candidate = answer.value("candidates"_L1).toArray().at(0).toObject();
         const QJsonObject part =
             candidate.value("content"_L1).toObject().value("parts"_L1).toArray().at(0).toObject();

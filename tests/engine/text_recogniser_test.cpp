@@ -1,6 +1,6 @@
+#include "drawn_page.h"
 #include "engine/text_recogniser.h"
 
-#include <QPainter>
 #include <QTest>
 
 using namespace fennick;
@@ -9,16 +9,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-QImage printed(const QStringList &rows, int pixelSize) {
-    QImage picture(22 * pixelSize, static_cast<int>(rows.size() + 2) * 2 * pixelSize, QImage::Format_RGB32);
-    picture.fill(Qt::white);
-    QPainter painter(&picture);
-    QFont font(u"DejaVu Sans"_s);
-    font.setPixelSize(pixelSize);
-    painter.setFont(font);
-    for (int row = 0; row < rows.size(); ++row)
-        painter.drawText(pixelSize, (row + 2) * 2 * pixelSize, rows[row]);
-    return picture;
+GreyPicture greyPrinted(const QStringList &rows, int pixelSize) {
+    return greyPicture(drawnPage(rows, pixelSize));
 }
 
 } // namespace
@@ -29,8 +21,8 @@ class TextRecogniserTest : public QObject {
 private Q_SLOTS:
     void readsPrintedLines_data() {
         QTest::addColumn<int>("pixelSize");
-        QTest::newRow("tiny") << 12;
-        QTest::newRow("small") << 18;
+        QTest::newRow("small") << 24;
+        QTest::newRow("medium") << 32;
         QTest::newRow("large") << 60;
     }
     void readsPrintedLines() {
@@ -38,7 +30,7 @@ private Q_SLOTS:
         TextRecogniser recogniser;
         QVERIFY(recogniser.isReady());
         const QList<TextLine> lines = recogniser.recognise(
-            printed({u"Corner Shop"_s, u"Total 23.50"_s}, pixelSize), 3, QDeadlineTimer(60s));
+            greyPrinted({u"Corner Shop"_s, u"Total 23.50"_s}, pixelSize), 3, QDeadlineTimer(60s));
         QCOMPARE(lines.size(), 2);
         QCOMPARE(lines[0].text, u"Corner Shop"_s);
         QCOMPARE(lines[1].text, u"Total 23.50"_s);
@@ -49,27 +41,29 @@ private Q_SLOTS:
 
     void readsOnePageAfterTheOther() {
         TextRecogniser recogniser;
-        QCOMPARE(recogniser.recognise(printed({u"First page"_s}, 30), 0, QDeadlineTimer(60s)).value(0).text,
-                 u"First page"_s);
-        QCOMPARE(recogniser.recognise(printed({u"Second page"_s}, 30), 1, QDeadlineTimer(60s)).value(0).text,
-                 u"Second page"_s);
+        QCOMPARE(
+            recogniser.recognise(greyPrinted({u"First page"_s}, 30), 0, QDeadlineTimer(60s)).value(0).text,
+            u"First page"_s);
+        QCOMPARE(
+            recogniser.recognise(greyPrinted({u"Second page"_s}, 30), 1, QDeadlineTimer(60s)).value(0).text,
+            u"Second page"_s);
     }
 
     void findsNothingOnEmptyPaper() {
         TextRecogniser recogniser;
         QImage white(600, 800, QImage::Format_RGB32);
         white.fill(Qt::white);
-        QVERIFY(recogniser.recognise(white, 0, QDeadlineTimer(60s)).isEmpty());
-        QVERIFY(recogniser.recognise(QImage(), 0, QDeadlineTimer(60s)).isEmpty());
+        QVERIFY(recogniser.recognise(greyPicture(white), 0, QDeadlineTimer(60s)).isEmpty());
+        QVERIFY(recogniser.recognise(greyPicture(QImage()), 0, QDeadlineTimer(60s)).isEmpty());
         QImage dot(1, 1, QImage::Format_RGB32);
         dot.fill(Qt::black);
-        QVERIFY(recogniser.recognise(dot, 0, QDeadlineTimer(60s)).isEmpty());
+        QVERIFY(recogniser.recognise(greyPicture(dot), 0, QDeadlineTimer(60s)).isEmpty());
     }
 
     void stopsWhenItsTimeIsOver() {
         TextRecogniser recogniser;
         const QStringList rows(60, u"The quick brown fox 12.34"_s);
-        const QList<TextLine> lines = recogniser.recognise(printed(rows, 40), 0, QDeadlineTimer(0));
+        const QList<TextLine> lines = recogniser.recognise(greyPrinted(rows, 40), 0, QDeadlineTimer(0));
         QVERIFY(lines.isEmpty());
     }
 };

@@ -20,6 +20,13 @@ class ServiceAddressTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void onDeviceStandsForTheOwnEngine() {
+        QVERIFY(isOnDevice(QStringLiteral("on-device")));
+        QVERIFY(!isOnDevice(QStringLiteral("https://on-device")));
+        QVERIFY(!isOnDevice(QStringLiteral("on-device/")));
+        QVERIFY(!endpointUrl(QStringLiteral("on-device"), QStringLiteral("m"), QStringLiteral("k")));
+    }
+
     void addressIsThePublicHostUnlessConfigured() {
         QCOMPARE(configuredServiceAddress(), QStringLiteral("https://generativelanguage.googleapis.com"));
         writeFile(home_.path(QStringLiteral("system-config/Fennick/Fennick.conf")),

@@ -1,0 +1,45 @@
+#include "engine/contrast_normaliser.h"
+
+#include <allheaders.h>
+
+namespace fennick {
+
+namespace {
+
+// A step that fails (pictures of a few pixels) leaves the picture as it was.
+GreyPicture replaced(GreyPicture picture, Pix *result) {
+    return result ? GreyPicture(result) : std::move(picture);
+}
+
+// Grey levels up to 60 turn black, from 240 on white.
+GreyPicture darkened(GreyPicture picture, float gamma) {
+    Pix *result = pixGammaTRC(nullptr, picture.get(), gamma, 60, 240);
+    return replaced(std::move(picture), result);
+}
+
+} // namespace
+
+GreyPicture onEvenPaper(GreyPicture picture) {
+    if (!picture) {
+        return {};
+    }
+    Pix *result = pixBackgroundNormSimple(picture.get(), nullptr, nullptr);
+    return replaced(std::move(picture), result);
+}
+
+GreyPicture withStrokes(GreyPicture picture, Strokes strokes) {
+    if (!picture || strokes == Strokes::AsPrinted) {
+        return picture;
+    }
+    if (strokes == Strokes::Darkened) {
+        return darkened(std::move(picture), 0.5F);
+    }
+    if (strokes == Strokes::Smoothed) {
+        Pix *smooth = pixBlockconv(picture.get(), 1, 1);
+        return darkened(replaced(std::move(picture), smooth), 0.5F);
+    }
+    Pix *thick = pixErodeGray(picture.get(), 3, 3);
+    return darkened(replaced(std::move(picture), thick), 0.7F);
+}
+
+} // namespace fennick

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "engine/grey_picture.h"
+
+namespace fennick {
+
+// How the strokes of the print are made ready for recognition.
+enum class Strokes {
+    AsPrinted,
+    Darkened,  // faint print and thin strokes gain contrast
+    Smoothed,  // darkened after the dots of needle and thermal print have run together
+    Thickened, // broken letters join up
+};
+
+// `picture` on even, light paper: shadows, creases and tinted paper vanish, print stays.
+GreyPicture onEvenPaper(GreyPicture picture);
+
+GreyPicture withStrokes(GreyPicture picture, Strokes strokes);
+
+} // namespace fennick

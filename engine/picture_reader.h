@@ -1,0 +1,21 @@
+#pragma once
+
+#include "engine/pdf_reader.h"
+#include "engine/read_error.h"
+#include "engine/text_line.h"
+
+#include <QList>
+
+#include <expected>
+#include <functional>
+
+namespace fennick {
+
+// The readings of a document's pages: one when all have text of their own, else as many passes over the
+// pictures as it takes until `isEnough` says so, two at a time on a thread each. However many documents are
+// read at once, no more passes run than there are processors. What is not recognised within 25 seconds is
+// left out.
+std::expected<QList<Reading>, ReadError>
+readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Reading> &readings)> &isEnough);
+
+} // namespace fennick

@@ -1,0 +1,30 @@
+#include "engine/receipt_reader.h"
+
+#include "engine/document_reader.h"
+
+#include <QSemaphore>
+
+namespace fennick {
+
+namespace {
+
+// A scan of 35 megapixels takes 140 MB while it is decoded: more of them at once would crowd out other
+// programs.
+QSemaphore documentsAtOnce(2);
+
+} // namespace
+
+std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today) {
+    documentsAtOnce.acquire();
+    const QSemaphoreReleaser document(documentsAtOnce);
+    const auto isEnough = [today](const QList<Reading> &readings) {
+        return isBeyondDoubt(readings, today);
+    };
+    const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough);
+    if (!readings) {
+        return std::unexpected(readings.error());
+    }
+    return readReceipt(*readings, today);
+}
+
+} // namespace fennick

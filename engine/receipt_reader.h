@@ -1,0 +1,17 @@
+#pragma once
+
+#include "engine/read_error.h"
+#include "engine/receipt_fields.h"
+
+#include <QByteArray>
+#include <QDate>
+
+#include <expected>
+
+namespace fennick {
+
+// What the receipt in `bytes` (PDF, JPEG, PNG, WebP or HEIC) says. May take seconds; callable from any
+// thread.
+std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today);
+
+} // namespace fennick

@@ -1,0 +1,70 @@
+#include "engine/recognition_passes.h"
+
+#include "engine/letter_size.h"
+#include "engine/paper_straightener.h"
+
+#include <allheaders.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace fennick {
+
+namespace {
+
+constexpr double largestEnlargement = 4.0;
+constexpr double smallestEnlargement = 0.3;
+constexpr double mostPixels = 12e6;
+constexpr double scaledInOneStep = 0.7;
+
+struct BoxDeleter {
+    void operator()(Box *box) const { boxDestroy(&box); }
+};
+
+GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
+    const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
+    const QRect wanted = area.adjusted(-margin, -margin, margin, margin) & whole;
+    const std::unique_ptr<Box, BoxDeleter> box(
+        boxCreate(wanted.x(), wanted.y(), wanted.width(), wanted.height()));
+    GreyPicture cut(box ? pixClipRectangle(picture.get(), box.get(), nullptr) : nullptr);
+    return cut ? std::move(cut) : std::move(picture);
+}
+
+GreyPicture scaled(const GreyPicture &picture, double factor) {
+    if (std::abs(factor - 1) < 0.05) {
+        return GreyPicture(pixCopy(nullptr, picture.get()));
+    }
+    const auto step = static_cast<float>(factor);
+    return GreyPicture(factor < scaledInOneStep ? pixScaleAreaMap(picture.get(), step, step)
+                                                : pixScale(picture.get(), step, step));
+}
+
+} // namespace
+
+PreparedPage preparedPage(const QImage &picture) {
+    PreparedPage page;
+    page.picture = straightened(onEvenPaper(greyPicture(picture)));
+    const PrintedArea area = printedArea(page.picture);
+    page.letterHeight = area.letterHeight;
+    if (area.letterHeight > 0) {
+        page.picture = cutTo(std::move(page.picture), area.box, area.letterHeight * 3 / 2);
+    }
+    return page;
+}
+
+GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass) {
+    if (!page.picture) {
+        return {};
+    }
+    double factor = 1;
+    if (page.letterHeight > 0) {
+        const double pixels =
+            static_cast<double>(pixGetWidth(page.picture.get())) * pixGetHeight(page.picture.get());
+        factor = std::min(static_cast<double>(pass.letterHeight) / page.letterHeight,
+                          std::sqrt(mostPixels / pixels));
+        factor = std::clamp(factor, smallestEnlargement, largestEnlargement);
+    }
+    return withStrokes(scaled(page.picture, factor), pass.strokes);
+}
+
+} // namespace fennick

@@ -1,0 +1,136 @@
+#include "extraction/on_device_engine.h"
+
+#include "platform/child_process.h"
+
+#include <QCoroSignal>
+#include <QFileInfo>
+#include <QThread>
+
+#include <algorithm>
+
+namespace fennick {
+
+namespace {
+
+constexpr std::chrono::seconds longestStart{20};
+constexpr int longestEnd = 1000; // milliseconds
+const QByteArray announcement = QByteArrayLiteral("Listening on ");
+
+int mostUses() {
+    return std::max(1, QThread::idealThreadCount());
+}
+
+} // namespace
+
+OnDeviceEngine::OnDeviceEngine(QString program, std::chrono::milliseconds idleTime, QObject *parent)
+    : QObject(parent)
+    , program_(std::move(program)) {
+    idle_.setSingleShot(true);
+    idle_.setInterval(idleTime);
+    startLimit_.setSingleShot(true);
+    startLimit_.setInterval(longestStart);
+    connect(&idle_, &QTimer::timeout, this, &OnDeviceEngine::end);
+    connect(&startLimit_, &QTimer::timeout, this, [this] {
+        fail(tr("it does not answer"));
+        process_.kill();
+    });
+    endWithThisProgram(process_);
+    connect(&process_, &QProcess::readyReadStandardOutput, this, &OnDeviceEngine::readAddress);
+    connect(&process_, &QProcess::finished, this, &OnDeviceEngine::handleEnd);
+    connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            fail(process_.errorString());
+            handleEnd();
+        }
+    });
+}
+
+OnDeviceEngine::~OnDeviceEngine() {
+    process_.disconnect(this);
+    if (process_.state() == QProcess::NotRunning) {
+        return;
+    }
+    process_.terminate();
+    if (!process_.waitForFinished(longestEnd)) {
+        process_.kill();
+        process_.waitForFinished(longestEnd);
+    }
+}
+
+QCoro::Task<OnDeviceEngine::Use> OnDeviceEngine::use() {
+    while (uses_ >= mostUses()) {
+        co_await qCoro(this, &OnDeviceEngine::settled);
+    }
+    ++uses_;
+    idle_.stop();
+    Use held(this);
+    bool hasTried = false;
+    while (state_ != State::running) {
+        if (state_ == State::ended) {
+            if (hasTried) {
+                co_return Use();
+            }
+            hasTried = true;
+            start();
+        }
+        if (state_ == State::starting || state_ == State::ending) {
+            co_await qCoro(this, &OnDeviceEngine::settled);
+        }
+    }
+    co_return held;
+}
+
+void OnDeviceEngine::start() {
+    failure_.clear();
+    if (!QFileInfo(program_).isExecutable()) {
+        failure_ = tr("%1 is missing").arg(program_);
+        return;
+    }
+    state_ = State::starting;
+    startLimit_.start();
+    process_.start(program_, {QStringLiteral("--port"), QStringLiteral("0")});
+}
+
+void OnDeviceEngine::readAddress() {
+    while (process_.canReadLine()) {
+        const QByteArray line = process_.readLine().trimmed();
+        if (state_ == State::starting && line.startsWith(announcement)) {
+            address_ = QString::fromLatin1(line.mid(announcement.size()));
+            startLimit_.stop();
+            state_ = State::running;
+            Q_EMIT settled();
+        }
+    }
+}
+
+void OnDeviceEngine::end() {
+    if (state_ == State::running) {
+        state_ = State::ending;
+        process_.terminate();
+    }
+}
+
+void OnDeviceEngine::fail(const QString &reason) {
+    if (failure_.isEmpty()) {
+        failure_ = reason;
+    }
+}
+
+void OnDeviceEngine::handleEnd() {
+    const QByteArray complaint = process_.readAllStandardError().trimmed();
+    fail(complaint.isEmpty() ? tr("it has ended unexpectedly") : QString::fromUtf8(complaint));
+    startLimit_.stop();
+    state_ = State::ended;
+    address_.clear();
+    Q_EMIT settled();
+}
+
+void OnDeviceEngine::release() {
+    --uses_;
+    if (uses_ == 0) {
+        idle_.start();
+    }
+    Q_EMIT settled();
+}
+
+} // namespace fennick

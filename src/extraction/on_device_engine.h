@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QCoroTask>
+#include <QObject>
+#include <QProcess>
+#include <QString>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+
+namespace fennick {
+
+// Fennick's own engine as a child process: started when a scan needs it, on a free port of this machine,
+// ended when none has needed it for a minute, started anew after a crash. It serves as many scans at once as
+// there are processors; the others wait here, so that none times out in the engine's queue. Must outlive
+// every task that uses it; main thread.
+class OnDeviceEngine : public QObject {
+    Q_OBJECT
+
+public:
+    struct Release {
+        void operator()(OnDeviceEngine *engine) const { engine->release(); }
+    };
+    // One scan's leave to use the engine; while there is one, the engine is not ended.
+    using Use = std::unique_ptr<OnDeviceEngine, Release>;
+
+    // `program`: the engine's file. Nothing is started yet.
+    explicit OnDeviceEngine(QString program, std::chrono::milliseconds idleTime = std::chrono::minutes(1),
+                            QObject *parent = nullptr);
+    ~OnDeviceEngine() override;
+
+    // Waits for its turn and starts the engine where it does not run. Nothing when it cannot be started, for
+    // the reason that `failure` tells; the next call tries again.
+    QCoro::Task<Use> use();
+
+    // In words, why the engine could not be started or has ended.
+    const QString &failure() const { return failure_; }
+
+    // Scheme, host and port of the running engine.
+    const QString &address() const { return address_; }
+
+    bool isRunning() const { return state_ == State::running; }
+    qint64 processId() const { return process_.processId(); }
+
+Q_SIGNALS:
+    // The engine runs, has ended, or has become free for another scan.
+    void settled();
+
+private:
+    enum class State { ended, starting, running, ending };
+
+    void start();
+    void end();
+    void readAddress();
+    void fail(const QString &reason);
+    void handleEnd();
+    void release();
+
+    QString program_;
+    QProcess process_;
+    QTimer idle_;
+    QTimer startLimit_;
+    State state_ = State::ended;
+    QString address_;
+    QString failure_;
+    int uses_ = 0;
+};
+
+} // namespace fennick

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace fennick {
+
+// A style sheet for flat tool buttons that shows plainly which one has the focus, in this colour of the
+// palette (a style sheet's name for it): many desktop styles hardly show it.
+inline QString focusFrameStyle(const QString &paletteColour) {
+    return QStringLiteral("QToolButton { border: 1px solid transparent; border-radius: 4px; }"
+                          "QToolButton:hover { background: rgba(127, 127, 127, 40); }"
+                          "QToolButton:pressed { background: rgba(127, 127, 127, 90); }"
+                          "QToolButton:focus { border-color: palette(%1); }")
+        .arg(paletteColour);
+}
+
+} // namespace fennick

@@ -1,0 +1,29 @@
+#include "engine/edit_distance.h"
+
+#include <QTest>
+
+using namespace fennick;
+
+class EditDistanceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void countsEdits() {
+        QCOMPARE(editDistance(u"", u""), 0);
+        QCOMPARE(editDistance(u"total", u"total"), 0);
+        QCOMPARE(editDistance(u"total", u"totai"), 1);
+        QCOMPARE(editDistance(u"total", u"tota"), 1);
+        QCOMPARE(editDistance(u"", u"abc"), 3);
+        QCOMPARE(editDistance(u"kitten", u"sitting"), 3);
+    }
+
+    void tellsLikeness() {
+        QCOMPARE(similarity(u"", u""), 1.0);
+        QCOMPARE(similarity(u"abcd", u"abcd"), 1.0);
+        QCOMPARE(similarity(u"abcd", u"abcx"), 0.75);
+        QCOMPARE(similarity(u"abcd", u"wxyz"), 0.0);
+    }
+};
+
+QTEST_APPLESS_MAIN(EditDistanceTest)
+#include "edit_distance_test.moc"
