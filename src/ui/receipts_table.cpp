@@ -191,6 +191,9 @@ void ReceiptsTable::showRowActions() {
         }
         buttons->show(model_->receipt(row), isPhotosExportOn_);
         buttons->setSelected(row == selectedRow);
+        if (row == selectedRow) {
+            buttons->followInTabOrder(this);
+        }
     }
 }
 

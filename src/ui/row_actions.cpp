@@ -63,4 +63,11 @@ void RowActions::setSelected(bool isSelected) {
     }
 }
 
+void RowActions::followInTabOrder(QWidget *before) {
+    for (QToolButton *const button : {reveal_, addToPhotos_, retry_}) {
+        setTabOrder(before, button);
+        before = button;
+    }
+}
+
 } // namespace fennick

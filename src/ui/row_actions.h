@@ -24,6 +24,9 @@ public:
     // else it would take too many presses to leave the table.
     void setSelected(bool isSelected);
 
+    // Puts the buttons behind `before` on the way of the key Tab.
+    void followInTabOrder(QWidget *before);
+
 Q_SIGNALS:
     void revealRequested();
     void addToPhotosRequested();

@@ -70,6 +70,32 @@ bool AccessibilityBus::grabFocus(const Accessible &element) const {
     return reply.value();
 }
 
+bool AccessibilityBus::isShowing(const Accessible &element) const {
+    constexpr int showing = 25; // the number of this state
+    const QDBusReply<QList<quint32>> reply = bus_->call(
+        QDBusMessage::createMethodCall(element.service, element.path, accessibleInterface, u"GetState"_s));
+    return !reply.value().isEmpty() && (reply.value().first() >> showing & 1) != 0;
+}
+
+QRect AccessibilityBus::extents(const Accessible &element) const {
+    QDBusMessage ask = QDBusMessage::createMethodCall(element.service, element.path,
+                                                      u"org.a11y.atspi.Component"_s, u"GetExtents"_s);
+    ask.setArguments({0U}); // of the screen
+    const QDBusMessage reply = bus_->call(ask);
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        return {};
+    }
+    const auto rectangle = reply.arguments().first().value<QDBusArgument>();
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    rectangle.beginStructure();
+    rectangle >> left >> top >> width >> height;
+    rectangle.endStructure();
+    return {left, top, width, height};
+}
+
 void AccessibilityBus::collect(const Accessible &element, QList<Accessible> &found) const {
     found.append(element);
     const auto parts = children(element.service, element.path);

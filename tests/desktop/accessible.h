@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QList>
 #include <QProcess>
+#include <QRect>
 #include <QString>
 
 #include <functional>
@@ -31,6 +32,10 @@ public:
     QList<Accessible> elements(const QString &windowTitle) const;
 
     bool grabFocus(const Accessible &element) const;
+
+    // Whether the element is on the screen, and where.
+    bool isShowing(const Accessible &element) const;
+    QRect extents(const Accessible &element) const;
 
 private:
     QList<Accessible> children(const QString &service, const QString &path) const;

@@ -6,6 +6,7 @@
 #include "ui/receipts_table_model.h"
 #include "ui/row_actions.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -153,6 +154,9 @@ private Q_SLOTS:
         table_->selectRow(0);
         QVERIFY(waitUntil([this] { return button(0, "reveal")->focusPolicy() == Qt::TabFocus; }));
         QCOMPARE(button(1, "reveal")->focusPolicy(), Qt::NoFocus);
+        table_->setFocus();
+        QTest::keyClick(table_.get(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), button(0, "reveal"));
     }
 
     void longListHasButtonsOnTheScreenOnly() {
