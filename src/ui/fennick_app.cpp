@@ -1,13 +1,22 @@
 #include "ui/fennick_app.h"
 
 #include "platform/activation_policy.h"
+#include "platform/tray_watch.h"
 #include "ui/settings_view.h"
 #include "ui/symbols.h"
 
 #include <QApplication>
 #include <QWindow>
 
+#include <chrono>
+
 namespace fennick {
+
+namespace {
+
+constexpr std::chrono::seconds trayReturn{2}; // a panel that is restarted brings its tray back by then
+
+} // namespace
 
 FennickApp::FennickApp()
     : appState_(&store_, &settings_)
@@ -50,6 +59,22 @@ void FennickApp::buildTrayIcon() {
         }
     });
     trayIcon_.show();
+
+    trayCheck_.setSingleShot(true);
+    trayCheck_.setInterval(trayReturn);
+    connect(&trayCheck_, &QTimer::timeout, this, &FennickApp::keepReachable);
+    watchTray(this, [this] {
+        if (!window_.isVisible()) {
+            trayCheck_.start();
+        }
+    });
+}
+
+// A window that went into a tray would be out of reach once the tray has gone.
+void FennickApp::keepReachable() {
+    if (!window_.isVisible() && !QSystemTrayIcon::isSystemTrayAvailable()) {
+        putMainWindowAway();
+    }
 }
 
 void FennickApp::showMainWindow() {

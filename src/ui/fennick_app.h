@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
 namespace fennick {
 
@@ -34,6 +35,7 @@ private:
     void buildTrayIcon();
     void terminate();
     void putMainWindowAway();
+    void keepReachable();
     void applyMenuBarMode();
 
     SettingsStore settings_;
@@ -42,6 +44,7 @@ private:
     MainWindow window_;
     MenuBarContent menu_;
     QSystemTrayIcon trayIcon_;
+    QTimer trayCheck_;
     QPointer<SettingsView> settingsView_;
 };
 

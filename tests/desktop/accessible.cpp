@@ -71,10 +71,18 @@ bool AccessibilityBus::grabFocus(const Accessible &element) const {
 }
 
 bool AccessibilityBus::isShowing(const Accessible &element) const {
-    constexpr int showing = 25; // the number of this state
+    return hasState(element, 25);
+}
+
+bool AccessibilityBus::hasFocus(const Accessible &element) const {
+    return hasState(element, 12);
+}
+
+// The states by their numbers in the accessibility interface; those below 32 are told in the first word.
+bool AccessibilityBus::hasState(const Accessible &element, int state) const {
     const QDBusReply<QList<quint32>> reply = bus_->call(
         QDBusMessage::createMethodCall(element.service, element.path, accessibleInterface, u"GetState"_s));
-    return !reply.value().isEmpty() && (reply.value().first() >> showing & 1) != 0;
+    return !reply.value().isEmpty() && (reply.value().first() >> state & 1) != 0;
 }
 
 QRect AccessibilityBus::extents(const Accessible &element) const {

@@ -35,10 +35,12 @@ public:
 
     // Whether the element is on the screen, and where.
     bool isShowing(const Accessible &element) const;
+    bool hasFocus(const Accessible &element) const;
     QRect extents(const Accessible &element) const;
 
 private:
     QList<Accessible> children(const QString &service, const QString &path) const;
+    bool hasState(const Accessible &element, int state) const;
     Accessible describe(const QString &service, const QString &path) const;
     void collect(const Accessible &element, QList<Accessible> &found) const;
 

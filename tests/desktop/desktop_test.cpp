@@ -95,6 +95,24 @@ private Q_SLOTS:
         QCOMPARE(VirtualDesktop::windowCount(mainTitle), 1);
     }
 
+    void hiddenWindowIsMinimisedWhenItsTrayVanishes() {
+        desktop_->startTray();
+        QVERIFY(startProgram());
+        QVERIFY(hideIntoTray());
+        desktop_->stopTray();
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::hasState(*mainWindow(), hidden); }));
+    }
+
+    void hiddenWindowIsMinimisedWhenItsNotifierHostVanishes() {
+        auto host = std::make_unique<NotifierHost>();
+        QVERIFY(startProgram());
+        QVERIFY(waitFor([&host] { return host->hasIcon(); }));
+        QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
+        QVERIFY(waitFor([] { return !mainWindow(); }));
+        host.reset();
+        QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::hasState(*mainWindow(), hidden); }));
+    }
+
     void secondStartWhileTheWindowIsOpenShowsNoSecondWindow() {
         QVERIFY(startProgram());
         const QString window = *mainWindow();
