@@ -63,7 +63,7 @@ QCoro::Task<OnDeviceEngine::Use> OnDeviceEngine::use() {
     }
     ++uses_;
     idle_.stop();
-    Use held(this);
+    Use held(this, Release(this));
     bool hasTried = false;
     while (state_ != State::running) {
         if (state_ == State::ended) {

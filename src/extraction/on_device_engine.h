@@ -2,6 +2,7 @@
 
 #include <QCoroTask>
 #include <QObject>
+#include <QPointer>
 #include <QProcess>
 #include <QString>
 #include <QTimer>
@@ -19,8 +20,19 @@ class OnDeviceEngine : public QObject {
     Q_OBJECT
 
 public:
-    struct Release {
-        void operator()(OnDeviceEngine *engine) const { engine->release(); }
+    class Release {
+    public:
+        Release() = default;
+        explicit Release(OnDeviceEngine *engine)
+            : engine_(engine) {}
+        void operator()(OnDeviceEngine *) const {
+            if (engine_) {
+                engine_->release();
+            }
+        }
+
+    private:
+        QPointer<OnDeviceEngine> engine_;
     };
     // One scan's leave to use the engine; while there is one, the engine is not ended.
     using Use = std::unique_ptr<OnDeviceEngine, Release>;

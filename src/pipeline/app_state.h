@@ -11,6 +11,7 @@
 #include <QDateTime>
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QSet>
 #include <QTimer>
 
@@ -24,7 +25,8 @@ namespace fennick {
 // The pipeline's controller: takes files from their arrival in the watched folder to finished receipts and
 // delivers them to the photo library. Intake, scan run and delivery are in files of their own. Created once
 // by the application, which owns it and the two stores for as long as the process lives; main thread only,
-// and several files may be under way at once, each in a task that suspends where it waits.
+// and several files may be under way at once, each in a task that suspends where it waits. A task that is
+// resumed after the end of this object ends without a trace.
 class AppState : public QObject {
     Q_OBJECT
 

@@ -16,12 +16,16 @@ void AppState::copyIntoWatchFolder(const QStringList &paths) {
 }
 
 QCoro::Task<> AppState::copyReceipts(QStringList paths, QString folder) {
+    const QPointer<AppState> self(this);
     for (const QString &path : paths) {
         if (!isSupported(path) || !QFileInfo(path).isFile()) {
             continue;
         }
         const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
         const auto copied = co_await QtConcurrent::run(FileOperations::copyDurably, path, target);
+        if (!self) {
+            co_return;
+        }
         if (!copied) {
             setLastError(QStringLiteral("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
         }

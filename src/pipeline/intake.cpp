@@ -107,8 +107,12 @@ bool AppState::isInArchive(const QString &path) const {
 }
 
 QCoro::Task<> AppState::scanExistingFiles(QString folder) {
+    const QPointer<AppState> self(this); // the program may be ending
     const QStringList paths = co_await QtConcurrent::run(existingFiles, folder);
     for (const QString &path : paths) {
+        if (!self) {
+            co_return;
+        }
         if (!isInArchive(path) && !store_->hasFilePath(path)) {
             co_await processFile(path);
         }
@@ -128,12 +132,15 @@ QCoro::Task<> AppState::processFile(QString path) {
         co_return;
     }
     inFlight_.insert(path);
+    const QPointer<AppState> self(this);
     if (co_await waitForFileStability(path)) {
         const Receipt receipt = freshReceipt(path);
         store_->add(receipt);
         co_await runScan(receipt);
     }
-    inFlight_.remove(path);
+    if (self) {
+        inFlight_.remove(path);
+    }
 }
 
 // Whether the file exists, is not empty and keeps its size over the interval.
@@ -143,8 +150,12 @@ QCoro::Task<bool> AppState::waitForFileStability(QString path) {
         co_return false;
     }
     stabilityReadings_[path] = reading;
+    const QPointer<AppState> self(this);
     while (true) {
         co_await sleepUntil(reading.at + stabilityInterval);
+        if (!self) {
+            co_return false;
+        }
         const SizeReading latest = stabilityReadings_.value(path);
         if (latest.at == reading.at) {
             break;

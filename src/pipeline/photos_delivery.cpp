@@ -24,8 +24,12 @@ QString AppState::albumName(const QDateTime &processingDate) {
 
 // Returns the receipt, marked when it has been added; a failure goes to `lastError`.
 QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
+    const QPointer<AppState> self(this);
     const auto images = co_await QtConcurrent::run(ReceiptImageConverter::convertToJPEGs, receipt.filePath,
                                                    FileRenamer::baseName(receipt));
+    if (!self) {
+        co_return receipt;
+    }
     if (!images) {
         setLastError(failurePrefix + images.error().errorDescription());
         co_return receipt;
@@ -35,6 +39,9 @@ QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
         album = albumName(QDateTime::currentDateTime());
     }
     const auto added = co_await PhotosImporter::add(*images, album);
+    if (!self) {
+        co_return receipt;
+    }
     if (!added) {
         // The images stay where they are: they are what the user may still want to add by hand.
         setLastError(failurePrefix + added.error().errorDescription());
@@ -48,8 +55,11 @@ QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
 }
 
 QCoro::Task<> AppState::deliverAndUpdate(Receipt receipt) {
+    const QPointer<AppState> self(this);
     const Receipt delivered = co_await addToPhotos(receipt);
-    store_->update(delivered);
+    if (self) {
+        store_->update(delivered);
+    }
 }
 
 void AppState::pushToPhotos(const Receipt &receipt) {

@@ -27,7 +27,11 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
         failScan(receipt, QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
         co_return;
     }
+    const QPointer<AppState> self(this);
     const auto result = co_await extract(receipt.filePath, key);
+    if (!self) {
+        co_return;
+    }
     if (!result) {
         failScan(receipt, errorDescription(result.error()));
         co_return;

@@ -53,6 +53,27 @@ private Q_SLOTS:
         QVERIFY(pipeline_->server.requests().first().target.endsWith("?key=AIza-late-key"));
     }
 
+    void endInTheMiddleOfATaskDoesNoHarm_data() {
+        QTest::addColumn<int>("milliseconds");
+        QTest::newRow("while the folder is read") << 0;
+        QTest::newRow("while the size is watched") << 250;
+        QTest::newRow("while the service works") << 900;
+    }
+    void endInTheMiddleOfATaskDoesNoHarm() {
+        QFETCH(int, milliseconds);
+        pipeline_->server.setScript([](const HttpRequest &) {
+            HttpReply reply = answering("{}");
+            reply.delay = std::chrono::milliseconds(500);
+            return reply;
+        });
+        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        letTimePass(milliseconds);
+        pipeline_->appState.reset();
+        letTimePass(1500); // everything that was under way comes to its end
+        QVERIFY(QFileInfo::exists(path));
+    }
+
     void modelIsReadWhenTheRunStarts() {
         pipeline_->start();
         pipeline_->settings->setModel(QStringLiteral("other-model"));
