@@ -19,19 +19,23 @@ bool looksLikePdf(const QByteArray &bytes) {
 
 } // namespace
 
-std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough) {
+std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough,
+                                                      const std::stop_token &stop) {
+    if (stop.stop_requested()) {
+        return std::unexpected(ReadError::Abandoned);
+    }
     if (looksLikePdf(bytes)) {
-        const std::expected<QList<PdfPage>, ReadError> pages = readPdf(bytes, pageLimit);
+        const std::expected<QList<PdfPage>, ReadError> pages = readPdf(bytes, pageLimit, stop);
         if (!pages) {
             return std::unexpected(pages.error());
         }
-        return readPages(*pages, isEnough);
+        return readPages(*pages, isEnough, stop);
     }
     const std::expected<QImage, ReadError> picture = decodedImage(bytes);
     if (!picture) {
         return std::unexpected(picture.error());
     }
-    return readPages({{.lines = {}, .picture = *picture}}, isEnough);
+    return readPages({{.lines = {}, .picture = *picture}}, isEnough, stop);
 }
 
 } // namespace fennick

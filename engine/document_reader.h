@@ -8,6 +8,7 @@
 
 #include <expected>
 #include <functional>
+#include <stop_token>
 
 namespace fennick {
 
@@ -16,7 +17,9 @@ using Sufficiency = std::function<bool(const QList<Reading> &readings)>;
 
 // The text of a document (PDF, JPEG, PNG, WebP or HEIC) over its first five pages, at least one reading of
 // it. A PDF's own text has a single one; pictures are looked at in pairs of different ways until `isEnough`.
-// May take seconds: call it off the main thread. Any number of threads may; they share the processors.
-std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough);
+// May take seconds: call it off the main thread. Any number of threads may; they share the processors. Ends
+// soon after `stop` is requested, without a reading.
+std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough,
+                                                      const std::stop_token &stop = {});
 
 } // namespace fennick

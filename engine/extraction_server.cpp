@@ -10,11 +10,19 @@
 #include <QUrlQuery>
 #include <QtConcurrent>
 
+#include <mutex>
+#include <utility>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Those beyond it wait until one of them ends. Fennick has a few at a time.
+constexpr int mostConnections = 32;
+// Requests of usual size enter by the dozen, the largest ones one at a time.
+constexpr qsizetype largestAdmitted = largestRequest;
 
 // What goes back: plain data, so that the readers' threads touch no part of the server.
 struct Answer {
@@ -30,12 +38,23 @@ Answer refusal(const ServiceError &error) {
     return answerOf(error.code, errorAnswer(error));
 }
 
-Answer answerTo(const QByteArray &body, const QString &model) {
-    const std::expected<QByteArray, ServiceError> document = inlineDocument(body);
+// A large body takes three times its size while it is unpacked: one at a time.
+std::expected<QByteArray, ServiceError> unpacked(QByteArray body) {
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
+    return inlineDocument(std::move(body));
+}
+
+Answer answerTo(QByteArray body, const QString &model, const std::stop_token &stop) {
+    if (stop.stop_requested()) {
+        return refusal(serviceError(ReadError::Abandoned));
+    }
+    const std::expected<QByteArray, ServiceError> document = unpacked(std::move(body));
     if (!document) {
         return refusal(document.error());
     }
-    const std::expected<ReceiptFields, ReadError> fields = readReceiptFile(*document, QDate::currentDate());
+    const std::expected<ReceiptFields, ReadError> fields =
+        readReceiptFile(*document, QDate::currentDate(), stop);
     if (!fields) {
         return refusal(serviceError(fields.error()));
     }
@@ -58,14 +77,12 @@ std::expected<QString, ServiceError> acceptedModel(const QByteArray &method, con
 
 ExtractionServer::ExtractionServer(QObject *parent)
     : QObject(parent) {
-    connect(&listener_, &QTcpServer::newConnection, this, [this] {
-        while (QTcpSocket *socket = listener_.nextPendingConnection()) {
-            serve(new HttpConnection(socket, largestRequest, this));
-        }
-    });
+    connect(&listener_, &QTcpServer::newConnection, this, &ExtractionServer::acceptWaiting);
 }
 
 ExtractionServer::~ExtractionServer() {
+    waiting_.clear();
+    qDeleteAll(findChildren<HttpConnection *>(Qt::FindDirectChildrenOnly));
     readers_.waitForDone();
 }
 
@@ -76,28 +93,78 @@ std::expected<quint16, QString> ExtractionServer::listen(quint16 port) {
     return listener_.serverPort();
 }
 
+void ExtractionServer::acceptWaiting() {
+    while (connections_ < mostConnections) {
+        QTcpSocket *socket = listener_.nextPendingConnection();
+        if (!socket) {
+            return;
+        }
+        ++connections_;
+        serve(new HttpConnection(socket, {.largestBody = largestRequest}, this));
+    }
+    // Any more stay with the system, unread.
+    listener_.setMaxPendingConnections(0);
+}
+
 void ExtractionServer::serve(HttpConnection *connection) {
+    const auto request = std::make_shared<Request>();
+    connect(connection, &HttpConnection::announced, this, [this, connection, request](qsizetype bodySize) {
+        request->size = bodySize;
+        waiting_.enqueue({connection, request});
+        admitWaiting();
+    });
     connect(connection, &HttpConnection::refused, this, [connection](int status) {
         const Answer answer = refusal(transportError(status));
         connection->answer(answer.status, answer.json);
     });
-    connect(connection, &HttpConnection::received, this,
-            [this, connection](const QByteArray &method, const QUrl &target, const QByteArray &body) {
-                const std::expected<QString, ServiceError> model = acceptedModel(method, target);
-                if (model) {
-                    startReading(connection, body, *model);
-                    return;
-                }
-                const Answer answer = refusal(model.error());
-                connection->answer(answer.status, answer.json);
-            });
+    connect(
+        connection, &HttpConnection::received, this,
+        [this, connection, request](const QByteArray &method, const QUrl &target, const QByteArray &body) {
+            const std::expected<QString, ServiceError> model = acceptedModel(method, target);
+            if (model) {
+                startReading(connection, request, body, *model);
+                return;
+            }
+            const Answer answer = refusal(model.error());
+            connection->answer(answer.status, answer.json);
+        });
+    connect(connection, &QObject::destroyed, this, [this, request] {
+        request->caller.request_stop();
+        --connections_;
+        if (!request->isBeingRead) {
+            forget(*request);
+        }
+        listener_.setMaxPendingConnections(mostConnections);
+        listener_.resumeAccepting();
+    });
 }
 
-void ExtractionServer::startReading(HttpConnection *connection, const QByteArray &body,
-                                    const QString &model) {
-    // The caller may hang up while its document is being read.
-    QtConcurrent::run(&readers_, answerTo, body, model)
-        .then(this, [caller = QPointer(connection)](const Answer &answer) {
+void ExtractionServer::admitWaiting() {
+    while (!waiting_.isEmpty() && admitted_ + waiting_.head().request->size <= largestAdmitted) {
+        const Waiting next = waiting_.dequeue();
+        if (next.connection) {
+            next.request->isAdmitted = true;
+            admitted_ += next.request->size;
+            next.connection->takeBody();
+        }
+    }
+}
+
+void ExtractionServer::forget(Request &request) {
+    if (request.isAdmitted) {
+        request.isAdmitted = false;
+        admitted_ -= request.size;
+    }
+    admitWaiting();
+}
+
+void ExtractionServer::startReading(HttpConnection *connection, const std::shared_ptr<Request> &request,
+                                    const QByteArray &body, const QString &model) {
+    request->isBeingRead = true;
+    QtConcurrent::run(&readers_, answerTo, body, model, request->caller.get_token())
+        .then(this, [this, request, caller = QPointer(connection)](const Answer &answer) {
+            request->isBeingRead = false;
+            forget(*request);
             if (caller) {
                 caller->answer(answer.status, answer.json);
             }

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <utility>
 
 namespace fennick {
 
@@ -61,6 +62,13 @@ ServiceError transportError(int httpStatus) {
     if (httpStatus == 411) {
         error.message = u"The request must say its length."_s;
     }
+    if (httpStatus == 415) {
+        error.message = u"The request must be of type application/json."_s;
+    }
+    if (httpStatus == 403) {
+        error.status = u"PERMISSION_DENIED"_s;
+        error.message = u"Only programs on this machine may use this server."_s;
+    }
     error.code = httpStatus;
     return error;
 }
@@ -74,12 +82,13 @@ std::expected<void, ServiceError> checkedKey(const QString &key) {
     return std::unexpected(error);
 }
 
-std::expected<QByteArray, ServiceError> inlineDocument(const QByteArray &body) {
-    const QJsonDocument json = QJsonDocument::fromJson(body);
+std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body) {
+    QJsonDocument json = QJsonDocument::fromJson(body);
+    body = {};
     if (!json.isObject()) {
         return std::unexpected(invalidArgument(u"The request body is not a JSON object."_s));
     }
-    const std::optional<QJsonObject> data = firstInlineData(json.object());
+    std::optional<QJsonObject> data = firstInlineData(json.object());
     if (!data) {
         return std::unexpected(invalidArgument(u"The request has no part with inline data."_s));
     }
@@ -88,12 +97,16 @@ std::expected<QByteArray, ServiceError> inlineDocument(const QByteArray &body) {
     if (!isReadableType(mimeType)) {
         return std::unexpected(invalidArgument(u"Unsupported MIME type: "_s + mimeType.left(100)));
     }
-    const QByteArray text = data->value("data"_L1).toString().toLatin1();
-    const auto decoded = QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
+    QString text = data->value("data"_L1).toString();
+    json = {};
+    data.reset();
+    // Both conversions use the place of what they convert.
+    auto decoded =
+        QByteArray::fromBase64Encoding(std::move(text).toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
     if (!decoded || decoded.decoded.isEmpty()) {
         return std::unexpected(invalidArgument(u"The inline data is not valid base64."_s));
     }
-    return decoded.decoded;
+    return std::move(decoded.decoded);
 }
 
 } // namespace fennick

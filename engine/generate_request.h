@@ -29,7 +29,7 @@ std::expected<void, ServiceError> checkedKey(const QString &key);
 
 // The bytes of the first document in the body of a generateContent request: the first part of its contents
 // with "inlineData" or "inline_data". Its type must be one the engine reads; the bytes themselves are not
-// looked at.
-std::expected<QByteArray, ServiceError> inlineDocument(const QByteArray &body);
+// looked at. Takes up to three times the size of the body, which is given up on the way.
+std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body);
 
 } // namespace fennick

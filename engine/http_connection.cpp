@@ -1,28 +1,29 @@
 #include "engine/http_connection.h"
 
-#include <chrono>
+#include "engine/request_guard.h"
+
 #include <utility>
 
 namespace fennick {
 
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr qsizetype largestHead = 64 * 1024;
-// A caller on the same machine that is silent for so long has died or never speaks HTTP.
-constexpr auto longestSilence = 30s;
 
 QByteArray statusText(int status) {
     switch (status) {
     case 200:
         return "OK";
+    case 403:
+        return "Forbidden";
     case 404:
         return "Not Found";
     case 411:
         return "Length Required";
     case 413:
         return "Content Too Large";
+    case 415:
+        return "Unsupported Media Type";
     case 431:
         return "Request Header Fields Too Large";
     case 500:
@@ -38,16 +39,30 @@ QByteArray statusText(int status) {
 
 } // namespace
 
-HttpConnection::HttpConnection(QTcpSocket *socket, qsizetype largestBody, QObject *parent)
+HttpConnection::HttpConnection(QTcpSocket *socket, const ConnectionLimits &limits, QObject *parent)
     : QObject(parent)
     , socket_(socket)
-    , largestBody_(largestBody) {
+    , limits_(limits) {
     socket_->setParent(this);
-    idle_.setSingleShot(true);
-    connect(&idle_, &QTimer::timeout, socket_, &QTcpSocket::abort);
+    // What is not taken yet stays with its sender.
+    socket_->setReadBufferSize(largestHead + 4);
+    patience_.setSingleShot(true);
+    connect(&patience_, &QTimer::timeout, socket_, &QTcpSocket::abort);
     connect(socket_, &QTcpSocket::readyRead, this, &HttpConnection::readMore);
     connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
-    idle_.start(longestSilence);
+    patience_.start(limits_.headTime);
+}
+
+void HttpConnection::takeBody() {
+    stage_ = Stage::Body;
+    patience_.start(limits_.bodyTime);
+    if (!refusal_) {
+        buffer_.reserve(head_.contentLength);
+    }
+    if (head_.expectsContinue) {
+        socket_->write("HTTP/1.1 100 Continue\r\n\r\n");
+    }
+    readBody();
 }
 
 void HttpConnection::answer(int status, const QByteArray &json) {
@@ -55,20 +70,22 @@ void HttpConnection::answer(int status, const QByteArray &json) {
                    "\r\nContent-Type: application/json; charset=UTF-8\r\nContent-Length: " +
                    QByteArray::number(json.size()) + "\r\nConnection: close\r\n\r\n" + json);
     socket_->disconnectFromHost();
-    idle_.start(longestSilence);
+    patience_.start(limits_.answerTime);
 }
 
 void HttpConnection::readMore() {
-    if (isComplete_) {
+    switch (stage_) {
+    case Stage::Head:
+        readHead();
+        return;
+    case Stage::Waiting:
+        return;
+    case Stage::Body:
+        readBody();
+        return;
+    case Stage::Complete:
         socket_->readAll(); // pipelined requests are not served
         return;
-    }
-    idle_.start(longestSilence);
-    if (!head_) {
-        readHead();
-    }
-    if (head_ && !isComplete_) {
-        readBody();
     }
 }
 
@@ -88,35 +105,48 @@ void HttpConnection::readHead() {
     }
     head_ = *head;
     buffer_.remove(0, end + 4);
+    buffer_.truncate(head_.contentLength);
     bodyReceived_ = buffer_.size();
-    if (head_->expectsContinue) {
-        socket_->write("HTTP/1.1 100 Continue\r\n\r\n");
+    refusal_ = refusalOf(head_, socket_->localPort());
+    if (!refusal_ && head_.contentLength > limits_.largestBody) {
+        refusal_ = 413;
     }
+    if (refusal_ && head_.expectsContinue) {
+        refuse(*refusal_);
+        return;
+    }
+    if (refusal_) {
+        takeBody();
+        return;
+    }
+    stage_ = Stage::Waiting;
+    patience_.stop();
+    Q_EMIT announced(head_.contentLength);
 }
 
 void HttpConnection::readBody() {
-    const QByteArray piece = socket_->read(head_->contentLength - bodyReceived_);
+    const QByteArray piece = socket_->read(head_.contentLength - bodyReceived_);
     bodyReceived_ += piece.size();
-    const bool isTooLarge = head_->contentLength > largestBody_;
-    if (isTooLarge) {
+    if (refusal_) {
         buffer_.clear();
     } else {
         buffer_ += piece;
     }
-    if (bodyReceived_ < head_->contentLength) {
+    if (bodyReceived_ < head_.contentLength) {
         return;
     }
-    if (isTooLarge) {
-        refuse(413);
+    if (refusal_) {
+        refuse(*refusal_);
         return;
     }
-    isComplete_ = true;
-    idle_.stop();
-    Q_EMIT received(head_->method, head_->target, std::exchange(buffer_, {}).first(head_->contentLength));
+    stage_ = Stage::Complete;
+    patience_.stop();
+    Q_EMIT received(head_.method, head_.target, std::exchange(buffer_, {}));
 }
 
 void HttpConnection::refuse(int status) {
-    isComplete_ = true;
+    stage_ = Stage::Complete;
+    patience_.start(limits_.answerTime);
     Q_EMIT refused(status);
 }
 

@@ -7,9 +7,19 @@
 #include <QTcpSocket>
 #include <QTimer>
 
+#include <chrono>
 #include <optional>
 
 namespace fennick {
+
+// What one caller may take of the engine. The times are long for a program on the same machine, and end the
+// patience with one that sends a byte now and then.
+struct ConnectionLimits {
+    qsizetype largestBody;
+    std::chrono::milliseconds headTime = std::chrono::seconds(10);
+    std::chrono::milliseconds bodyTime = std::chrono::seconds(30);
+    std::chrono::milliseconds answerTime = std::chrono::seconds(30);
+};
 
 // One caller and its one request; every answer closes the connection. Owns the socket, lives on the main
 // thread and deletes itself when the caller is gone. (Qt's HTTP server is not used: it is under the GPL
@@ -18,13 +28,17 @@ class HttpConnection : public QObject {
     Q_OBJECT
 
 public:
-    // A body above `largestBody` bytes is read to its end, so that the caller sees the refusal, but not kept.
-    HttpConnection(QTcpSocket *socket, qsizetype largestBody, QObject *parent);
+    HttpConnection(QTcpSocket *socket, const ConnectionLimits &limits, QObject *parent);
 
+    // Takes the body that was announced; until then it waits with its sender, whose time does not run.
+    void takeBody();
     void answer(int status, const QByteArray &json);
 
 Q_SIGNALS:
+    // A request that will be received once takeBody() is called.
+    void announced(qsizetype bodySize);
     void received(const QByteArray &method, const QUrl &target, const QByteArray &body);
+    // The body of a refused request is read to its end, so that the caller sees the answer, but not kept.
     void refused(int status);
 
 private:
@@ -33,13 +47,16 @@ private:
     void readBody();
     void refuse(int status);
 
+    enum class Stage { Head, Waiting, Body, Complete };
+
     QTcpSocket *socket_;
-    qsizetype largestBody_;
-    QTimer idle_;
+    ConnectionLimits limits_;
+    QTimer patience_;
     QByteArray buffer_;
-    std::optional<HttpHead> head_;
+    HttpHead head_;
+    std::optional<int> refusal_;
     qsizetype bodyReceived_ = 0;
-    bool isComplete_ = false;
+    Stage stage_ = Stage::Head;
 };
 
 } // namespace fennick

@@ -2,7 +2,7 @@
 
 #include <QList>
 
-#include <optional>
+#include <utility>
 
 namespace fennick {
 
@@ -18,8 +18,20 @@ std::optional<qsizetype> lengthIn(const QByteArray &value, std::optional<qsizety
     return length;
 }
 
+// What is told once for the whole request.
+struct Told {
+    std::optional<QByteArray> host;
+    std::optional<QByteArray> contentType;
+    std::optional<qsizetype> length;
+};
+
+// False if there was a value already.
+bool setOnce(std::optional<QByteArray> &value, const QByteArray &told) {
+    return !std::exchange(value, told).has_value();
+}
+
 // 0 if the header is fine, else the status to refuse the request with.
-int readHeader(const QByteArray &line, HttpHead &head, std::optional<qsizetype> &length) {
+int readHeader(const QByteArray &line, HttpHead &head, Told &told) {
     const qsizetype colon = line.indexOf(':');
     if (colon <= 0) {
         return 400;
@@ -27,8 +39,17 @@ int readHeader(const QByteArray &line, HttpHead &head, std::optional<qsizetype> 
     const QByteArray name = line.first(colon).toLower();
     const QByteArray value = line.sliced(colon + 1).trimmed();
     if (name == "content-length") {
-        length = lengthIn(value, length);
-        return length ? 0 : 400;
+        told.length = lengthIn(value, told.length);
+        return told.length ? 0 : 400;
+    }
+    if (name == "host") {
+        return setOnce(told.host, value) ? 0 : 400;
+    }
+    if (name == "origin") {
+        return setOnce(head.origin, value) ? 0 : 400;
+    }
+    if (name == "content-type") {
+        return setOnce(told.contentType, value) ? 0 : 400;
     }
     if (name == "transfer-encoding") {
         return value.toLower() == "chunked" ? 411 : 501;
@@ -52,13 +73,18 @@ std::expected<HttpHead, int> parsedHead(const QByteArray &text) {
     }
 
     HttpHead head{.method = words[0], .target = QUrl::fromEncoded(words[1])};
-    std::optional<qsizetype> length;
+    Told told;
     for (const QByteArray &line : std::as_const(lines)) {
-        if (const int status = readHeader(line.trimmed(), head, length)) {
+        if (const int status = readHeader(line.trimmed(), head, told)) {
             return std::unexpected(status);
         }
     }
-    head.contentLength = length.value_or(0);
+    if (!told.host) {
+        return std::unexpected(400);
+    }
+    head.host = *told.host;
+    head.contentType = told.contentType.value_or(QByteArray());
+    head.contentLength = told.length.value_or(0);
     return head;
 }
 

@@ -3,6 +3,9 @@
 
 #include <QCoreApplication>
 
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -14,9 +17,17 @@ void complain(const QString &message) {
     std::fprintf(stderr, "fennick-engine: %s\n", qUtf8Printable(message));
 }
 
+// Nothing has to be saved or removed, and a document being read may take a second to be given up: whoever
+// ends the engine need not wait.
+void endAtOnce(int) {
+    _exit(0);
+}
+
 } // namespace
 
 int main(int argc, char *argv[]) {
+    std::signal(SIGTERM, endAtOnce);
+    std::signal(SIGINT, endAtOnce);
     const QCoreApplication application(argc, argv);
     const std::expected<quint16, QString> port = fennick::requestedPort(application.arguments().mid(1));
     if (!port) {

@@ -1,5 +1,7 @@
 #include "engine/pdf_checker.h"
 
+#include "engine/pdf_page_size.h"
+#include "engine/pdf_table_check.h"
 #include "engine/picture_size.h"
 
 #include <qpdf/Buffer.hh>
@@ -73,6 +75,9 @@ std::expected<CheckedPdf, ReadError> checked(QPDF &pdf, int pageLimit) {
     if (std::ranges::any_of(pages, hasOversizedImage)) {
         return std::unexpected(ReadError::ImageTooLarge);
     }
+    if (!haveBoundedStreams(pages)) {
+        return std::unexpected(ReadError::PdfTooLarge);
+    }
     CheckedPdf result{.bytes = written(pdf), .hasFonts = {}};
     for (QPDFPageObjectHelper &page : pages) {
         result.hasFonts.append(hasFonts(page));
@@ -83,6 +88,9 @@ std::expected<CheckedPdf, ReadError> checked(QPDF &pdf, int pageLimit) {
 } // namespace
 
 std::expected<CheckedPdf, ReadError> checkedPdf(const QByteArray &bytes, int pageLimit) {
+    if (!hasBoundedTables(bytes)) {
+        return std::unexpected(ReadError::PdfTooLarge);
+    }
     try {
         QPDF pdf;
         pdf.setSuppressWarnings(true);

@@ -132,7 +132,8 @@ std::mutex pdfiumMutex;
 
 } // namespace
 
-std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit) {
+std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
+                                                 const std::stop_token &stop) {
     const std::expected<CheckedPdf, ReadError> checked = checkedPdf(bytes, pageLimit);
     if (!checked) {
         return std::unexpected(checked.error());
@@ -151,6 +152,9 @@ std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pa
     QList<PdfPage> pages;
     const int pageCount = std::min(document.pageCount(), pageLimit);
     for (int page = 0; page < pageCount; ++page) {
+        if (stop.stop_requested()) {
+            return std::unexpected(ReadError::Abandoned);
+        }
         pages.append(pageContent(document, page, checked->hasFonts.value(page)));
     }
     return pages;

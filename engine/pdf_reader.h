@@ -8,6 +8,7 @@
 #include <QList>
 
 #include <expected>
+#include <stop_token>
 
 namespace fennick {
 
@@ -19,7 +20,8 @@ struct PdfPage {
 };
 
 // The first `pageLimit` pages. Callable from any thread; one document is read at a time, because PDFium works
-// for one thread of a process only.
-std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit);
+// for one thread of a process only. Ends after the page in hand when `stop` is requested.
+std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
+                                                 const std::stop_token &stop = {});
 
 } // namespace fennick

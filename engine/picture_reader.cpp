@@ -38,7 +38,7 @@ Reading movedDown(Reading lines, int distance) {
 class PassReader {
 public:
     Reading read(const QList<PdfPage> &pages, const std::vector<PreparedPage> &prepared, size_t pass,
-                 QDeadlineTimer deadline) {
+                 QDeadlineTimer deadline, const std::stop_token &stop) {
         Reading reading;
         for (qsizetype page = 0; page < pages.size(); ++page) {
             if (pages[page].picture.isNull()) {
@@ -49,11 +49,14 @@ public:
                 return reading;
             }
             const QSemaphoreReleaser processor(freeProcessors);
+            if (stop.stop_requested()) {
+                return reading;
+            }
             const RecognitionPass &way = recognitionPasses[pass];
             const GreyPicture picture = pictureFor(prepared[static_cast<size_t>(page)], way);
             for (const PageStrip &strip : headingAndRest(picture, way.letterHeight)) {
-                reading += movedDown(recogniser_.recognise(strip.picture, static_cast<int>(page), deadline),
-                                     strip.top);
+                reading += movedDown(
+                    recogniser_.recognise(strip.picture, static_cast<int>(page), deadline, stop), strip.top);
             }
         }
         return reading;
@@ -65,9 +68,13 @@ private:
     TextRecogniser recogniser_;
 };
 
-std::vector<PreparedPage> prepared(const QList<PdfPage> &pages) {
+// Ends early when `stop` is requested.
+std::vector<PreparedPage> prepared(const QList<PdfPage> &pages, const std::stop_token &stop) {
     std::vector<PreparedPage> ready;
     for (const PdfPage &page : pages) {
+        if (stop.stop_requested()) {
+            break;
+        }
         ready.push_back(preparedPage(page.picture));
     }
     return ready;
@@ -76,7 +83,8 @@ std::vector<PreparedPage> prepared(const QList<PdfPage> &pages) {
 } // namespace
 
 std::expected<QList<Reading>, ReadError>
-readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Reading> &readings)> &isEnough) {
+readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Reading> &readings)> &isEnough,
+          const std::stop_token &stop) {
     const bool hasPictures =
         std::ranges::any_of(pages, [](const PdfPage &page) { return !page.picture.isNull(); });
     if (!hasPictures) {
@@ -92,18 +100,25 @@ readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Read
     if (!readers.front().isReady()) {
         return std::unexpected(ReadError::RecogniserMissing);
     }
-    const std::vector<PreparedPage> ready = prepared(pages);
+    const std::vector<PreparedPage> ready = prepared(pages, stop);
     QList<Reading> readings;
     for (size_t pass = 0; pass + 1 < recognitionPasses.size(); pass += passesAtOnce) {
+        if (stop.stop_requested()) {
+            return std::unexpected(ReadError::Abandoned);
+        }
         std::array<Reading, passesAtOnce> pair;
         {
-            const std::jthread other([&] { pair[1] = readers[1].read(pages, ready, pass + 1, deadline); });
-            pair[0] = readers[0].read(pages, ready, pass, deadline);
+            const std::jthread other(
+                [&] { pair[1] = readers[1].read(pages, ready, pass + 1, deadline, stop); });
+            pair[0] = readers[0].read(pages, ready, pass, deadline, stop);
         }
         readings << pair[0] << pair[1];
         if (deadline.hasExpired() || isEnough(readings)) {
             break;
         }
+    }
+    if (stop.stop_requested()) {
+        return std::unexpected(ReadError::Abandoned);
     }
     return readings;
 }

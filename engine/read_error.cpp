@@ -12,12 +12,16 @@ QString readErrorText(ReadError error) {
         return u"The image has too many pixels."_s;
     case ReadError::UnreadablePdf:
         return u"The document is not a readable PDF."_s;
+    case ReadError::PdfTooLarge:
+        return u"The PDF unpacks to more than can be read."_s;
     case ReadError::LockedPdf:
         return u"The document is protected by a password."_s;
     case ReadError::EmptyPdf:
         return u"The document has no pages."_s;
     case ReadError::RecogniserMissing:
         return u"The text recogniser cannot start: its language data for English is missing."_s;
+    case ReadError::Abandoned:
+        return u"The request was given up."_s;
     }
     return {};
 }

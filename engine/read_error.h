@@ -9,9 +9,11 @@ enum class ReadError {
     UnreadableImage,
     ImageTooLarge,
     UnreadablePdf,
+    PdfTooLarge,
     LockedPdf,
     EmptyPdf,
     RecogniserMissing,
+    Abandoned, // nobody waits for the answer any more
 };
 
 // One English sentence for the caller.

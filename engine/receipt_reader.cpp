@@ -14,13 +14,14 @@ QSemaphore documentsAtOnce(2);
 
 } // namespace
 
-std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today) {
+std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today,
+                                                        const std::stop_token &stop) {
     documentsAtOnce.acquire();
     const QSemaphoreReleaser document(documentsAtOnce);
     const auto isEnough = [today](const QList<Reading> &readings) {
         return isBeyondDoubt(readings, today);
     };
-    const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough);
+    const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough, stop);
     if (!readings) {
         return std::unexpected(readings.error());
     }

@@ -13,8 +13,14 @@ namespace {
 // In heights of a line, from its lowest to its highest stroke.
 constexpr double columnGap = 1.2;
 
-bool isPast(void *deadline, int) {
-    return static_cast<QDeadlineTimer *>(deadline)->hasExpired();
+struct Patience {
+    QDeadlineTimer deadline;
+    std::stop_token stop;
+};
+
+bool isOver(void *patience, int) {
+    const auto *given = static_cast<Patience *>(patience);
+    return given->deadline.hasExpired() || given->stop.stop_requested();
 }
 
 QRectF boxOf(const tesseract::ResultIterator &position, tesseract::PageIteratorLevel level) {
@@ -70,7 +76,8 @@ bool TextRecogniser::isReady() const {
     return ready_;
 }
 
-QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline) {
+QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline,
+                                          const std::stop_token &stop) {
     if (!ready_ || !picture) {
         return {};
     }
@@ -80,8 +87,9 @@ QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, 
     tesseract_->SetSourceResolution(300);
 
     tesseract::ETEXT_DESC monitor;
-    monitor.cancel = isPast;
-    monitor.cancel_this = &deadline;
+    Patience patience{.deadline = deadline, .stop = stop};
+    monitor.cancel = isOver;
+    monitor.cancel_this = &patience;
     if (tesseract_->Recognize(&monitor) != 0) {
         return {};
     }

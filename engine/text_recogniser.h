@@ -6,6 +6,7 @@
 #include <QDeadlineTimer>
 
 #include <memory>
+#include <stop_token>
 
 namespace tesseract {
 class TessBaseAPI;
@@ -22,9 +23,10 @@ public:
     // False when the language data is missing; nothing can be recognised then.
     bool isReady() const;
 
-    // The lines of `picture`, from top to bottom, boxes in its pixels. None when `deadline` passes first:
-    // Tesseract gives a page whole or not at all.
-    QList<TextLine> recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline);
+    // The lines of `picture`, from top to bottom, boxes in its pixels. None when `deadline` passes or
+    // `stop` is requested first: Tesseract gives a page whole or not at all.
+    QList<TextLine> recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline,
+                              const std::stop_token &stop = {});
 
 private:
     std::unique_ptr<tesseract::TessBaseAPI> tesseract_;

@@ -1,15 +1,29 @@
 #include "engine_process.h"
 
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QNetworkReply>
 #include <QRegularExpression>
 #include <QSignalSpy>
+#include <QTcpSocket>
 
+#include <algorithm>
 #include <memory>
 
 namespace fennick {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray contents(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
 
 EngineProcess::EngineProcess() {
     process_.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
@@ -29,6 +43,24 @@ bool EngineProcess::isRunning() const {
     return port_ != 0 && process_.state() == QProcess::Running;
 }
 
+qsizetype EngineProcess::connections() const {
+    const QDir files(u"/proc/%1/fd"_s.arg(process_.processId()));
+    const QStringList names = files.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+    const auto sockets = std::ranges::count_if(names, [&files](const QString &name) {
+        return QFile::symLinkTarget(files.filePath(name)).contains(u"socket:"_s);
+    });
+    return sockets - 1; // the one that listens
+}
+
+std::optional<int> EngineProcess::peakMemory() const {
+    const QString folder = u"/proc/%1/"_s.arg(process_.processId());
+    if (contents(folder + u"maps"_s).contains("libasan")) {
+        return std::nullopt;
+    }
+    static const QRegularExpression line(uR"(VmHWM:\s*(\d+) kB)"_s);
+    return line.match(QString::fromUtf8(contents(folder + u"status"_s))).captured(1).toInt() / 1024;
+}
+
 QString EngineProcess::generatePath() const {
     return u"/v1beta/models/gemini-2.5-flash:generateContent?key=any"_s;
 }
@@ -43,6 +75,27 @@ QNetworkReply *EngineProcess::send(const QByteArray &method, const QString &path
 HttpAnswer EngineProcess::answerTo(const QByteArray &method, const QString &pathAndQuery,
                                    const QByteArray &body) {
     return finished(send(method, pathAndQuery, body));
+}
+
+QByteArray EngineProcess::rawAnswerTo(const QByteArray &request) const {
+    QTcpSocket socket;
+    socket.connectToHost(u"127.0.0.1"_s, port_);
+    socket.write(request);
+    while (socket.state() != QAbstractSocket::UnconnectedState && socket.waitForDisconnected(60'000)) {
+    }
+    return socket.readAll();
+}
+
+QJsonObject bodyOf(const QByteArray &rawAnswer) {
+    return QJsonDocument::fromJson(rawAnswer.mid(rawAnswer.indexOf("\r\n\r\n") + 4)).object();
+}
+
+QByteArray requestFor(const QByteArray &document, const QString &mimeType) {
+    const QJsonObject data{{u"mimeType"_s, mimeType}, {u"data"_s, QString::fromLatin1(document.toBase64())}};
+    const QJsonArray parts{QJsonObject{{u"text"_s, u"Read this receipt."_s}},
+                           QJsonObject{{u"inlineData"_s, data}}};
+    return QJsonDocument(QJsonObject{{u"contents"_s, QJsonArray{QJsonObject{{u"parts"_s, parts}}}}})
+        .toJson(QJsonDocument::Compact);
 }
 
 HttpAnswer finished(QNetworkReply *reply) {

@@ -6,6 +6,8 @@
 #include <QProcess>
 #include <QString>
 
+#include <optional>
+
 namespace fennick {
 
 struct HttpAnswer {
@@ -21,18 +23,30 @@ public:
 
     bool isRunning() const;
     quint16 port() const { return port_; }
+    // How many callers it has accepted and not yet let go.
+    qsizetype connections() const;
+    // The most memory it has held so far, in MB; nothing for a build with sanitizers, which hold much more.
+    std::optional<int> peakMemory() const;
 
     // The address of generateContent with a key.
     QString generatePath() const;
 
     QNetworkReply *send(const QByteArray &method, const QString &pathAndQuery, const QByteArray &body);
     HttpAnswer answerTo(const QByteArray &method, const QString &pathAndQuery, const QByteArray &body);
+    // Sends `request` as it is; what comes back until the connection is closed.
+    QByteArray rawAnswerTo(const QByteArray &request) const;
 
 private:
     QProcess process_;
     QNetworkAccessManager network_;
     quint16 port_ = 0;
 };
+
+// The JSON of an answer as it came.
+QJsonObject bodyOf(const QByteArray &rawAnswer);
+
+// The body of a generateContent request.
+QByteArray requestFor(const QByteArray &document, const QString &mimeType);
 
 // Waits until `reply` is finished and takes it apart.
 HttpAnswer finished(QNetworkReply *reply);

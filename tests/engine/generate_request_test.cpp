@@ -55,6 +55,9 @@ private Q_SLOTS:
         QCOMPARE(transportError(413).code, 413);
         QVERIFY(transportError(413).message.contains(u"64 MiB"));
         QCOMPARE(transportError(400).status, u"INVALID_ARGUMENT"_s);
+        QCOMPARE(transportError(403).code, 403);
+        QCOMPARE(transportError(403).status, u"PERMISSION_DENIED"_s);
+        QVERIFY(transportError(415).message.contains(u"application/json"));
     }
 
     void wantsAKey() {

@@ -9,16 +9,30 @@
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 class HttpConnectionTest : public QObject {
     Q_OBJECT
 
     static constexpr qsizetype largestBody_ = 100'000;
+    static constexpr ConnectionLimits limits_{
+        .largestBody = largestBody_, .headTime = 2s, .bodyTime = 2s, .answerTime = 2s};
     QTcpServer listener_;
     std::unique_ptr<QTcpSocket> caller_;
     QPointer<HttpConnection> connection_;
+    std::unique_ptr<QSignalSpy> announced_;
     std::unique_ptr<QSignalSpy> received_;
     std::unique_ptr<QSignalSpy> refused_;
+
+    QByteArray head(const QByteArray &method, const QByteArray &path, const QByteArray &more = {}) {
+        return method + ' ' + path +
+               " HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(listener_.serverPort()) +
+               "\r\nContent-Type: application/json\r\n" + more + "\r\n";
+    }
+
+    QByteArray post(qsizetype length, const QByteArray &more = {}) {
+        return head("POST", "/", "Content-Length: " + QByteArray::number(length) + "\r\n" + more);
+    }
 
 private Q_SLOTS:
     void initTestCase() { QVERIFY(listener_.listen(QHostAddress::LocalHost)); }
@@ -27,7 +41,9 @@ private Q_SLOTS:
         caller_ = std::make_unique<QTcpSocket>();
         caller_->connectToHost(QHostAddress(QHostAddress::LocalHost), listener_.serverPort());
         QVERIFY(listener_.waitForNewConnection(10'000));
-        connection_ = new HttpConnection(listener_.nextPendingConnection(), largestBody_, this);
+        connection_ = new HttpConnection(listener_.nextPendingConnection(), limits_, this);
+        announced_ = std::make_unique<QSignalSpy>(connection_, &HttpConnection::announced);
+        connect(connection_, &HttpConnection::announced, connection_, &HttpConnection::takeBody);
         received_ = std::make_unique<QSignalSpy>(connection_, &HttpConnection::received);
         refused_ = std::make_unique<QSignalSpy>(connection_, &HttpConnection::refused);
         QTRY_COMPARE(caller_->state(), QAbstractSocket::ConnectedState);
@@ -39,7 +55,7 @@ private Q_SLOTS:
     }
 
     void givesTheRequest() {
-        caller_->write("POST /path?key=1 HTTP/1.1\r\nContent-Length: 5\r\n\r\nhello");
+        caller_->write(head("POST", "/path?key=1", "Content-Length: 5\r\n") + "hello");
         QTRY_COMPARE(received_->count(), 1);
         QCOMPARE(received_->at(0).at(0).toByteArray(), QByteArray("POST"));
         QCOMPARE(received_->at(0).at(1).toUrl().path(), u"/path"_s);
@@ -47,7 +63,7 @@ private Q_SLOTS:
     }
 
     void putsPiecesTogether() {
-        const QByteArray request = "POST / HTTP/1.1\r\nContent-Length: 5\r\n\r\nhello";
+        const QByteArray request = post(5) + "hello";
         for (const char byte : request) {
             caller_->write(QByteArray(1, byte));
             QVERIFY(caller_->waitForBytesWritten());
@@ -58,13 +74,13 @@ private Q_SLOTS:
     }
 
     void takesTheLargestBody() {
-        caller_->write("POST / HTTP/1.1\r\nContent-Length: 100000\r\n\r\n" + QByteArray(largestBody_, 'x'));
+        caller_->write(post(largestBody_) + QByteArray(largestBody_, 'x'));
         QTRY_COMPARE(received_->count(), 1);
         QCOMPARE(received_->at(0).at(2).toByteArray().size(), largestBody_);
     }
 
     void refusesALargerOneAfterItsEnd() {
-        caller_->write("POST / HTTP/1.1\r\nContent-Length: 100001\r\n\r\n" + QByteArray(largestBody_, 'x'));
+        caller_->write(post(largestBody_ + 1) + QByteArray(largestBody_, 'x'));
         QVERIFY(!refused_->wait(100));
         caller_->write("x");
         QTRY_COMPARE(refused_->count(), 1);
@@ -84,8 +100,53 @@ private Q_SLOTS:
         QCOMPARE(refused_->at(0).at(0).toInt(), 400);
     }
 
+    void refusesWhatAPageCouldForge() {
+        caller_->write(post(5, "Origin: http://evil.example\r\n") + "hello");
+        QTRY_COMPARE(refused_->count(), 1);
+        QCOMPARE(refused_->at(0).at(0).toInt(), 403);
+        QCOMPARE(announced_->count(), 0);
+    }
+
+    void refusesAtOnceWhenTheCallerWaits() {
+        caller_->write(post(largestBody_ + 1, "Expect: 100-continue\r\n"));
+        QTRY_COMPARE(refused_->count(), 1);
+        QCOMPARE(refused_->at(0).at(0).toInt(), 413);
+    }
+
+    void leavesTheBodyUntilItIsWanted() {
+        disconnect(connection_, &HttpConnection::announced, connection_, &HttpConnection::takeBody);
+        caller_->write(post(largestBody_) + QByteArray(largestBody_, 'x'));
+        QTRY_COMPARE(announced_->count(), 1);
+        QCOMPARE(announced_->at(0).at(0).value<qsizetype>(), largestBody_);
+        // The time of those who wait their turn does not run.
+        QVERIFY(!received_->wait(2500));
+        QVERIFY(connection_);
+        connection_->takeBody();
+        QTRY_COMPARE(received_->count(), 1);
+        QCOMPARE(received_->at(0).at(2).toByteArray(), QByteArray(largestBody_, 'x'));
+    }
+
+    void cutsASlowHead() {
+        const QByteArray slow = head("GET", "/");
+        qsizetype sent = 0;
+        QTimer drip;
+        connect(&drip, &QTimer::timeout, this, [&] { caller_->write(slow.mid(sent++, 1)); });
+        drip.start(150ms); // each byte would renew the patience of one who only minds silence
+        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), 5000);
+        QVERIFY(sent > 5 && sent < slow.size());
+    }
+
+    void cutsASlowBody() {
+        caller_->write(post(1000));
+        QTimer drip;
+        connect(&drip, &QTimer::timeout, this, [&] { caller_->write("x"); });
+        drip.start(150ms);
+        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), 5000);
+        QCOMPARE(received_->count(), 0);
+    }
+
     void asksForTheBodyWhenTheCallerWaits() {
-        caller_->write("POST / HTTP/1.1\r\nContent-Length: 5\r\nExpect: 100-continue\r\n\r\n");
+        caller_->write(post(5, "Expect: 100-continue\r\n"));
         QTRY_COMPARE(caller_->bytesAvailable(), 25);
         QCOMPARE(caller_->readAll(), QByteArray("HTTP/1.1 100 Continue\r\n\r\n"));
         caller_->write("hello");
@@ -93,7 +154,7 @@ private Q_SLOTS:
     }
 
     void answersAndCloses() {
-        caller_->write("GET / HTTP/1.1\r\n\r\n");
+        caller_->write(head("GET", "/"));
         QTRY_COMPARE(received_->count(), 1);
         connection_->answer(404, "{\"a\":1}");
         QTRY_COMPARE(caller_->state(), QAbstractSocket::UnconnectedState);
@@ -105,14 +166,14 @@ private Q_SLOTS:
     }
 
     void servesOneRequestOnly() {
-        caller_->write("GET /1 HTTP/1.1\r\n\r\nGET /2 HTTP/1.1\r\n\r\n");
+        caller_->write(head("GET", "/1") + head("GET", "/2"));
         QTRY_COMPARE(received_->count(), 1);
         QVERIFY(!received_->wait(100));
         QCOMPARE(received_->at(0).at(1).toUrl().path(), u"/1"_s);
     }
 
     void endsWithItsCaller() {
-        caller_->write("POST / HTTP/1.1\r\nContent-Length: 5\r\n\r\nhe");
+        caller_->write(post(5) + "he");
         caller_->disconnectFromHost();
         QTRY_VERIFY(connection_.isNull());
         QCOMPARE(received_->count(), 0);

@@ -1,13 +1,12 @@
-#include "engine/generate_request.h"
 #include "engine_process.h"
 #include "sample_table.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QNetworkInterface>
-#include <QNetworkReply>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -16,14 +15,6 @@ using namespace fennick;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray requestFor(const QByteArray &document, const QString &mimeType) {
-    const QJsonObject data{{u"mimeType"_s, mimeType}, {u"data"_s, QString::fromLatin1(document.toBase64())}};
-    const QJsonArray parts{QJsonObject{{u"text"_s, u"Read this receipt."_s}},
-                           QJsonObject{{u"inlineData"_s, data}}};
-    return QJsonDocument(QJsonObject{{u"contents"_s, QJsonArray{QJsonObject{{u"parts"_s, parts}}}}})
-        .toJson(QJsonDocument::Compact);
-}
 
 QByteArray requestForSample(const QString &file) {
     return requestFor(sampleBytes(file), sampleType(file));
@@ -87,17 +78,6 @@ private Q_SLOTS:
         QCOMPARE(found, facts);
     }
 
-    void answersSeveralAtOnce() {
-        QList<QNetworkReply *> replies;
-        for (int index = 0; index < 6; ++index)
-            replies.append(engine_->send("POST", engine_->generatePath(),
-                                         requestForSample(index % 2 ? u"parking.png"_s : u"invoice.pdf"_s)));
-        for (qsizetype index = 0; index < replies.size(); ++index) {
-            QCOMPARE(fieldsOf(finished(replies[index])).value("amount"_L1).toDouble(),
-                     index % 2 ? 6.5 : 486.4);
-        }
-    }
-
     void wantsAKey() {
         for (const QString &query : {QString(), u"?key="_s, u"?other=1"_s}) {
             const HttpAnswer answer = engine_->answerTo("POST", u"/v1beta/models/m:generateContent"_s + query,
@@ -153,31 +133,6 @@ private Q_SLOTS:
         QCOMPARE(fieldsOf(answer).value("amount"_L1).toDouble(), 6.5);
     }
 
-    void refusesATooLargeRequest() {
-        const HttpAnswer answer =
-            engine_->answerTo("POST", engine_->generatePath(), QByteArray(largestRequest + 1, ' '));
-        QCOMPARE(answer.status, 413);
-        QCOMPARE(answer.body.value("error"_L1).toObject().value("code"_L1).toInt(), 413);
-    }
-
-    void outlivesCallersThatHangUp() {
-        const QByteArray body = requestForSample(u"scan0001.pdf"_s);
-        for (int index = 0; index < 4; ++index) {
-            QTcpSocket socket;
-            socket.connectToHost(u"127.0.0.1"_s, engine_->port());
-            QVERIFY(socket.waitForConnected());
-            socket.write("POST " + engine_->generatePath().toUtf8() +
-                         " HTTP/1.1\r\nHost: x\r\nContent-Length: " + QByteArray::number(body.size()) +
-                         "\r\n\r\n" + body);
-            while (socket.bytesToWrite() > 0) {
-                QVERIFY(socket.waitForBytesWritten());
-            }
-            socket.abort();
-        }
-        // Waits in the same queue, so the abandoned ones are through when it is answered.
-        QCOMPARE(engine_->answerTo("POST", engine_->generatePath(), body).status, 200);
-    }
-
     void outlivesWhatIsNoHttp() {
         QTcpSocket socket;
         socket.connectToHost(u"127.0.0.1"_s, engine_->port());
@@ -196,6 +151,35 @@ private Q_SLOTS:
             socket.connectToHost(address, engine_->port());
             QVERIFY2(!socket.waitForConnected(2000), qPrintable(address.toString()));
         }
+    }
+
+    void endsAtOnceWhenTold() {
+        const QTemporaryDir temporary;
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"TMPDIR"_s, temporary.path());
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
+        QVERIFY(process.waitForReadyRead(20'000));
+        const quint16 port = process.readAllStandardOutput().trimmed().split(':').last().toUShort();
+
+        // In the middle of its work.
+        const QByteArray body = requestForSample(u"scan0001.pdf"_s);
+        QTcpSocket socket;
+        socket.connectToHost(u"127.0.0.1"_s, port);
+        socket.write("POST " + engine_->generatePath().toUtf8() + " HTTP/1.1\r\nHost: 127.0.0.1:" +
+                     QByteArray::number(port) + "\r\nContent-Type: application/json\r\nContent-Length: " +
+                     QByteArray::number(body.size()) + "\r\n\r\n" + body);
+        while (socket.bytesToWrite() > 0) {
+            QVERIFY(socket.waitForBytesWritten());
+        }
+        QVERIFY(!socket.waitForReadyRead(100));
+        process.terminate();
+        QVERIFY(process.waitForFinished(1000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY(process.readAllStandardError().isEmpty());
+        QVERIFY(QDir(temporary.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     }
 
     void saysWhenThePortIsTaken() {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+
+// Small files that would grow to hundreds of megabytes in a reader that trusts them.
+namespace fennick {
+
+// A whole PNG, RGBA, every pixel of it zero.
+QByteArray blankPng(int width, int height);
+// A few bytes whose header says so many pixels.
+QByteArray pngClaiming(quint32 width, quint32 height);
+
+// One page whose drawing instructions are `instructions`, packed `times` times.
+QByteArray pdfDrawing(const QByteArray &instructions, int times);
+QByteArray pdfWithPageBox(const QByteArray &box);
+QByteArray pdfWithPages(int count);
+// A PDF whose cross-reference stream, or whose objects' stream, unpacks to `size` bytes.
+QByteArray pdfWithCrossReferences(qsizetype size);
+QByteArray pdfWithObjectStream(qsizetype size);
+
+} // namespace fennick
