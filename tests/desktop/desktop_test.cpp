@@ -1,7 +1,5 @@
-#include "accessible.h"
+#include "desktop_surroundings.h"
 #include "notifier_host.h"
-#include "user_session.h"
-#include "virtual_desktop.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -46,33 +44,24 @@ class DesktopTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        const QStringList missing = VirtualDesktop::missingPrograms();
+        const QStringList missing = DesktopSurroundings::missingPrograms();
         if (!missing.isEmpty()) {
             QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
         }
-        if (!AccessibilityBus::isInstalled()) {
-            QSKIP("Not installed: at-spi2-core");
-        }
-        session_ = std::make_unique<UserSession>();
-        desktop_ = std::make_unique<VirtualDesktop>(session_->home.path(u"desktop"_s));
-        accessibility_ = std::make_unique<AccessibilityBus>();
+        surroundings_ = std::make_unique<DesktopSurroundings>();
     }
 
-    void cleanupTestCase() {
-        accessibility_.reset();
-        desktop_.reset();
-        session_.reset();
-    }
+    void cleanupTestCase() { surroundings_.reset(); }
 
-    void init() { session_->renew(); }
+    void init() { surroundings_->session.renew(); }
 
     void cleanup() {
-        session_->program.kill();
-        desktop_->stopTray();
+        surroundings_->session.program.kill();
+        surroundings_->desktop.stopTray();
     }
 
     void closedWindowHidesInTheTrayAndComesBackOnASecondStart() {
-        desktop_->startTray();
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
         QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
@@ -80,7 +69,7 @@ private Q_SLOTS:
         QVERIFY(secondStartEndsWithSuccess());
         QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
         QCOMPARE(VirtualDesktop::windowCount(mainTitle), 1);
-        QVERIFY(session_->program.isRunning());
+        QVERIFY(surroundings_->session.program.isRunning());
     }
 
     void closedWindowIsMinimisedWithoutATrayAndRestoredByASecondStart() {
@@ -96,10 +85,10 @@ private Q_SLOTS:
     }
 
     void hiddenWindowIsMinimisedWhenItsTrayVanishes() {
-        desktop_->startTray();
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
-        desktop_->stopTray();
+        surroundings_->desktop.stopTray();
         QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::hasState(*mainWindow(), hidden); }));
     }
 
@@ -124,20 +113,20 @@ private Q_SLOTS:
     void quitKeyEndsTheProgramWithTheWindowOpen() {
         QVERIFY(startProgram());
         QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+q"_s));
-        QVERIFY(session_->program.endsWithSuccess());
+        QVERIFY(surroundings_->session.program.endsWithSuccess());
     }
 
     void menuBarModeKeepsTheWindowOutOfTheTaskBar() {
-        session_->setPreference("menuBarMode", "true");
-        desktop_->startTray();
+        surroundings_->session.setPreference("menuBarMode", "true");
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
         QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
     }
 
     void menuBarModeHoldsAfterTheWindowWasHidden() {
-        session_->setPreference("menuBarMode", "true");
-        desktop_->startTray();
+        surroundings_->session.setPreference("menuBarMode", "true");
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
         QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
@@ -147,7 +136,7 @@ private Q_SLOTS:
     }
 
     void menuBarModeSwitchActsAtOnceOnTheOpenWindows() {
-        desktop_->startTray();
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
         const QString window = *mainWindow();
@@ -169,7 +158,7 @@ private Q_SLOTS:
     }
 
     void clickOnTheTrayIconShowsTheWindow() {
-        desktop_->startTray();
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
         VirtualDesktop::click(*VirtualDesktop::trayIcon(), 1);
@@ -177,7 +166,7 @@ private Q_SLOTS:
     }
 
     void trayMenuShowsTheReceipts() {
-        desktop_->startTray();
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
         QVERIFY(openTrayMenu());
@@ -186,12 +175,12 @@ private Q_SLOTS:
     }
 
     void trayMenuQuitsTheProgram() {
-        desktop_->startTray();
+        surroundings_->desktop.startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
         QVERIFY(openTrayMenu());
         VirtualDesktop::pressForMenu({u"Up"_s, u"Return"_s});
-        QVERIFY(session_->program.endsWithSuccess());
+        QVERIFY(surroundings_->session.program.endsWithSuccess());
     }
 
     void menuOfANotifierTrayTellsTheCount_data() {
@@ -205,7 +194,7 @@ private Q_SLOTS:
         QFETCH(int, count);
         QFETCH(QString, text);
         if (count > 0) {
-            writeFile(session_->home.receiptsFile(), listOf(count));
+            writeFile(surroundings_->session.home.receiptsFile(), listOf(count));
         }
         const NotifierHost host;
         QVERIFY(startProgram());
@@ -219,7 +208,7 @@ private Q_SLOTS:
         const NotifierHost host;
         QVERIFY(startProgram());
         QVERIFY(waitFor([&host] { return host.hasIcon(); }));
-        session_->drop(u"a.pdf"_s);
+        surroundings_->session.drop(u"a.pdf"_s);
         QVERIFY(waitFor([&host] { return host.menuTexts().value(1) == u"1 receipts"; }));
     }
 
@@ -234,11 +223,11 @@ private Q_SLOTS:
         QVERIFY(host.choose(u"Settings…"_s));
         QVERIFY(waitFor([] { return VirtualDesktop::window(settingsTitle).has_value(); }));
         QVERIFY(host.choose(u"Quit Fennick"_s));
-        QVERIFY(session_->program.endsWithSuccess());
+        QVERIFY(surroundings_->session.program.endsWithSuccess());
     }
 
     void toolBarAndTableTellTheirRolesAndNames() {
-        writeFile(session_->home.receiptsFile(), listOf(1));
+        writeFile(surroundings_->session.home.receiptsFile(), listOf(1));
         QVERIFY(startProgram());
         const QStringList told = rolesAndNames(mainTitle);
         for (const QString &each :
@@ -269,11 +258,13 @@ private Q_SLOTS:
 private:
     static std::optional<QString> mainWindow() { return VirtualDesktop::window(mainTitle); }
 
-    bool waitFor(const std::function<bool()> &condition) const { return session_->waitFor(condition); }
+    bool waitFor(const std::function<bool()> &condition) const {
+        return surroundings_->session.waitFor(condition);
+    }
 
     // Also waits for the window.
     bool startProgram() {
-        return session_->start() &&
+        return surroundings_->session.start() &&
                waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); });
     }
 
@@ -299,7 +290,7 @@ private:
     }
 
     std::optional<Accessible> element(const QString &window, const QString &role, const QString &name) {
-        const QList<Accessible> all = accessibility_->elements(window);
+        const QList<Accessible> all = surroundings_->accessibility.elements(window);
         const auto found = std::find_if(all.begin(), all.end(), [&](const Accessible &each) {
             return each.role == role && each.name == name;
         });
@@ -308,7 +299,7 @@ private:
 
     QStringList rolesAndNames(const QString &window) const {
         QStringList told;
-        const QList<Accessible> all = accessibility_->elements(window);
+        const QList<Accessible> all = surroundings_->accessibility.elements(window);
         for (const Accessible &each : all) {
             told.append(each.role + u": "_s + each.name);
         }
@@ -317,13 +308,11 @@ private:
 
     bool pressMenuBarModeSwitch() {
         const auto control = element(settingsTitle, u"check box"_s, u"Run in menu bar (hide Dock icon)"_s);
-        return control && accessibility_->grabFocus(*control) &&
+        return control && surroundings_->accessibility.grabFocus(*control) &&
                VirtualDesktop::press(*VirtualDesktop::window(settingsTitle), u"space"_s);
     }
 
-    std::unique_ptr<UserSession> session_;
-    std::unique_ptr<VirtualDesktop> desktop_;
-    std::unique_ptr<AccessibilityBus> accessibility_;
+    std::unique_ptr<DesktopSurroundings> surroundings_;
 };
 
 QTEST_GUILESS_MAIN(DesktopTest)

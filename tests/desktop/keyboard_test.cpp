@@ -1,6 +1,4 @@
-#include "accessible.h"
-#include "user_session.h"
-#include "virtual_desktop.h"
+#include "desktop_surroundings.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -39,34 +37,29 @@ class KeyboardTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        const QStringList missing = VirtualDesktop::missingPrograms();
-        if (!missing.isEmpty() || !AccessibilityBus::isInstalled()) {
+        const QStringList missing = DesktopSurroundings::missingPrograms();
+        if (!missing.isEmpty()) {
             QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
         }
-        session_ = std::make_unique<UserSession>();
-        desktop_ = std::make_unique<VirtualDesktop>(session_->home.path(u"desktop"_s));
-        bus_ = std::make_unique<AccessibilityBus>();
+        surroundings_ = std::make_unique<DesktopSurroundings>();
     }
 
-    void cleanupTestCase() {
-        bus_.reset();
-        desktop_.reset();
-        session_.reset();
-    }
+    void cleanupTestCase() { surroundings_.reset(); }
 
     void init() {
-        session_->renew();
-        writeFile(session_->home.receiptsFile(), listOfOne(session_->path(u"a.pdf"_s)));
-        session_->drop(u"a.pdf"_s);
+        surroundings_->session.renew();
+        writeFile(surroundings_->session.home.receiptsFile(),
+                  listOfOne(surroundings_->session.path(u"a.pdf"_s)));
+        surroundings_->session.drop(u"a.pdf"_s);
         installOpener();
-        session_->program.start(environment_);
+        surroundings_->session.program.start(environment_);
         QVERIFY(waitFor([] {
             const auto window = VirtualDesktop::window(mainTitle);
             return window && VirtualDesktop::isActive(*window);
         }));
     }
 
-    void cleanup() { session_->program.kill(); }
+    void cleanup() { surroundings_->session.program.kill(); }
 
     void tabReachesEveryControlOfTheMainWindow() {
         const QSet<QString> reached = focusedOnTheWayOfTab(mainTitle, 12);
@@ -99,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(isRowFocused());
         press(u"Return"_s);
         QVERIFY(waitFor([this] { return QFile::exists(opened_); }));
-        QCOMPARE(QString::fromUtf8(readFile(opened_)).trimmed(), session_->path(u"a.pdf"_s));
+        QCOMPARE(QString::fromUtf8(readFile(opened_)).trimmed(), surroundings_->session.path(u"a.pdf"_s));
     }
 
     void menuBarIsOpenedByItsKey() {
@@ -121,8 +114,8 @@ private Q_SLOTS:
 private:
     // A program for files that writes down what it was asked to open.
     void installOpener() {
-        const QString folder = session_->home.path(u"bin"_s);
-        opened_ = session_->home.path(u"opened"_s);
+        const QString folder = surroundings_->session.home.path(u"bin"_s);
+        opened_ = surroundings_->session.home.path(u"opened"_s);
         QFile::remove(opened_);
         const QString script = folder + u"/xdg-open"_s;
         writeFile(script, "#!/bin/sh\nprintf '%s' \"$1\" | sed 's,^file://,,' >'" + opened_.toUtf8() + "'\n");
@@ -131,16 +124,18 @@ private:
         environment_.insert(u"PATH"_s, folder + u':' + environment_.value(u"PATH"_s));
     }
 
-    bool waitFor(const std::function<bool()> &condition) const { return session_->waitFor(condition); }
+    bool waitFor(const std::function<bool()> &condition) const {
+        return surroundings_->session.waitFor(condition);
+    }
 
     static void press(const QString &keys) {
         QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(mainTitle), keys));
     }
 
     std::optional<Accessible> focused(const QString &window) const {
-        const QList<Accessible> all = bus_->elements(window);
+        const QList<Accessible> all = surroundings_->accessibility.elements(window);
         const auto found = std::find_if(all.begin(), all.end(), [this](const Accessible &each) {
-            return each.role != u"frame" && bus_->hasFocus(each);
+            return each.role != u"frame" && surroundings_->accessibility.hasFocus(each);
         });
         return found == all.end() ? std::nullopt : std::optional(*found);
     }
@@ -162,9 +157,7 @@ private:
         return reached;
     }
 
-    std::unique_ptr<UserSession> session_;
-    std::unique_ptr<VirtualDesktop> desktop_;
-    std::unique_ptr<AccessibilityBus> bus_;
+    std::unique_ptr<DesktopSurroundings> surroundings_;
     QProcessEnvironment environment_;
     QString opened_;
 };

@@ -1,7 +1,5 @@
-#include "accessible.h"
+#include "desktop_surroundings.h"
 #include "desktop_user.h"
-#include "user_session.h"
-#include "virtual_desktop.h"
 
 #include <QBuffer>
 #include <QDate>
@@ -63,24 +61,18 @@ class UsersHourTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        const QStringList missing = VirtualDesktop::missingPrograms();
-        if (!missing.isEmpty() || !AccessibilityBus::isInstalled()) {
+        const QStringList missing = DesktopSurroundings::missingPrograms();
+        if (!missing.isEmpty()) {
             QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
         }
-        session_ = std::make_unique<UserSession>();
-        desktop_ = std::make_unique<VirtualDesktop>(session_->home.path(u"desktop"_s));
-        bus_ = std::make_unique<AccessibilityBus>();
-        user_ = std::make_unique<DesktopUser>(
-            bus_.get(), [this](const auto &condition) { return session_->waitFor(condition); });
+        surroundings_ = std::make_unique<DesktopSurroundings>();
+        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
+            return surroundings_->session.waitFor(condition);
+        });
         becomeNewUser();
     }
 
-    void cleanupTestCase() {
-        session_->program.kill();
-        bus_.reset();
-        desktop_.reset();
-        session_.reset();
-    }
+    void cleanupTestCase() { surroundings_.reset(); }
 
     // The steps of the hour, each going on where the one before has ended.
 
@@ -93,9 +85,10 @@ private Q_SLOTS:
 
     void folderIsChosen() {
         user_->click(mainWindow, button, u"Choose Folder…"_s);
-        user_->answerFileDialog(u"Choose a Folder"_s, session_->folder());
-        QVERIFY(session_->waitFor([this] { return session_->program.isWatching(session_->folder()); }));
-        user_->waitToSee(mainWindow, u"label"_s, session_->folder());
+        user_->answerFileDialog(u"Choose a Folder"_s, surroundings_->session.folder());
+        QVERIFY(surroundings_->session.waitFor(
+            [this] { return surroundings_->session.program.isWatching(surroundings_->session.folder()); }));
+        user_->waitToSee(mainWindow, u"label"_s, surroundings_->session.folder());
     }
 
     void keyIsSaved() {
@@ -108,28 +101,30 @@ private Q_SLOTS:
         QVERIFY(!user_->sees(mainWindow, u"label"_s, warning));
         QCOMPARE(PrivateSession::lookUpKey(), UserSession::key);
         user_->click(settingsWindow, u"check box"_s, u"Add receipts to Photos"_s); // off
-        QVERIFY(session_->waitFor(
-            [this] { return readFile(session_->home.preferencesFile()).contains("addToPhotos=false"); }));
+        QVERIFY(surroundings_->session.waitFor([this] {
+            return readFile(surroundings_->session.home.preferencesFile()).contains("addToPhotos=false");
+        }));
         outputOf(u"wmctrl"_s, {u"-c"_s, settingsWindow});
         user_->waitUntilGone(settingsWindow);
     }
 
     void twelveReceiptsAreReadAndOneFails() {
         for (int number = 1; number <= 12; ++number) {
-            session_->drop(u"scan %1.png"_s.arg(number), picture(number));
+            surroundings_->session.drop(u"scan %1.png"_s.arg(number), picture(number));
         }
-        QVERIFY(session_->waitFor([this] { return count(u"done"_s) == 11 && count(u"error"_s) == 1; }));
+        QVERIFY(surroundings_->session.waitFor(
+            [this] { return count(u"done"_s) == 11 && count(u"error"_s) == 1; }));
         user_->waitToSee(mainWindow, u"cell"_s, shop(12));
         user_->waitToSee(mainWindow, u"cell"_s, u"Gemini API error: 503"_s);
-        QCOMPARE(session_->files().size(), 12);
+        QCOMPARE(surroundings_->session.files().size(), 12);
     }
 
     void failedReceiptIsRetried() {
         user_->clickCell(mainWindow, u"Gemini API error: 503"_s, 7, secondRowButton);
-        QVERIFY(session_->waitForRows(12, u"done"_s));
+        QVERIFY(surroundings_->session.waitForRows(12, u"done"_s));
         user_->waitToSee(mainWindow, u"cell"_s, shop(7));
-        QVERIFY(session_->files().contains(u"2024-05-07 Lunch - Shop 7 $7.50.png"_s));
-        QCOMPARE(session_->server.requests().size(), 13);
+        QVERIFY(surroundings_->session.files().contains(u"2024-05-07 Lunch - Shop 7 $7.50.png"_s));
+        QCOMPARE(surroundings_->session.server.requests().size(), 13);
     }
 
     void receiptIsAddedToPhotosByHand() {
@@ -141,15 +136,16 @@ private Q_SLOTS:
         outputOf(u"wmctrl"_s, {u"-c"_s, settingsWindow});
         user_->waitUntilGone(settingsWindow);
         user_->clickCell(mainWindow, shop(3), 4, secondRowButton);
-        QVERIFY(session_->waitFor([this] { return filesBelow(session_->home.photoLibrary()) > 0; }));
+        QVERIFY(surroundings_->session.waitFor(
+            [this] { return filesBelow(surroundings_->session.home.photoLibrary()) > 0; }));
         user_->waitToSee(mainWindow, u"cell"_s, u"Added to Photos"_s);
-        const QString album = session_->home.photoLibrary() + u'/' +
-                              QDir(session_->home.photoLibrary()).entryList(QDir::Dirs).last();
+        const QString album = surroundings_->session.home.photoLibrary() + u'/' +
+                              QDir(surroundings_->session.home.photoLibrary()).entryList(QDir::Dirs).last();
         QVERIFY2(QFileInfo::exists(album + u"/2024-05-03 Lunch - Shop 3 $3.50.jpg"_s), qPrintable(album));
     }
 
     void ledgersAreExported() {
-        const QString csv = session_->home.path(u"ledger.csv"_s);
+        const QString csv = surroundings_->session.home.path(u"ledger.csv"_s);
         user_->press(mainWindow, u"ctrl+e"_s);
         user_->answerFileDialog(u"Export Receipts"_s, csv);
         const QList<QByteArray> lines = readFile(csv).split('\n');
@@ -162,7 +158,7 @@ private Q_SLOTS:
                                                           "2024-05-07 Lunch - Shop 7 $7.50.png,done,");
                                }),
                  1);
-        const QString html = session_->home.path(u"ledger.html"_s);
+        const QString html = surroundings_->session.home.path(u"ledger.html"_s);
         user_->press(mainWindow, u"ctrl+shift+e"_s);
         user_->answerFileDialog(u"Export Receipts"_s, html);
         QVERIFY(readFile(html).contains("12 receipts"));
@@ -172,58 +168,60 @@ private Q_SLOTS:
     void batchIsArchivedTwiceOnOneDay() {
         archive();
         for (int number = 13; number <= 15; ++number) {
-            session_->drop(u"scan %1.png"_s.arg(number), picture(number));
+            surroundings_->session.drop(u"scan %1.png"_s.arg(number), picture(number));
         }
-        QVERIFY(session_->waitForRows(3, u"done"_s));
+        QVERIFY(surroundings_->session.waitForRows(3, u"done"_s));
         archive();
         const QString today = QDate::currentDate().toString(Qt::ISODate);
-        const QDir folder(session_->folder() + u"/Receipt Archive/"_s + today);
+        const QDir folder(surroundings_->session.folder() + u"/Receipt Archive/"_s + today);
         QVERIFY(folder.exists(u"receipts-%1.csv"_s.arg(today)));
         QVERIFY(folder.exists(u"receipts-%1 (2).csv"_s.arg(today)));
         QCOMPARE(folder.entryList({u"*.png"_s}, QDir::Files).size(), 15);
-        QCOMPARE(filesBelow(session_->folder()), 17); // 15 receipts and 2 ledgers: none is anywhere else
+        QCOMPARE(filesBelow(surroundings_->session.folder()),
+                 17); // 15 receipts and 2 ledgers: none is anywhere else
     }
 
     void clearedListKeepsTheFiles() {
-        session_->drop(u"scan 16.png"_s, picture(16));
-        session_->drop(u"scan 17.png"_s, picture(17));
-        QVERIFY(session_->waitForRows(2, u"done"_s));
+        surroundings_->session.drop(u"scan 16.png"_s, picture(16));
+        surroundings_->session.drop(u"scan 17.png"_s, picture(17));
+        QVERIFY(surroundings_->session.waitForRows(2, u"done"_s));
         user_->click(mainWindow, button, u"Clear All"_s);
-        QVERIFY(session_->waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 2; }));
+        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 2; }));
         VirtualDesktop::pressForMenu({u"Return"_s}); // the safe answer is the default one
-        QVERIFY(session_->waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 1; }));
-        QCOMPARE(session_->rows().size(), 2);
+        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 1; }));
+        QCOMPARE(surroundings_->session.rows().size(), 2);
         user_->click(mainWindow, button, u"Clear All"_s);
-        QVERIFY(session_->waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 2; }));
+        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 2; }));
         VirtualDesktop::pressForMenu({u"Tab"_s, u"Return"_s});
-        QVERIFY(session_->waitForRows(0, u"done"_s));
+        QVERIFY(surroundings_->session.waitForRows(0, u"done"_s));
         user_->waitToSee(mainWindow, u"label"_s, u"No receipts yet"_s);
-        QCOMPARE(filesBelow(session_->folder()), 19);
+        QCOMPARE(filesBelow(surroundings_->session.folder()), 19);
     }
 
     void nothingComesBackAfterARestart() {
         user_->press(mainWindow, u"ctrl+q"_s);
-        QVERIFY(session_->program.endsWithSuccess());
-        const QMap<QString, QByteArray> files = session_->files();
-        const qsizetype requests = session_->server.requests().size();
+        QVERIFY(surroundings_->session.program.endsWithSuccess());
+        const QMap<QString, QByteArray> files = surroundings_->session.files();
+        const qsizetype requests = surroundings_->session.server.requests().size();
         startProgram();
-        QVERIFY(session_->waitFor([this] { return session_->program.isWatching(session_->folder()); }));
+        QVERIFY(surroundings_->session.waitFor(
+            [this] { return surroundings_->session.program.isWatching(surroundings_->session.folder()); }));
         letTimePass(3000); // longer than the way of a file to its request
-        QVERIFY(session_->rows().isEmpty());
-        QCOMPARE(session_->server.requests().size(), requests);
-        QCOMPARE(session_->files(), files);
-        QVERIFY(session_->end());
+        QVERIFY(surroundings_->session.rows().isEmpty());
+        QCOMPARE(surroundings_->session.server.requests().size(), requests);
+        QCOMPARE(surroundings_->session.files(), files);
+        QVERIFY(surroundings_->session.end());
     }
 
 private:
     // Without preferences other than where the service is, without a key and without leave to use Photos.
     void becomeNewUser() {
-        session_->renew();
-        writeFile(session_->home.preferencesFile(),
-                  "[General]\ngeminiEndpoint=" + session_->server.address().toUtf8() + '\n');
-        QFile::remove(session_->home.permissionsFile());
+        surroundings_->session.renew();
+        writeFile(surroundings_->session.home.preferencesFile(),
+                  "[General]\ngeminiEndpoint=" + surroundings_->session.server.address().toUtf8() + '\n');
+        QFile::remove(surroundings_->session.home.permissionsFile());
         PrivateSession::clearKey();
-        session_->server.setScript([this](const HttpRequest &request) {
+        surroundings_->session.server.setScript([this](const HttpRequest &request) {
             for (int number = 1; number <= 17; ++number) {
                 if (inlineDocument(request) != picture(number)) {
                     continue;
@@ -238,12 +236,12 @@ private:
     }
 
     void startProgram() {
-        session_->program.start();
+        surroundings_->session.program.start();
         user_->waitForWindow(mainWindow);
     }
 
     qsizetype count(const QString &status) const {
-        const QList<QJsonObject> rows = session_->rows();
+        const QList<QJsonObject> rows = surroundings_->session.rows();
         return std::count_if(rows.begin(), rows.end(),
                              [&status](const QJsonObject &row) { return row.value(u"status") == status; });
     }
@@ -251,12 +249,10 @@ private:
     void archive() {
         user_->chooseFromMenu(mainWindow, u"Archive & Clear"_s, 1); // with a CSV ledger
         user_->click(mainWindow, button, u"Export, Archive & Clear"_s);
-        QVERIFY(session_->waitForRows(0, u"done"_s));
+        QVERIFY(surroundings_->session.waitForRows(0, u"done"_s));
     }
 
-    std::unique_ptr<UserSession> session_;
-    std::unique_ptr<VirtualDesktop> desktop_;
-    std::unique_ptr<AccessibilityBus> bus_;
+    std::unique_ptr<DesktopSurroundings> surroundings_;
     std::unique_ptr<DesktopUser> user_;
     bool hasFailed_ = false;
 };
