@@ -42,6 +42,11 @@ void FennickApp::connectWindow() {
         },
         Qt::QueuedConnection);
     connect(&window_, &MainWindow::closeRequested, this, &FennickApp::putMainWindowAway);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
+        if (focused != nullptr && focused == window_.windowHandle()) {
+            isPutAway_ = false;
+        }
+    });
     connect(window_.actions().settings, &QAction::triggered, this, &FennickApp::showSettings);
     connect(window_.actions().quit, &QAction::triggered, this, &FennickApp::terminate);
 }
@@ -78,7 +83,10 @@ void FennickApp::keepReachable() {
 }
 
 void FennickApp::showMainWindow() {
-    if (window_.isMinimized()) {
+    if (window_.isMinimized() || isPutAway_) {
+        // Under Wayland a program is not told of its windows' minimising and cannot undo it: it can only show
+        // them anew.
+        window_.hide();
         window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
     }
     window_.show();
@@ -100,6 +108,7 @@ void FennickApp::putMainWindowAway() {
     } else {
         setActivationPolicy(window_.windowHandle(), ActivationPolicy::regular);
         window_.showMinimized();
+        isPutAway_ = true;
     }
 }
 

@@ -45,6 +45,7 @@ private:
     MenuBarContent menu_;
     QSystemTrayIcon trayIcon_;
     QTimer trayCheck_;
+    bool isPutAway_ = false; // minimised by its close button, until it has the focus again
     QPointer<SettingsView> settingsView_;
 };
 

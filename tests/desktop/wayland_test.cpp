@@ -1,0 +1,104 @@
+#include "desktop_surroundings.h"
+#include "support/conditions.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString compositorTitle = u"Weston Compositor - screen0"_s;
+
+} // namespace
+
+// The program under a Wayland compositor, which lies in a window of the desktop so that keys can be pressed.
+// What the program does with its windows is read from the protocol's own log of messages.
+class WaylandTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        QStringList missing = DesktopSurroundings::missingPrograms();
+        if (QStandardPaths::findExecutable(u"weston"_s).isEmpty()) {
+            missing.append(u"weston"_s);
+        }
+        if (!missing.isEmpty()) {
+            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        }
+        surroundings_ = std::make_unique<DesktopSurroundings>();
+        compositor_.setProcessChannelMode(QProcess::MergedChannels);
+        compositor_.start(u"weston"_s, {u"--backend=x11-backend.so"_s, u"--socket=fennick-test"_s,
+                                        u"--width=1200"_s, u"--height=800"_s, u"--idle-time=0"_s});
+        const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + u"/fennick-test"_s;
+        QVERIFY2(
+            waitUntil([&] { return QFileInfo::exists(socket) && VirtualDesktop::window(compositorTitle); }),
+            compositor_.readAll().constData());
+    }
+
+    void cleanupTestCase() {
+        compositor_.terminate();
+        compositor_.waitForFinished();
+        surroundings_.reset();
+    }
+
+    void init() {
+        surroundings_->session.renew();
+        log_.clear();
+    }
+
+    void cleanup() { surroundings_->session.program.kill(); }
+
+    void closedWindowIsMinimisedAndShownAnewByASecondStart() {
+        surroundings_->session.program.start(environment());
+        QVERIFY(hasSent("get_toplevel", 1));
+        QVERIFY(hasSent("attach", 1)); // it is on the screen
+        QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(compositorTitle), u"ctrl+w"_s));
+        QVERIFY(hasSent("set_minimized", 1));
+        FennickProgram second;
+        second.start(environment());
+        QVERIFY(second.endsWithSuccess());
+        QVERIFY(hasSent("get_toplevel", 2));
+        QVERIFY(surroundings_->session.program.isRunning());
+    }
+
+    void secondStartLeavesAnOpenWindowWhereItIs() {
+        surroundings_->session.program.start(environment());
+        QVERIFY(hasSent("attach", 1));
+        FennickProgram second;
+        second.start(environment());
+        QVERIFY(second.endsWithSuccess());
+        surroundings_->session.drop(u"a.pdf"_s); // by its end, whatever the second start asked for is done
+        QVERIFY(surroundings_->session.waitForRows(1, u"done"_s));
+        QVERIFY(hasSent("get_toplevel", 1));
+        QCOMPARE(log_.count(".get_toplevel("), 1);
+    }
+
+private:
+    static QProcessEnvironment environment() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+        environment.insert(u"WAYLAND_DISPLAY"_s, u"fennick-test"_s);
+        environment.insert(u"WAYLAND_DEBUG"_s, u"client"_s);
+        return environment;
+    }
+
+    // Waits until the program has sent the message at least `count` times.
+    bool hasSent(const QByteArray &message, qsizetype count) {
+        return surroundings_->session.waitFor([&] {
+            log_ += surroundings_->session.program.takeOutput();
+            return log_.count('.' + message + '(') >= count;
+        });
+    }
+
+    std::unique_ptr<DesktopSurroundings> surroundings_;
+    QProcess compositor_;
+    QByteArray log_;
+};
+
+QTEST_GUILESS_MAIN(WaylandTest)
+#include "wayland_test.moc"
