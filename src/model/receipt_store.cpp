@@ -1,12 +1,8 @@
 #include "model/receipt_store.h"
 
+#include "model/data_folder.h"
 #include "model/receipt_json.h"
 #include "text/characters.h"
-
-#include <QDir>
-#include <QFile>
-#include <QSaveFile>
-#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -14,47 +10,17 @@ namespace fennick {
 
 namespace {
 
-constexpr QFile::Permissions privateFile = QFile::ReadOwner | QFile::WriteOwner;
-constexpr QFile::Permissions privateFolder = privateFile | QFile::ExeOwner;
-
 // The order of the list: `left` belongs before `right` when it was taken in later.
 bool isNewer(const Receipt &left, const Receipt &right) {
     return compareScalars(left.scannedAt, right.scannedAt) > 0;
 }
 
-QString madeDataFolder() {
-    const QDir parent(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    const QString folder = parent.filePath(QStringLiteral("Fennick"));
-    parent.mkpath(folder);
-    QFile::setPermissions(folder, privateFolder);
-    return folder;
-}
-
-QByteArray contentOf(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Complete or not at all: a reader never sees half a file.
-void writeAtomically(const QString &path, const QByteArray &content) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    file.setPermissions(privateFile);
-    if (file.write(content) != content.size()) {
-        file.cancelWriting();
-    }
-    file.commit();
-}
-
 } // namespace
 
 ReceiptStore::ReceiptStore(QObject *parent)
-    : QObject(parent) {
-    const QDir folder(madeDataFolder());
-    receiptsPath_ = folder.filePath(QStringLiteral("receipts.json"));
-    ignoredPath_ = folder.filePath(QStringLiteral("ignored.json"));
+    : QObject(parent)
+    , receiptsFile_(dataFolder() + QStringLiteral("/receipts.json"))
+    , ignoredFile_(dataFolder() + QStringLiteral("/ignored.json")) {
     load();
 }
 
@@ -103,29 +69,35 @@ void ReceiptStore::clearAll() {
     receipts_.clear();
     listedPaths_.clear();
     Q_EMIT receiptsChanged(change);
-    saveReceipts();
+    // In this order: killed in between, the program would else find the files of a cleared list unknown, and
+    // scan and pay for them again.
     saveIgnored();
+    saveReceipts();
 }
 
 void ReceiptStore::load() {
-    if (auto receipts = decodeReceipts(contentOf(receiptsPath_))) {
+    if (auto receipts = decodeReceipts(receiptsFile_.content())) {
         std::stable_sort(receipts->begin(), receipts->end(), isNewer);
         receipts_ = *std::move(receipts);
+    } else {
+        receiptsFile_.setDamaged();
     }
     for (const Receipt &receipt : std::as_const(receipts_)) {
         countPath(receipt.filePath, +1);
     }
-    if (auto ignored = decodePaths(contentOf(ignoredPath_))) {
+    if (auto ignored = decodePaths(ignoredFile_.content())) {
         ignored_ = *std::move(ignored);
+    } else {
+        ignoredFile_.setDamaged();
     }
 }
 
-void ReceiptStore::saveReceipts() const {
-    writeAtomically(receiptsPath_, encodeReceipts(receipts_));
+void ReceiptStore::saveReceipts() {
+    receiptsFile_.rewrite(encodeReceipts(receipts_));
 }
 
-void ReceiptStore::saveIgnored() const {
-    writeAtomically(ignoredPath_, encodePaths(ignored_));
+void ReceiptStore::saveIgnored() {
+    ignoredFile_.rewrite(encodePaths(ignored_));
 }
 
 qsizetype ReceiptStore::rowOf(const QString &id) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/receipt.h"
+#include "model/whole_file.h"
 
 #include <QHash>
 #include <QList>
@@ -19,8 +20,9 @@ struct ReceiptsChange {
 
 // The single owner of the list of receipts and of the set of paths that are never taken in again, and the
 // only code that reads or writes "receipts.json" and "ignored.json". Every change is on disk when the
-// operation returns; file errors are swallowed and the list in memory stays as changed. Created once by the
-// application, which owns it; main thread only.
+// operation returns; file errors are swallowed and the list in memory stays as changed. A file that could not
+// be understood is set aside before it is first overwritten. Created once by the application, which owns it;
+// main thread only.
 class ReceiptStore : public QObject {
     Q_OBJECT
 
@@ -53,8 +55,8 @@ Q_SIGNALS:
 
 private:
     void load();
-    void saveReceipts() const;
-    void saveIgnored() const;
+    void saveReceipts();
+    void saveIgnored();
     qsizetype rowOf(const QString &id) const;
     qsizetype sortedRow(qsizetype row, const Receipt &receipt) const;
     void countPath(const QString &path, int difference);
@@ -62,8 +64,8 @@ private:
     QList<Receipt> receipts_;
     QSet<QString> ignored_;
     QHash<QString, int> listedPaths_; // how many receipts have each path, so that hasFilePath need not search
-    QString receiptsPath_;
-    QString ignoredPath_;
+    WholeFile receiptsFile_;
+    WholeFile ignoredFile_;
 };
 
 } // namespace fennick

@@ -22,11 +22,13 @@
 
 namespace fennick {
 
+struct PendingArchive;
+
 // The pipeline's controller: takes files from their arrival in the watched folder to finished receipts and
-// delivers them to the photo library. Intake, scan run and delivery are in files of their own. Created once
-// by the application, which owns it and the two stores for as long as the process lives; main thread only,
-// and several files may be under way at once, each in a task that suspends where it waits. A task that is
-// resumed after the end of this object ends without a trace.
+// delivers them to the photo library. Intake, scan run, delivery, archive and recovery are in files of their
+// own. Created once by the application, which owns it and the two stores for as long as the process lives;
+// main thread only, and several files may be under way at once, each in a task that suspends where it waits.
+// A task that is resumed after the end of this object ends without a trace.
 class AppState : public QObject {
     Q_OBJECT
 
@@ -36,6 +38,12 @@ public:
 
     // The last failure outside a receipt's own scan: delivery to the photo library, archiving.
     const std::optional<QString> &lastError() const { return lastError_; }
+
+    // Recovery --------------------------------------------------------------------------------------------
+
+    // Brings list, files and photo library together again where a run was killed in the middle of something.
+    // Once, before anything else.
+    void recoverFromInterruption();
 
     // Intake ----------------------------------------------------------------------------------------------
 
@@ -111,7 +119,10 @@ private:
     QCoro::Task<Receipt> addToPhotos(Receipt receipt);
     QCoro::Task<> deliverAndUpdate(Receipt receipt);
 
+    void carryOut(const PendingArchive &archive);
+    void resumeArchive();
     static void moveIntoArchive(const QString &path, const QString &folder);
+    void adoptRenamedFile(const Receipt &receipt);
 
     void setLastError(const QString &error);
     static void startTask(QCoro::Task<> task);

@@ -1,4 +1,5 @@
 #include "pipeline/app_state.h"
+#include "pipeline/archive_journal.h"
 #include "platform/file_operations.h"
 #include "text/numbered_name.h"
 #include "text/path_text.h"
@@ -69,8 +70,7 @@ void AppState::archiveAndClear(ExportService::Format format) {
         setLastError(QStringLiteral("No archive location set — choose one in Settings."));
         return;
     }
-    const QList<Receipt> receipts = store_->receipts();
-    if (receipts.isEmpty()) {
+    if (store_->receipts().isEmpty()) {
         return;
     }
     const QString stamp = dateStamp();
@@ -79,14 +79,46 @@ void AppState::archiveAndClear(ExportService::Format format) {
         setLastError(QStringLiteral("Couldn't create archive folder: ") + *problem);
         return;
     }
+    const PendingArchive archive{
+        uniquePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)),
+        format};
+    ArchiveJournal journal;
+    journal.begin(archive);
+    carryOut(archive);
+    journal.end();
+}
+
+// Also what was begun by a program that was killed: then the ledger and some of the files are there already.
+void AppState::carryOut(const PendingArchive &archive) {
     // A ledger that cannot be written does not keep the files from being archived.
-    ExportService::writeLedger(
-        receipts, format,
-        uniquePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)));
-    for (const Receipt &receipt : receipts) {
+    if (!isTaken(archive.ledgerPath)) {
+        ExportService::writeLedger(store_->receipts(), archive.format, archive.ledgerPath);
+    }
+    const QString folder = QFileInfo(archive.ledgerPath).path();
+    for (const Receipt &receipt : store_->receipts()) {
         moveIntoArchive(receipt.filePath, folder);
     }
     store_->clearAll();
+}
+
+// An archive that was cut off is carried through: some of its files are no longer where the list says. When
+// its folder is out of reach, the list stays, and with it what can still be archived.
+void AppState::resumeArchive() {
+    ArchiveJournal journal;
+    const auto archive = journal.pending();
+    if (!archive) {
+        return;
+    }
+    const QString folder = QFileInfo(archive->ledgerPath).path();
+    if (const auto problem = makeFolder(folder)) {
+        setLastError(QStringLiteral("Couldn't create archive folder: ") + *problem);
+    } else {
+        FileOperations::removePartsOfMoves(folder);
+        if (!store_->receipts().isEmpty()) {
+            carryOut(*archive);
+        }
+    }
+    journal.end();
 }
 
 // A file that is missing or cannot be moved is passed over: it stays where it is, and its path is ignored.

@@ -16,4 +16,7 @@ std::expected<void, QString> copyDurably(const QString &source, const QString &t
 // is complete and on the disk. After a failure the source is where it was and nothing is at the target.
 std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target);
 
+// Removes what a move to another file system has left in `folder` when the program was killed in the middle.
+void removePartsOfMoves(const QString &folder);
+
 } // namespace fennick::FileOperations

@@ -1,5 +1,6 @@
 #include "platform/file_operations.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
@@ -14,6 +15,8 @@
 namespace fennick::FileOperations {
 
 namespace {
+
+const QString partPrefix = QStringLiteral(".moving-");
 
 QString systemError(int number) {
     return QString::fromLocal8Bit(std::strerror(number));
@@ -67,8 +70,8 @@ std::expected<void, QString> moveWithoutReplacing(const QString &source, const Q
         return std::unexpected(systemError(error));
     }
     // Under another name first: nobody may take a part of the file for the whole.
-    const QString part = QFileInfo(target).path() + QStringLiteral("/.moving-") +
-                         QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const QString part =
+        QFileInfo(target).path() + u'/' + partPrefix + QUuid::createUuid().toString(QUuid::WithoutBraces);
     if (const auto copied = copyDurably(source, part); !copied) {
         return copied;
     }
@@ -81,6 +84,14 @@ std::expected<void, QString> moveWithoutReplacing(const QString &source, const Q
         return std::unexpected(systemError(EACCES));
     }
     return {};
+}
+
+void removePartsOfMoves(const QString &folder) {
+    const QDir directory(folder);
+    const QStringList parts = directory.entryList({partPrefix + u'*'}, QDir::Files | QDir::Hidden);
+    for (const QString &part : parts) {
+        QFile::remove(directory.filePath(part));
+    }
 }
 
 } // namespace fennick::FileOperations

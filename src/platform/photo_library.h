@@ -32,4 +32,8 @@ struct Additions {
 // cannot be made is no failure: the images are added without one.
 std::expected<void, QString> performChanges(const Additions &additions);
 
+// Takes back what changes have left that never came to their end because the program was killed. Once at the
+// program's start, while no change is being made.
+void undoInterruptedChanges();
+
 } // namespace fennick::PhotoLibrary

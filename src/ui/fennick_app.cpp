@@ -24,6 +24,7 @@ FennickApp::FennickApp()
     , menu_(&store_) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
+    appState_.recoverFromInterruption();
     connectWindow();
     buildTrayIcon();
 }

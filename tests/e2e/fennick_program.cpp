@@ -16,7 +16,6 @@
 namespace fennick::test {
 
 FennickProgram::FennickProgram() {
-    process_.setProgram(QStringLiteral(FENNICK_BIN_DIR "/fennick"));
     process_.setProcessChannelMode(QProcess::MergedChannels);
     process_.setChildProcessModifier([] {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -29,9 +28,12 @@ FennickProgram::~FennickProgram() {
     kill();
 }
 
-void FennickProgram::start(const QProcessEnvironment &environment) {
+void FennickProgram::start(const QProcessEnvironment &environment, const QStringList &wrapper) {
     earlierOutput_ += process_.readAll(); // which a new start would discard
     process_.setProcessEnvironment(environment);
+    const QStringList command = wrapper + QStringList{QStringLiteral(FENNICK_BIN_DIR "/fennick")};
+    process_.setProgram(command.first());
+    process_.setArguments(command.mid(1));
     process_.start();
     if (!process_.waitForStarted()) {
         qFatal("%s: %s", qPrintable(process_.program()), qPrintable(process_.errorString()));

@@ -15,8 +15,10 @@ public:
     FennickProgram(const FennickProgram &) = delete;
     FennickProgram &operator=(const FennickProgram &) = delete;
 
-    // Starts the program, once more after it has ended. Fails the test process when there is none.
-    void start(const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
+    // Starts the program, once more after it has ended. Fails the test process when there is none. `wrapper`
+    // is a command that becomes the program, as "env" does.
+    void start(const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
+               const QStringList &wrapper = {});
 
     bool isRunning() const { return process_.state() != QProcess::NotRunning; }
 

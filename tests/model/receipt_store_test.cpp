@@ -214,6 +214,39 @@ private Q_SLOTS:
         QVERIFY(!ReceiptStore().hasFilePath(QStringLiteral("/w/a.pdf")));
     }
 
+    void listThatWasNotUnderstoodIsKeptBesideTheNewOne() {
+        const QByteArray damaged = R"([{"id": "A", "fileName": "only.pdf", )";
+        writeFile(home_->receiptsFile(), damaged);
+        ReceiptStore store;
+        QCOMPARE(readFile(home_->receiptsFile()), damaged); // starting alone changes nothing
+        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(freshReceipt(QStringLiteral("/w/b.pdf")));
+        const QStringList kept = damagedFiles(QStringLiteral("receipts.json"));
+        QCOMPARE(kept.size(), 1);
+        QCOMPARE(readFile(kept.first()), damaged);
+        QCOMPARE(ReceiptStore().receipts().size(), 2);
+    }
+
+    void ignoredPathsThatWereNotUnderstoodAreKeptBesideTheNewOnes() {
+        writeFile(home_->ignoredFile(), R"(["/w/old.pdf", )");
+        ReceiptStore store;
+        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        QVERIFY(damagedFiles(QStringLiteral("ignored.json")).isEmpty());
+        store.clearAll();
+        const QStringList kept = damagedFiles(QStringLiteral("ignored.json"));
+        QCOMPARE(kept.size(), 1);
+        QCOMPARE(readFile(kept.first()), QByteArray(R"(["/w/old.pdf", )"));
+        QVERIFY(ReceiptStore().hasFilePath(QStringLiteral("/w/a.pdf")));
+    }
+
+    void firstStartKeepsNothingBeside() {
+        ReceiptStore store;
+        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.clearAll();
+        QCOMPARE(QDir(home_->path(QStringLiteral("data/Fennick"))).entryList(QDir::Files),
+                 list({"ignored.json", "receipts.json"}));
+    }
+
     void failedSaveKeepsTheListInMemory() {
         ReceiptStore store;
         QVERIFY(QDir(home_->path(QStringLiteral("data/Fennick"))).removeRecursively());
@@ -238,6 +271,15 @@ private Q_SLOTS:
     }
 
 private:
+    QStringList damagedFiles(const QString &name) const {
+        const QDir folder(home_->path(QStringLiteral("data/Fennick")));
+        QStringList paths;
+        for (const QString &each : folder.entryList({name + QStringLiteral(".damaged-*")}, QDir::Files)) {
+            paths.append(folder.filePath(each));
+        }
+        return paths;
+    }
+
     std::unique_ptr<test::TemporaryHome> home_;
 };
 

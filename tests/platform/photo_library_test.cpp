@@ -1,3 +1,4 @@
+#include "platform/photo_change_linux.h"
 #include "platform/photo_library.h"
 #include "support/temporary_home.h"
 
@@ -77,6 +78,55 @@ private Q_SLOTS:
         QVERIFY(entries().isEmpty());
     }
 
+    void interruptedChangeIsTakenBackByTheNextStart_data() {
+        QTest::addColumn<bool>("isKept");
+        QTest::newRow("before its end") << false;
+        QTest::newRow("right before its end is recorded") << true;
+    }
+    void interruptedChangeIsTakenBackByTheNextStart() {
+        QFETCH(bool, isKept);
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, {}}));
+        PhotoChange change(home_->photoLibrary());
+        QVERIFY(change.stage({image("a.jpg"), image("b.jpg")}));
+        const auto album = change.makeAlbum(QStringLiteral("Trip"));
+        QVERIFY(change.moveInto(*album));
+        QCOMPARE(QDir(*album).entryList(QDir::Files).size(), 2);
+        if (isKept) {
+            change.keep();
+        }
+        PhotoLibrary::undoInterruptedChanges(); // as though the change had stopped here
+        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+    }
+
+    void changeInterruptedBetweenTwoImagesIsTakenBack() {
+        QVERIFY(PhotoLibrary::performChanges({{image("old.jpg")}, {}, QStringLiteral("Trip")}));
+        const QString album = PhotoLibrary::fetchAlbum(QStringLiteral("Trip"))->folder;
+        PhotoChange change(home_->photoLibrary());
+        QVERIFY(change.stage({image("a.jpg"), image("old.jpg"), image("c.jpg")}));
+        QVERIFY(QFile::remove(stagingFolder() + QStringLiteral("/2")));
+        QVERIFY(!change.moveInto(album)); // stops at the third
+        QVERIFY(QFile::exists(album + QStringLiteral("/old (2).jpg")));
+        PhotoLibrary::undoInterruptedChanges();
+        QCOMPARE(QDir(album).entryList(QDir::Files), QStringList{QStringLiteral("old.jpg")});
+        QCOMPARE(entries(), QStringList{QDir(album).dirName()});
+    }
+
+    void imageOfSomebodyElseStaysWhenAChangeIsTakenBack() {
+        PhotoChange change(home_->photoLibrary());
+        QVERIFY(change.stage({image("a.jpg")}));
+        QVERIFY(change.moveInto(home_->photoLibrary()));
+        writeFile(home_->photoLibrary() + QStringLiteral("/a.jpg"), "another picture");
+        PhotoLibrary::undoInterruptedChanges();
+        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+    }
+
+    void finishedChangeIsNotTakenBack() {
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, QStringLiteral("Trip")}));
+        PhotoLibrary::undoInterruptedChanges();
+        QVERIFY(QFile::exists(PhotoLibrary::fetchAlbum(QStringLiteral("Trip"))->folder +
+                              QStringLiteral("/a.jpg")));
+    }
+
     void albumThatCannotBeMadeStillLeavesTheImagesAdded() {
         // 300 characters make no folder name.
         QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, QStringLiteral("x").repeated(300)}));
@@ -93,6 +143,12 @@ private:
         const QString path = home_->path(QStringLiteral("images/") + QString::fromUtf8(name));
         writeFile(path, name);
         return path;
+    }
+
+    QString stagingFolder() const {
+        const QDir library(home_->photoLibrary());
+        return library.filePath(
+            library.entryList({QStringLiteral(".import-*")}, QDir::Dirs | QDir::Hidden).value(0));
     }
 
     QStringList entries() const {

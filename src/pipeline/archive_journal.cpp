@@ -1,0 +1,42 @@
+#include "pipeline/archive_journal.h"
+
+#include "model/data_folder.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace fennick {
+
+namespace {
+
+const QString ledgerKey = QStringLiteral("ledger");
+const QString formatKey = QStringLiteral("format");
+
+} // namespace
+
+ArchiveJournal::ArchiveJournal()
+    : file_(dataFolder() + QStringLiteral("/archiving.json")) {}
+
+std::optional<PendingArchive> ArchiveJournal::pending() const {
+    const QJsonObject journal = QJsonDocument::fromJson(file_.content()).object();
+    const QString ledgerPath = journal.value(ledgerKey).toString();
+    if (!QDir::isAbsolutePath(ledgerPath)) {
+        return std::nullopt;
+    }
+    using ExportService::Format;
+    const bool isHtml = journal.value(formatKey).toString() == ExportService::fileExtension(Format::html);
+    return PendingArchive{ledgerPath, isHtml ? Format::html : Format::csv};
+}
+
+void ArchiveJournal::begin(const PendingArchive &archive) {
+    const QJsonObject journal{{ledgerKey, archive.ledgerPath},
+                              {formatKey, ExportService::fileExtension(archive.format)}};
+    file_.rewrite(QJsonDocument(journal).toJson());
+}
+
+void ArchiveJournal::end() {
+    file_.remove();
+}
+
+} // namespace fennick

@@ -1,0 +1,46 @@
+#include "files/file_renamer.h"
+#include "pipeline/app_state.h"
+#include "platform/photo_library.h"
+#include "text/numbered_name.h"
+#include "text/path_text.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace fennick {
+
+void AppState::recoverFromInterruption() {
+    PhotoLibrary::undoInterruptedChanges();
+    resumeArchive();
+    const QList<Receipt> receipts = store_->receipts();
+    for (const Receipt &receipt : receipts) {
+        if (receipt.status == ReceiptStatus::processing) {
+            failScan(receipt, QStringLiteral("The scan was interrupted. Retry to scan this receipt again."));
+        } else if (receipt.status == ReceiptStatus::done) {
+            adoptRenamedFile(receipt);
+        }
+    }
+}
+
+// The file was renamed and the program killed before the list told so: without this the receipt would lead
+// nowhere, and its file be scanned and paid for once more.
+void AppState::adoptRenamedFile(const Receipt &receipt) {
+    const QString name = FileRenamer::buildNewFileName(receipt);
+    if (name == receipt.fileName || QFileInfo::exists(receipt.filePath)) {
+        return;
+    }
+    const QDir folder(QFileInfo(receipt.filePath).path());
+    QString candidate = name;
+    for (int number = 2; QFileInfo(folder.filePath(candidate)).isFile(); ++number) {
+        if (!store_->hasFilePath(folder.filePath(candidate))) {
+            Receipt adopted = receipt;
+            adopted.fileName = candidate;
+            adopted.filePath = folder.filePath(candidate);
+            store_->update(adopted);
+            return;
+        }
+        candidate = numberedName(nameWithoutExtension(name), pathExtension(name), number);
+    }
+}
+
+} // namespace fennick

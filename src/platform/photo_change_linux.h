@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QFile>
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <expected>
+#include <optional>
+
+namespace fennick {
+
+// The file in an album's folder that holds the album's exact title.
+inline const QString albumTitleFile = QStringLiteral(".album");
+
+// One change of the photo library in the making: images are copied into a hidden folder of the library and
+// moved from there to their places. Until `keep`, its destruction takes back everything; a journal in the
+// hidden folder lets the next start do so when the program is killed. Owned by the operation that makes the
+// change; any thread. Errors are the system's descriptions.
+class PhotoChange {
+public:
+    // Takes back what changes have left in `library` that never came to their end. Only while no change is
+    // being made.
+    static void undoInterrupted(const QString &library);
+
+    explicit PhotoChange(const QString &library);
+    ~PhotoChange();
+    PhotoChange(const PhotoChange &) = delete;
+    PhotoChange &operator=(const PhotoChange &) = delete;
+
+    // Copies the images into the library's own file system, where moving them into place cannot fail halfway
+    // through a file.
+    std::expected<void, QString> stage(const QStringList &imagePaths);
+
+    // A new folder with the title in it, named after the title less the characters that some system refuses;
+    // nothing when it cannot be made.
+    std::optional<QString> makeAlbum(const QString &title);
+
+    // Moves the staged images to where they are seen. A name that is taken gets a number.
+    std::expected<void, QString> moveInto(const QString &folder);
+
+    void keep() { isKept_ = true; }
+
+private:
+    struct StagedImage {
+        QString path; // in the hidden folder
+        QString name; // in the library
+    };
+
+    std::expected<void, QString> moveUnderFreeName(const StagedImage &image, const QString &folder);
+    bool record(const QJsonObject &entry);
+
+    QString library_;
+    QString staging_;
+    QFile journal_;
+    QList<StagedImage> staged_;
+    bool isKept_ = false;
+};
+
+} // namespace fennick

@@ -1,0 +1,192 @@
+#include "pipeline/app_state.h"
+#include "pipeline/archive_journal.h"
+#include "pipeline_under_test.h"
+#include "support/receipts.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+using Format = ExportService::Format;
+
+namespace {
+
+const QString builtName = QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50.pdf");
+const QString interrupted = QStringLiteral("The scan was interrupted. Retry to scan this receipt again.");
+
+} // namespace
+
+// What the program makes, at its start, of what a killed run has left.
+class RecoveryTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        pipeline_ = std::make_unique<PipelineUnderTest>(surroundings_);
+        settings_ = std::make_unique<SettingsStore>();
+        folder_ = settings_->watchFolderPath().value();
+        store_ = std::make_unique<ReceiptStore>();
+        appState_ = std::make_unique<AppState>(store_.get(), settings_.get());
+    }
+    void cleanup() {
+        appState_.reset();
+        store_.reset();
+        settings_.reset();
+        pipeline_.reset();
+    }
+
+    void interruptedScanIsAnErrorThatCanBeRetried() {
+        Receipt receipt = freshReceipt(file("scan.pdf"));
+        receipt.summary = QStringLiteral("From an earlier scan");
+        store_->add(receipt);
+        appState_->recoverFromInterruption();
+        QCOMPARE(only().status, ReceiptStatus::error);
+        QCOMPARE(only().error, interrupted);
+        QCOMPARE(only().summary, receipt.summary);
+        QCOMPARE(ReceiptStore().receipts().first().error, interrupted); // on disk as well
+        appState_->retry(only());
+        QTRY_COMPARE_WITH_TIMEOUT(only().status, ReceiptStatus::done, 20000);
+    }
+
+    void finishedAndFailedScansStayAsTheyAre() {
+        Receipt failed = freshReceipt(file("failed.pdf"));
+        failed.status = ReceiptStatus::error;
+        failed.error = QStringLiteral("Gemini API error: 500");
+        store_->add(failed);
+        store_->add(finishedReceipt(file("done.pdf")));
+        const QList<Receipt> before = store_->receipts();
+        appState_->recoverFromInterruption();
+        QCOMPARE(store_->receipts(), before);
+    }
+
+    void renamedFileIsAdopted() {
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/scan.pdf")));
+        const QString renamed = file(builtName);
+        appState_->recoverFromInterruption();
+        QCOMPARE(only().filePath, renamed);
+        QCOMPARE(only().fileName, builtName);
+        QCOMPARE(only().status, ReceiptStatus::done);
+        QVERIFY(ReceiptStore().hasFilePath(renamed));
+    }
+
+    void renamedFileIsAdoptedUnderItsNumber() {
+        store_->add(finishedReceipt(file(builtName)));
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/scan.pdf")));
+        const QString renamed = file(QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50 (2).pdf"));
+        appState_->recoverFromInterruption();
+        QCOMPARE(store_->receipts().last().filePath, renamed);
+    }
+
+    void fileThatIsListedOrIgnoredIsNotAdopted_data() {
+        QTest::addColumn<bool>("isIgnored");
+        QTest::newRow("listed") << false;
+        QTest::newRow("ignored") << true;
+    }
+    void fileThatIsListedOrIgnoredIsNotAdopted() {
+        QFETCH(bool, isIgnored);
+        store_->add(finishedReceipt(file(builtName)));
+        if (isIgnored) {
+            store_->clearAll();
+        }
+        const QString missing = folder_ + QStringLiteral("/scan.pdf");
+        store_->add(finishedReceipt(missing));
+        appState_->recoverFromInterruption();
+        QCOMPARE(store_->receipts().last().filePath, missing);
+    }
+
+    void fileThatIsStillThereIsNotExchanged() {
+        const QString path = file("scan.pdf");
+        file(builtName);
+        store_->add(finishedReceipt(path));
+        appState_->recoverFromInterruption();
+        QCOMPARE(only().filePath, path);
+    }
+
+    void archiveThatWasCutOffIsCarriedThrough() {
+        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01.csv"));
+        store_->add(finishedReceipt(file("first.pdf")));
+        store_->add(finishedReceipt(file("second.pdf")));
+        const QString expected = ExportService::buildCSV(store_->receipts());
+        ArchiveJournal().begin({ledger, Format::csv});
+        // Killed after the first file.
+        QVERIFY(ExportService::writeLedger(store_->receipts(), Format::csv, ledger));
+        QVERIFY(
+            QFile::rename(folder_ + QStringLiteral("/first.pdf"), archivePath(QStringLiteral("first.pdf"))));
+        writeFile(archivePath(QStringLiteral(".moving-0123")), "half a fi");
+        appState_->recoverFromInterruption();
+        QCOMPARE(archived(),
+                 (QStringList{QStringLiteral("first.pdf"), QStringLiteral("receipts-2024-05-01.csv"),
+                              QStringLiteral("second.pdf")}));
+        QCOMPARE(QString::fromUtf8(readFile(ledger)), expected);
+        QVERIFY(store_->receipts().isEmpty());
+        QVERIFY(store_->hasFilePath(folder_ + QStringLiteral("/first.pdf")));
+        QVERIFY(!ArchiveJournal().pending());
+    }
+
+    void archiveWithoutItsLedgerYetGetsOne() {
+        store_->add(finishedReceipt(file("first.pdf")));
+        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01 (2).html"));
+        ArchiveJournal().begin({ledger, Format::html});
+        appState_->recoverFromInterruption();
+        QVERIFY(readFile(ledger).startsWith("<!doctype html>\n"));
+        QVERIFY(store_->receipts().isEmpty());
+    }
+
+    void archiveThatWasCutOffAfterTheClearingLeavesNewFilesAlone() {
+        ArchiveJournal().begin({archivePath(QStringLiteral("receipts-2024-05-01.csv")), Format::csv});
+        appState_->recoverFromInterruption();
+        QVERIFY(!ArchiveJournal().pending());
+        store_->add(finishedReceipt(file("new.pdf")));
+        appState_->recoverFromInterruption();
+        QCOMPARE(store_->receipts().size(), 1);
+    }
+
+    void archiveOutOfReachKeepsTheList() {
+        const QString place = file("not a folder");
+        store_->add(finishedReceipt(file("first.pdf")));
+        ArchiveJournal().begin({place + QStringLiteral("/2024-05-01/receipts-2024-05-01.csv"), Format::csv});
+        appState_->recoverFromInterruption();
+        QCOMPARE(store_->receipts().size(), 1);
+        QVERIFY(QFileInfo::exists(folder_ + QStringLiteral("/first.pdf")));
+        QVERIFY(appState_->lastError()->startsWith(u"Couldn't create archive folder: "));
+    }
+
+    void finishedArchiveLeavesNoJournal() {
+        store_->add(finishedReceipt(file("first.pdf")));
+        appState_->archiveAndClear(Format::csv);
+        QVERIFY(!ArchiveJournal().pending());
+        QCOMPARE(QDir(surroundings_.home.path(QStringLiteral("data/Fennick"))).entryList(QDir::Files),
+                 (QStringList{QStringLiteral("ignored.json"), QStringLiteral("receipts.json")}));
+    }
+
+private:
+    QString file(const QString &name) const {
+        const QString path = folder_ + u'/' + name;
+        writeFile(path, "a receipt");
+        return path;
+    }
+    QString file(const char *name) const { return file(QString::fromUtf8(name)); }
+
+    const Receipt &only() const { return store_->receipts().at(0); }
+
+    QString archivePath(const QString &name) const {
+        const QString archive = folder_ + QStringLiteral("/Receipt Archive/2024-05-01");
+        QDir().mkpath(archive);
+        return archive + u'/' + name;
+    }
+    QStringList archived() const {
+        return QDir(archivePath(QString())).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    Surroundings surroundings_;
+    std::unique_ptr<PipelineUnderTest> pipeline_; // the surroundings it makes, not its own stores
+    std::unique_ptr<SettingsStore> settings_;
+    std::unique_ptr<ReceiptStore> store_;
+    std::unique_ptr<AppState> appState_;
+    QString folder_;
+};
+
+QTEST_MAIN(RecoveryTest)
+#include "recovery_test.moc"
