@@ -5,11 +5,22 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <filesystem>
+#include <system_error>
+
 namespace fennick {
 
 namespace {
 
 constexpr QFile::Permissions privateFile = QFile::ReadOwner | QFile::WriteOwner;
+
+// Neither needs space nor replaces a file. A second name keeps the first until the new content takes its
+// place; file systems that know no second names have it renamed.
+bool giveName(const QString &path, const QString &name) {
+    std::error_code error;
+    std::filesystem::create_hard_link(path.toStdU16String(), name.toStdU16String(), error);
+    return !error || QFile::rename(path, name);
+}
 
 } // namespace
 
@@ -45,15 +56,11 @@ void WholeFile::remove() {
     QFile::remove(path_);
 }
 
-// By renaming, which needs no space and never replaces a file.
-bool WholeFile::setAside() {
+bool WholeFile::setAside() const {
     const QString moment = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH-mm-ss"));
     const QString name = path_ + QStringLiteral(".damaged-") + moment;
-    if (QFile::rename(path_, name)) {
-        return true;
-    }
-    // Twice within a second.
-    return QFile::exists(name) && QFile::rename(path_, name + QStringLiteral(" (2)"));
+    const QString secondName = name + QStringLiteral(" (2)"); // for another one within a second
+    return giveName(path_, name) || (QFileInfo::exists(name) && giveName(path_, secondName));
 }
 
 } // namespace fennick

@@ -25,7 +25,7 @@ public:
     void remove();
 
 private:
-    bool setAside();
+    bool setAside() const;
 
     QString path_;
     bool isDamaged_ = false;

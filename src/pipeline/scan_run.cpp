@@ -1,6 +1,7 @@
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
-#include "settings/keychain_helper.h"
+
+#include <QCoroFuture>
 
 namespace fennick {
 
@@ -22,12 +23,15 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 } // namespace
 
 QCoro::Task<> AppState::runScan(Receipt receipt) {
-    const QString key = KeychainHelper::apiKey().value_or(QString());
+    const QPointer<AppState> self(this);
+    const QString key = (co_await settings_->storedAPIKey()).value_or(QString());
+    if (!self) {
+        co_return;
+    }
     if (key.isEmpty()) {
         failScan(receipt, QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
         co_return;
     }
-    const QPointer<AppState> self(this);
     const auto result = co_await extract(receipt.filePath, key);
     if (!self) {
         co_return;

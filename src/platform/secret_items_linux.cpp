@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -45,35 +46,38 @@ struct IgnoredError {
     GError *error = nullptr;
 };
 
-// A store that works answers at once; one that asks the user for a password waits for a person.
-constexpr std::chrono::seconds storePatience{5};
+// A store that works answers at once, and one that the system has yet to start within seconds; one that asks
+// the user for a password waits for a person.
+constexpr std::chrono::seconds storePatience{15};
 constexpr std::chrono::seconds personPatience{60};
 
-// Cancels a call that is not answered in time: it would hold up the whole program.
+// Cancels a call that is not answered in time, or no longer wanted.
 class Deadline {
 public:
-    explicit Deadline(std::chrono::seconds patience)
-        : cancellable_(g_cancellable_new())
-        , watch_([this, patience](const std::stop_token &stop) {
+    Deadline(std::chrono::seconds patience, const std::stop_token &stop)
+        : cancellable_(g_cancellable_new(), g_object_unref)
+        , stop_(stop, [this] { g_cancellable_cancel(cancellable_.get()); })
+        , watch_([this, patience](const std::stop_token &answered) {
             std::unique_lock lock(mutex_);
-            if (!ended_.wait_for(lock, stop, patience, [] { return false; }) && !stop.stop_requested()) {
-                g_cancellable_cancel(cancellable_);
+            if (!ended_.wait_for(lock, answered, patience, [] { return false; }) &&
+                !answered.stop_requested()) {
+                g_cancellable_cancel(cancellable_.get());
             }
         }) {}
 
     ~Deadline() {
         watch_.request_stop();
         watch_.join();
-        g_object_unref(cancellable_);
     }
 
     Deadline(const Deadline &) = delete;
     Deadline &operator=(const Deadline &) = delete;
 
-    GCancellable *cancellable() const { return cancellable_; }
+    GCancellable *cancellable() const { return cancellable_.get(); }
 
 private:
-    GCancellable *cancellable_;
+    std::unique_ptr<GCancellable, decltype(&g_object_unref)> cancellable_;
+    std::stop_callback<std::function<void()>> stop_;
     std::mutex mutex_;
     std::condition_variable_any ended_;
     std::jthread watch_;
@@ -81,9 +85,9 @@ private:
 
 using Item = std::unique_ptr<SecretItem, decltype(&g_object_unref)>;
 
-Item findItem(const Attributes &attributes) {
+Item findItem(const Attributes &attributes, const std::stop_token &stop) {
     IgnoredError ignored;
-    const Deadline deadline(storePatience);
+    const Deadline deadline(storePatience, stop);
     GList *const found = secret_service_search_sync(
         nullptr, itemSchema(), attributes.get(), SECRET_SEARCH_NONE, deadline.cancellable(), &ignored.error);
     Item first(found == nullptr ? nullptr : SECRET_ITEM(g_object_ref(found->data)), g_object_unref);
@@ -92,22 +96,23 @@ Item findItem(const Attributes &attributes) {
 }
 
 // Asks the user for the store's password where that is needed.
-bool unlock(SecretItem *item) {
+bool unlock(SecretItem *item, const std::stop_token &stop) {
     IgnoredError ignored;
-    const Deadline deadline(personPatience);
+    const Deadline deadline(personPatience, stop);
     GList items{item, nullptr, nullptr};
     return secret_service_unlock_sync(nullptr, &items, deadline.cancellable(), nullptr, &ignored.error) == 1;
 }
 
 } // namespace
 
-std::optional<QByteArray> copyMatching(const QString &service, const QString &account) {
-    const Item item = findItem(attributesOf(service, account));
-    if (!item || (secret_item_get_locked(item.get()) && !unlock(item.get()))) {
+std::optional<QByteArray> copyMatching(const QString &service, const QString &account,
+                                       const std::stop_token &stop) {
+    const Item item = findItem(attributesOf(service, account), stop);
+    if (!item || (secret_item_get_locked(item.get()) && !unlock(item.get(), stop))) {
         return std::nullopt;
     }
     IgnoredError ignored;
-    const Deadline deadline(storePatience);
+    const Deadline deadline(storePatience, stop);
     if (!secret_item_load_secret_sync(item.get(), deadline.cancellable(), &ignored.error)) {
         return std::nullopt;
     }
@@ -120,20 +125,21 @@ std::optional<QByteArray> copyMatching(const QString &service, const QString &ac
     return QByteArray(bytes, static_cast<qsizetype>(length));
 }
 
-void add(const QString &service, const QString &account, const QByteArray &secret) {
+void add(const QString &service, const QString &account, const QByteArray &secret,
+         const std::stop_token &stop) {
     const Attributes attributes = attributesOf(service, account);
     const Value value(secret_value_new(secret.constData(), secret.size(), "text/plain"), secret_value_unref);
     IgnoredError ignored;
-    const Deadline deadline(personPatience);
+    const Deadline deadline(personPatience, stop);
     secret_password_storev_binary_sync(itemSchema(), attributes.get(), SECRET_COLLECTION_DEFAULT,
                                        "Fennick: Gemini API key", value.get(), deadline.cancellable(),
                                        &ignored.error);
 }
 
-void remove(const QString &service, const QString &account) {
+void remove(const QString &service, const QString &account, const std::stop_token &stop) {
     const Attributes attributes = attributesOf(service, account);
     IgnoredError ignored;
-    const Deadline deadline(personPatience);
+    const Deadline deadline(personPatience, stop);
     secret_password_clearv_sync(itemSchema(), attributes.get(), deadline.cancellable(), &ignored.error);
 }
 

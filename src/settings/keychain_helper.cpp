@@ -14,22 +14,22 @@ const QString account = QStringLiteral("gemini-api-key");
 
 } // namespace
 
-std::optional<QString> apiKey() {
-    const std::optional<QByteArray> bytes = SecretItems::copyMatching(applicationId, account);
+std::optional<QString> apiKey(const std::stop_token &stop) {
+    const std::optional<QByteArray> bytes = SecretItems::copyMatching(applicationId, account, stop);
     if (!bytes || !bytes->isValidUtf8()) {
         return std::nullopt;
     }
     return QString::fromUtf8(*bytes);
 }
 
-void setAPIKey(const QString &key) {
+void setAPIKey(const QString &key, const std::stop_token &stop) {
     // Never updated in place: a store may keep several items of the same attributes.
-    SecretItems::remove(applicationId, account);
-    SecretItems::add(applicationId, account, key.toUtf8());
+    SecretItems::remove(applicationId, account, stop);
+    SecretItems::add(applicationId, account, key.toUtf8(), stop);
 }
 
-void clearAPIKey() {
-    SecretItems::remove(applicationId, account);
+void clearAPIKey(const std::stop_token &stop) {
+    SecretItems::remove(applicationId, account, stop);
 }
 
 } // namespace fennick::KeychainHelper

@@ -1,6 +1,5 @@
 #include "settings/settings_store.h"
 
-#include "settings/keychain_helper.h"
 #include "text/white_space.h"
 
 namespace fennick {
@@ -16,6 +15,9 @@ const QString addToPhotosKey = QStringLiteral("addToPhotos");
 const QString groupIntoAlbumKey = QStringLiteral("groupIntoAlbum");
 const QString defaultModel = QStringLiteral("gemini-2.5-flash");
 
+// A store that works answers well within this; the window shall not wait longer for one that does not.
+constexpr std::chrono::milliseconds promptAnswer{500};
+
 } // namespace
 
 SettingsStore::SettingsStore(QObject *parent)
@@ -26,8 +28,25 @@ SettingsStore::SettingsStore(QObject *parent)
     , openAtLogin_(defaults_.boolean(openAtLoginKey))
     , menuBarMode_(defaults_.boolean(menuBarModeKey))
     , addToPhotos_(booleanOrTrue(addToPhotosKey))
-    , groupIntoAlbum_(booleanOrTrue(groupIntoAlbumKey))
-    , hasAPIKey_(!KeychainHelper::apiKey().value_or(QString()).isEmpty()) {}
+    , groupIntoAlbum_(booleanOrTrue(groupIntoAlbumKey)) {
+    askForAPIKey();
+}
+
+// Its answer may come when a key has been set meanwhile: then that one counts.
+void SettingsStore::askForAPIKey() {
+    QFuture<std::optional<QString>> key = storedKey_.read();
+    storedKey_.wait(promptAnswer);
+    if (key.isFinished()) {
+        hasAPIKey_ = !key.result().value_or(QString()).isEmpty();
+        return;
+    }
+    key.then(this, [this](const std::optional<QString> &late) {
+        if (!isAPIKeySet_) {
+            hasAPIKey_ = !late.value_or(QString()).isEmpty();
+            Q_EMIT changed();
+        }
+    });
+}
 
 void SettingsStore::setWatchFolderPath(const std::optional<QString> &path) {
     watchFolderPath_ = path;
@@ -73,11 +92,9 @@ void SettingsStore::setGroupIntoAlbum(bool enabled) {
 
 void SettingsStore::setAPIKey(const QString &key) {
     const QString trimmed = trimmedOfWhiteSpace(key);
-    if (trimmed.isEmpty()) {
-        KeychainHelper::clearAPIKey();
-    } else {
-        KeychainHelper::setAPIKey(trimmed);
-    }
+    storedKey_.write(trimmed);
+    storedKey_.wait(promptAnswer);
+    isAPIKeySet_ = true;
     hasAPIKey_ = !trimmed.isEmpty();
     Q_EMIT changed();
 }

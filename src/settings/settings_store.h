@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/user_defaults.h"
+#include "settings/stored_key.h"
 
 #include <QObject>
 #include <QString>
@@ -39,8 +40,12 @@ public:
     bool groupIntoAlbum() const { return groupIntoAlbum_; }
     void setGroupIntoAlbum(bool enabled);
 
-    // Follows the text given to setAPIKey, not the secret store's answer to it.
+    // What the secret store held at creation; a store that is slow to tell counts as empty until it does.
+    // Afterwards it follows the text given to setAPIKey, not the store's answer to it.
     bool hasAPIKey() const { return hasAPIKey_; }
+
+    // The stored key once the secret store has told it; absent or empty means none.
+    QFuture<std::optional<QString>> storedAPIKey() { return storedKey_.read(); }
 
     // Stores the trimmed key, or removes the stored one when nothing is left of it.
     void setAPIKey(const QString &key);
@@ -49,6 +54,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void askForAPIKey();
     void storePath(const QString &key, const std::optional<QString> &path);
     bool booleanOrTrue(const QString &key) const;
 
@@ -60,7 +66,9 @@ private:
     bool menuBarMode_;
     bool addToPhotos_;
     bool groupIntoAlbum_;
-    bool hasAPIKey_;
+    bool hasAPIKey_ = false;
+    bool isAPIKeySet_ = false; // by setAPIKey, since the start
+    StoredKey storedKey_;
 };
 
 } // namespace fennick

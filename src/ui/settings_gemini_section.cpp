@@ -1,6 +1,5 @@
 #include "ui/settings_gemini_section.h"
 
-#include "settings/keychain_helper.h"
 #include "settings/settings_store.h"
 #include "ui/caption_label.h"
 #include "ui/rounded_field.h"
@@ -42,7 +41,14 @@ SettingsGeminiSection::SettingsGeminiSection(SettingsStore *settings, QWidget *p
 }
 
 void SettingsGeminiSection::loadKey() {
-    key_->setText(KeychainHelper::apiKey().value_or(QString()));
+    isKeyLoaded_ = false;
+    key_->setModified(false);
+    settings_->storedAPIKey().then(this, [this](const std::optional<QString> &key) {
+        isKeyLoaded_ = true;
+        if (!key_->isModified()) { // by typing, while the secret store took its time
+            key_->setText(key.value_or(QString()));
+        }
+    });
 }
 
 void SettingsGeminiSection::layOut() {
@@ -85,7 +91,10 @@ void SettingsGeminiSection::layOut() {
 }
 
 void SettingsGeminiSection::saveKey() {
-    settings_->setAPIKey(key_->text());
+    // A field that is only waiting for the stored key must not remove it.
+    if (isKeyLoaded_ || key_->isModified()) {
+        settings_->setAPIKey(key_->text());
+    }
     keySaved_->show();
 }
 

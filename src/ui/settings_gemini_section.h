@@ -28,6 +28,7 @@ private:
     QLineEdit *key_;
     CaptionLabel *keySaved_;
     QLineEdit *model_;
+    bool isKeyLoaded_ = false;
 };
 
 } // namespace fennick

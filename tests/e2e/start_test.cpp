@@ -53,6 +53,8 @@ public:
     }
     ~HaltedSecretStore() { kill(process_, SIGCONT); }
 
+    void die() const { kill(process_, SIGKILL); }
+
 private:
     pid_t process_;
 };
@@ -207,7 +209,29 @@ private Q_SLOTS:
     void silentSecretStoreHoldsUpNeitherWindowNorWatch() {
         const HaltedSecretStore halted;
         session_.program.start();
-        QVERIFY(session_.waitFor([this] { return session_.program.isWatching(session_.folder()); }, 10000));
+        QVERIFY(session_.waitFor([this] { return session_.program.isWatching(session_.folder()); }, 4000));
+    }
+
+    void slowSecretStoreIsWaitedFor() {
+        {
+            const HaltedSecretStore halted;
+            QVERIFY(session_.start());
+            session_.drop(u"a.pdf"_s);
+            QVERIFY(session_.waitForRows(1, u"processing"_s));
+        }
+        QVERIFY(waitForFinished(1));
+    }
+
+    void silentSecretStoreDoesNotHoldUpTheEnd() {
+        const HaltedSecretStore halted;
+        QVERIFY(session_.start());
+        session_.drop(u"a.pdf"_s);
+        QVERIFY(session_.waitForRows(1, u"processing"_s));
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(session_.program.terminate());
+        QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(session_.start());
     }
 
     void terminationEndsIt() {
@@ -220,10 +244,21 @@ private Q_SLOTS:
     }
 
     void lockedSecretStoreIsNoKey() {
-        // The last test: the store stays locked. Nobody answers the question for its password here, as on a
-        // desktop without a prompter.
+        // One of the last tests: the store stays locked. Nobody answers the question for its password here,
+        // as on a desktop without a prompter.
         QProcess::execute(u"secret-tool"_s, {u"lock"_s});
         checkWorksWithoutAKey(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+    }
+
+    // As a store that crashes while it is asked.
+    void secretStoreThatDiesIsNoKey() {
+        HaltedSecretStore halted;
+        QVERIFY(session_.start());
+        session_.drop(u"a.pdf"_s);
+        QVERIFY(session_.waitForRows(1, u"processing"_s));
+        halted.die();
+        QVERIFY(session_.waitForRows(1, u"error"_s));
+        QCOMPARE(session_.rows().first().value(u"error").toString(), missingKey);
     }
 
 private:

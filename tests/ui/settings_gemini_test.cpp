@@ -13,16 +13,37 @@ private Q_SLOTS:
         create();
         QCOMPARE(field("apiKey")->text(), QString());
         show();
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("first"));
+        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("first"));
         QVERIFY(!field("apiKey")->displayText().contains(u"first"));
         view_->close();
         PrivateSession::storeKey("second");
         show();
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("second"));
+        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("second"));
         view_->close();
         PrivateSession::clearKey();
         show();
+        QTRY_COMPARE(field("apiKey")->text(), QString());
+    }
+
+    void fieldThatStillWaitsForTheStoredKeyDoesNotRemoveIt() {
+        PrivateSession::storeKey("stored");
+        create();
+        view_->show();
         QCOMPARE(field("apiKey")->text(), QString());
+        click(button("saveKey"));
+        QCOMPARE(PrivateSession::lookUpKey(), "stored");
+        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("stored"));
+    }
+
+    void keyThatIsBeingTypedIsNotReplacedByTheStoredOne() {
+        PrivateSession::storeKey("stored");
+        create();
+        view_->show();
+        field("apiKey")->insert(QStringLiteral("typed"));
+        field("apiKey")->setModified(true);
+        QCOMPARE(settings_->storedAPIKey().result(), QStringLiteral("stored")); // asked after the window has
+        QTest::qWait(0);
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("typed"));
     }
 
     void keyIsStoredByTheButtonOnly() {
@@ -65,6 +86,7 @@ private Q_SLOTS:
         create();
         show();
         QVERIFY(settings_->hasAPIKey());
+        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("stored"));
         type(field("apiKey"), text);
         click(button("saveKey"));
         QCOMPARE(PrivateSession::keyCount(), 0);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QFuture>
+#include <QString>
+#include <QThreadPool>
+
+#include <chrono>
+#include <optional>
+#include <stop_token>
+
+namespace fennick {
+
+// The API key in the secret store for the main thread, which must not wait for a store that is slow or asks
+// the user for a password: reads and writes are carried out in the order given on a thread of its own. Owned
+// by SettingsStore; its end gives up what is still under way.
+class StoredKey {
+public:
+    StoredKey();
+    ~StoredKey();
+    StoredKey(const StoredKey &) = delete;
+    StoredKey &operator=(const StoredKey &) = delete;
+
+    // As KeychainHelper::apiKey.
+    QFuture<std::optional<QString>> read();
+
+    // An empty key removes the stored one.
+    void write(const QString &key);
+
+    // Returns as soon as nothing is under way any more, at the latest after `patience`.
+    void wait(std::chrono::milliseconds patience);
+
+private:
+    std::stop_source end_;
+    QThreadPool thread_;
+};
+
+} // namespace fennick
