@@ -136,6 +136,13 @@ private Q_SLOTS:
                  QStringLiteral("Undated Misc (2)"));
     }
 
+    void percentSignsInANameAreNoPlacesForTheNumber() {
+        const QString name = QStringLiteral("Undated Misc - 10%1 off%2.pdf");
+        writeFile(path(name), "first");
+        QCOMPARE(FileRenamer::pickAvailableName(folder_->path(), name),
+                 QStringLiteral("Undated Misc - 10%1 off%2 (2).pdf"));
+    }
+
     void fileThatHasItsNameIsLeftAlone() {
         const auto first = FileRenamer::rename(receiptOf("a.pdf"));
         QVERIFY(!FileRenamer::rename(finishedReceipt(first->filePath)));
