@@ -33,6 +33,18 @@ target_compile_definitions(
             QT_NO_FOREACH
             QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+# What users run ends rather than goes on with a buffer, a stack or a container that was run over.
+# scripts/check_hardening looks for the traces of this in the programs.
+target_compile_options(
+  fennick_compile_options
+  INTERFACE $<$<CONFIG:Release>:-U_FORTIFY_SOURCE
+            -D_FORTIFY_SOURCE=3
+            -D_GLIBCXX_ASSERTIONS
+            -fstack-protector-strong
+            -fstack-clash-protection>)
+target_link_options(fennick_compile_options INTERFACE -pie LINKER:-z,relro LINKER:-z,now
+                    LINKER:-z,noexecstack)
+
 # fennick_room(<name> SOURCES <file>... [LINKS <target>...] [PRIVATE_LINKS <target>...])
 function(fennick_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})

@@ -1,5 +1,6 @@
 #include "extraction/gemini_client.h"
 
+#include "extraction/answer_guard.h"
 #include "extraction/gemini_answer.h"
 #include "extraction/gemini_request.h"
 
@@ -48,7 +49,9 @@ QString transportDescription(const QNetworkReply &reply) {
     if (reply.error() == QNetworkReply::OperationCanceledError) {
         return QStringLiteral("The request timed out.");
     }
-    return reply.errorString();
+    // The library announces a reason and gives none when a compressed answer is damaged.
+    const QString description = reply.errorString();
+    return description.endsWith(u": ") ? description.chopped(2) : description;
 }
 
 // A key of a few characters also stands in ordinary words, and is none that a service gives out.
@@ -77,7 +80,10 @@ Result withoutKey(std::expected<GeminiReceiptData, GeminiError> answer, const QS
     return *answer;
 }
 
-Result resultOf(QNetworkReply &reply, const QString &apiKey) {
+Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &apiKey) {
+    if (guard.violation()) {
+        return std::unexpected(ScanError(TransportError{*guard.violation()}));
+    }
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const bool isErrorStatus = status.isValid() && (status.toInt() < 200 || status.toInt() > 299);
     if (reply.error() != QNetworkReply::NoError && !isErrorStatus) {
@@ -105,8 +111,9 @@ QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QStrin
     // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
     const SessionPointer session(new QNetworkAccessManager);
     const ReplyPointer reply(session->post(request(*url), *body));
+    const AnswerGuard guard(*reply);
     co_await qCoro(reply.get()).waitForFinished();
-    co_return resultOf(*reply, apiKey);
+    co_return resultOf(*reply, guard, apiKey);
 }
 
 void prepare() {

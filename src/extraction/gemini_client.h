@@ -14,8 +14,8 @@
 namespace fennick::GeminiClient {
 
 // Sends the whole file with the instruction to the service at this address and awaits its answer; fails after
-// 60 seconds without progress. Never blocks the calling thread: reading and encoding the file happen on a
-// worker thread. The key stays out of every error text.
+// 60 seconds without progress, and when the answer goes beyond AnswerLimits. Never blocks the calling thread:
+// reading and encoding the file happen on a worker thread. The key stays out of every error text.
 QCoro::Task<std::expected<GeminiReceiptData, ScanError>>
 scan(QString filePath, QString apiKey, QString model, QString serviceAddress = configuredServiceAddress());
 

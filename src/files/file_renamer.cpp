@@ -1,5 +1,6 @@
 #include "files/file_renamer.h"
 
+#include "platform/file_operations.h"
 #include "text/characters.h"
 #include "text/number_text.h"
 #include "text/numbered_name.h"
@@ -8,7 +9,6 @@
 #include "text/white_space.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QStringList>
@@ -25,6 +25,12 @@ bool isTaken(const QString &path) {
     return file.exists() || file.isSymLink();
 }
 
+// The system takes a null character for a name's end, and would give the file another name than the wanted
+// one.
+bool isPossible(const QString &name) {
+    return !name.contains(QChar(QChar::Null));
+}
+
 } // namespace
 
 std::optional<RenamedFile> rename(const Receipt &receipt) {
@@ -36,7 +42,11 @@ std::optional<RenamedFile> rename(const Receipt &receipt) {
     const QDir folder(oldFile.path());
     const QString name = pickAvailableName(folder.path(), desired);
     const QString newPath = folder.filePath(name);
-    if (newPath == receipt.filePath || !QFile::rename(receipt.filePath, newPath)) {
+    if (newPath == receipt.filePath || !isPossible(name)) {
+        return std::nullopt;
+    }
+    // Not QFile::rename(), which copies over a file that has come to have the name in the meantime.
+    if (!FileOperations::moveWithoutReplacing(receipt.filePath, newPath)) {
         return std::nullopt;
     }
     return RenamedFile{name, newPath};

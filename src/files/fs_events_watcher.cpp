@@ -7,6 +7,7 @@ namespace fennick {
 namespace {
 
 constexpr std::chrono::milliseconds latency{300};
+constexpr std::chrono::seconds relisting{60};
 
 } // namespace
 
@@ -16,7 +17,7 @@ FSEventsWatcher::FSEventsWatcher(QString path, OnPaths onPaths)
 
 void FSEventsWatcher::start() {
     stream_.reset(); // never two streams at once
-    stream_ = FileEventStream::create(path_, latency, applicationId + QStringLiteral(".fsevents"),
+    stream_ = FileEventStream::create(path_, latency, relisting, applicationId + QStringLiteral(".fsevents"),
                                       [this](const QList<FileEvent> &events) {
                                           if (!events.isEmpty()) {
                                               onPaths_(events);

@@ -18,7 +18,7 @@ QByteArray contentOf(const QString &path) {
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > maximumFileSize) {
         return {};
     }
-    QByteArray content = file.read(maximumFileSize);
+    QByteArray content = file.read(file.size()); // as much memory as asked for is taken at once
     return file.error() == QFileDevice::NoError ? content : QByteArray();
 }
 

@@ -108,11 +108,13 @@ QString ConverterError::errorDescription() const {
 }
 
 Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QString &baseName) {
-    const QString extension = lowerCased(pathExtension(filePath));
     const auto folder = createPrivateFolder();
-    if (!folder) {
-        return failure(Kind::platform, folder.error());
-    }
+    return folder ? convertInto(*folder, filePath, baseName) : failure(Kind::platform, folder.error());
+}
+
+Result ReceiptImageConverter::convertInto(const QString &folder, const QString &filePath,
+                                          const QString &baseName) {
+    const QString extension = lowerCased(pathExtension(filePath));
     const QString base = usableBaseName(baseName);
     const bool isPdf = extension == u"pdf";
     if (!isPdf && !imageExtensions.contains(extension)) {
@@ -120,8 +122,8 @@ Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QStr
     }
     // No memory for a large picture is a failure of this receipt, not of the program.
     try {
-        return isPdf ? convertPdf(filePath, *folder, base)
-                     : convertImage(filePath, *folder + u'/' + base + u".jpg"_qs);
+        return isPdf ? convertPdf(filePath, folder, base)
+                     : convertImage(filePath, folder + u'/' + base + u".jpg"_qs);
     } catch (const std::exception &) {
         return failure(Kind::renderFailed);
     }

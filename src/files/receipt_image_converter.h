@@ -28,6 +28,10 @@ namespace ReceiptImageConverter {
 // before a failure. Blocks for up to seconds; may be called from any thread, and by several at once.
 std::expected<QStringList, ConverterError> convertToJPEGs(const QString &filePath, const QString &baseName);
 
+// The same into a folder that is there already.
+std::expected<QStringList, ConverterError> convertInto(const QString &folder, const QString &filePath,
+                                                       const QString &baseName);
+
 } // namespace ReceiptImageConverter
 
 } // namespace fennick

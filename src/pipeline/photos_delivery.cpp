@@ -1,13 +1,12 @@
+#include "files/conversion_process.h"
 #include "files/file_renamer.h"
-#include "files/receipt_image_converter.h"
 #include "pipeline/app_state.h"
 #include "pipeline/photos_importer.h"
 
-#include <QCoroFuture>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QtConcurrent>
 
 namespace fennick {
 
@@ -25,8 +24,9 @@ QString AppState::albumName(const QDateTime &processingDate) {
 // Returns the receipt, marked when it has been added; a failure goes to `lastError`.
 QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
     const QPointer<AppState> self(this);
-    const auto images = co_await QtConcurrent::run(ReceiptImageConverter::convertToJPEGs, receipt.filePath,
-                                                   FileRenamer::baseName(receipt));
+    const auto images = co_await ConversionProcess::convertToJPEGs(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), receipt.filePath,
+        FileRenamer::baseName(receipt));
     if (!self) {
         co_return receipt;
     }

@@ -3,13 +3,38 @@
 #include <QProcess>
 
 #include <sys/prctl.h>
+#include <sys/resource.h>
 
 #include <csignal>
 
 namespace fennick {
 
-void endWithThisProgram(QProcess &child) {
-    child.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool canLimitMemory = false; // the sanitizers reserve more than any limit
+#else
+constexpr bool canLimitMemory = true;
+#endif
+
+void setLimit(decltype(RLIMIT_DATA) resource, rlim_t value) {
+    const rlimit limit{value, value};
+    ::setrlimit(resource, &limit);
+}
+
+} // namespace
+
+void endWithThisProgram(QProcess &child, const std::optional<ChildLimits> &limits) {
+    child.setChildProcessModifier([limits] {
+        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (limits && canLimitMemory) {
+            setLimit(RLIMIT_DATA, static_cast<rlim_t>(limits->memory));
+        }
+        if (limits) {
+            setLimit(RLIMIT_CPU, static_cast<rlim_t>(limits->processorTime.count()));
+            setLimit(RLIMIT_CORE, 0);
+        }
+    });
 }
 
 } // namespace fennick

@@ -19,13 +19,17 @@ struct FileEvent {
 // one batch at a time on a thread of the stream's own: the first after a quiet period at once, further ones
 // at intervals of `latency`. Files found in a folder that is new below the watched one, or whose events the
 // system lost, are told like changes, so a path may be told more than once but never not at all. A watched
-// folder that is missing is waited for. Created and destroyed on one thread; no batch is told afterwards.
+// folder that is missing, or over which another file system is mounted, is waited for and told anew. Where
+// the system does not tell of every change (network file systems, too many folders), the folder is listed at
+// intervals of `relisting`. Created and destroyed on one thread; no batch is told afterwards.
 class FileEventStream {
 public:
     using Deliver = std::function<void(const QList<FileEvent> &)>;
 
-    // `threadName` names the thread to debuggers. Null when the system has no event source to give.
+    // `threadName` names the thread to debuggers. Null when the system cannot even give an event to end the
+    // thread by.
     static std::unique_ptr<FileEventStream> create(const QString &folder, std::chrono::milliseconds latency,
+                                                   std::chrono::milliseconds relisting,
                                                    const QString &threadName, Deliver deliver);
     ~FileEventStream();
 

@@ -1,15 +1,19 @@
 #include "platform/file_event_stream.h"
+#include "platform/tree_listing_linux.h"
 #include "platform/watched_tree_linux.h"
 
 #include <QFile>
 #include <QThread>
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
 
 namespace fennick {
 
@@ -25,23 +29,29 @@ constexpr milliseconds missingRootInterval{250};
 
 class FileEventStream::Worker {
 public:
-    Worker(const QString &folder, milliseconds latency, Deliver deliver)
-        : tree_(QFile::encodeName(folder))
+    Worker(const QString &folder, milliseconds latency, milliseconds relisting, Deliver deliver)
+        : root_(QFile::encodeName(folder).toStdString())
+        , tree_(QFile::encodeName(folder))
+        , listing_(root_)
         , latency_(latency)
+        , relisting_(relisting)
         , deliver_(std::move(deliver))
-        , stop_(eventfd(0, EFD_CLOEXEC)) {}
+        , stop_(eventfd(0, EFD_CLOEXEC))
+        , mounts_(open("/proc/self/mounts", O_RDONLY | O_CLOEXEC)) {}
 
     ~Worker() {
         if (thread_) {
             eventfd_write(stop_, 1);
             thread_->wait();
         }
-        if (stop_ >= 0) {
-            close(stop_);
+        for (const int descriptor : {stop_, mounts_}) {
+            if (descriptor >= 0) {
+                close(descriptor);
+            }
         }
     }
 
-    bool isUsable() const { return tree_.descriptor() >= 0 && stop_ >= 0; }
+    bool isUsable() const { return stop_ >= 0; }
 
     void start(const QString &threadName) {
         tree_.watchRoot();
@@ -52,26 +62,48 @@ public:
 
 private:
     void run() {
+        nextListing_ = Clock::now() + relisting_;
         while (waitForEvents()) {
             takeEvents();
             deliverWhenDue();
         }
     }
 
-    // Returns when events can be read, a delivery is due or the root must be looked for; false = stop.
-    bool waitForEvents() const {
-        std::array<pollfd, 2> sources{pollfd{stop_, POLLIN, 0}, pollfd{tree_.descriptor(), POLLIN, 0}};
+    // Returns when events can be read, file systems were mounted or unmounted, or a step is due; false =
+    // stop.
+    bool waitForEvents() {
+        std::array<pollfd, 3> sources{pollfd{stop_, POLLIN, 0}, pollfd{tree_.descriptor(), POLLIN, 0},
+                                      pollfd{mounts_, POLLPRI, 0}};
         poll(sources.data(), sources.size(), static_cast<int>(timeUntilNextStep().count()));
+        if (sources[2].revents != 0) {
+            tree_.checkRoot();
+        }
         return (sources[0].revents & POLLIN) == 0;
     }
 
+    // Until a delivery is due, a missing root is looked for, or the tree is listed.
     milliseconds timeUntilNextStep() const {
+        auto next = Clock::time_point::max();
         if (!pending_.isEmpty()) {
-            const auto due = *lastDelivery_ + latency_;
-            return std::max(milliseconds(0), std::chrono::ceil<milliseconds>(due - Clock::now()));
+            next = *lastDelivery_ + latency_;
+        } else if (!tree_.isWatchingRoot()) {
+            next = Clock::now() + missingRootInterval;
+        }
+        if (isInNeedOfListing()) {
+            next = std::min(next, nextListing_);
         }
         constexpr milliseconds forever{-1};
-        return tree_.isWatchingRoot() ? forever : missingRootInterval;
+        return next == Clock::time_point::max()
+                   ? forever
+                   : std::max(milliseconds(0), std::chrono::ceil<milliseconds>(next - Clock::now()));
+    }
+
+    bool isInNeedOfListing() const { return !tree_.isComplete() || isOnRemoteFileSystem(root_); }
+
+    void list(QList<QByteArray> &paths) {
+        tree_.watchRoot(); // there may be more watches to be had by now
+        listing_.refresh(paths);
+        nextListing_ = Clock::now() + relisting_;
     }
 
     void takeEvents() {
@@ -80,6 +112,9 @@ private:
             tree_.lookForRoot(paths);
         }
         tree_.readEvents(paths);
+        if (Clock::now() >= nextListing_ && isInNeedOfListing()) {
+            list(paths);
+        }
         const auto now = Clock::now();
         for (const QByteArray &path : std::as_const(paths)) {
             append({QFile::decodeName(path), now});
@@ -104,10 +139,15 @@ private:
         deliver_(std::exchange(pending_, {}));
     }
 
+    std::string root_;
     WatchedTree tree_;
+    TreeListing listing_;
     milliseconds latency_;
+    milliseconds relisting_;
     Deliver deliver_;
     int stop_;
+    int mounts_; // turns readable as an exception when the table of mounted file systems changes
+    Clock::time_point nextListing_;
     std::unique_ptr<QThread> thread_;
     QList<FileEvent> pending_;
     std::optional<Clock::time_point> lastDelivery_;
@@ -119,8 +159,9 @@ FileEventStream::FileEventStream(std::unique_ptr<Worker> worker)
 FileEventStream::~FileEventStream() = default;
 
 std::unique_ptr<FileEventStream> FileEventStream::create(const QString &folder, milliseconds latency,
-                                                         const QString &threadName, Deliver deliver) {
-    auto worker = std::make_unique<Worker>(folder, latency, std::move(deliver));
+                                                         milliseconds relisting, const QString &threadName,
+                                                         Deliver deliver) {
+    auto worker = std::make_unique<Worker>(folder, latency, relisting, std::move(deliver));
     if (!worker->isUsable()) {
         return nullptr;
     }

@@ -1,9 +1,11 @@
 #include "platform/watched_tree_linux.h"
 
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <vector>
 
@@ -20,6 +22,12 @@ QByteArray toBytes(const std::string &path) {
     return QByteArray(path.data(), static_cast<qsizetype>(path.size()));
 }
 
+std::pair<dev_t, ino_t> identityOf(const std::string &folder) {
+    struct stat status {};
+    stat(folder.c_str(), &status);
+    return {status.st_dev, status.st_ino};
+}
+
 } // namespace
 
 WatchedTree::WatchedTree(QByteArray root)
@@ -33,11 +41,22 @@ WatchedTree::~WatchedTree() {
 }
 
 void WatchedTree::watchRoot() {
+    isComplete_ = true;
     watchFolder(root_, nullptr);
 }
 
 void WatchedTree::lookForRoot(QList<QByteArray> &changedPaths) {
+    if (descriptor_ < 0) {
+        descriptor_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    }
+    isComplete_ = true;
     watchFolder(root_, &changedPaths);
+}
+
+void WatchedTree::checkRoot() {
+    if (isWatchingRoot() && identityOf(root_) != rootIdentity_) {
+        loseRoot();
+    }
 }
 
 void WatchedTree::readEvents(QList<QByteArray> &changedPaths) {
@@ -118,6 +137,7 @@ int WatchedTree::addWatch(const std::string &folder) {
     const uint32_t followLinks = isRoot ? 0 : IN_DONT_FOLLOW;
     const int watch = inotify_add_watch(descriptor_, folder.c_str(), watchedEvents | followLinks);
     if (watch < 0) {
+        isComplete_ = isComplete_ && errno != ENOSPC;
         return watch;
     }
     forgetWatch(watch); // the same folder under an earlier name
@@ -125,6 +145,7 @@ int WatchedTree::addWatch(const std::string &folder) {
     watchOfFolder_[folder] = watch;
     if (isRoot) {
         rootWatch_ = watch;
+        rootIdentity_ = identityOf(root_);
     }
     return watch;
 }

@@ -3,9 +3,12 @@
 #include <QByteArray>
 #include <QList>
 
+#include <sys/types.h>
+
 #include <map>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 struct inotify_event;
 
@@ -30,6 +33,13 @@ public:
     // Watches the tree as it is now, without telling what lies in it.
     void watchRoot();
 
+    // Whether every folder of the tree is watched: the system gives a user only so many watches.
+    bool isComplete() const { return isWatchingRoot() && isComplete_; }
+
+    // Gives the watches up when another folder than the watched one stands at the root's path, as after
+    // mounting something there.
+    void checkRoot();
+
     // Watches the tree if its root has (re)appeared, and appends what lies in it to `changedPaths`.
     void lookForRoot(QList<QByteArray> &changedPaths);
 
@@ -47,6 +57,8 @@ private:
     std::string root_;
     int descriptor_ = -1;
     int rootWatch_ = -1;
+    std::pair<dev_t, ino_t> rootIdentity_;
+    bool isComplete_ = true;
     std::unordered_map<int, std::string> folderOfWatch_;
     std::map<std::string, int> watchOfFolder_; // ordered, so that a sub-tree is one range
 };

@@ -1,5 +1,6 @@
 #include "ui/confirmations.h"
 
+#include "text/display_text.h"
 #include "ui/symbols.h"
 
 #include <QGridLayout>
@@ -60,7 +61,7 @@ bool confirmArchive(QWidget *parent, const QString &formatName, qsizetype receip
     const QString message =
         QMessageBox::tr("Saves a %1 ledger and moves %2 %3 into “%4”, then clears the list. Your "
                         "Photos are unaffected.")
-            .arg(formatName, QString::number(receipts), files, destination);
+            .arg(formatName, QString::number(receipts), files, displayText(destination));
     return ask(parent, QStringLiteral("archiveConfirmation"), Symbol::archive,
                QMessageBox::tr("Export, archive, and clear this batch?"), message,
                QMessageBox::tr("Export, Archive && Clear"), QMessageBox::AcceptRole);

@@ -15,9 +15,9 @@ ElidedLabel::ElidedLabel(QWidget *parent)
 }
 
 void ElidedLabel::showValue(const QString &text, bool isSet) {
-    fullText_ = text;
+    fullText_ = displayText(text);
     isSet_ = isSet;
-    setAccessibleName(text);
+    setAccessibleName(fullText_);
     applyTint();
     elide();
 }

@@ -1,6 +1,7 @@
 #include "ui/receipts_table_model.h"
 
 #include "text/currency_text.h"
+#include "text/display_text.h"
 #include "ui/plain_tool_tip.h"
 #include "ui/symbols.h"
 
@@ -136,19 +137,19 @@ QVariant ReceiptsTableModel::data(const QModelIndex &index, int role) const {
     const Receipt &receipt = store_->receipts().at(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        return cellText(receipt, index.column());
+        return displayText(cellText(receipt, index.column()));
     case Qt::DecorationRole:
         return cellIcon(receipt, index.column());
     case Qt::ToolTipRole:
         return plainToolTip(toolTip(receipt, index.column()));
     case Qt::AccessibleTextRole:
-        return spokenText(receipt, index.column());
+        return displayText(spokenText(receipt, index.column()));
     case Qt::TextAlignmentRole:
         return alignment(index.column());
     case Qt::ForegroundRole:
         return textColour(receipt, index.column());
     case fileNameRole:
-        return receipt.fileName;
+        return displayText(receipt.fileName);
     case isProcessingRole:
         return receipt.status == ReceiptStatus::processing;
     default:

@@ -20,6 +20,7 @@ public:
     void start(const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
                const QStringList &wrapper = {});
 
+    qint64 processId() const { return process_.processId(); }
     bool isRunning() const { return process_.state() != QProcess::NotRunning; }
 
     // Whether the system tells the program of changes in `folder`.

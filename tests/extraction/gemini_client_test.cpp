@@ -150,6 +150,22 @@ private Q_SLOTS:
         QVERIFY2(!text.contains(key), qPrintable(text));
     }
 
+    void damagedCompressionIsTold() {
+        server_->setScript([](const HttpRequest &) {
+            HttpReply reply = answering("{}");
+            reply.headers = {"Content-Encoding: gzip"}; // which it is not
+            return reply;
+        });
+        QCOMPARE(failure(), QStringLiteral("Decompression failed"));
+    }
+
+    void hugeAnswerIsCut() {
+        server_->setScript([](const HttpRequest &) {
+            return HttpReply{.status = 200, .body = QByteArray(20 * 1024 * 1024, ' '), .headers = {}};
+        });
+        QCOMPARE(failure(), QStringLiteral("The answer is larger than 16 MB."));
+    }
+
     void selfSignedCertificateIsRefused() {
         ScriptedServer secure([](const HttpRequest &) { return answering("{}"); },
                               selfSignedCertificate(home_));

@@ -161,6 +161,16 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringList{QStringLiteral("a.pdf")});
     }
 
+    void nameWithANullCharacterLeavesTheFiles() {
+        // What a system call would take for the whole name.
+        writeFile(path(QStringLiteral("2024-05-01 Lunch - Cafe")), "another");
+        Receipt receipt = receiptOf("a.pdf");
+        receipt.location = QStringLiteral("Cafe") + QChar(QChar::Null) + QStringLiteral("Bar");
+        QVERIFY(!FileRenamer::rename(receipt));
+        QCOMPARE(names(), (QStringList{QStringLiteral("2024-05-01 Lunch - Cafe"), QStringLiteral("a.pdf")}));
+        QCOMPARE(readFile(path(QStringLiteral("2024-05-01 Lunch - Cafe"))), QByteArray("another"));
+    }
+
     void linkWithoutTargetKeepsItsName() {
         const QString wanted = QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50.pdf");
         QFile::link(path(QStringLiteral("nowhere")), path(wanted));

@@ -104,6 +104,18 @@ private Q_SLOTS:
         QCOMPARE(accessibleStatus(), QStringLiteral("Gemini API error: 500"));
     }
 
+    void namesThatDisguiseAnExtensionAreShownAsWhatTheyAre() {
+        Receipt receipt = finishedReceipt(QStringLiteral("/w/bill\u202Efdp.exe"));
+        receipt.location = QStringLiteral("Two\nlines");
+        store_->add(receipt);
+        const QModelIndex summary = model_->index(0, Model::summaryColumn);
+        const QString shown = QStringLiteral("bill\uFFFDfdp.exe");
+        QCOMPARE(summary.data(Model::fileNameRole).toString(), shown);
+        QVERIFY(summary.data(Qt::ToolTipRole).toString().contains(shown));
+        QVERIFY(summary.data(Qt::AccessibleTextRole).toString().contains(shown));
+        QCOMPARE(model_->index(0, Model::locationColumn).data().toString(), QStringLiteral("Two lines"));
+    }
+
     void toolTipTakesNoMarkupFromOutside() {
         Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
         receipt.status = ReceiptStatus::error;

@@ -1,0 +1,35 @@
+#include "extraction/answer_guard.h"
+
+#include <QNetworkReply>
+
+namespace fennick::GeminiClient {
+
+namespace {
+
+QString tooLarge(qint64 limit) {
+    return QStringLiteral("The answer is larger than %1 MB.").arg(limit / (1024 * 1024));
+}
+
+} // namespace
+
+AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
+    : reply_(reply) {
+    patience_.setSingleShot(true);
+    patience_.setInterval(limits.longestTime);
+    connect(&patience_, &QTimer::timeout, this, [this] { end(QStringLiteral("The request timed out.")); });
+    connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { patience_.start(); });
+    connect(&reply, &QNetworkReply::readyRead, this, [this, limit = limits.largestSize] {
+        if (reply_.bytesAvailable() > limit) {
+            end(tooLarge(limit));
+        }
+    });
+}
+
+// Not at once: whoever waits for the reply's end may destroy the guard, from inside whose slot this is
+// called.
+void AnswerGuard::end(const QString &violation) {
+    violation_ = violation;
+    QMetaObject::invokeMethod(&reply_, &QNetworkReply::abort, Qt::QueuedConnection);
+}
+
+} // namespace fennick::GeminiClient

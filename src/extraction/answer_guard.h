@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <chrono>
+#include <optional>
+
+class QNetworkReply;
+
+namespace fennick::GeminiClient {
+
+// What one answer may take of the program. A real one has some kilobytes and comes within a second or two of
+// its first byte.
+struct AnswerLimits {
+    qint64 largestSize = 16LL * 1024 * 1024; // bytes, decompressed
+    std::chrono::milliseconds longestTime = std::chrono::minutes(10);
+};
+
+// Ends a reply whose body grows too large, or is still coming in long after its head: a sender of a byte now
+// and then never runs into the network library's own time-out, which counts from the last progress. Lives on
+// the reply's thread and no longer than the reply.
+class AnswerGuard : public QObject {
+public:
+    explicit AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits = {});
+
+    // Why the reply was ended, for the user; nothing if the guard had no part in its end.
+    const std::optional<QString> &violation() const { return violation_; }
+
+private:
+    void end(const QString &violation);
+
+    QNetworkReply &reply_;
+    QTimer patience_;
+    std::optional<QString> violation_;
+};
+
+} // namespace fennick::GeminiClient

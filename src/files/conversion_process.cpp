@@ -1,0 +1,54 @@
+#include "files/conversion_process.h"
+
+#include "files/conversion_report.h"
+#include "files/private_folder.h"
+#include "platform/child_process.h"
+
+#include <QCoroSignal>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace fennick::ConversionProcess {
+
+namespace {
+
+using Result = std::expected<QStringList, ConverterError>;
+
+constexpr qint64 mostMemory = 1LL << 30;
+
+// Paths that the report names outside the folder it was given are none of its business.
+Result trusted(Result result, const QString &folder) {
+    if (result && !std::ranges::all_of(
+                      *result, [&folder](const QString &path) { return QFileInfo(path).path() == folder; })) {
+        return std::unexpected(ConverterError{ConverterError::Kind::renderFailed, {}});
+    }
+    return result;
+}
+
+} // namespace
+
+QCoro::Task<Result> convertToJPEGs(QString program, QString filePath, QString baseName,
+                                   std::chrono::seconds longestTime) {
+    const auto folder = createPrivateFolder();
+    if (!folder) {
+        co_return std::unexpected(ConverterError{ConverterError::Kind::platform, folder.error()});
+    }
+    QProcess process;
+    endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime});
+    process.setStandardErrorFile(QProcess::nullDevice());
+    QTimer::singleShot(longestTime, &process, &QProcess::kill);
+    process.start(program, {filePath, *folder, baseName}, QIODevice::ReadOnly);
+    if (!process.waitForStarted()) {
+        const QString reason = QStringLiteral("The converter could not be started: ") + process.errorString();
+        co_return std::unexpected(ConverterError{ConverterError::Kind::platform, reason});
+    }
+    if (process.state() != QProcess::NotRunning) {
+        co_await qCoro(&process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
+    }
+    co_return trusted(decodeReport(process.readAllStandardOutput()), *folder);
+}
+
+} // namespace fennick::ConversionProcess

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "files/receipt_image_converter.h"
+
+#include <QCoroTask>
+
+#include <chrono>
+
+namespace fennick {
+
+// ReceiptImageConverter in a process of its own with limits on memory and time: whatever a hostile document
+// does to the libraries that read it, this program goes on. Main thread only.
+namespace ConversionProcess {
+
+// As ReceiptImageConverter::convertToJPEGs, without blocking. `program` is the path of the program
+// `convert_receipt`. When it crashes or runs into a limit (1 GiB of memory,
+// `longestTime`), that is a renderFailed error.
+QCoro::Task<std::expected<QStringList, ConverterError>>
+convertToJPEGs(QString program, QString filePath, QString baseName,
+               std::chrono::seconds longestTime = std::chrono::seconds(60));
+
+} // namespace ConversionProcess
+
+} // namespace fennick

@@ -1,0 +1,168 @@
+#include "desktop_surroundings.h"
+#include "desktop_user.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+#include <QStorageInfo>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString mainWindow = u"Fennick"_s;
+const QStringList names = {u"one.txt"_s, u"two.txt"_s, u"three.txt"_s}; // which intake does not look at
+
+} // namespace
+
+// The program is killed right before a system call while it archives: each file must be in the watched folder
+// or in the archive, and the next start must carry the archive through.
+class KillArchiveTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        QStringList missing = DesktopSurroundings::missingPrograms();
+        if (QProcess::execute(u"strace"_s, {u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"true"_s}) != 0) {
+            missing.append(u"strace"_s);
+        }
+        if (!missing.isEmpty()) {
+            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        }
+        surroundings_ = std::make_unique<DesktopSurroundings>();
+        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility,
+                                              [this](const std::function<bool()> &condition) {
+                                                  return surroundings_->session.waitFor(condition);
+                                              });
+        elsewhere_ = std::make_unique<QTemporaryDir>(u"/dev/shm/fennick-test-XXXXXX"_s);
+    }
+    void cleanupTestCase() {
+        elsewhere_.reset();
+        user_.reset();
+        surroundings_.reset();
+    }
+
+    void archiveIsWholeAfterTheNextStart_data() {
+        QTest::addColumn<QString>("calls");
+        QTest::addColumn<int>("number");
+        QTest::addColumn<bool>("isElsewhere");
+        for (int number = 1; number <= 7; ++number) {
+            QTest::addRow("rename %d", number) << u"rename,renameat2"_s << number << false;
+        }
+        for (const int number : {2, 3, 4, 6}) {
+            QTest::addRow("fsync %d, other file system", number) << u"fsync,fdatasync"_s << number << true;
+        }
+        for (const int number : {1, 2}) {
+            QTest::addRow("unlink %d, other file system", number) << u"unlink,unlinkat"_s << number << true;
+        }
+    }
+    void archiveIsWholeAfterTheNextStart() {
+        QFETCH(QString, calls);
+        QFETCH(int, number);
+        QFETCH(bool, isElsewhere);
+        prepare(isElsewhere);
+        session().program.start(QProcessEnvironment::systemEnvironment(),
+                                {u"strace"_s, u"-D"_s, u"-f"_s, u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"-e"_s,
+                                 u"trace="_s + calls, u"-e"_s,
+                                 u"inject=%1:signal=SIGKILL:when=%2"_s.arg(calls).arg(number)});
+        archive();
+        session().waitFor([this] { return session().rows().isEmpty(); });
+        session().program.kill();
+        checkContents();
+
+        session().program.start();
+        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
+        checkContents();
+        if (!session().rows().isEmpty()) { // killed before the archive was begun
+            QCOMPARE(session().rows().size(), names.size());
+            QCOMPARE(archived(), QStringList());
+            return;
+        }
+        QCOMPARE(QDir(session().folder()).entryList(QDir::Files), QStringList());
+        const QStringList files = archived();
+        QCOMPARE(files.filter(u"receipts-"_s).size(), 1);
+        for (const QString &name : names) {
+            QVERIFY2(files.contains(name), qPrintable(files.join(u", "_s)));
+        }
+        QVERIFY2(isElsewhere || files.size() == names.size() + 1, qPrintable(files.join(u", "_s)));
+        QVERIFY2(files.filter(u".moving-"_s).isEmpty(), qPrintable(files.join(u", "_s)));
+    }
+
+private:
+    UserSession &session() const { return surroundings_->session; }
+
+    void prepare(bool isElsewhere) {
+        session().renew();
+        archive_ = session().path(u"Receipt Archive"_s);
+        if (isElsewhere) {
+            static int folder = 0;
+            archive_ = elsewhere_->filePath(QString::number(++folder));
+            session().setPreference("archiveFolder", archive_.toUtf8());
+            if (QStorageInfo(elsewhere_->path()).device() == QStorageInfo(session().folder()).device()) {
+                QSKIP("There is no other file system here.");
+            }
+        }
+        QJsonArray rows;
+        for (const QString &name : names) {
+            session().drop(name, name.toUtf8());
+            rows.append(QJsonObject{{u"id"_s, name},
+                                    {u"fileName"_s, name},
+                                    {u"filePath"_s, session().path(name)},
+                                    {u"scannedAt"_s, u"2024-05-01T12:30:00Z"_s},
+                                    {u"status"_s, u"done"_s}});
+        }
+        writeFile(session().home.receiptsFile(), QJsonDocument(rows).toJson());
+    }
+
+    // A kill may come before the window does, or between its clicks.
+    void archive() const {
+        const auto isGone = [this] {
+            return !session().program.isRunning();
+        };
+        session().waitFor([] { return VirtualDesktop::window(mainWindow).has_value(); });
+        if (isGone()) {
+            return;
+        }
+        user_->chooseFromMenu(mainWindow, u"Archive & Clear"_s, 1);
+        user_->click(mainWindow, u"push button"_s, u"Export, Archive & Clear"_s);
+    }
+
+    // Each file's content is there, whole.
+    void checkContents() const {
+        QSet<QByteArray> contents;
+        for (const QString &folder : {session().folder(), archive_}) {
+            QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+            while (files.hasNext()) {
+                contents.insert(readFile(files.next()));
+            }
+        }
+        for (const QString &name : names) {
+            QVERIFY2(contents.contains(name.toUtf8()), qPrintable(name));
+        }
+    }
+
+    QStringList archived() const {
+        QStringList files;
+        QDirIterator entries(archive_, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (entries.hasNext()) {
+            entries.next();
+            files.append(entries.fileName());
+        }
+        return files;
+    }
+
+    std::unique_ptr<DesktopSurroundings> surroundings_;
+    std::unique_ptr<DesktopUser> user_;
+    std::unique_ptr<QTemporaryDir> elsewhere_;
+    QString archive_;
+};
+
+QTEST_GUILESS_MAIN(KillArchiveTest)
+#include "kill_archive_test.moc"

@@ -1,0 +1,96 @@
+#include "user_session.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTest>
+
+#include <filesystem>
+#include <fstream>
+
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int muchTime = 60000;
+const QString lunch = u"2024-05-01 Lunch - Dockside Deli $23.50"_s;
+
+} // namespace
+
+// Names and trees that a file system allows and few people have.
+class OddFilesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { session_.renew(); }
+    void cleanup() { QVERIFY(session_.end()); }
+
+    void oddNamesAreTakenInAndRenamed_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("255 bytes") << QString(251, u'n') + u".pdf"_s;
+        QTest::newRow("255 bytes of two each") << QString(125, u'é') + u"x.pdf"_s;
+        QTest::newRow("right to left") << u"קבלה ממסעדה.pdf"_s;
+        QTest::newRow("combining characters") << u"cafe\u0301 re\u0327u.pdf"_s;
+        QTest::newRow("override") << u"bill\u202Efdp.pdf"_s;
+        QTest::newRow("line feed") << u"two\nlines.pdf"_s;
+        QTest::newRow("percent and places") << u"100%25 %1 %2 %L1.pdf"_s;
+        QTest::newRow("markup") << u"<b>&amp;\"'.pdf"_s;
+        QTest::newRow("blanks") << u"  .pdf"_s;
+        QTest::newRow("outside the first plane") << u"🧾 receipt.pdf"_s;
+    }
+    void oddNamesAreTakenInAndRenamed() {
+        QFETCH(QString, name);
+        session_.drop(name, "lies there");
+        QVERIFY(session_.start());
+        QVERIFY(session_.waitForRows(1, u"done"_s));
+        session_.drop(u"x"_s + name.mid(1), "arrives");
+        QVERIFY(session_.waitForRows(2, u"done"_s));
+        QVERIFY(session_.waitFor([this] {
+            return session_.files().keys() == QStringList{lunch + u" (2).pdf"_s, lunch + u".pdf"_s};
+        }));
+    }
+
+    // Qt has no text for such a name; the file is left where it is.
+    void nameThatIsNoUtf8DoesNoHarm() {
+        const std::string path = session_.folder().toStdString() + "/caf\xE9.pdf";
+        std::ofstream(path) << "a receipt";
+        QVERIFY(session_.start());
+        std::ofstream(path) << "another receipt";
+        session_.drop(u"good.pdf"_s);
+        QVERIFY(session_.waitForRows(1, u"done"_s));
+        QVERIFY(std::filesystem::exists(path));
+        QVERIFY(session_.program.isRunning());
+    }
+
+    void linksInCirclesAreNotFollowed() {
+        QDir(session_.folder()).mkpath(u"a/b"_s);
+        QFile::link(session_.folder(), session_.path(u"a/b/up"_s));
+        QFile::link(u"loop"_s, session_.path(u"loop"_s));
+        QFile::link(u"self.pdf"_s, session_.path(u"self.pdf"_s));
+        session_.drop(u"a/b/1.pdf"_s, "1");
+        QVERIFY(session_.start());
+        session_.drop(u"a/b/2.pdf"_s, "2");
+        QVERIFY(session_.waitForRows(2, u"done"_s));
+        QCOMPARE(session_.server.requests().size(), 2);
+    }
+
+    void twentyThousandFoldersAreWatched() {
+        for (int folder = 0; folder < 20000; ++folder) {
+            std::filesystem::create_directories(
+                session_.path(u"%1/%2"_s.arg(folder / 200).arg(folder)).toStdString());
+        }
+        const QString last = u"99/19999/receipt.pdf"_s;
+        session_.program.start();
+        QVERIFY(session_.waitFor(
+            [&] { return session_.program.isWatching(QFileInfo(session_.path(last)).path()); }, muchTime));
+        session_.drop(last);
+        QVERIFY(session_.waitForRows(1, u"done"_s, muchTime));
+    }
+
+private:
+    UserSession session_;
+};
+
+QTEST_MAIN(OddFilesTest)
+#include "odd_files_test.moc"

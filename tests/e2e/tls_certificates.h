@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QSslConfiguration>
+#include <QString>
+
+namespace fennick::test {
+
+// A certificate authority of the test's own and servers' certificates by it, made with the openssl program in
+// a folder of the test.
+class TlsCertificates {
+public:
+    // Fails the test process when there is no openssl.
+    explicit TlsCertificates(const QString &folder);
+
+    // A folder with the authority alone, in the form in which a system keeps those it trusts.
+    QString trustedFolder() const;
+
+    // For 127.0.0.1 and localhost.
+    QSslConfiguration good() const { return signedFor(QStringLiteral("IP:127.0.0.1,DNS:localhost"), 2); }
+    QSslConfiguration forAnotherHost() const { return signedFor(QStringLiteral("DNS:elsewhere.example"), 2); }
+    QSslConfiguration expired() const { return signedFor(QStringLiteral("IP:127.0.0.1"), -1); }
+    // By nobody but itself.
+    QSslConfiguration selfSigned() const;
+
+private:
+    QSslConfiguration signedFor(const QString &alternativeName, int days) const;
+    QString path(const QString &name) const { return folder_ + u'/' + name; }
+
+    QString folder_;
+};
+
+// Lets this process and those that it starts trust these authorities and no others, by laying the folder over
+// the system's own in a mount namespace of the process. Qt asks no environment variable where they are. To be
+// called before the process has threads; returns whether the system lets it.
+bool trustOnly(const QString &trustedFolder);
+
+} // namespace fennick::test

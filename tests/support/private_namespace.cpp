@@ -1,0 +1,54 @@
+#include "support/private_namespace.h"
+
+#include "support/temporary_home.h"
+
+#include <QFile>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+namespace fennick::test {
+
+namespace {
+
+bool enterUserNamespace() {
+    const auto user = QByteArray::number(getuid());
+    const auto group = QByteArray::number(getgid());
+    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
+        return false;
+    }
+    writeFile(QStringLiteral("/proc/self/setgroups"), "deny");
+    writeFile(QStringLiteral("/proc/self/uid_map"), "0 " + user + " 1");
+    writeFile(QStringLiteral("/proc/self/gid_map"), "0 " + group + " 1");
+    return true;
+}
+
+bool mountMemory(const QString &folder, const QByteArray &options) {
+    return mount("tmpfs", QFile::encodeName(folder).constData(), "tmpfs", 0, options.constData()) == 0;
+}
+
+} // namespace
+
+PrivateNamespace enterPrivateNamespace() {
+    PrivateNamespace allowed;
+    allowed.canLimitWatches = enterUserNamespace();
+    if (allowed.canLimitWatches || unshare(CLONE_NEWNS) == 0) {
+        allowed.canMount = mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    }
+    return allowed;
+}
+
+bool mountSmallFileSystem(const QString &folder, int kibibytes) {
+    return mountMemory(folder, "size=" + QByteArray::number(kibibytes) + 'k');
+}
+
+bool mountFileSystemWithoutInodes(const QString &folder) {
+    return mountMemory(folder, "nr_inodes=1"); // which its root takes
+}
+
+bool unmount(const QString &folder) {
+    return umount2(QFile::encodeName(folder).constData(), MNT_DETACH) == 0;
+}
+
+} // namespace fennick::test

@@ -1,0 +1,42 @@
+#include "text/display_text.h"
+
+#include <QTest>
+
+using namespace fennick;
+
+class DisplayTextTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void controlCharactersBecomeBlanks_data() {
+        QTest::addColumn<QString>("text");
+        for (const char16_t code :
+             {u'\n', u'\r', u'\t', u'\0', u'\x1B', u'\x7F', u'\x85', u'\u2028', u'\u2029'}) {
+            QTest::addRow("U+%04X", code) << QStringLiteral("a") + QChar(code) + u'b';
+        }
+    }
+    void controlCharactersBecomeBlanks() {
+        QFETCH(QString, text);
+        QCOMPARE(displayText(text), QStringLiteral("a b"));
+    }
+
+    void disguisesBecomeVisible_data() {
+        QTest::addColumn<QString>("text");
+        for (const char16_t code : {u'\u202A', u'\u202B', u'\u202C', u'\u202D', u'\u202E', u'\u2066',
+                                    u'\u2067', u'\u2068', u'\u2069'}) {
+            QTest::addRow("U+%04X", code) << QStringLiteral("a") + QChar(code) + u'b';
+        }
+    }
+    void disguisesBecomeVisible() {
+        QFETCH(QString, text);
+        QCOMPARE(displayText(text), QStringLiteral("a\uFFFDb"));
+    }
+
+    void everydayTextStays() {
+        const QString text = QStringLiteral("Café “Zum Löwen” — 東京 מסעדה é 🍕 $23.50.pdf");
+        QCOMPARE(displayText(text), text);
+    }
+};
+
+QTEST_GUILESS_MAIN(DisplayTextTest)
+#include "display_text_test.moc"
