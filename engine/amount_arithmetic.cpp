@@ -13,6 +13,8 @@ constexpr double sumProof = 2.5;
 constexpr double cardProof = 1.5;
 constexpr double roundingProof = 1.5;
 constexpr double itemProof = 2;
+constexpr double taxTableProof = 2.5;
+constexpr double restProof = 4; // more than what the items and taxes say for the whole
 // Half of the largest coin step in use (Swiss 5 centimes, Malaysian 5 sen, Swedish 1 krona).
 constexpr qint64 largestRounding = 50;
 constexpr qint64 smallestCoin = 5;
@@ -151,6 +153,27 @@ bool isSumOfItems(qint64 cents, const QList<LabelledAmount> &amounts) {
     return false;
 }
 
+// What the table of taxes comes to, and what that is rounded to.
+QList<qint64> taxedTotals(const QList<LabelledAmount> &amounts) {
+    QList<qint64> totals = centsOf(amounts, AmountRole::Taxed);
+    for (const qint64 total : centsOf(amounts, AmountRole::Taxed)) {
+        totals += rounded(total, amounts);
+    }
+    return totals;
+}
+
+// "Total 900.00, deposit paid 300.00, balance due 600.00".
+bool isRestOfTotal(qint64 cents, const QList<LabelledAmount> &amounts) {
+    const QList<qint64> totals =
+        centsOf(amounts, AmountRole::Total) + centsOf(amounts, AmountRole::FinalTotal);
+    for (const qint64 before : centsOf(amounts, AmountRole::PaidBefore)) {
+        if (before > 0 && totals.contains(cents + before)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 bool isRoundedResult(qint64 cents, const QList<LabelledAmount> &amounts) {
@@ -165,7 +188,7 @@ bool isRoundedResult(qint64 cents, const QList<LabelledAmount> &amounts) {
 }
 
 QList<qint64> derivedTotals(const QList<LabelledAmount> &amounts) {
-    QList<qint64> totals = sums(amounts);
+    QList<qint64> totals = sums(amounts) + taxedTotals(amounts);
     for (const Payment &payment : payments(amounts)) {
         if (!totals.contains(payment.cents)) {
             totals.append(payment.cents);
@@ -178,6 +201,12 @@ double arithmeticSupport(qint64 cents, const QList<LabelledAmount> &amounts) {
     double support = paymentSupport(cents, amounts);
     if (sums(amounts).contains(cents)) {
         support += sumProof;
+    }
+    if (isRestOfTotal(cents, amounts)) {
+        support += restProof;
+    }
+    if (taxedTotals(amounts).contains(cents)) {
+        support += taxTableProof;
     }
     if (centsOf(amounts, AmountRole::Card).contains(cents)) {
         support += cardProof;

@@ -7,8 +7,8 @@
 namespace fennick {
 
 // How well `cents` agrees, as the total, with the other amounts of the same reading: 0 = no sum comes out at
-// it. Cash less change counts most; subtotal with tax, charges and rounding, a card payment, and the sum of
-// the items follow.
+// it. Cash less change and what a deposit leaves count most; subtotal with tax, charges and rounding, the
+// table of taxes, a card payment, and the sum of the items follow.
 double arithmeticSupport(qint64 cents, const QList<LabelledAmount> &amounts);
 
 // The totals that these amounts come to, printed or not: cash less change, and each subtotal with its tax,

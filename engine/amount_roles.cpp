@@ -54,6 +54,16 @@ const QStringList &inclusiveWords() {
     return words;
 }
 
+// After these a tax is part of an amount that stands elsewhere.
+const QStringList &withinWords() {
+    static const QStringList words = {
+        u"included"_s, u"includes"_s, u"incl"_s,    u"inclusive"_s, u"inkl"_s,     u"enthalten"_s,
+        u"enthält"_s,  u"darin"_s,    u"davon"_s,   u"varav"_s,     u"dont"_s,     u"incluido"_s,
+        u"incluida"_s, u"inclus"_s,   u"incluse"_s, u"compris"_s,   u"comprise"_s,
+    };
+    return words;
+}
+
 const QStringList &exclusiveWords() {
     static const QStringList words = {
         u"excl"_s,     u"excluding"_s,  u"exclusive"_s, u"excluded"_s,   u"exc"_s,     u"ex gst"_s,
@@ -77,6 +87,10 @@ const QList<RolePhrases> &rolesInOrder() {
         {AmountRole::SubTotal,
          {u"subtotal"_s, u"sub total"_s, u"zwischensumme"_s, u"sous total"_s, u"subtotaal"_s, u"delsumma"_s,
           u"net amount"_s, u"nettobetrag"_s, u"taxable"_s, u"base imponible"_s, u"supplies"_s}},
+        {AmountRole::PaidBefore,
+         {u"deposit paid"_s, u"deposit received"_s, u"less deposit"_s, u"advance paid"_s,
+          u"advance payment"_s, u"paid in advance"_s, u"prepayment"_s, u"already paid"_s, u"anzahlung"_s,
+          u"acompte"_s, u"anticipo"_s, u"anticipo pagado"_s}},
         {AmountRole::Other,
          {u"items"_s,
           u"item"_s,
@@ -247,7 +261,11 @@ AmountRole amountRole(const QString &label) {
                    ? AmountRole::Tax
                    : AmountRole::Mention;
     }
-    return containsAnyPhrase(words, taxWords()) ? AmountRole::Tax : AmountRole::Unnamed;
+    if (!containsAnyPhrase(words, taxWords())) {
+        return AmountRole::Unnamed;
+    }
+    // "GST included 0.38": nothing that is added to a subtotal.
+    return containsAnyPhrase(words, withinWords()) ? AmountRole::Other : AmountRole::Tax;
 }
 
 bool startsTaxTable(const QString &line) {

@@ -16,9 +16,11 @@ enum class AmountRole {
     Tendered, // cash handed over, or the sum paid
     Card,     // taken from a card
     Change,
-    Mention, // "Amount", "Sum": as a last resort
-    Other,   // counts, points, savings: never what was paid
-    Unnamed, // no label that is known: items
+    PaidBefore, // a deposit or advance that leaves less to pay
+    Mention,    // "Amount", "Sum": as a last resort
+    Other,      // counts, points, savings: never what was paid
+    Taxed,      // what a row of the table of taxes comes to with its tax, printed or not
+    Unnamed,    // no label that is known: items
 };
 
 // The role that `label` gives, misread words and all.

@@ -2,6 +2,8 @@
 
 #include <allheaders.h>
 
+#include <algorithm>
+
 namespace fennick {
 
 namespace {
@@ -15,6 +17,23 @@ GreyPicture replaced(GreyPicture picture, Pix *result) {
 GreyPicture darkened(GreyPicture picture, float gamma) {
     Pix *result = pixGammaTRC(nullptr, picture.get(), gamma, 60, 240);
     return replaced(std::move(picture), result);
+}
+
+// Black where a pixel is darker than the mean of what surrounds it by a share of the spread there (Sauvola
+// and Pietikainen, Adaptive document image binarization, 2000).
+GreyPicture outlined(GreyPicture picture) {
+    constexpr int halfWindow = 14;
+    constexpr float factor = 0.3F;
+    constexpr int stripHeight = 300;
+    Pix *black = nullptr;
+    // In strips: the sums that it works with take sixteen times a picture's size.
+    const int strips = std::max(1, pixGetHeight(picture.get()) / stripHeight);
+    if (pixSauvolaBinarizeTiled(picture.get(), halfWindow, factor, 1, strips, nullptr, &black) != 0) {
+        return picture;
+    }
+    const GreyPicture mask(black);
+    Pix *grey = pixConvert1To8(nullptr, mask.get(), 255, 0);
+    return replaced(std::move(picture), grey);
 }
 
 } // namespace
@@ -33,6 +52,9 @@ GreyPicture withStrokes(GreyPicture picture, Strokes strokes) {
     }
     if (strokes == Strokes::Darkened) {
         return darkened(std::move(picture), 0.5F);
+    }
+    if (strokes == Strokes::Outlined) {
+        return outlined(std::move(picture));
     }
     if (strokes == Strokes::Smoothed) {
         Pix *smooth = pixBlockconv(picture.get(), 1, 1);

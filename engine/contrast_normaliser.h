@@ -10,6 +10,7 @@ enum class Strokes {
     Darkened,  // faint print and thin strokes gain contrast
     Smoothed,  // darkened after the dots of needle and thermal print have run together
     Thickened, // broken letters join up
+    Outlined,  // pure black on white, told apart from the paper right around them
 };
 
 // `picture` on even, light paper: shadows, creases and tinted paper vanish, print stays.

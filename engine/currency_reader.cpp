@@ -38,7 +38,9 @@ constexpr std::array marks = {
     Mark{"SGD"_L1, u"(?<!\\p{L})(?:SGD|S\\$)", sure},
     Mark{"HKD"_L1, u"(?<!\\p{L})(?:HKD|HK\\$)", sure},
     Mark{"BRL"_L1, u"(?<!\\p{L})(?:BRL|R\\$)", sure},
-    Mark{"USD"_L1, u"(?<![\\p{L}])\\$(?=\\s?\\d)|(?:\\d|,\\d{2}\\s)\\$(?!\\S)", plain},
+    // Not "$S21/1A" or "$521/1A": an address whose S was misread.
+    Mark{"USD"_L1, u"(?<![\\p{L}])\\$(?=\\s?\\d[\\d,.]*(?![\\d/\\p{L}\\-]))|(?:\\d|,\\d{2}\\s)\\$(?!\\S)",
+         plain},
     Mark{"EUR"_L1, u"€|(?<!\\p{L})(?:EUR|Euro|EURO)(?!\\p{L})", sure},
     Mark{"GBP"_L1, u"£(?=\\s?\\d+(?![\\d.,]*\\p{L}))|(?<!\\p{L})GBP(?!\\p{L})", sure},
     Mark{"CNY"_L1, u"(?<!\\p{L})(?:CNY(?!\\p{L})|RMB(?=\\s\\d))", sure},
@@ -46,6 +48,7 @@ constexpr std::array marks = {
     Mark{"JPY"_L1, u"[¥￥]|\\d円", plain},
     Mark{"CHF"_L1, u"(?<!\\p{L})(?:CHF|SFr\\.?)(?!\\p{L})", sure},
     Mark{"MYR"_L1, u"(?<!\\p{L})(?:MYR|RM(?=[\\s:.]{0,2}\\d))|\\(RM\\)", sure},
+    Mark{"MYR"_L1, u"(?<!\\S)RM(?!\\S)", plain}, // the heading of a column
     Mark{"NOK"_L1, u"(?<!\\p{L})NOK(?!\\p{L})", sure},
     Mark{"DKK"_L1, u"(?<!\\p{L})DKK(?!\\p{L})", sure},
     Mark{"SEK"_L1, u"(?<!\\p{L})SEK(?!\\p{L})", sure},

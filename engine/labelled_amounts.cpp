@@ -2,6 +2,7 @@
 
 #include "engine/number_reader.h"
 #include "engine/price_repair.h"
+#include "engine/tax_table.h"
 
 #include <QRegularExpression>
 
@@ -114,6 +115,9 @@ QList<LabelledAmount> labelledAmounts(const Reading &reading) {
         }
         amount.weight *=
             lacksDecimalSign ? lostDecimalSign : (hasPrices ? wholeNumberAmongPrices : wholeNumber);
+    }
+    for (const qint64 total : taxTableTotals(reading)) {
+        all.append({.cents = total, .role = AmountRole::Taxed, .hasDecimals = true, .line = reading.size()});
     }
     return all;
 }

@@ -20,7 +20,7 @@ struct LabelledAmount {
 };
 
 // Every amount of `reading`, from top to bottom and left to right. A label stands before its amount, on the
-// same line or on the one above.
+// same line or on the one above. Last come the sums that its table of taxes proves.
 QList<LabelledAmount> labelledAmounts(const Reading &reading);
 
 } // namespace fennick

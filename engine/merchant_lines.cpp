@@ -29,7 +29,7 @@ const QStringList &headingWords() {
         u"willkommen"_s,   u"vielen"_s,  u"dank"_s,      u"am"_s,        u"pm"_s,          u"from"_s,
         u"for"_s,          u"our"_s,     u"guest"_s,     u"check"_s,     u"the"_s,         u"payment"_s,
         u"scanned"_s,      u"by"_s,      u"with"_s,      u"and"_s,       u"e"_s,           u"id"_s,
-        u"store"_s,        u"pos"_s,
+        u"store"_s,        u"pos"_s,     u"faktura"_s,   u"factura"_s,   u"fattura"_s,     u"factuur"_s,
     };
     return words;
 }

@@ -4,6 +4,7 @@
 #include "engine/edit_distance.h"
 #include "engine/merchant_lines.h"
 #include "engine/number_reader.h"
+#include "engine/text_vote.h"
 #include "engine/word_search.h"
 
 #include <QStringList>
@@ -26,6 +27,7 @@ constexpr double largePrint = 1.25;
 constexpr double sameHeight = 0.25;
 // How alike two readings of one name are at least.
 constexpr double sameName = 0.6;
+constexpr double samePrint = 0.75;
 
 struct NameCandidate {
     QString name;
@@ -152,7 +154,8 @@ struct NameGroup {
         });
     }
 
-    // The one that scores well and is most like the others, surely read ones counting more.
+    // The one that scores well and is most like the others, surely read ones counting more, each of its
+    // letters put to their vote.
     QString text() const {
         QString best;
         double bestSum = -1;
@@ -166,7 +169,14 @@ struct NameGroup {
                 best = member.name;
             }
         }
-        return best;
+        QList<TextVote> votes;
+        for (const NameCandidate &member : members) {
+            // What has more or fewer words is no other reading of the same print.
+            if (likeness(member.name, best) >= samePrint) {
+                votes.append({member.name, member.confidence});
+            }
+        }
+        return votedText(best, votes);
     }
 };
 

@@ -12,11 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Digits with groups of three and at most two decimals. A space groups only where a decimal comma
-// follows, so that "2 100.00" on an item line stays two numbers.
+// Digits with groups of three (Indian ones of two before the last) and at most two decimals. A space groups
+// only where a decimal comma or a currency that is written so follows, so that "2 100.00" on an item line
+// stays two numbers.
 const QRegularExpression &numberPattern() {
     static const QRegularExpression pattern(
-        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?: \d{3})+(?=,\d{2}(?!\d))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,2}(?:,\d{2})+,\d{3}|\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:kr|€|EUR|SEK)(?!\p{L}))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
     return pattern;
 }
 

@@ -15,8 +15,8 @@ struct PrintedNumber {
 };
 
 // The numbers of `line` that can be prices, from left to right, in any usual style: 1234.56, 1,234.56,
-// 1.234,56, 1'234.56, 1 234,56, 1234. Percentages, negative numbers, dates, times and numbers inside words or
-// codes ("A4", "12-345") are left out.
+// 1.234,56, 1'234.56, 1 234,56, 1,23,456.00, 1234. Percentages, negative numbers, dates, times and numbers
+// inside words or codes ("A4", "12-345") are left out.
 QList<PrintedNumber> printedNumbers(const QString &line);
 
 } // namespace fennick

@@ -23,6 +23,21 @@ DayMonthOrder orderFor(const std::optional<QString> &currency) {
     return northAmerican ? DayMonthOrder::MonthFirst : DayMonthOrder::DayFirst;
 }
 
+// The currency that most readings speak of, if a good part of them do: a single one may have taken any stroke
+// for a dollar.
+std::optional<QString> votedCurrency(const QList<Reading> &readings) {
+    constexpr int leastShare = 4; // one in so many readings
+    QMap<QString, int> votes;
+    std::optional<QString> best;
+    for (const Reading &reading : readings) {
+        if (const std::optional<QString> code = readCurrency(reading)) {
+            ++votes[*code];
+            best = !best || votes[*code] > votes[*best] ? code : best;
+        }
+    }
+    return best && leastShare * votes[*best] >= readings.size() ? best : std::nullopt;
+}
+
 std::optional<FoundDate> foundDate(const QList<Reading> &readings, const std::optional<QString> &currency,
                                    QDate today) {
     return readDate(readings, printedOrder(readings, orderFor(currency)), today);
@@ -57,7 +72,7 @@ ReceiptFields noReceipt() {
 ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
     const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
     ReceiptFields fields;
-    fields.currency = readCurrency(allLines);
+    fields.currency = votedCurrency(readings);
     const std::optional<FoundAmount> amount = readAmount(readings);
     const std::optional<FoundDate> date = foundDate(readings, fields.currency, today);
     if (!date && !amount) {
@@ -82,8 +97,7 @@ bool isBeyondDoubt(const QList<Reading> &readings, QDate today) {
     if (!amount || !amount->isCertain) {
         return false;
     }
-    const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
-    const std::optional<FoundDate> date = foundDate(readings, readCurrency(allLines), today);
+    const std::optional<FoundDate> date = foundDate(readings, votedCurrency(readings), today);
     return date && date->isCertain;
 }
 

@@ -1,6 +1,7 @@
 #include "engine/recognition_passes.h"
 
 #include "engine/letter_size.h"
+#include "engine/paper_finder.h"
 #include "engine/paper_straightener.h"
 
 #include <allheaders.h>
@@ -43,7 +44,7 @@ GreyPicture scaled(const GreyPicture &picture, double factor) {
 
 PreparedPage preparedPage(const QImage &picture) {
     PreparedPage page;
-    page.picture = straightened(onEvenPaper(greyPicture(picture)));
+    page.picture = straightened(onEvenPaper(seenFromAbove(greyPicture(picture))));
     const PrintedArea area = printedArea(page.picture);
     page.letterHeight = area.letterHeight;
     if (area.letterHeight > 0) {

@@ -17,10 +17,10 @@ struct RecognitionPass {
 
 // In the order of their worth: the first two alone read most pages.
 inline constexpr std::array recognitionPasses = {
-    RecognitionPass{23, Strokes::Smoothed},
-    RecognitionPass{19, Strokes::AsPrinted},
-    RecognitionPass{27, Strokes::Thickened},
-    RecognitionPass{21, Strokes::Darkened},
+    RecognitionPass{23, Strokes::Smoothed},  RecognitionPass{21, Strokes::Darkened},
+    RecognitionPass{19, Strokes::AsPrinted}, RecognitionPass{25, Strokes::AsPrinted},
+    RecognitionPass{24, Strokes::Darkened},  RecognitionPass{30, Strokes::Smoothed},
+    RecognitionPass{27, Strokes::Thickened}, RecognitionPass{24, Strokes::Outlined},
 };
 
 // A page that is ready for its passes: even paper, level lines, cut to where its print stands.

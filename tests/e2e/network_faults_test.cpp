@@ -296,7 +296,7 @@ private Q_SLOTS:
     }
     void stormOfRefusalsIsWeathered() {
         QFETCH(NetworkFault, refusal);
-        constexpr int count = 12;
+        constexpr int count = 6; // rows that stay within the window
         server_->setFault(refusal);
         QStringList files;
         for (int number = 0; number < count; ++number) {

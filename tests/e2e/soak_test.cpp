@@ -75,7 +75,7 @@ private:
     // work.
     bool areFinished(int count) const {
         return answered_ == count && renamedFiles().size() == count &&
-               readFile(session_.home.receiptsFile()).count(": \"done\"") == count;
+               readFile(session_.home.receiptsFile()).count("\"fileName\": \"2024-05-01 ") == count;
     }
 
     QStringList renamedFiles() const {

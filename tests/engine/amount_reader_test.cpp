@@ -89,6 +89,14 @@ private Q_SLOTS:
         QTest::newRow("blank in the number") << QStringList{u"TOTAL : 6. 00"_s, u"CASH : 6.00"_s} << 6.00;
         QTest::newRow("due alone") << QStringList{u"Qty 8 14.60"_s, u"Due 14.60"_s, u"Change 0.00"_s}
                                    << 14.60;
+        QTest::newRow("balance after a deposit")
+            << QStringList{u"Boat trip 900.00"_s, u"Total 900.00"_s, u"Deposit paid 300.00"_s,
+                           u"Balance due 600.00"_s}
+            << 600.00;
+        QTest::newRow("tax contained, not added")
+            << QStringList{u"Sub-Total 15.60"_s, u"Coupon Discount 8.90"_s, u"Grand Tot 6.70"_s,
+                           u"6% GST Included 0.38"_s}
+            << 6.70;
         QTest::newRow("service charge and tax")
             << QStringList{u"SUBTOTAL 20.00"_s, u"Svr Chrg 10% 2.00"_s, u"GST 6% 1.32"_s, u"TOTAL 23.32"_s,
                            u"CASH 50.32"_s}
@@ -141,8 +149,21 @@ private Q_SLOTS:
         QCOMPARE(readAmount({misread, misread, right})->amount, 16.22);
     }
 
+    void letsTheTableOfTaxesDecide() {
+        const Reading misread = linesOf({u"TOTAL 82.40"_s, u"GST Summary"_s, u"SR 6% 58.87 3.53"_s});
+        const Reading right = linesOf({u"TOTAL 62.40"_s, u"GST Summary"_s, u"SR 6% 58.87 3.53"_s});
+        QCOMPARE(readAmount({misread, right})->amount, 62.40);
+    }
+
     void claimsNothingBetweenEquals() {
         QVERIFY(!readAmount({linesOf({u"Total 18.00"_s}), linesOf({u"Total 16.00"_s})}));
+    }
+
+    void takesWhatFewReadingsHaveIfNothingElseComesNear() {
+        const Reading clear = linesOf({u"Total 16.00"_s, u"Cash 16.00"_s});
+        const Reading nothing = linesOf({u"Thank you"_s});
+        QCOMPARE(readAmount({clear, nothing, nothing, clear})->amount, 16.00);
+        QVERIFY(!readAmount({clear, nothing, nothing, nothing, nothing, nothing, nothing, nothing}));
     }
 
     void claimsNothingFromWhatWasHardlyRead() {

@@ -64,6 +64,9 @@ private Q_SLOTS:
         QTest::newRow("long word, two wrong") << u"Roundlng Adjustmant"_s << AmountRole::Rounding;
         QTest::newRow("change") << u"CHANQE"_s << AmountRole::Change;
         QTest::newRow("cash") << u"C4SH"_s << AmountRole::Tendered;
+        QTest::newRow("contained tax") << u"GST 1ncluded"_s << AmountRole::Other;
+        QTest::newRow("deposit paid") << u"Dep0sit paid"_s << AmountRole::PaidBefore;
+        QTest::newRow("bottle deposit") << u"Deposit"_s << AmountRole::Other;
         QTest::newRow("a charge is no change") << u"Delivery charge"_s << AmountRole::Unnamed;
     }
     void understandsMisreadLabels() { tellsTheRole(); }

@@ -58,6 +58,12 @@ private Q_SLOTS:
             std::optional(u"MYR"_s));
     }
 
+    void takesNoAddressForDollars() {
+        QCOMPARE(readCurrency(linesOf({u"12, $S7/1A,"_s, u"12, $57/1A,"_s, u"Lot $3-12"_s})), std::nullopt);
+        QCOMPARE(readCurrency(linesOf({u"12, $57/1A,"_s, u"Qty  Price  RM"_s, u"Tea  4.00"_s})),
+                 std::optional(u"MYR"_s));
+    }
+
     void takesTheMoreFrequentOfTwo() {
         QCOMPARE(readCurrency(linesOf({u"Total CHF 20.00"_s, u"Card CHF 20.00"_s, u"= EUR 20.80"_s})),
                  std::optional(u"CHF"_s));

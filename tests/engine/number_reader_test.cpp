@@ -19,6 +19,13 @@ private Q_SLOTS:
         QTest::newRow("Swiss thousands") << u"1'234.50"_s << 1234.50;
         QTest::newRow("French thousands") << u"1 234,56"_s << 1234.56;
         QTest::newRow("millions") << u"1,234,567.89"_s << 1234567.89;
+        QTest::newRow("Indian thousands") << u"1,23,456.00"_s << 123456.00;
+        QTest::newRow("Indian millions") << u"12,34,567.50"_s << 1234567.50;
+        QTest::newRow("hard blank") << u"1\u00a0234,56"_s << 1234.56;
+        QTest::newRow("narrow hard blank") << u"1\u202f234,56"_s << 1234.56;
+        QTest::newRow("whole thousands of kronor") << u"1 234 kr"_s << 1234.0;
+        QTest::newRow("no cents, Swiss") << u"CHF 45.-"_s << 45.0;
+        QTest::newRow("yen") << u"¥12,800"_s << 12800.0;
         QTest::newRow("whole") << u"325"_s << 325.0;
         QTest::newRow("whole thousands") << u"2,980"_s << 2980.0;
         QTest::newRow("dollar") << u"$42.01"_s << 42.01;

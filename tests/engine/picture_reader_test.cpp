@@ -1,5 +1,6 @@
 #include "drawn_page.h"
 #include "engine/picture_reader.h"
+#include "engine/recognition_passes.h"
 
 #include <QTest>
 
@@ -46,6 +47,23 @@ QImage onTable(const QImage &page, double degrees) {
     return table;
 }
 
+// `page` on a dark table, taken from its lower edge: the upper one is further away and shorter.
+QImage takenFromBelow(const QImage &page) {
+    QImage table(page.width() + 300, page.height() + 200, QImage::Format_RGB32);
+    table.fill(QColor(60, 45, 40));
+    const double width = page.width();
+    const double height = page.height();
+    QTransform view;
+    QTransform::quadToQuad(
+        QPolygonF({{0, 0}, {width, 0}, {width, height}, {0, height}}),
+        QPolygonF({{250, 120}, {width + 40, 90}, {width + 200, height + 80}, {80, height + 110}}), view);
+    QPainter painter(&table);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setTransform(view);
+    painter.drawImage(0, 0, page);
+    return table;
+}
+
 QImage withGrain(QImage page, int strength) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> grain(-strength, strength);
@@ -77,6 +95,7 @@ private Q_SLOTS:
         QTest::newRow("small on a wide page") << drawnPage(receipt, 24, 2400);
         QTest::newRow("turned to the left") << onTable(drawnPage(receipt, 30), -3);
         QTest::newRow("turned to the right") << onTable(drawnPage(receipt, 30), 4);
+        QTest::newRow("taken from below") << takenFromBelow(drawnPage(receipt, 30));
         QTest::newRow("grainy") << withGrain(drawnPage(receipt, 30), 40);
         QTest::newRow("faint") << faint(drawnPage(receipt, 30));
     }
@@ -102,7 +121,8 @@ private Q_SLOTS:
 
     void looksAgainUntilItIsEnough() {
         QCOMPARE(readingsOf(drawnPage(receipt, 24), anyIsEnough).size(), 2);
-        QCOMPARE(readingsOf(drawnPage(receipt, 24), noneIsEnough).size(), 4);
+        QCOMPARE(readingsOf(drawnPage(receipt, 24), noneIsEnough).size(),
+                 static_cast<qsizetype>(recognitionPasses.size()));
     }
 
     void keepsThePagesInOrder() {
@@ -139,8 +159,8 @@ private Q_SLOTS:
         QFETCH(int, level);
         QImage picture(size, QImage::Format_RGB32);
         picture.fill(QColor(level, level, level));
-        const QList<Reading> readings = readingsOf(picture);
-        QCOMPARE(readings.size(), 2);
+        const QList<Reading> readings = readingsOf(picture, noneIsEnough);
+        QCOMPARE(readings.size(), static_cast<qsizetype>(recognitionPasses.size()));
         for (const Reading &reading : readings) {
             for (const TextLine &line : reading)
                 QVERIFY2(line.text.size() <= 2, qPrintable(line.text));

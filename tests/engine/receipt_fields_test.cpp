@@ -33,6 +33,15 @@ private Q_SLOTS:
                  std::optional(QDate(2024, 3, 4)));
     }
 
+    void takesNoCurrencyFromAStrayReading() {
+        const Reading plain = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total 5.00"_s});
+        const Reading stray = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total $5.00"_s});
+        const ReceiptFields fields = readReceipt({plain, plain, stray, plain, plain, plain}, today_);
+        QCOMPARE(fields.currency, std::nullopt);
+        QCOMPARE(fields.date, std::optional(QDate(2024, 3, 12)));
+        QCOMPARE(readReceipt({plain, stray}, today_).currency, std::optional(u"USD"_s));
+    }
+
     void claimsNothingAboutALetter() {
         for (const QList<TextLine> &lines :
              {linesOf({u"Dear Anna"_s, u"See you at the market, 9:30 sharp."_s}), QList<TextLine>()}) {

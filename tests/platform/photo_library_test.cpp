@@ -133,6 +133,31 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
     }
 
+    void albumReplacedByAFileIsMadeAnew() {
+        const QString title = QStringLiteral("Trip");
+        writeFile(home_->photoLibrary() + QStringLiteral("/Trip"), "no folder");
+        QVERIFY(!PhotoLibrary::fetchAlbum(title));
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, title}));
+        QCOMPARE(PhotoLibrary::fetchAlbum(title)->folder,
+                 home_->photoLibrary() + QStringLiteral("/Trip (2)"));
+        QCOMPARE(readFile(home_->photoLibrary() + QStringLiteral("/Trip")), "no folder");
+    }
+
+    void albumReplacedByAFileDuringTheChangeIsAnError() {
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, QStringLiteral("Trip")}));
+        const auto album = PhotoLibrary::fetchAlbum(QStringLiteral("Trip"));
+        QVERIFY(QDir(album->folder).removeRecursively());
+        writeFile(album->folder, "no folder");
+        QVERIFY(!PhotoLibrary::performChanges({{image("b.jpg")}, album, {}}));
+        QCOMPARE(entries(), QStringList{QStringLiteral("Trip")});
+    }
+
+    void missingPicturesFolderIsMade() {
+        QVERIFY(QDir(home_->path(QStringLiteral("Pictures"))).removeRecursively());
+        QVERIFY(PhotoLibrary::performChanges({{image("a.jpg")}, {}, {}}));
+        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+    }
+
     void libraryThatCannotBeMadeIsAnError() {
         writeFile(home_->photoLibrary(), "a file where the library should be");
         QVERIFY(!PhotoLibrary::performChanges({{image("a.jpg")}, {}, {}}));
