@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
@@ -58,9 +60,7 @@ private Q_SLOTS:
         }
         session_.drop(u"third.pdf"_s, "third");
         QVERIFY(session_.waitForRows(3, u"done"_s));
-        for (const QJsonObject &row : session_.rows()) {
-            QVERIFY(QFile::exists(row.value(u"filePath").toString()));
-        }
+        QVERIFY(session_.waitFor([this] { return isEveryFileWhereTheListSays(); }));
     }
 
     void folderThatMayNotBeLookedIntoIsPassedOver() {
@@ -93,6 +93,13 @@ private Q_SLOTS:
     }
 
 private:
+    bool isEveryFileWhereTheListSays() const {
+        const QList<QJsonObject> rows = session_.rows();
+        return std::all_of(rows.begin(), rows.end(), [](const QJsonObject &row) {
+            return QFile::exists(row.value(u"filePath").toString());
+        });
+    }
+
     UserSession session_;
 };
 
