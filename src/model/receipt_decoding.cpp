@@ -18,8 +18,12 @@ Error malformed() {
     return {Error::Kind::malformed, {}};
 }
 
+// Qt takes a byte-order mark at the start for a mark of the encoding and drops it; here it is part of a name
+// or text.
 QString toQString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    const QString decoded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return text.starts_with(byteOrderMark) ? QChar(QChar::ByteOrderMark) + decoded : decoded;
 }
 
 // One member's value: absent (missing or null), or of one of the types that a receipt has, or of another.

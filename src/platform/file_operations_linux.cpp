@@ -22,6 +22,11 @@ QString systemError(int number) {
     return QString::fromLocal8Bit(std::strerror(number));
 }
 
+// The system would take a name with a null character for the part before it, and so for another one.
+bool isPath(const QString &text) {
+    return !text.contains(QChar::Null);
+}
+
 // 0 or the error's number. File systems that cannot refuse to replace by themselves (EINVAL) are asked
 // whether the target exists first.
 int renameWithoutReplacing(const QString &source, const QString &target) {
@@ -50,6 +55,9 @@ std::expected<void, QString> synchronise(const QString &path) {
 } // namespace
 
 std::expected<void, QString> copyDurably(const QString &source, const QString &target) {
+    if (!isPath(target)) {
+        return std::unexpected(systemError(EINVAL));
+    }
     QFile original(source);
     if (!original.copy(target)) {
         return std::unexpected(original.errorString());
@@ -62,6 +70,9 @@ std::expected<void, QString> copyDurably(const QString &source, const QString &t
 }
 
 std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target) {
+    if (!isPath(target)) {
+        return std::unexpected(systemError(EINVAL));
+    }
     const int error = renameWithoutReplacing(source, target);
     if (error == 0) {
         return {};

@@ -1,6 +1,7 @@
 #include "ui/fennick_app.h"
 
 #include "platform/activation_policy.h"
+#include "platform/launcher_progress.h"
 #include "platform/tray_watch.h"
 #include "ui/settings_view.h"
 #include "ui/symbols.h"
@@ -21,9 +22,12 @@ constexpr std::chrono::seconds trayReturn{2}; // a panel that is restarted bring
 FennickApp::FennickApp()
     : appState_(&store_, &settings_)
     , window_(&store_, &settings_, &appState_)
-    , menu_(&store_) {
+    , menu_(&store_)
+    , progress_(&store_)
+    , notices_([this] { return window_.isActiveWindow(); }) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
+    connectNotices();
     appState_.recoverFromInterruption();
     connectWindow();
     buildTrayIcon();
@@ -56,8 +60,7 @@ void FennickApp::buildTrayIcon() {
     connect(&menu_, &MenuBarContent::showReceiptsRequested, this, &FennickApp::showMainWindow);
     connect(&menu_, &MenuBarContent::settingsRequested, this, &FennickApp::showSettings);
     connect(&menu_, &MenuBarContent::quitRequested, this, &FennickApp::terminate);
-    trayIcon_.setIcon(symbolIcon(Symbol::receipts));
-    trayIcon_.setToolTip(QStringLiteral("Fennick"));
+    showProgress();
     trayIcon_.setContextMenu(&menu_);
     connect(&trayIcon_, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger) {
@@ -74,6 +77,28 @@ void FennickApp::buildTrayIcon() {
             trayCheck_.start();
         }
     });
+}
+
+void FennickApp::connectNotices() {
+    connect(&progress_, &BatchProgress::changed, this, &FennickApp::showProgress);
+    connect(&progress_, &BatchProgress::ended, &notices_, &Notices::tellBatch);
+    connect(&appState_, &AppState::lastErrorChanged, &notices_,
+            [this] { notices_.tellFailure(appState_.lastError().value_or(QString())); });
+    connect(&notices_, &Notices::activated, this, &FennickApp::showMainWindow);
+}
+
+// Of the receipts under way: in the tray and, where there is such a thing, in the task bar.
+void FennickApp::showProgress() {
+    if (!progress_.isUnderWay()) {
+        trayIcon_.setIcon(symbolIcon(Symbol::receipts));
+        trayIcon_.setToolTip(QStringLiteral("Fennick"));
+        hideLauncherProgress();
+        return;
+    }
+    const int total = progress_.totalCount();
+    trayIcon_.setIcon(symbolIcon(Symbol::receipts, Tint::success));
+    trayIcon_.setToolTip(tr("Scanning %1 of %2").arg(progress_.finishedCount() + 1).arg(total));
+    showLauncherProgress(static_cast<double>(progress_.finishedCount()) / total);
 }
 
 // A window that went into a tray would be out of reach once the tray has gone.

@@ -3,8 +3,10 @@
 #include "model/receipt_store.h"
 #include "pipeline/app_state.h"
 #include "settings/settings_store.h"
+#include "ui/batch_progress.h"
 #include "ui/main_window.h"
 #include "ui/menu_bar_content.h"
+#include "ui/notices.h"
 
 #include <QObject>
 #include <QPointer>
@@ -33,6 +35,8 @@ public:
 private:
     void connectWindow();
     void buildTrayIcon();
+    void connectNotices();
+    void showProgress();
     void terminate();
     void putMainWindowAway();
     void keepReachable();
@@ -43,6 +47,8 @@ private:
     AppState appState_;
     MainWindow window_;
     MenuBarContent menu_;
+    BatchProgress progress_;
+    Notices notices_;
     QSystemTrayIcon trayIcon_;
     QTimer trayCheck_;
     bool isPutAway_ = false; // minimised by its close button, until it has the focus again

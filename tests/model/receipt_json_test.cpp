@@ -167,6 +167,15 @@ private Q_SLOTS:
         QCOMPARE(object[u"status"], QJsonValue(QStringLiteral("processing")));
     }
 
+    void textThatBeginsWithAByteOrderMarkStaysAsItIs() {
+        Receipt receipt = freshReceipt(QStringLiteral("\uFEFF\uFEFFa.pdf"));
+        receipt.summary = QStringLiteral("\uFEFF");
+        const auto decoded = decodeReceipts(encodeReceipts({receipt}));
+        QVERIFY(decoded);
+        QCOMPARE(decoded->first().filePath, QStringLiteral("\uFEFF\uFEFFa.pdf"));
+        QCOMPARE(decoded->first().summary, QStringLiteral("\uFEFF"));
+    }
+
     void missingSummaryIsWrittenAsEmptyText() {
         const QByteArray json = encodeReceipts({*decodeOne(minimalMembers)});
         QVERIFY2(json.contains(R"("summary": "")"), json.constData());

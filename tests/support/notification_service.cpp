@@ -1,0 +1,55 @@
+#include "support/notification_service.h"
+
+#include <QDBusMessage>
+
+namespace fennick::test {
+
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.Notifications");
+const QString path = QStringLiteral("/org/freedesktop/Notifications");
+const QString connectionName = QStringLiteral("notification-service");
+
+} // namespace
+
+NotificationService::NotificationService(QStringList capabilities)
+    : connection_(QDBusConnection::connectToBus(QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")),
+                                                connectionName))
+    , capabilities_(std::move(capabilities)) {
+    if (!connection_.registerVirtualObject(path, this) || !connection_.registerService(service)) {
+        qFatal("No notification service can be offered.");
+    }
+}
+
+NotificationService::~NotificationService() {
+    connection_.unregisterService(service);
+    connection_.unregisterObject(path);
+    QDBusConnection::disconnectFromBus(connectionName);
+}
+
+void NotificationService::click() const {
+    QDBusMessage invoked = QDBusMessage::createSignal(path, service, QStringLiteral("ActionInvoked"));
+    invoked.setArguments({static_cast<uint>(notices_.size()), QStringLiteral("default")});
+    connection_.send(invoked);
+}
+
+QString NotificationService::introspect(const QString &) const {
+    return {};
+}
+
+bool NotificationService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection) {
+    const QVariantList arguments = message.arguments();
+    if (message.member() == u"GetCapabilities") {
+        connection.send(message.createReply(QVariant(capabilities_)));
+        return true;
+    }
+    if (message.member() != u"Notify" || arguments.size() != 8) {
+        return false;
+    }
+    notices_.append({arguments[1].toUInt(), arguments[2].toString(), arguments[3].toString(),
+                     arguments[4].toString(), arguments[5].toStringList()});
+    connection.send(message.createReply(static_cast<uint>(notices_.size())));
+    return true;
+}
+
+} // namespace fennick::test

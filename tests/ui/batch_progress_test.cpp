@@ -1,0 +1,86 @@
+#include "support/receipts.h"
+#include "support/temporary_home.h"
+#include "ui/batch_progress.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+
+class BatchProgressTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        home_ = std::make_unique<TemporaryHome>();
+        store_ = std::make_unique<ReceiptStore>();
+        progress_ = std::make_unique<BatchProgress>(store_.get());
+    }
+
+    void countsWhatIsUnderWayAndWhatIsFinished() {
+        QVERIFY(!progress_->isUnderWay());
+        QList<Receipt> receipts = {add("a.pdf"), add("b.pdf"), add("c.pdf")};
+        QCOMPARE(progress_->totalCount(), 3);
+        QCOMPARE(progress_->finishedCount(), 0);
+        finish(receipts[1], ReceiptStatus::done);
+        finish(receipts[0], ReceiptStatus::error);
+        QCOMPARE(progress_->finishedCount(), 2);
+        QCOMPARE(progress_->totalCount(), 3);
+        QVERIFY(progress_->isUnderWay());
+        add("d.pdf");
+        QCOMPARE(progress_->totalCount(), 4);
+    }
+
+    void batchEndsOnceNothingHasBeenUnderWayForAWhile() {
+        QSignalSpy ended(progress_.get(), &BatchProgress::ended);
+        Receipt first = add("a.pdf");
+        finish(first, ReceiptStatus::done);
+        Receipt second = add("b.pdf"); // before the while is over
+        finish(second, ReceiptStatus::error);
+        QVERIFY(ended.isEmpty());
+        QTRY_COMPARE(ended.size(), 1);
+        QCOMPARE(ended.first(), (QVariantList{1, 1}));
+        QCOMPARE(progress_->totalCount(), 0);
+    }
+
+    void changesAfterTheScanDoNotCountAgain() {
+        Receipt receipt = add("a.pdf");
+        finish(receipt, ReceiptStatus::done);
+        receipt.addedToPhotos = true;
+        store_->update(receipt);
+        QCOMPARE(progress_->finishedCount(), 1);
+    }
+
+    void clearedReceiptsAreNoLongerUnderWay() {
+        QSignalSpy ended(progress_.get(), &BatchProgress::ended);
+        Receipt receipt = add("a.pdf");
+        finish(receipt, ReceiptStatus::done);
+        add("b.pdf");
+        store_->clearAll();
+        QVERIFY(!progress_->isUnderWay());
+        QTRY_COMPARE(ended.size(), 1);
+        QCOMPARE(ended.first(), (QVariantList{1, 0}));
+    }
+
+private:
+    Receipt add(const char *name) {
+        Receipt receipt = freshReceipt(QStringLiteral("/w/") + QString::fromUtf8(name));
+        store_->add(receipt);
+        return receipt;
+    }
+
+    void finish(Receipt &receipt, ReceiptStatus status) {
+        receipt.status = status;
+        store_->update(receipt);
+    }
+
+    std::unique_ptr<TemporaryHome> home_;
+    std::unique_ptr<ReceiptStore> store_;
+    std::unique_ptr<BatchProgress> progress_;
+};
+
+QTEST_GUILESS_MAIN(BatchProgressTest)
+#include "batch_progress_test.moc"
