@@ -1,6 +1,7 @@
 #include "desktop_surroundings.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSet>
@@ -91,7 +92,7 @@ private Q_SLOTS:
         }
         QVERIFY(isRowFocused());
         press(u"Return"_s);
-        QVERIFY(waitFor([this] { return QFile::exists(opened_); }));
+        QVERIFY(waitFor([this] { return QFileInfo(opened_).size() > 0; })); // it is made before it is written
         QCOMPARE(QString::fromUtf8(readFile(opened_)).trimmed(), surroundings_->session.path(u"a.pdf"_s));
     }
 
