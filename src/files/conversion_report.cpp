@@ -50,7 +50,8 @@ std::expected<QStringList, ConverterError> decodeReport(const QByteArray &report
                                               object.value(payloadKey).toString()});
     }
     QStringList paths;
-    for (const QJsonValue &path : object.value(pathsKey).toArray()) {
+    const QJsonArray reported = object.value(pathsKey).toArray();
+    for (const auto &path : reported) {
         paths.append(path.toString());
     }
     return paths;

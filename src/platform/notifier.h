@@ -21,10 +21,8 @@ Q_SIGNALS:
     // The user has clicked the notice.
     void activated();
 
-private Q_SLOTS:
-    void handleAction(uint notice, const QString &action);
-
 private:
+    Q_SLOT void handleAction(uint notice, const QString &action);
     void askForCapabilities();
 
     uint last_ = 0;

@@ -1,12 +1,12 @@
 #include "desktop_surroundings.h"
 #include "desktop_user.h"
+#include "kill_injection.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QProcess>
 #include <QStorageInfo>
 #include <QTest>
 
@@ -30,7 +30,7 @@ class KillArchiveTest : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         QStringList missing = DesktopSurroundings::missingPrograms();
-        if (QProcess::execute(u"strace"_s, {u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"true"_s}) != 0) {
+        if (!canInjectKills()) {
             missing.append(u"strace"_s);
         }
         if (!missing.isEmpty()) {
@@ -68,10 +68,7 @@ private Q_SLOTS:
         QFETCH(int, number);
         QFETCH(bool, isElsewhere);
         prepare(isElsewhere);
-        session().program.start(QProcessEnvironment::systemEnvironment(),
-                                {u"strace"_s, u"-D"_s, u"-f"_s, u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"-e"_s,
-                                 u"trace="_s + calls, u"-e"_s,
-                                 u"inject=%1:signal=SIGKILL:when=%2"_s.arg(calls).arg(number)});
+        session().program.start(QProcessEnvironment::systemEnvironment(), killedRightBefore(calls, number));
         archive();
         session().waitFor([this] { return session().rows().isEmpty(); });
         session().program.kill();

@@ -1,3 +1,4 @@
+#include "kill_injection.h"
 #include "support/conditions.h"
 #include "support/striped_pdf.h"
 #include "user_session.h"
@@ -7,7 +8,6 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QSet>
-#include <QStandardPaths>
 #include <QTest>
 
 #include <algorithm>
@@ -45,9 +45,7 @@ class KillPointsTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        QProcess strace;
-        strace.start(u"strace"_s, {u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"true"_s});
-        if (!strace.waitForFinished() || strace.exitCode() != 0) {
+        if (!canInjectKills()) {
             QSKIP("strace is not installed or may not be used here");
         }
     }
@@ -82,10 +80,7 @@ private Q_SLOTS:
         session_.renew();
         session_.setPreference("addToPhotos", "true");
         dropDocuments();
-        const QString injection = u"inject=%1:signal=SIGKILL:when=%2"_s.arg(calls).arg(number);
-        session_.program.start(QProcessEnvironment::systemEnvironment(),
-                               {u"strace"_s, u"-D"_s, u"-f"_s, u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"-e"_s,
-                                u"trace="_s + calls, u"-e"_s, injection});
+        session_.program.start(QProcessEnvironment::systemEnvironment(), killedRightBefore(calls, number));
         waitUntil([this] { return !session_.program.isRunning() || isAllDelivered(); }, 60000);
         const bool wasKilled = !session_.program.isRunning();
         session_.program.kill();
