@@ -1,8 +1,10 @@
+#include "model/data_folder_lock.h"
 #include "platform/application_id.h"
 #include "platform/single_instance.h"
 #include "ui/fennick_app.h"
 
 #include <QApplication>
+#include <QMessageBox>
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
@@ -12,6 +14,14 @@ int main(int argc, char **argv) {
     fennick::SingleInstance instance;
     if (!instance.claim()) {
         return 0;
+    }
+    const fennick::DataFolderLock lock;
+    if (lock.isTaken()) {
+        const QString reason =
+            QCoreApplication::translate("main", "Fennick is already running in another session of yours.");
+        qWarning("%s", qPrintable(reason));
+        QMessageBox::warning(nullptr, QStringLiteral("Fennick"), reason);
+        return 1;
     }
     fennick::FennickApp app;
     QObject::connect(&instance, &fennick::SingleInstance::activationRequested, &app,

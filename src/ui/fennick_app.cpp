@@ -24,7 +24,7 @@ FennickApp::FennickApp()
     , window_(&store_, &settings_, &appState_)
     , menu_(&store_)
     , progress_(&store_)
-    , notices_([this] { return window_.isActiveWindow(); }) {
+    , notices_([] { return QApplication::activeWindow() != nullptr; }) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
     connectNotices();
@@ -97,6 +97,7 @@ void FennickApp::showProgress() {
     }
     const int total = progress_.totalCount();
     trayIcon_.setIcon(symbolIcon(Symbol::receipts, Tint::success));
+    //: %1 is the number of the receipt under way, %2 how many there are.
     trayIcon_.setToolTip(tr("Scanning %1 of %2").arg(progress_.finishedCount() + 1).arg(total));
     showLauncherProgress(static_cast<double>(progress_.finishedCount()) / total);
 }

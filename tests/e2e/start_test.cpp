@@ -199,6 +199,36 @@ private Q_SLOTS:
         checkWorksWithoutAKey(address);
     }
 
+    void secondProgramWithoutTheSessionLeavesTheListAlone() {
+        session_.server.setScript([](const HttpRequest &) {
+            HttpReply reply = answering(lunchAnswer);
+            reply.delay = std::chrono::seconds(3);
+            return reply;
+        });
+        QVERIFY(session_.start());
+        session_.drop(u"a.pdf"_s);
+        QVERIFY(session_.waitForRows(1, u"processing"_s));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nowhere"_s);
+        FennickProgram second;
+        second.start(environment);
+        QByteArray output;
+        QVERIFY(session_.waitFor([&] {
+            output += second.takeOutput();
+            return output.contains("Fennick is already running in another session of yours.");
+        }));
+        QCOMPARE(session_.rows().first().value(u"status").toString(), u"processing"_s);
+        QVERIFY(waitForFinished(1));
+    }
+
+    void killedProgramLeavesNoLock() {
+        for (int start = 0; start < 3; ++start) {
+            QVERIFY(session_.start());
+            session_.program.kill();
+        }
+        QVERIFY(session_.start());
+    }
+
     void withoutASecretStoreItWorksWithoutAKey() {
         const BareBus bus(session_.home);
         QVERIFY(!bus.address().isEmpty());
