@@ -3,6 +3,7 @@
 #include "text/display_text.h"
 #include "ui/symbols.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -33,38 +34,55 @@ bool ask(QWidget *parent, const QString &objectName, Symbol symbol, const QStrin
     QMessageBox box(parent);
     box.setObjectName(objectName);
     box.setIconPixmap(symbolIcon(symbol).pixmap(QSize(symbolSize, symbolSize), parent->devicePixelRatio()));
-    box.setWindowTitle(QMessageBox::tr("Fennick"));
+    box.setWindowTitle(QStringLiteral("Fennick"));
     box.setTextFormat(Qt::PlainText); // paths may look like markup
     box.setText(title);
     box.setInformativeText(message);
     const QPushButton *const confirm = box.addButton(confirmText, confirmRole);
-    QPushButton *const cancel = box.addButton(QMessageBox::tr("Cancel"), QMessageBox::RejectRole);
+    QPushButton *const cancel =
+        box.addButton(QCoreApplication::translate("Confirmations", "Cancel"), QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
     widen(&box);
     box.exec();
     return box.clickedButton() == confirm;
 }
 
+// Two texts, since English is shown as it stands here, while a translation has plural forms of each.
+QString archiveMessage(int receipts) {
+    if (receipts == 1) {
+        //: %1 is CSV or HTML, %2 a folder.
+        return QCoreApplication::translate("Confirmations",
+                                           "Saves a %1 ledger and moves %n receipt file into “%2”, then "
+                                           "clears the list. Your Photos are unaffected.",
+                                           nullptr, receipts);
+    }
+    //: %1 is CSV or HTML, %2 a folder.
+    return QCoreApplication::translate("Confirmations",
+                                       "Saves a %1 ledger and moves %n receipt files into “%2”, then clears "
+                                       "the list. Your Photos are unaffected.",
+                                       nullptr, receipts);
+}
+
 } // namespace
 
 bool confirmClear(QWidget *parent) {
     return ask(parent, QStringLiteral("clearConfirmation"), Symbol::clear,
-               QMessageBox::tr("Clear all receipts from the list?"),
-               QMessageBox::tr("This empties the list. Your renamed files stay in the folder and won't be "
-                               "re-scanned."),
-               QMessageBox::tr("Clear All"), QMessageBox::DestructiveRole);
+               QCoreApplication::translate("Confirmations", "Clear all receipts from the list?"),
+               QCoreApplication::translate(
+                   "Confirmations",
+                   "This empties the list. Your renamed files stay in the folder and won't be "
+                   "re-scanned."),
+               QCoreApplication::translate("Confirmations", "Clear All"), QMessageBox::DestructiveRole);
 }
 
 bool confirmArchive(QWidget *parent, const QString &formatName, qsizetype receipts,
                     const QString &destination) {
-    const QString files = receipts == 1 ? QMessageBox::tr("receipt file") : QMessageBox::tr("receipt files");
     const QString message =
-        QMessageBox::tr("Saves a %1 ledger and moves %2 %3 into “%4”, then clears the list. Your "
-                        "Photos are unaffected.")
-            .arg(formatName, QString::number(receipts), files, displayText(destination));
+        archiveMessage(static_cast<int>(receipts)).arg(formatName, displayText(destination));
     return ask(parent, QStringLiteral("archiveConfirmation"), Symbol::archive,
-               QMessageBox::tr("Export, archive, and clear this batch?"), message,
-               QMessageBox::tr("Export, Archive && Clear"), QMessageBox::AcceptRole);
+               QCoreApplication::translate("Confirmations", "Export, archive, and clear this batch?"),
+               message, QCoreApplication::translate("Confirmations", "Export, Archive && Clear"),
+               QMessageBox::AcceptRole);
 }
 
 } // namespace fennick::Confirmations

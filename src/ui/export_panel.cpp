@@ -1,12 +1,13 @@
 #include "ui/export_panel.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 
 namespace fennick {
 
 std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
                                     ExportService::Format format) {
-    QFileDialog panel(parent, QFileDialog::tr("Export Receipts"));
+    QFileDialog panel(parent, QCoreApplication::translate("ExportPanel", "Export Receipts"));
     panel.setObjectName(QStringLiteral("exportPanel"));
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setFileMode(QFileDialog::AnyFile);

@@ -1,5 +1,6 @@
 #include "ui/folder_chooser.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,8 +12,9 @@ std::optional<QString> chooseFolder(QWidget *parent, const QString &confirmText,
                                     const std::optional<QString> &startFolder, NewFolders newFolders) {
     const bool canStartThere = startFolder && QFileInfo(*startFolder).isDir();
     // Not on the stack: the parent deletes its dialogs with itself.
-    const QPointer<QFileDialog> dialog(new QFileDialog(parent, QFileDialog::tr("Choose a Folder"),
-                                                       canStartThere ? *startFolder : QDir::homePath()));
+    const QPointer<QFileDialog> dialog(
+        new QFileDialog(parent, QCoreApplication::translate("FolderChooser", "Choose a Folder"),
+                        canStartThere ? *startFolder : QDir::homePath()));
     dialog->setObjectName(QStringLiteral("folderChooser"));
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);

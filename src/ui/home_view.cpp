@@ -39,6 +39,7 @@ HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWi
     , settings_(settings)
     , folder_(new ElidedLabel(this))
     , photosBadge_(new CaptionLabel(tr("Photos export on"), Tint::secondary, Symbol::photos, this))
+    //: Names the shortcut of the settings on the reader's keyboard.
     , missingKey_(new CaptionLabel(tr("Set your Gemini API key in Settings (⌘,) to start scanning."),
                                    Tint::warning, Symbol::warning, this))
     , table_(new ReceiptsTable(store, this))

@@ -2,16 +2,11 @@
 
 #include "ui/symbols.h"
 
-#include <QCoreApplication>
 #include <QKeySequence>
 
 namespace fennick {
 
 namespace {
-
-QString tr(const char *text) {
-    return QCoreApplication::translate("MainActions", text);
-}
 
 QAction *make(QObject *owner, const char *objectName, const QString &text,
               const QKeySequence &shortcut = {}) {
@@ -38,6 +33,7 @@ MainActions::MainActions(QObject *owner)
     , archiveHtml(make(owner, "archiveHtml", tr("Export HTML, Archive && Clear")))
     , clearAll(withSymbol(make(owner, "clearAll", tr("Clear All")), Symbol::clear))
     , open(make(owner, "open", tr("Open")))
+    //: Shows the file in the desktop's file manager.
     , reveal(withSymbol(
           make(owner, "revealSelected", tr("Reveal in Finder"), QKeySequence(Qt::CTRL | Qt::Key_R)),
           Symbol::reveal))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QObject>
 
 namespace fennick {
@@ -8,6 +9,9 @@ namespace fennick {
 // Everything that can be done from the main window, each once: toolbar, menu bar and context menu share
 // these. Owned by the main window, which says what they do and when they can be used.
 struct MainActions {
+    Q_DECLARE_TR_FUNCTIONS(fennick::MainActions)
+
+public:
     explicit MainActions(QObject *owner);
 
     // The whole list.

@@ -23,10 +23,10 @@ MenuBarContent::MenuBarContent(const ReceiptStore *store)
     showCount();
 }
 
-// "1 receipts" is intended: there is no singular form.
+// "1 receipts" is intended: English has no singular form here. Other languages have theirs.
 void MenuBarContent::showCount() {
     const qsizetype count = store_->receipts().size();
-    count_->setText(count == 0 ? tr("No receipts yet") : tr("%1 receipts").arg(count));
+    count_->setText(count == 0 ? tr("No receipts yet") : tr("%n receipts", nullptr, static_cast<int>(count)));
 }
 
 } // namespace fennick

@@ -26,11 +26,13 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
 QString Notices::batchText(int scanned, int failed) {
     QStringList parts;
     if (scanned > 0) {
-        parts.append(scanned == 1 ? tr("1 receipt scanned") : tr("%1 receipts scanned").arg(scanned));
+        parts.append(scanned == 1 ? tr("1 receipt scanned") : tr("%n receipts scanned", nullptr, scanned));
     }
     if (failed > 0) {
-        parts.append(tr("%1 failed").arg(failed));
+        //: Receipts; follows "3 receipts scanned".
+        parts.append(tr("%n failed", nullptr, failed));
     }
+    //: Between "3 receipts scanned" and "1 failed".
     return parts.join(tr(", "));
 }
 
@@ -65,7 +67,7 @@ void Notices::tell() {
     if (batch.isEmpty() && failure.isEmpty()) {
         return;
     }
-    notifier_.show(batch.isEmpty() ? tr("Fennick") : batch, failure);
+    notifier_.show(batch.isEmpty() ? QStringLiteral("Fennick") : batch, failure);
     pause_.start();
 }
 

@@ -178,6 +178,7 @@ QVariant ReceiptsTableModel::headerData(int section, Qt::Orientation orientation
     case summaryColumn:
         return tr("Summary");
     case photosColumn:
+        //: The photo library; the column is 56 pixels wide.
         return tr("Photos");
     default:
         return QString();

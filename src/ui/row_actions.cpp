@@ -29,6 +29,7 @@ QToolButton *makeButton(QWidget *parent, const QString &objectName, const QStrin
 
 RowActions::RowActions(QWidget *parent)
     : QWidget(parent)
+    //: Shows the file in the desktop's file manager.
     , reveal_(makeButton(this, QStringLiteral("reveal"), tr("Reveal in Finder")))
     , addToPhotos_(makeButton(this, QStringLiteral("addToPhotos"), tr("Add to Photos")))
     , retry_(makeButton(this, QStringLiteral("retry"), tr("Retry"))) {

@@ -34,6 +34,8 @@ SettingsGeminiSection::SettingsGeminiSection(SettingsStore *settings, QWidget *p
     model_->setObjectName(QStringLiteral("model"));
     model_->setAccessibleName(tr("Model"));
     layOut();
+    connect(&storedKey_, &QFutureWatcher<std::optional<QString>>::finished, this,
+            &SettingsGeminiSection::showStoredKey);
     // Not only what is typed: assistive tools set the whole text.
     connect(model_, &QLineEdit::textChanged, settings, &SettingsStore::setModel);
     connect(settings, &SettingsStore::changed, this, &SettingsGeminiSection::showModel);
@@ -43,12 +45,17 @@ SettingsGeminiSection::SettingsGeminiSection(SettingsStore *settings, QWidget *p
 void SettingsGeminiSection::loadKey() {
     isKeyLoaded_ = false;
     key_->setModified(false);
-    settings_->storedAPIKey().then(this, [this](const std::optional<QString> &key) {
-        isKeyLoaded_ = true;
-        if (!key_->isModified()) { // by typing, while the secret store took its time
-            key_->setText(key.value_or(QString()));
-        }
-    });
+    storedKey_.setFuture(settings_->storedAPIKey());
+}
+
+void SettingsGeminiSection::showStoredKey() {
+    if (storedKey_.isCanceled()) {
+        return;
+    }
+    isKeyLoaded_ = true;
+    if (!key_->isModified()) { // by typing, while the secret store took its time
+        key_->setText(storedKey_.result().value_or(QString()));
+    }
 }
 
 void SettingsGeminiSection::layOut() {

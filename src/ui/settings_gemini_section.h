@@ -2,6 +2,10 @@
 
 #include "ui/settings_section.h"
 
+#include <QFutureWatcher>
+
+#include <optional>
+
 class QLineEdit;
 
 namespace fennick {
@@ -21,6 +25,7 @@ public:
 
 private:
     void layOut();
+    void showStoredKey();
     void saveKey();
     void showModel();
 
@@ -29,6 +34,8 @@ private:
     CaptionLabel *keySaved_;
     QLineEdit *model_;
     bool isKeyLoaded_ = false;
+    // A watcher, since a continuation would run into a window that is gone when the store answers.
+    QFutureWatcher<std::optional<QString>> storedKey_;
 };
 
 } // namespace fennick

@@ -115,6 +115,7 @@ SettingsSection *SettingsView::makeStartupSection(bool canHideFromTaskBar) {
     section->setObjectName(QStringLiteral("startupSection"));
     launchAtLogin_ = new SwitchControl(tr("Launch at login"));
     launchAtLogin_->setObjectName(QStringLiteral("launchAtLogin"));
+    //: An entry in the desktop's tray and none in its task bar.
     menuBarMode_ = new SwitchControl(tr("Run in menu bar (hide Dock icon)"));
     menuBarMode_->setObjectName(QStringLiteral("menuBarMode"));
     if (!canHideFromTaskBar) {

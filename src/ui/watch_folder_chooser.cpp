@@ -9,7 +9,7 @@
 namespace fennick {
 
 void chooseWatchFolder(QWidget *parent, AppState *appState, SettingsStore *settings) {
-    const QString confirmText = QCoreApplication::translate("chooseWatchFolder", "Watch This Folder");
+    const QString confirmText = QCoreApplication::translate("WatchFolderChooser", "Watch This Folder");
     const auto path = chooseFolder(parent, confirmText, settings->watchFolderPath(), NewFolders::refused);
     if (!path) {
         return;

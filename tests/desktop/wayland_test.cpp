@@ -54,24 +54,24 @@ private Q_SLOTS:
     void cleanup() { surroundings_->session.program.kill(); }
 
     void closedWindowIsMinimisedAndShownAnewByASecondStart() {
-        surroundings_->session.program.start(environment());
+        surroundings_->session.program.start(loggingEnvironment());
         QVERIFY(hasSent("get_toplevel", 1));
         QVERIFY(hasSent("attach", 1)); // it is on the screen
         QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(compositorTitle), u"ctrl+w"_s));
         QVERIFY(hasSent("set_minimized", 1));
         FennickProgram second;
         second.start(environment());
-        QVERIFY(second.endsWithSuccess());
+        QVERIFY2(second.endsWithSuccess(), second.takeOutput().constData());
         QVERIFY(hasSent("get_toplevel", 2));
         QVERIFY(surroundings_->session.program.isRunning());
     }
 
     void secondStartLeavesAnOpenWindowWhereItIs() {
-        surroundings_->session.program.start(environment());
+        surroundings_->session.program.start(loggingEnvironment());
         QVERIFY(hasSent("attach", 1));
         FennickProgram second;
         second.start(environment());
-        QVERIFY(second.endsWithSuccess());
+        QVERIFY2(second.endsWithSuccess(), second.takeOutput().constData());
         surroundings_->session.drop(u"a.pdf"_s); // by its end, whatever the second start asked for is done
         QVERIFY(surroundings_->session.waitForRows(1, u"done"_s));
         QVERIFY(hasSent("get_toplevel", 1));
@@ -83,8 +83,13 @@ private:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
         environment.insert(u"WAYLAND_DISPLAY"_s, u"fennick-test"_s);
-        environment.insert(u"WAYLAND_DEBUG"_s, u"client"_s);
         return environment;
+    }
+
+    static QProcessEnvironment loggingEnvironment() {
+        QProcessEnvironment logging = environment();
+        logging.insert(u"WAYLAND_DEBUG"_s, u"client"_s);
+        return logging;
     }
 
     // Waits until the program has sent the message at least `count` times.
