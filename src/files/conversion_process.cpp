@@ -4,6 +4,7 @@
 #include "files/private_folder.h"
 #include "platform/child_process.h"
 
+#include <QCoreApplication>
 #include <QCoroSignal>
 #include <QFileInfo>
 #include <QProcess>
@@ -42,7 +43,9 @@ QCoro::Task<Result> convertToJPEGs(QString program, QString filePath, QString ba
     QTimer::singleShot(longestTime, &process, &QProcess::kill);
     process.start(program, {filePath, *folder, baseName}, QIODevice::ReadOnly);
     if (!process.waitForStarted()) {
-        const QString reason = QStringLiteral("The converter could not be started: ") + process.errorString();
+        const QString reason =
+            QCoreApplication::translate("ConverterError", "The converter could not be started: %1")
+                .arg(process.errorString());
         co_return std::unexpected(ConverterError{ConverterError::Kind::platform, reason});
     }
     if (process.state() != QProcess::NotRunning) {

@@ -2,6 +2,7 @@
 
 #include "files/jpeg_writer.h"
 #include "files/orientation.h"
+#include "files/pages_ahead.h"
 #include "files/pdf_pages.h"
 #include "files/picture_file.h"
 #include "files/plane_scaling.h"
@@ -9,6 +10,8 @@
 #include "text/characters.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
+
+#include <QCoreApplication>
 
 #include <exception>
 #include <utility>
@@ -53,18 +56,28 @@ std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const Q
     return {};
 }
 
-Result convertPdf(const QString &filePath, const QString &folder, const QString &base) {
+Result convertPdf(const QString &filePath, const QString &folder, const QString &base, int processes) {
     const std::unique_ptr<PdfPages> pages = PdfPages::open(filePath);
     if (!pages) {
         return failure(Kind::pdfLoad);
     }
+    const int count = pages->count();
+    const auto path = [&](int page) {
+        return folder + u'/' + pageName(base, page, count);
+    };
+    std::vector<bool> written(static_cast<std::size_t>(count));
+    if (processes > 1 && count > 1) {
+        written = writePagesAhead(count, processes,
+                                  [&](int page) { return writePage(*pages, page, path(page)).has_value(); });
+    }
     QStringList paths;
-    for (int page = 0; page < pages->count(); ++page) {
-        const QString path = folder + u'/' + pageName(base, page, pages->count());
-        if (const auto written = writePage(*pages, page, path); !written) {
-            return std::unexpected(written.error());
+    for (int page = 0; page < count; ++page) {
+        if (!written[static_cast<std::size_t>(page)]) {
+            if (const auto now = writePage(*pages, page, path(page)); !now) {
+                return std::unexpected(now.error());
+            }
         }
-        paths.append(path);
+        paths.append(path(page));
     }
     if (paths.isEmpty()) {
         return failure(Kind::renderFailed);
@@ -94,13 +107,14 @@ Result convertImage(const QString &filePath, const QString &path) {
 QString ConverterError::errorDescription() const {
     switch (kind) {
     case Kind::unsupported:
-        return u"Unsupported file type: ."_qs + payload;
+        //: %1 is a file name extension.
+        return QCoreApplication::translate("ConverterError", "Unsupported file type: .%1").arg(payload);
     case Kind::pdfLoad:
-        return u"Could not open PDF"_qs;
+        return QCoreApplication::translate("ConverterError", "Could not open PDF");
     case Kind::renderFailed:
-        return u"Could not render page image"_qs;
+        return QCoreApplication::translate("ConverterError", "Could not render page image");
     case Kind::encodeFailed:
-        return u"Could not encode JPEG"_qs;
+        return QCoreApplication::translate("ConverterError", "Could not encode JPEG");
     case Kind::platform:
         break;
     }
@@ -113,7 +127,7 @@ Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QStr
 }
 
 Result ReceiptImageConverter::convertInto(const QString &folder, const QString &filePath,
-                                          const QString &baseName) {
+                                          const QString &baseName, int processes) {
     const QString extension = lowerCased(pathExtension(filePath));
     const QString base = usableBaseName(baseName);
     const bool isPdf = extension == u"pdf";
@@ -122,7 +136,7 @@ Result ReceiptImageConverter::convertInto(const QString &folder, const QString &
     }
     // No memory for a large picture is a failure of this receipt, not of the program.
     try {
-        return isPdf ? convertPdf(filePath, folder, base)
+        return isPdf ? convertPdf(filePath, folder, base, processes)
                      : convertImage(filePath, folder + u'/' + base + u".jpg"_qs);
     } catch (const std::exception &) {
         return failure(Kind::renderFailed);

@@ -28,9 +28,10 @@ namespace ReceiptImageConverter {
 // before a failure. Blocks for up to seconds; may be called from any thread, and by several at once.
 std::expected<QStringList, ConverterError> convertToJPEGs(const QString &filePath, const QString &baseName);
 
-// The same into a folder that is there already.
+// The same into a folder that is there already. A document's pages are shared out to `processes` processes;
+// more than one is only for programs of one thread.
 std::expected<QStringList, ConverterError> convertInto(const QString &folder, const QString &filePath,
-                                                       const QString &baseName);
+                                                       const QString &baseName, int processes = 1);
 
 } // namespace ReceiptImageConverter
 

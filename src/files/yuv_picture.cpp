@@ -2,6 +2,7 @@
 
 #include <turbojpeg.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <new>
@@ -51,8 +52,27 @@ bool convertTile(tjhandle encoder, const QImage &image, QRect tile, YuvPicture &
 
 constexpr QRgb white = 0xFFFFFFFF;
 
+constexpr int blendingRun = 16;
+
 int overWhite(int channel, int alpha) {
     return (channel * alpha + 255 * (255 - alpha) + 127) / 255;
+}
+
+QRgb pixelOnWhite(QRgb pixel) {
+    const int alpha = qAlpha(pixel);
+    if (alpha == 255) {
+        return pixel;
+    }
+    return qRgb(overWhite(qRed(pixel), alpha), overWhite(qGreen(pixel), alpha),
+                overWhite(qBlue(pixel), alpha));
+}
+
+bool isTransparent(const QRgb *run) {
+    QRgb all = 0;
+    for (int index = 0; index < blendingRun; ++index) {
+        all |= run[index];
+    }
+    return all >> 24 == 0;
 }
 
 } // namespace
@@ -95,18 +115,16 @@ YuvPicture yuvPictureFromRgb(const QImage &image, Chroma chroma) {
 void blendOntoWhite(QImage &image) {
     for (int y = 0; y < image.height(); ++y) {
         auto *pixel = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (QRgb *const end = pixel + image.width(); pixel != end; ++pixel) {
-            const int alpha = qAlpha(*pixel);
-            if (alpha == 255) {
-                continue;
-            }
-            if (alpha == 0) {
-                *pixel = white;
+        QRgb *const end = pixel + image.width();
+        // Most of a page is empty: whole runs of it are filled without a look at each channel.
+        for (; end - pixel >= blendingRun; pixel += blendingRun) {
+            if (isTransparent(pixel)) {
+                std::fill_n(pixel, blendingRun, white);
             } else {
-                *pixel = qRgb(overWhite(qRed(*pixel), alpha), overWhite(qGreen(*pixel), alpha),
-                              overWhite(qBlue(*pixel), alpha));
+                std::transform(pixel, pixel + blendingRun, pixel, pixelOnWhite);
             }
         }
+        std::transform(pixel, end, pixel, pixelOnWhite);
     }
 }
 

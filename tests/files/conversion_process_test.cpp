@@ -38,6 +38,18 @@ private Q_SLOTS:
                                      QStringLiteral("Lunch (p3).jpg")}));
     }
 
+    void pagesOfTwoProcessesAreThoseOfOne() {
+        const QString file = home_->path(QStringLiteral("scan.pdf"));
+        writeFile(file, stripedPdf(5));
+        const Result apart = convert(converter, file);
+        const Result together = ReceiptImageConverter::convertToJPEGs(file, QStringLiteral("Lunch"));
+        QVERIFY(apart && together);
+        QCOMPARE(apart->size(), 5);
+        for (qsizetype page = 0; page < 5; ++page) {
+            QCOMPARE(readFile(apart->at(page)), readFile(together->at(page)));
+        }
+    }
+
     void errorsComeBackAsTheyAre() {
         const QString damaged = home_->path(QStringLiteral("damaged.pdf"));
         writeFile(damaged, "no PDF");

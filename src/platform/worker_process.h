@@ -1,0 +1,27 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+
+namespace fennick {
+
+// A copy of this process that works beside it and ends with it, whatever happens. A copy has only the thread
+// that made it: for programs without further threads. Owned by whoever waits for its work.
+class WorkerProcess {
+public:
+    // Runs `work` in the copy, which counts in `done` what it has finished and then ends without tidying up.
+    // It may use a `memoryShare`th of the memory that this process may use.
+    WorkerProcess(const std::function<void(std::atomic<int> &done)> &work, int memoryShare);
+    ~WorkerProcess();
+    WorkerProcess(const WorkerProcess &) = delete;
+    WorkerProcess &operator=(const WorkerProcess &) = delete;
+
+    // Waits for the copy's end and tells how much it has finished: 0 when there could be no copy.
+    int finish();
+
+private:
+    std::atomic<int> *done_; // memory that both processes see
+    int process_ = -1;
+};
+
+} // namespace fennick
