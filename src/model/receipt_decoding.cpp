@@ -87,12 +87,24 @@ constexpr std::array<std::string_view, keyCount> receiptKeys = {
 
 using Members = std::array<Value, keyCount>;
 
+// The place of `key`. It is mostly found at `expected` or shortly after: the program writes the keys in this
+// order.
+size_t placeOf(std::string_view key, size_t expected) {
+    const auto from = receiptKeys.begin() + static_cast<std::ptrdiff_t>(expected);
+    const auto known = std::find(from, receiptKeys.end(), key);
+    const auto found = known != receiptKeys.end() ? known : std::find(receiptKeys.begin(), from, key);
+    return found == from && known == receiptKeys.end() ? keyCount
+                                                       : static_cast<size_t>(found - receiptKeys.begin());
+}
+
 Members readMembers(dom::object record) {
     Members members;
+    size_t expected = 0;
     for (const auto [key, json] : record) {
-        const auto known = std::ranges::find(receiptKeys, key);
-        if (known != receiptKeys.end()) {
-            members[static_cast<size_t>(known - receiptKeys.begin())] = readValue(json);
+        const size_t place = placeOf(key, expected);
+        if (place != keyCount) {
+            members[place] = readValue(json);
+            expected = place + 1;
         }
     }
     return members;
@@ -109,19 +121,19 @@ public:
         if (members_[key].type == Value::Type::absent) {
             fail(Error::Kind::keyNotFound, key);
         } else if (expect(Value::Type::text, key)) {
-            field = members_[key].text;
+            field = std::move(members_[key].text);
         }
     }
 
     void optional(Key key, QString &field) {
         if (isGiven(key) && expect(Value::Type::text, key)) {
-            field = members_[key].text;
+            field = std::move(members_[key].text);
         }
     }
 
     void optional(Key key, std::optional<QString> &field) {
         if (isGiven(key) && expect(Value::Type::text, key)) {
-            field = members_[key].text;
+            field = std::move(members_[key].text);
         }
     }
 

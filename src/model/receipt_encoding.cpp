@@ -1,7 +1,9 @@
 #include "model/json_text.h"
 #include "model/receipt_json.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace fennick {
 
@@ -53,7 +55,12 @@ private:
     bool isFirst_ = true;
 };
 
-void appendReceipt(QByteArray &json, const Receipt &receipt) {
+} // namespace
+
+QByteArray encodeReceipt(const Receipt &receipt) {
+    constexpr qsizetype typicalSize = 512;
+    QByteArray json;
+    json.reserve(typicalSize);
     ObjectWriter object(json);
     object.text("id", receipt.id);
     object.text("fileName", receipt.fileName);
@@ -70,23 +77,19 @@ void appendReceipt(QByteArray &json, const Receipt &receipt) {
     object.text("error", receipt.error);
     object.boolean("addedToPhotos", receipt.addedToPhotos);
     object.end();
+    json.squeeze();
+    return json;
 }
 
-} // namespace
+QByteArray joinReceipts(const QList<QByteArray> &records) {
+    return records.isEmpty() ? QByteArray("[\n]\n") : "[\n" + records.join(",\n") + "\n]\n";
+}
 
 QByteArray encodeReceipts(const QList<Receipt> &receipts) {
-    constexpr qsizetype typicalRecordSize = 512;
-    QByteArray json;
-    json.reserve(receipts.size() * typicalRecordSize + 4);
-    json.append('[');
-    bool isFirst = true;
-    for (const Receipt &receipt : receipts) {
-        json.append(isFirst ? "\n" : ",\n");
-        appendReceipt(json, receipt);
-        isFirst = false;
-    }
-    json.append("\n]\n");
-    return json;
+    QList<QByteArray> records;
+    records.reserve(receipts.size());
+    std::ranges::transform(receipts, std::back_inserter(records), encodeReceipt);
+    return joinReceipts(records);
 }
 
 QByteArray encodePaths(const QSet<QString> &paths) {

@@ -27,6 +27,11 @@ struct DecodingError {
 // not a number) is left out like an absent one, so that one bad value never keeps a list from being saved.
 QByteArray encodeReceipts(const QList<Receipt> &receipts);
 
+// The same in two steps, for who keeps the records of receipts that have not changed: one receipt's record,
+// and the array of all records.
+QByteArray encodeReceipt(const Receipt &receipt);
+QByteArray joinReceipts(const QList<QByteArray> &records);
+
 // All receipts, or the first error: one bad record fails the whole array. Keys may come in any order, unknown
 // ones are ignored, and of a repeated key the last counts. A byte-order mark is accepted.
 std::expected<QList<Receipt>, DecodingError> decodeReceipts(const QByteArray &json);

@@ -38,6 +38,7 @@ void ReceiptStore::add(const Receipt &receipt) {
     const ReceiptsChange change{ReceiptsChange::Kind::inserted, row, row};
     Q_EMIT receiptsAboutToChange(change);
     receipts_.insert(row, receipt);
+    records_.insert(row, QByteArray());
     countPath(receipt.filePath, +1);
     Q_EMIT receiptsChanged(change);
     saveReceipts();
@@ -56,6 +57,8 @@ void ReceiptStore::update(const Receipt &receipt) {
     Q_EMIT receiptsAboutToChange(change);
     receipts_[row] = receipt;
     receipts_.move(row, newRow);
+    records_[row].clear();
+    records_.move(row, newRow);
     Q_EMIT receiptsChanged(change);
     saveReceipts();
 }
@@ -67,6 +70,7 @@ void ReceiptStore::clearAll() {
     const ReceiptsChange change{ReceiptsChange::Kind::cleared};
     Q_EMIT receiptsAboutToChange(change);
     receipts_.clear();
+    records_.clear();
     listedPaths_.clear();
     Q_EMIT receiptsChanged(change);
     // In this order: killed in between, the program would else find the files of a cleared list unknown, and
@@ -77,14 +81,19 @@ void ReceiptStore::clearAll() {
 
 void ReceiptStore::load() {
     if (auto receipts = decodeReceipts(receiptsFile_.content())) {
-        std::stable_sort(receipts->begin(), receipts->end(), isNewer);
+        if (!std::is_sorted(receipts->cbegin(), receipts->cend(),
+                            isNewer)) { // by another hand than the program's
+            std::stable_sort(receipts->begin(), receipts->end(), isNewer);
+        }
         receipts_ = *std::move(receipts);
     } else {
         receiptsFile_.setDamaged();
     }
+    listedPaths_.reserve(receipts_.size());
     for (const Receipt &receipt : std::as_const(receipts_)) {
         countPath(receipt.filePath, +1);
     }
+    records_.resize(receipts_.size());
     if (auto ignored = decodePaths(ignoredFile_.content())) {
         ignored_ = *std::move(ignored);
     } else {
@@ -93,7 +102,12 @@ void ReceiptStore::load() {
 }
 
 void ReceiptStore::saveReceipts() {
-    receiptsFile_.rewrite(encodeReceipts(receipts_));
+    for (qsizetype row = 0; row < records_.size(); ++row) {
+        if (records_[row].isEmpty()) {
+            records_[row] = encodeReceipt(receipts_[row]);
+        }
+    }
+    receiptsFile_.rewrite(joinReceipts(records_));
 }
 
 void ReceiptStore::saveIgnored() {

@@ -62,6 +62,7 @@ private:
     void countPath(const QString &path, int difference);
 
     QList<Receipt> receipts_;
+    QList<QByteArray> records_; // the receipts' stored form, row by row; empty where it is yet to be made
     QSet<QString> ignored_;
     QHash<QString, int> listedPaths_; // how many receipts have each path, so that hasFilePath need not search
     WholeFile receiptsFile_;
