@@ -42,8 +42,9 @@ target_compile_options(
             -D_GLIBCXX_ASSERTIONS
             -fstack-protector-strong
             -fstack-clash-protection>)
+# --as-needed: a program loads only the libraries of the objects that are in it.
 target_link_options(fennick_compile_options INTERFACE -pie LINKER:-z,relro LINKER:-z,now
-                    LINKER:-z,noexecstack)
+                    LINKER:-z,noexecstack LINKER:--as-needed)
 
 # fennick_room(<name> SOURCES <file>... [LINKS <target>...] [PRIVATE_LINKS <target>...])
 function(fennick_room name)
@@ -82,7 +83,7 @@ function(fennick_test name)
     ${name}
     PROPERTIES TIMEOUT ${TEST_TIMEOUT}
                ENVIRONMENT
-               "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${FENNICK_ROOT}/tests/leaks_of_libraries.txt:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+               "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;LSAN_OPTIONS=suppressions=${FENNICK_ROOT}/tests/leaks_of_libraries.txt:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
   )
   if(TEST_SERIAL)
     set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)

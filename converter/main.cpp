@@ -1,4 +1,5 @@
 #include "files/conversion_report.h"
+#include "files/receipt_image_converter.h"
 #include "platform/picture_memory.h"
 
 #include <QCoreApplication>

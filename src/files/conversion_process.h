@@ -1,10 +1,12 @@
 #pragma once
 
-#include "files/receipt_image_converter.h"
+#include "files/converter_error.h"
 
 #include <QCoroTask>
+#include <QStringList>
 
 #include <chrono>
+#include <expected>
 
 namespace fennick {
 

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "files/receipt_image_converter.h"
+#include "files/converter_error.h"
 
 #include <QByteArray>
+#include <QStringList>
+
+#include <expected>
 
 namespace fennick {
 

@@ -11,8 +11,6 @@
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 
-#include <QCoreApplication>
-
 #include <exception>
 #include <utility>
 
@@ -103,23 +101,6 @@ Result convertImage(const QString &filePath, const QString &path) {
 }
 
 } // namespace
-
-QString ConverterError::errorDescription() const {
-    switch (kind) {
-    case Kind::unsupported:
-        //: %1 is a file name extension.
-        return QCoreApplication::translate("ConverterError", "Unsupported file type: .%1").arg(payload);
-    case Kind::pdfLoad:
-        return QCoreApplication::translate("ConverterError", "Could not open PDF");
-    case Kind::renderFailed:
-        return QCoreApplication::translate("ConverterError", "Could not render page image");
-    case Kind::encodeFailed:
-        return QCoreApplication::translate("ConverterError", "Could not encode JPEG");
-    case Kind::platform:
-        break;
-    }
-    return payload;
-}
 
 Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QString &baseName) {
     const auto folder = createPrivateFolder();

@@ -1,23 +1,13 @@
 #pragma once
 
+#include "files/converter_error.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <expected>
 
 namespace fennick {
-
-// Why a receipt could not be turned into pictures.
-struct ConverterError {
-    enum class Kind { unsupported, pdfLoad, renderFailed, encodeFailed, platform };
-
-    Kind kind;
-    // unsupported: the file's extension in lower case; platform: the system's own description.
-    QString payload;
-
-    // A sentence for the user, without a full stop.
-    QString errorDescription() const;
-};
 
 // Turns one receipt file into JPEG files for photo libraries, which take no PDF.
 namespace ReceiptImageConverter {

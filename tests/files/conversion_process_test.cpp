@@ -1,5 +1,6 @@
 #include "files/conversion_process.h"
 #include "files/conversion_report.h"
+#include "files/receipt_image_converter.h"
 #include "support/conditions.h"
 #include "support/striped_pdf.h"
 #include "support/temporary_home.h"
