@@ -61,10 +61,11 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Fennick developers <developers@fennick.org>")
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Not linked, but looked for when the program runs: the readers of WebP pictures and the data of the engine.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins, tesseract-ocr-eng")
+# Not linked, but looked for when the program runs: whom to trust on the network, the readers of WebP pictures, and
+# the data of the engine.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "ca-certificates, qt6-image-formats-plugins, tesseract-ocr-eng")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "gnome-keyring | kwalletmanager | keepassxc, qt6-wayland, qt6-gtk-platformtheme")
+    "gnome-keyring | kwalletmanager | keepassxc, qt6-wayland, qt6-gtk-platformtheme, qt6-translations-l10n, xdg-utils")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 include(CPack)

@@ -2,14 +2,17 @@
 #include "platform/application_id.h"
 #include "platform/single_instance.h"
 #include "ui/fennick_app.h"
+#include "ui/interface_language.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QMessageBox>
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Fennick"));
     QApplication::setDesktopFileName(fennick::applicationId);
+    const fennick::InterfaceLanguage language(QLocale::system().uiLanguages());
 
     fennick::SingleInstance instance;
     if (!instance.claim()) {

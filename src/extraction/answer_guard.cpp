@@ -1,5 +1,6 @@
 #include "extraction/answer_guard.h"
 
+#include <QCoreApplication>
 #include <QNetworkReply>
 
 namespace fennick::GeminiClient {
@@ -7,7 +8,8 @@ namespace fennick::GeminiClient {
 namespace {
 
 QString tooLarge(qint64 limit) {
-    return QStringLiteral("The answer is larger than %1 MB.").arg(limit / (1024 * 1024));
+    return QCoreApplication::translate("TransportError", "The answer is larger than %1 MB.")
+        .arg(limit / (1024 * 1024));
 }
 
 } // namespace
@@ -16,7 +18,8 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
     : reply_(reply) {
     patience_.setSingleShot(true);
     patience_.setInterval(limits.longestTime);
-    connect(&patience_, &QTimer::timeout, this, [this] { end(QStringLiteral("The request timed out.")); });
+    connect(&patience_, &QTimer::timeout, this,
+            [this] { end(QCoreApplication::translate("TransportError", "The request timed out.")); });
     connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { patience_.start(); });
     connect(&reply, &QNetworkReply::readyRead, this, [this, limit = limits.largestSize] {
         if (reply_.bytesAvailable() > limit) {

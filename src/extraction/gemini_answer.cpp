@@ -3,6 +3,7 @@
 #include "extraction/normalisation.h"
 #include "text/characters.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -22,6 +23,11 @@ QString utf8OrEmpty(const QByteArray &bytes) {
     return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString();
 }
 
+QString unknown() {
+    //: What the service has not said: the reason of a failure or of the end of an answer.
+    return QCoreApplication::translate("GeminiError", "unknown");
+}
+
 std::optional<int> integer(const QJsonValue &value) {
     const double number = value.toDouble(std::nan(""));
     constexpr double limit = 2147483647.0;
@@ -31,7 +37,7 @@ std::optional<int> integer(const QJsonValue &value) {
 
 GeminiError apiError(const QJsonObject &error, int statusCode) {
     return {Kind::api, integer(error.value(QLatin1StringView("code"))).value_or(statusCode),
-            wellFormed(error.value(QLatin1StringView("message")).toString(QStringLiteral("unknown")))};
+            wellFormed(error.value(QLatin1StringView("message")).toString(unknown()))};
 }
 
 // The objects of an array; nothing when it is no array or something else is among them.
@@ -83,8 +89,7 @@ std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const Q
     const QString text = firstText(candidate);
     if (text.isEmpty()) {
         const QJsonValue finishReason = candidate.value(QLatin1StringView("finishReason"));
-        return std::unexpected(
-            GeminiError{Kind::noText, 0, wellFormed(finishReason.toString(QStringLiteral("unknown")))});
+        return std::unexpected(GeminiError{Kind::noText, 0, wellFormed(finishReason.toString(unknown()))});
     }
     const auto answerObject = extractJSON(text);
     if (!answerObject) {

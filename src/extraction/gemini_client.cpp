@@ -4,6 +4,7 @@
 #include "extraction/gemini_answer.h"
 #include "extraction/gemini_request.h"
 
+#include <QCoreApplication>
 #include <QCoroFuture>
 #include <QCoroNetworkReply>
 #include <QNetworkAccessManager>
@@ -47,7 +48,7 @@ QNetworkRequest request(const QUrl &url) {
 
 QString transportDescription(const QNetworkReply &reply) {
     if (reply.error() == QNetworkReply::OperationCanceledError) {
-        return QStringLiteral("The request timed out.");
+        return QCoreApplication::translate("TransportError", "The request timed out.");
     }
     // The library announces a reason and gives none when a compressed answer is damaged.
     const QString description = reply.errorString();
@@ -63,6 +64,7 @@ Text withoutKey(Text text, const Text &key, const Text &replacement) {
     return key.size() < shortestSecret ? text : text.replace(key, replacement);
 }
 
+// The same words in every language: they may also end up in the list and its ledgers.
 QString withoutKey(const QString &text, const QString &key) {
     return withoutKey(text, key, QStringLiteral("[API key]"));
 }
@@ -91,7 +93,7 @@ Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &a
         return std::unexpected(ScanError(TransportError{description}));
     }
     if (!status.isValid()) {
-        return failure(Kind::http, QStringLiteral("No HTTP response"));
+        return failure(Kind::http, QCoreApplication::translate("GeminiClient", "No HTTP response"));
     }
     const QByteArray body = withoutKey(reply.readAll(), apiKey.toUtf8(), QByteArrayLiteral("[API key]"));
     return withoutKey(readAnswer(status.toInt(), body), apiKey);
@@ -106,7 +108,7 @@ QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QStrin
     }
     const auto url = endpointUrl(serviceAddress, model, apiKey);
     if (!url) {
-        co_return failure(Kind::http, QStringLiteral("Invalid endpoint URL"));
+        co_return failure(Kind::http, QCoreApplication::translate("GeminiClient", "Invalid endpoint URL"));
     }
     // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
     const SessionPointer session(new QNetworkAccessManager);

@@ -1,12 +1,18 @@
 #include "extraction/gemini_error.h"
 
+#include <QCoreApplication>
+
 namespace fennick {
 
 namespace {
 
 QString httpDescription(int status, const QString &body) {
-    const QString description = QStringLiteral("Gemini API error: ") + QString::number(status);
-    return body.isEmpty() ? description : description + QStringLiteral(" — ") + body;
+    if (body.isEmpty()) {
+        return QCoreApplication::translate("GeminiError", "Gemini API error: %1").arg(status);
+    }
+    //: %1 is the number of an HTTP status, %2 what the service has written.
+    return QCoreApplication::translate("GeminiError", "Gemini API error: %1 — %2")
+        .arg(QString::number(status), body);
 }
 
 } // namespace
@@ -14,18 +20,23 @@ QString httpDescription(int status, const QString &body) {
 QString GeminiError::errorDescription() const {
     switch (kind) {
     case Kind::fileRead:
-        return QStringLiteral("Failed to read file: ") + text;
+        return QCoreApplication::translate("GeminiError", "Failed to read file: %1").arg(text);
     case Kind::http:
         return httpDescription(code, text);
     case Kind::api:
-        return QStringLiteral("Gemini API returned error ") + QString::number(code) + QStringLiteral(": ") +
-               text;
+        return QCoreApplication::translate("GeminiError", "Gemini API returned error %1: %2")
+            .arg(QString::number(code), text);
     case Kind::noText:
-        return QStringLiteral("Gemini API returned no text content. Finish reason: ") + text;
+        //: %1 is a name from the service, like MAX_TOKENS.
+        return QCoreApplication::translate("GeminiError",
+                                           "Gemini API returned no text content. Finish reason: %1")
+            .arg(text);
     case Kind::parse:
-        return QStringLiteral("Could not parse JSON from Gemini response. Raw response: ") + text;
+        return QCoreApplication::translate("GeminiError",
+                                           "Could not parse JSON from Gemini response. Raw response: %1")
+            .arg(text);
     case Kind::noCandidates:
-        return QStringLiteral("Gemini API returned no candidates in response");
+        return QCoreApplication::translate("GeminiError", "Gemini API returned no candidates in response");
     }
     Q_UNREACHABLE();
 }

@@ -31,6 +31,7 @@ OnDeviceEngine::OnDeviceEngine(QString program, std::chrono::milliseconds idleTi
     startLimit_.setInterval(longestStart);
     connect(&idle_, &QTimer::timeout, this, &OnDeviceEngine::end);
     connect(&startLimit_, &QTimer::timeout, this, [this] {
+        //: Follows "The on-device engine could not be started: ".
         fail(tr("it does not answer"));
         process_.kill();
     });
@@ -83,6 +84,7 @@ QCoro::Task<OnDeviceEngine::Use> OnDeviceEngine::use() {
 void OnDeviceEngine::start() {
     failure_.clear();
     if (!QFileInfo(program_).isExecutable()) {
+        //: %1 is a program's path.
         failure_ = tr("%1 is missing").arg(program_);
         return;
     }

@@ -67,7 +67,7 @@ QString AppState::uniquePath(const QString &folder, const QString &base, const Q
 void AppState::archiveAndClear(ExportService::Format format) {
     const auto root = archiveRoot();
     if (!root) {
-        setLastError(QStringLiteral("No archive location set — choose one in Settings."));
+        setLastError(tr("No archive location set — choose one in Settings."));
         return;
     }
     if (store_->receipts().isEmpty()) {
@@ -76,7 +76,7 @@ void AppState::archiveAndClear(ExportService::Format format) {
     const QString stamp = dateStamp();
     const QString folder = QDir(*root).filePath(stamp);
     if (const auto problem = makeFolder(folder)) {
-        setLastError(QStringLiteral("Couldn't create archive folder: ") + *problem);
+        setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
         return;
     }
     const PendingArchive archive{
@@ -111,7 +111,7 @@ void AppState::resumeArchive() {
     }
     const QString folder = QFileInfo(archive->ledgerPath).path();
     if (const auto problem = makeFolder(folder)) {
-        setLastError(QStringLiteral("Couldn't create archive folder: ") + *problem);
+        setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
     } else {
         FileOperations::removePartsOfMoves(folder);
         if (!store_->receipts().isEmpty()) {

@@ -27,7 +27,7 @@ QCoro::Task<> AppState::copyReceipts(QStringList paths, QString folder) {
             co_return;
         }
         if (!copied) {
-            setLastError(QStringLiteral("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
+            setLastError(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
         }
     }
 }

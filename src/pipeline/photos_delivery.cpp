@@ -10,12 +10,6 @@
 
 namespace fennick {
 
-namespace {
-
-const QString failurePrefix = QStringLiteral("Photos export failed: ");
-
-} // namespace
-
 QString AppState::albumName(const QDateTime &processingDate) {
     return QStringLiteral("Expenses: ") +
            QLocale::c().toString(processingDate.toLocalTime(), QStringLiteral("yyyy-MM-dd"));
@@ -31,7 +25,7 @@ QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
         co_return receipt;
     }
     if (!images) {
-        setLastError(failurePrefix + images.error().errorDescription());
+        setLastError(tr("Photos export failed: %1").arg(images.error().errorDescription()));
         co_return receipt;
     }
     std::optional<QString> album;
@@ -44,7 +38,7 @@ QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
     }
     if (!added) {
         // The images stay where they are: they are what the user may still want to add by hand.
-        setLastError(failurePrefix + added.error().errorDescription());
+        setLastError(tr("Photos export failed: %1").arg(added.error().errorDescription()));
         co_return receipt;
     }
     receipt.addedToPhotos = true;

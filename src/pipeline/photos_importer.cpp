@@ -2,6 +2,7 @@
 
 #include "platform/photo_library.h"
 
+#include <QCoreApplication>
 #include <QCoroFuture>
 #include <QMutex>
 #include <QtConcurrent>
@@ -38,11 +39,11 @@ std::expected<void, QString> addToLibrary(const QStringList &jpegPaths,
 QString PhotosError::errorDescription() const {
     switch (kind) {
     case Kind::notAuthorized:
-        return QStringLiteral(
-            "Photos access was not granted. Enable it in System Settings ▸ Privacy & Security "
-            "▸ Photos.");
+        return QCoreApplication::translate(
+            "PhotosError", "Photos access was not granted. Enable it in System Settings ▸ Privacy & Security "
+                           "▸ Photos.");
     case Kind::addFailed:
-        return QStringLiteral("Failed to add image to Photos: ") + message;
+        return QCoreApplication::translate("PhotosError", "Failed to add image to Photos: %1").arg(message);
     }
     Q_UNREACHABLE();
 }
@@ -64,7 +65,9 @@ QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths, std::op
     }
     const auto added = co_await QtConcurrent::run(addToLibrary, jpegPaths, albumName);
     if (!added) {
-        const QString message = added.error().isEmpty() ? QStringLiteral("unknown") : added.error();
+        //: The system has not said why an image could not be added.
+        const QString unknown = QCoreApplication::translate("PhotosError", "unknown");
+        const QString message = added.error().isEmpty() ? unknown : added.error();
         co_return std::unexpected(PhotosError{Kind::addFailed, message});
     }
     co_return {};

@@ -29,7 +29,7 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
         co_return;
     }
     if (key.isEmpty()) {
-        failScan(receipt, QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
+        failScan(receipt, tr("API key not configured. Set your Gemini API key in Settings."));
         co_return;
     }
     const auto result = co_await extract(receipt.filePath, key);
@@ -61,8 +61,7 @@ QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(QStri
     }
     const auto use = co_await engine_.use();
     if (!use) {
-        const QString reason =
-            QStringLiteral("The on-device engine could not be started: ") + engine_.failure();
+        const QString reason = tr("The on-device engine could not be started: %1").arg(engine_.failure());
         co_return std::unexpected(ScanError(TransportError{reason}));
     }
     co_return co_await GeminiClient::scan(path, key, settings_->model(), engine_.address());

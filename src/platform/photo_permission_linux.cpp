@@ -2,6 +2,7 @@
 #include "platform/photo_permission.h"
 #include "platform/preferences_format_linux.h"
 
+#include <QCoreApplication>
 #include <QCoroSignal>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -42,15 +43,20 @@ std::shared_ptr<QMessageBox> makeQuestion() {
                                                 [](QMessageBox *box) { box->deleteLater(); });
     question->setObjectName(QStringLiteral("photosAccessQuestion"));
     question->setIcon(QMessageBox::Question);
-    question->setWindowTitle(QMessageBox::tr("Photos Access"));
+    question->setWindowTitle(QCoreApplication::translate("PhotoPermission", "Photos Access"));
     question->setTextFormat(Qt::PlainText);
-    question->setText(QMessageBox::tr("Fennick would like to add receipts to your photo library."));
-    question->setInformativeText(QMessageBox::tr("JPEG copies of your receipts are put into the folder “%1”.")
-                                     .arg(PhotoLibrary::folder()));
+    question->setText(QCoreApplication::translate(
+        "PhotoPermission", "Fennick would like to add receipts to your photo library."));
+    question->setInformativeText(
+        QCoreApplication::translate("PhotoPermission",
+                                    "JPEG copies of your receipts are put into the folder “%1”.")
+            .arg(PhotoLibrary::folder()));
     // Also what closing the dialog means.
-    question->addButton(QMessageBox::tr("Not Now"), QMessageBox::RejectRole);
-    const auto *const refuse = question->addButton(QMessageBox::tr("Don’t Allow"), QMessageBox::NoRole);
-    auto *const allow = question->addButton(QMessageBox::tr("Allow"), QMessageBox::YesRole);
+    question->addButton(QCoreApplication::translate("PhotoPermission", "Not Now"), QMessageBox::RejectRole);
+    const auto *const refuse = question->addButton(
+        QCoreApplication::translate("PhotoPermission", "Don’t Allow"), QMessageBox::NoRole);
+    auto *const allow =
+        question->addButton(QCoreApplication::translate("PhotoPermission", "Allow"), QMessageBox::YesRole);
     question->setDefaultButton(allow);
     QObject::connect(question.get(), &QMessageBox::buttonClicked, question.get(),
                      [allow, refuse](const QAbstractButton *button) {

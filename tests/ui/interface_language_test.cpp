@@ -1,0 +1,149 @@
+#include "extraction/gemini_error.h"
+#include "model/data_folder_lock.h"
+#include "support/conditions.h"
+#include "support/private_session.h"
+#include "support/receipts.h"
+#include "support/temporary_home.h"
+#include "text/currency_text.h"
+#include "ui/interface_language.h"
+#include "ui/menu_bar_content.h"
+
+#include <QDialogButtonBox>
+#include <QLocale>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+
+using namespace fennick;
+using namespace fennick::test;
+
+class InterfaceLanguageTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale::system()); }
+
+    void firstLanguageThatThereIsCounts_data() {
+        QTest::addColumn<QStringList>("languages");
+        QTest::addColumn<std::optional<QString>>("chosen");
+        const auto row = [](const char *name, const QStringList &languages, const char *chosen) {
+            QTest::newRow(name) << languages
+                                << (chosen == nullptr ? std::nullopt
+                                                      : std::optional(QString::fromLatin1(chosen)));
+        };
+        row("German", {u"de-DE"_qs, u"de-Latn-DE"_qs, u"de"_qs}, "de");
+        row("German of Austria", {u"de-AT"_qs, u"de-Latn-AT"_qs}, "de");
+        row("French of Canada", {u"fr-CA"_qs}, "fr");
+        row("as in an environment", {u"fr_FR"_qs}, "fr");
+        row("English", {u"en-US"_qs}, nullptr);
+        row("English before German", {u"en-US"_qs, u"en-Latn-US"_qs, u"en"_qs, u"de-DE"_qs}, nullptr);
+        row("German before English", {u"de"_qs, u"en"_qs}, "de");
+        row("one that there is not, before French", {u"es-ES"_qs, u"fr-FR"_qs, u"de-DE"_qs}, "fr");
+        row("one that there is not, before English", {u"es-ES"_qs, u"en-GB"_qs, u"de-DE"_qs}, nullptr);
+        row("one that nobody knows, before German", {u"xx"_qs, u"de"_qs}, "de");
+        row("only one that there is not", {u"ja-JP"_qs}, nullptr);
+        row("C", {u"C"_qs}, nullptr);
+        row("POSIX before German", {u"POSIX"_qs, u"de"_qs}, nullptr);
+        row("none", {}, nullptr);
+    }
+    void firstLanguageThatThereIsCounts() {
+        QFETCH(QStringList, languages);
+        QFETCH(std::optional<QString>, chosen);
+        QCOMPARE(InterfaceLanguage::chosen(languages), chosen);
+    }
+
+    void countsHaveTheFormsOfTheLanguage_data() {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QStringList>("texts"); // of no, one, two, 1234 receipts
+        QTest::newRow("en") << u"en"_qs
+                            << QStringList{u"No receipts yet"_qs, u"1 receipts"_qs, u"2 receipts"_qs,
+                                           u"1234 receipts"_qs};
+        QTest::newRow("de") << u"de"_qs
+                            << QStringList{u"Noch keine Belege"_qs, u"1 Beleg"_qs, u"2 Belege"_qs,
+                                           u"1.234 Belege"_qs};
+        QTest::newRow("fr") << u"fr"_qs
+                            << QStringList{u"Aucun reçu pour l’instant"_qs, u"1 reçu"_qs, u"2 reçus"_qs,
+                                           u"1\u202F234 reçus"_qs};
+    }
+    void countsHaveTheFormsOfTheLanguage() {
+        QFETCH(QString, language);
+        QFETCH(QStringList, texts);
+        QLocale::setDefault(QLocale(language));
+        const InterfaceLanguage installed({language});
+        QStringList shown;
+        ReceiptStore store;
+        store.clearAll();
+        const MenuBarContent menu(&store);
+        for (const char *const name : {"", "a", "b"}) {
+            if (*name != '\0') {
+                store.add(finishedReceipt(u"/w/%1.pdf"_qs.arg(QLatin1StringView(name))));
+            }
+            shown.append(menu.findChild<QAction *>(u"count"_qs)->text());
+        }
+        shown.append(MenuBarContent::tr("%n receipts", nullptr, 1234));
+        QCOMPARE(shown, texts);
+    }
+
+    void libraryAndFailuresSpeakItToo() {
+        const auto cancel = [] {
+            return QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text();
+        };
+        const GeminiError failure{GeminiError::Kind::http, 503, u"%1 %2"_qs};
+        const QString english = cancel();
+        {
+            const InterfaceLanguage german({u"de"_qs});
+            QCOMPARE(cancel(), u"Abbrechen"_qs);
+            QCOMPARE(failure.errorDescription(), u"Fehler der Gemini-API: 503 – %1 %2"_qs);
+        }
+        QCOMPARE(cancel(), english);
+        QCOMPARE(failure.errorDescription(), u"Gemini API error: 503 — %1 %2"_qs);
+    }
+
+    void formatsStayTheUsers() {
+        const QLocale before;
+        const QString amount = amountText(1234.5, u"USD"_qs);
+        const InterfaceLanguage german({u"de"_qs});
+        QCOMPARE(QLocale(), before);
+        QCOMPARE(amountText(1234.5, u"USD"_qs), amount);
+    }
+
+    void programSpeaksTheLanguageOfItsEnvironment_data() {
+        QTest::addColumn<QString>("languages");
+        QTest::addColumn<QByteArray>("said");
+        QTest::newRow("none") << u""_qs
+                              << QByteArray("Fennick is already running in another session of yours.");
+        QTest::newRow("German") << u"de"_qs
+                                << QByteArray("Fennick läuft bereits in einer anderen Sitzung von Ihnen.");
+        QTest::newRow("English before German")
+            << u"en_US:de_DE"_qs << QByteArray("Fennick is already running in another session of yours.");
+        QTest::newRow("French") << u"es:fr_CA:de"_qs
+                                << QByteArray("Fennick est déjà ouvert dans une autre de vos sessions.");
+    }
+    // By what it says when another session of the user's holds the list.
+    void programSpeaksTheLanguageOfItsEnvironment() {
+        QFETCH(QString, languages);
+        QFETCH(QByteArray, said);
+        const DataFolderLock lock;
+        QVERIFY(!lock.isTaken());
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"LANGUAGE"_qs, languages);
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(FENNICK_BIN_DIR "/fennick"), QStringList());
+        QByteArray output;
+        QVERIFY(waitUntil([&] {
+            output += program.readAllStandardError();
+            return output.contains("Fennick") && output.endsWith('\n');
+        }));
+        program.kill(); // it waits for an answer to its dialog
+        QVERIFY(program.waitForFinished());
+        QVERIFY2(output.contains(said), output.constData());
+    }
+
+private:
+    TemporaryHome home_;
+    PrivateSession session_;
+};
+
+QTEST_MAIN(InterfaceLanguageTest)
+#include "interface_language_test.moc"

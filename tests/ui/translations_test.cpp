@@ -1,0 +1,271 @@
+#include "clipped_texts.h"
+#include "platform/photo_permission.h"
+#include "support/conditions.h"
+#include "support/private_session.h"
+#include "support/receipts.h"
+#include "support/temporary_home.h"
+#include "ui/confirmations.h"
+#include "ui/export_panel.h"
+#include "ui/folder_chooser.h"
+#include "ui/interface_language.h"
+#include "ui/main_window.h"
+#include "ui/menu_bar_content.h"
+#include "ui/settings_view.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+
+namespace {
+
+// A wide one among the usual desktop fonts, in the size that desktops start with.
+QFont desktopFont() {
+    return QFont(QStringLiteral("DejaVu Sans"), 10);
+}
+
+QString shortcutLetter(const QString &text) {
+    return QKeySequence::mnemonic(text).toString();
+}
+
+// Looks at the next modal dialog once it is on the screen, and closes it.
+void onNextDialog(const std::function<void(const QWidget *)> &look) {
+    auto *const timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, look] {
+        if (QWidget *const dialog = QApplication::activeModalWidget();
+            dialog != nullptr && dialog->isVisible()) {
+            timer->deleteLater();
+            look(dialog);
+            dialog->close();
+        }
+    });
+    timer->start(5);
+}
+
+void verifyTextsAreWhole(const QWidget *window) {
+    const QString clipped = clippedTexts(window);
+    QVERIFY2(clipped.isEmpty(), qPrintable(clipped));
+}
+
+QWidget *windowNamed(const QString &name) {
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget *const window : windows) {
+        if (window->objectName() == name && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+// English as a control: what is clipped there is not the translation's fault.
+class TranslationsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        QApplication::setFont(desktopFont());
+        QCOMPARE(QFontInfo(desktopFont()).family(), desktopFont().family());
+    }
+
+    void init() {
+        QDir(home_.path(QStringLiteral("data/Fennick"))).removeRecursively();
+        QDir(home_.path(QStringLiteral("config/Fennick"))).removeRecursively();
+        QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+        settings_ = std::make_unique<SettingsStore>();
+        store_ = std::make_unique<ReceiptStore>();
+        appState_ = std::make_unique<AppState>(store_.get(), settings_.get());
+    }
+    void cleanup() { appState_.reset(); }
+
+    void mainWindowShowsItsTextsWhole_data() { languages(); }
+    void mainWindowShowsItsTextsWhole() {
+        QFETCH(QString, language);
+        const InterfaceLanguage texts({language});
+        MainWindow window(store_.get(), settings_.get(), appState_.get());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(waitUntil([this] { return !settings_->hasAPIKey(); }));
+        QCOMPARE(window.centralWidget()->size().width(), 900);
+        verifyTextsAreWhole(&window);
+        window.resize(1, 1);
+        QVERIFY(waitUntil([&window] { return window.centralWidget()->size() == QSize(720, 420); }));
+        verifyTextsAreWhole(&window);
+
+        addReceipts();
+        QVERIFY(waitUntil([&window] { return rowButtons(window) == 5; }));
+        QCOMPARE(window.centralWidget()->size(), QSize(720, 420));
+        verifyTextsAreWhole(&window);
+    }
+
+    void settingsShowTheirTextsWhole_data() { languages(); }
+    void settingsShowTheirTextsWhole() {
+        QFETCH(QString, language);
+        const InterfaceLanguage texts({language});
+        for (const QByteArray &permission : {QByteArray(), QByteArrayLiteral("[General]\nphotos=denied\n"),
+                                             QByteArrayLiteral("[General]\nphotos=authorized\n")}) {
+            writeFile(home_.permissionsFile(), permission);
+            SettingsView view(appState_.get(), settings_.get(), permission.isEmpty());
+            view.show();
+            QVERIFY(QTest::qWaitForWindowActive(&view));
+            QCOMPARE(view.size(), QSize(460, 520));
+            verifyTextsAreWhole(&view);
+            settings_->setWatchFolderPath(home_.path(QStringLiteral("a long name of a watched folder")));
+            settings_->setArchiveFolderPath(home_.path(QStringLiteral("a long name of an archive folder")));
+            view.findChild<QPushButton *>(QStringLiteral("saveKey"))->click();
+            QVERIFY(view.findChild<QWidget *>(QStringLiteral("archiveFolderReset"))->isVisibleTo(&view));
+            QCoreApplication::processEvents(); // what has appeared is laid out
+            verifyTextsAreWhole(&view);
+        }
+    }
+
+    void dialogsShowTheirTextsWhole_data() { languages(); }
+    void dialogsShowTheirTextsWhole() {
+        QFETCH(QString, language);
+        const InterfaceLanguage texts({language});
+        MainWindow window(store_.get(), settings_.get(), appState_.get());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QStringList seen;
+        const auto look = [&seen](const QWidget *dialog) {
+            seen.append(dialog->objectName());
+            verifyTextsAreWhole(dialog);
+        };
+        const QString folder = home_.path(QStringLiteral("Receipts"));
+        onNextDialog(look);
+        Confirmations::confirmClear(&window);
+        for (const int receipts : {1, 12345}) {
+            onNextDialog(look);
+            Confirmations::confirmArchive(&window, QStringLiteral("HTML"), receipts, folder);
+        }
+        onNextDialog(look);
+        chooseFolder(&window, QCoreApplication::translate("WatchFolderChooser", "Watch This Folder"), folder,
+                     NewFolders::refused);
+        onNextDialog(look);
+        exportLedger(&window, {}, ExportService::Format::csv);
+        QCOMPARE(seen.size(), 5);
+    }
+
+    void photosQuestionShowsItsTextsWhole_data() { languages(); }
+    void photosQuestionShowsItsTextsWhole() {
+        QFETCH(QString, language);
+        const InterfaceLanguage texts({language});
+        const QString name = QStringLiteral("photosAccessQuestion");
+        const auto request = PhotoPermission::request();
+        QVERIFY(waitUntil([name] { return windowNamed(name) != nullptr; }));
+        verifyTextsAreWhole(windowNamed(name));
+        windowNamed(name)->close();
+        QVERIFY(waitUntil([&request] { return request.isReady(); }));
+    }
+
+    void menusFitAndTheirLettersDiffer_data() { languages(); }
+    void menusFitAndTheirLettersDiffer() {
+        QFETCH(QString, language);
+        const InterfaceLanguage texts({language});
+        const MainWindow window(store_.get(), settings_.get(), appState_.get());
+        const MenuBarContent tray(store_.get());
+        verifyTextsAreWhole(&tray);
+        const auto menus = window.findChildren<QMenu *>();
+        QCOMPARE(menus.size(), 5);
+        for (const QMenu *const menu : menus) {
+            verifyTextsAreWhole(menu);
+            verifyLettersDiffer(menu, 0);
+        }
+        verifyLettersDiffer(window.menuBar(), 3);
+        verifyLettersDiffer(&tray, 0);
+    }
+
+    void nothingIsLeftInEnglish_data() {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QStringList>("same"); // the same word in both languages
+        QTest::newRow("de") << QStringLiteral("de")
+                            << QStringList{QStringLiteral("Status"), QStringLiteral("Gemini")};
+        QTest::newRow("fr") << QStringLiteral("fr")
+                            << QStringList{QStringLiteral("Date"), QStringLiteral("Photos"),
+                                           QStringLiteral("Actions"), QStringLiteral("Gemini")};
+    }
+    void nothingIsLeftInEnglish() {
+        QFETCH(QString, language);
+        QFETCH(QStringList, same);
+        addReceipts();
+        const QStringList english = textsOfTheWindows();
+        QVERIFY(english.contains(QStringLiteral("Export CSV, Archive && Clear")));
+        const InterfaceLanguage texts({language});
+        QStringList left;
+        const QStringList translated = textsOfTheWindows();
+        for (const QString &text : translated) {
+            if (english.contains(text) && !same.contains(text)) {
+                left.append(text);
+            }
+        }
+        left.removeDuplicates();
+        QCOMPARE(left.join(QStringLiteral(" | ")), QStringLiteral("Fennick"));
+        QCOMPARE(translated.size(), english.size());
+    }
+
+private:
+    static void languages() {
+        QTest::addColumn<QString>("language");
+        for (const char *const language : {"en", "de", "fr"}) {
+            QTest::newRow(language) << QString::fromLatin1(language);
+        }
+    }
+
+    static qsizetype rowButtons(const QWidget &window) {
+        qsizetype visible = 0;
+        const auto buttons = window.findChildren<QAbstractButton *>();
+        for (const QAbstractButton *const button : buttons) {
+            const QStringList names = {QStringLiteral("reveal"), QStringLiteral("addToPhotos"),
+                                       QStringLiteral("retry")};
+            visible += names.contains(button->objectName()) && button->isVisible() ? 1 : 0;
+        }
+        return visible;
+    }
+
+    static void verifyLettersDiffer(const QWidget *menu, qsizetype expected) {
+        QStringList letters;
+        const auto actions = menu->actions();
+        for (const QAction *const action : actions) {
+            letters.append(shortcutLetter(action->text()));
+        }
+        letters.removeAll(QString());
+        QCOMPARE(letters.size(), expected);
+        QCOMPARE(letters.removeDuplicates(), 0);
+    }
+
+    // One of each status.
+    void addReceipts() {
+        const auto statuses = {ReceiptStatus::processing, ReceiptStatus::done, ReceiptStatus::error};
+        for (const ReceiptStatus status : statuses) {
+            Receipt receipt =
+                finishedReceipt(home_.path(QStringLiteral("Receipts/%1.pdf").arg(static_cast<int>(status))));
+            receipt.status = status;
+            store_->add(receipt);
+        }
+    }
+
+    QStringList textsOfTheWindows() {
+        const MainWindow window(store_.get(), settings_.get(), appState_.get());
+        const SettingsView view(appState_.get(), settings_.get(), false);
+        const MenuBarContent tray(store_.get());
+        return textsOf(&window) + textsOf(&view) + textsOf(&tray);
+    }
+
+    // Libraries look up the user's folders once per process, hence one home for all tests.
+    TemporaryHome home_;
+    PrivateSession session_;
+    std::unique_ptr<SettingsStore> settings_;
+    std::unique_ptr<ReceiptStore> store_;
+    std::unique_ptr<AppState> appState_;
+};
+
+QTEST_MAIN(TranslationsTest)
+#include "translations_test.moc"

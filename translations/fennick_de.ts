@@ -1,0 +1,650 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>Confirmations</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Saves a %1 ledger and moves %n receipt file into “%2”, then clears the list. Your Photos are unaffected.</source>
+        <extracomment>%1 is CSV or HTML, %2 a folder.</extracomment>
+        <translation>
+            <numerusform>Speichert eine %1-Aufstellung, verschiebt %Ln Belegdatei nach „%2“ und leert dann die Liste. Ihre Fotos bleiben unberührt.</numerusform>
+            <numerusform>Speichert eine %1-Aufstellung, verschiebt %Ln Belegdateien nach „%2“ und leert dann die Liste. Ihre Fotos bleiben unberührt.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saves a %1 ledger and moves %n receipt files into “%2”, then clears the list. Your Photos are unaffected.</source>
+        <extracomment>%1 is CSV or HTML, %2 a folder.</extracomment>
+        <translation>
+            <numerusform>Speichert eine %1-Aufstellung, verschiebt %Ln Belegdatei nach „%2“ und leert dann die Liste. Ihre Fotos bleiben unberührt.</numerusform>
+            <numerusform>Speichert eine %1-Aufstellung, verschiebt %Ln Belegdateien nach „%2“ und leert dann die Liste. Ihre Fotos bleiben unberührt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear all receipts from the list?</source>
+        <translation>Alle Belege aus der Liste entfernen?</translation>
+    </message>
+    <message>
+        <source>This empties the list. Your renamed files stay in the folder and won&apos;t be re-scanned.</source>
+        <translation>Die Liste wird geleert. Ihre umbenannten Dateien bleiben im Ordner und werden nicht erneut gescannt.</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Liste leeren</translation>
+    </message>
+    <message>
+        <source>Export, archive, and clear this batch?</source>
+        <translation>Diesen Stapel exportieren, archivieren und leeren?</translation>
+    </message>
+    <message>
+        <source>Export, Archive &amp;&amp; Clear</source>
+        <translation>Exportieren, archivieren &amp;&amp; leeren</translation>
+    </message>
+</context>
+<context>
+    <name>ConverterError</name>
+    <message>
+        <source>The converter could not be started: %1</source>
+        <translation>Der Konverter konnte nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>Unsupported file type: .%1</source>
+        <extracomment>%1 is a file name extension.</extracomment>
+        <translation>Nicht unterstützter Dateityp: .%1</translation>
+    </message>
+    <message>
+        <source>Could not open PDF</source>
+        <translation>PDF konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Could not render page image</source>
+        <translation>Seitenbild konnte nicht erzeugt werden</translation>
+    </message>
+    <message>
+        <source>Could not encode JPEG</source>
+        <translation>JPEG konnte nicht kodiert werden</translation>
+    </message>
+</context>
+<context>
+    <name>ExportPanel</name>
+    <message>
+        <source>Export Receipts</source>
+        <translation>Belege exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>FolderChooser</name>
+    <message>
+        <source>Choose a Folder</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiClient</name>
+    <message>
+        <source>No HTTP response</source>
+        <translation>Keine HTTP-Antwort</translation>
+    </message>
+    <message>
+        <source>Invalid endpoint URL</source>
+        <translation>Ungültige Adresse des Dienstes</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiError</name>
+    <message>
+        <source>unknown</source>
+        <extracomment>What the service has not said: the reason of a failure or of the end of an answer.</extracomment>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>Gemini API error: %1</source>
+        <translation>Fehler der Gemini-API: %1</translation>
+    </message>
+    <message>
+        <source>Gemini API error: %1 — %2</source>
+        <extracomment>%1 is the number of an HTTP status, %2 what the service has written.</extracomment>
+        <translation>Fehler der Gemini-API: %1 – %2</translation>
+    </message>
+    <message>
+        <source>Failed to read file: %1</source>
+        <translation>Datei konnte nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>Gemini API returned error %1: %2</source>
+        <translation>Die Gemini-API meldet Fehler %1: %2</translation>
+    </message>
+    <message>
+        <source>Gemini API returned no text content. Finish reason: %1</source>
+        <extracomment>%1 is a name from the service, like MAX_TOKENS.</extracomment>
+        <translation>Die Gemini-API hat keinen Text geliefert. Grund des Endes: %1</translation>
+    </message>
+    <message>
+        <source>Could not parse JSON from Gemini response. Raw response: %1</source>
+        <translation>Das JSON in der Antwort von Gemini konnte nicht gelesen werden. Unveränderte Antwort: %1</translation>
+    </message>
+    <message>
+        <source>Gemini API returned no candidates in response</source>
+        <translation>Die Antwort der Gemini-API enthält keine Kandidaten</translation>
+    </message>
+</context>
+<context>
+    <name>PhotoPermission</name>
+    <message>
+        <source>Photos Access</source>
+        <translation>Zugriff auf Fotos</translation>
+    </message>
+    <message>
+        <source>Fennick would like to add receipts to your photo library.</source>
+        <translation>Fennick möchte Belege zu Ihrer Fotosammlung hinzufügen.</translation>
+    </message>
+    <message>
+        <source>JPEG copies of your receipts are put into the folder “%1”.</source>
+        <translation>JPEG-Kopien Ihrer Belege werden im Ordner „%1“ abgelegt.</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Don’t Allow</source>
+        <translation>Nicht erlauben</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Erlauben</translation>
+    </message>
+</context>
+<context>
+    <name>PhotosError</name>
+    <message>
+        <source>Photos access was not granted. Enable it in System Settings ▸ Privacy &amp; Security ▸ Photos.</source>
+        <translation>Der Zugriff auf Fotos wurde nicht gewährt. Erlauben Sie ihn unter Systemeinstellungen ▸ Datenschutz &amp; Sicherheit ▸ Fotos.</translation>
+    </message>
+    <message>
+        <source>Failed to add image to Photos: %1</source>
+        <translation>Bild konnte nicht zu Fotos hinzugefügt werden: %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <extracomment>The system has not said why an image could not be added.</extracomment>
+        <translation>unbekannt</translation>
+    </message>
+</context>
+<context>
+    <name>TransportError</name>
+    <message>
+        <source>The answer is larger than %1 MB.</source>
+        <translation>Die Antwort ist größer als %1&#xa0;MB.</translation>
+    </message>
+    <message>
+        <source>The request timed out.</source>
+        <translation>Zeitüberschreitung bei der Anfrage.</translation>
+    </message>
+</context>
+<context>
+    <name>WatchFolderChooser</name>
+    <message>
+        <source>Watch This Folder</source>
+        <translation>Diesen Ordner überwachen</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::AppState</name>
+    <message>
+        <source>No archive location set — choose one in Settings.</source>
+        <translation>Kein Archivordner festgelegt – wählen Sie einen in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t create archive folder: %1</source>
+        <translation>Der Archivordner konnte nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t copy %1: %2</source>
+        <translation>%1 konnte nicht kopiert werden: %2</translation>
+    </message>
+    <message>
+        <source>Photos export failed: %1</source>
+        <translation>Export zu Fotos fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>The scan was interrupted. Retry to scan this receipt again.</source>
+        <translation>Der Scan wurde unterbrochen. Versuchen Sie es erneut, um diesen Beleg noch einmal zu scannen.</translation>
+    </message>
+    <message>
+        <source>API key not configured. Set your Gemini API key in Settings.</source>
+        <translation>Kein API-Schlüssel eingerichtet. Tragen Sie Ihren Gemini-API-Schlüssel in den Einstellungen ein.</translation>
+    </message>
+    <message>
+        <source>The on-device engine could not be started: %1</source>
+        <translation>Die lokale Texterkennung konnte nicht gestartet werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::EmptyState</name>
+    <message>
+        <source>Choose a folder to watch, then drop in receipt PDFs or photos.
+Each one is scanned, renamed, and added to Photos for Workday mobile.</source>
+        <translation>Wählen Sie einen Ordner und legen Sie dort PDFs oder Fotos von Belegen ab.
+Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>Ordner auswählen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>No receipts yet</source>
+        <translation>Noch keine Belege</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::FennickApp</name>
+    <message>
+        <source>Scanning %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>%L1 von %L2 wird gescannt</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::HomeView</name>
+    <message>
+        <source>Photos export on</source>
+        <translation>Fotos-Export ein</translation>
+    </message>
+    <message>
+        <source>Set your Gemini API key in Settings (⌘,) to start scanning.</source>
+        <extracomment>Names the shortcut of the settings on the reader&apos;s keyboard.</extracomment>
+        <translation>Tragen Sie zum Scannen Ihren Gemini-API-Schlüssel in den Einstellungen (Strg+,) ein.</translation>
+    </message>
+    <message>
+        <source>No folder selected</source>
+        <translation>Kein Ordner ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::MainActions</name>
+    <message>
+        <source>Choose Folder</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+    <message>
+        <source>Export as CSV…</source>
+        <translation>Als CSV exportieren&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Export as HTML…</source>
+        <translation>Als HTML exportieren&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Export CSV, Archive &amp;&amp; Clear</source>
+        <translation>CSV exportieren, archivieren &amp;&amp; leeren</translation>
+    </message>
+    <message>
+        <source>Export HTML, Archive &amp;&amp; Clear</source>
+        <translation>HTML exportieren, archivieren &amp;&amp; leeren</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Liste leeren</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Reveal in Finder</source>
+        <extracomment>Shows the file in the desktop&apos;s file manager.</extracomment>
+        <translation>Im Dateimanager anzeigen</translation>
+    </message>
+    <message>
+        <source>Add to Photos</source>
+        <translation>Zu Fotos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Copy Summary</source>
+        <translation>Beschreibung kopieren</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>Fenster schließen</translation>
+    </message>
+    <message>
+        <source>Quit Fennick</source>
+        <translation>Fennick beenden</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::MainWindow</name>
+    <message>
+        <source>Toolbar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Archive &amp;&amp; Clear</source>
+        <translation>Archivieren &amp;&amp; leeren</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Receipt</source>
+        <translation>&amp;Beleg</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>B&amp;earbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::MenuBarContent</name>
+    <message>
+        <source>Show Receipts</source>
+        <translation>Belege anzeigen</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Quit Fennick</source>
+        <translation>Fennick beenden</translation>
+    </message>
+    <message>
+        <source>No receipts yet</source>
+        <translation>Noch keine Belege</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts</source>
+        <translation>
+            <numerusform>%Ln Beleg</numerusform>
+            <numerusform>%Ln Belege</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>fennick::Notices</name>
+    <message>
+        <source>1 receipt scanned</source>
+        <translation>1 Beleg gescannt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts scanned</source>
+        <translation>
+            <numerusform>%Ln Beleg gescannt</numerusform>
+            <numerusform>%Ln Belege gescannt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <extracomment>Receipts; follows &quot;3 receipts scanned&quot;.</extracomment>
+        <translation>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, </source>
+        <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>fennick::Notifier</name>
+    <message>
+        <source>Show Receipts</source>
+        <translation>Belege anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::OnDeviceEngine</name>
+    <message>
+        <source>it does not answer</source>
+        <extracomment>Follows &quot;The on-device engine could not be started: &quot;.</extracomment>
+        <translation>sie antwortet nicht</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <extracomment>%1 is a program&apos;s path.</extracomment>
+        <translation>%1 fehlt</translation>
+    </message>
+    <message>
+        <source>it has ended unexpectedly</source>
+        <translation>sie wurde unerwartet beendet</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptsTable</name>
+    <message>
+        <source>Receipts</source>
+        <translation>Belege</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptsTableModel</name>
+    <message>
+        <source>Processing</source>
+        <translation>In Arbeit</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Added to Photos</source>
+        <translation>Zu Fotos hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Not added to Photos</source>
+        <translation>Nicht zu Fotos hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <extracomment>The photo library; the column is 56 pixels wide.</extracomment>
+        <translation>Fotos</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RowActions</name>
+    <message>
+        <source>Reveal in Finder</source>
+        <extracomment>Shows the file in the desktop&apos;s file manager.</extracomment>
+        <translation>Im Dateimanager anzeigen</translation>
+    </message>
+    <message>
+        <source>Add to Photos</source>
+        <translation>Zu Fotos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsFolderRow</name>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen&#xa0;…</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsGeminiSection</name>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Key saved</source>
+        <translation>Schlüssel gespeichert</translation>
+    </message>
+    <message>
+        <source>API Key</source>
+        <translation>API-Schlüssel</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Save Key</source>
+        <translation>Schlüssel speichern</translation>
+    </message>
+    <message>
+        <source>Default: gemini-2.5-flash</source>
+        <translation>Vorgabe: gemini-2.5-flash</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsPhotosSection</name>
+    <message>
+        <source>Photos Export</source>
+        <translation>Export zu Fotos</translation>
+    </message>
+    <message>
+        <source>Add receipts to Photos</source>
+        <translation>Belege zu Fotos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Group into a dated album</source>
+        <translation>In einem Album mit Datum zusammenfassen</translation>
+    </message>
+    <message>
+        <source>Photos access granted</source>
+        <translation>Zugriff auf Fotos gewährt</translation>
+    </message>
+    <message>
+        <source>Photos access denied — enable in System Settings ▸ Privacy</source>
+        <translation>Zugriff auf Fotos verweigert – in den Systemeinstellungen ▸ Datenschutz erlauben</translation>
+    </message>
+    <message>
+        <source>Grant Photos Access</source>
+        <translation>Zugriff auf Fotos gewähren</translation>
+    </message>
+    <message>
+        <source>Converts each receipt to JPEG and adds it to Photos, so iCloud syncs it to your iPhone for Workday&apos;s mobile Scan Receipt. Each photo is named after the receipt.</source>
+        <translation>Wandelt jeden Beleg in JPEG um und fügt ihn zu Fotos hinzu, sodass iCloud ihn für die mobile Belegerfassung von Workday mit Ihrem iPhone abgleicht. Jedes Foto wird nach dem Beleg benannt.</translation>
+    </message>
+    <message>
+        <source>Everything you process in one sitting goes into an album named “Expenses: &lt;today&apos;s date&gt;”, which also syncs to your iPhone.</source>
+        <translation>Alles, was Sie in einem Durchgang verarbeiten, kommt in ein Album namens „Expenses: &lt;heutiges Datum&gt;“, das ebenfalls mit Ihrem iPhone abgeglichen wird.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsView</name>
+    <message>
+        <source>Fennick Settings</source>
+        <translation>Fennick-Einstellungen</translation>
+    </message>
+    <message>
+        <source>Watched Folder</source>
+        <translation>Überwachter Ordner</translation>
+    </message>
+    <message>
+        <source>Watched folder</source>
+        <translation>Überwachter Ordner</translation>
+    </message>
+    <message>
+        <source>New PDFs and photos dropped here are scanned automatically.</source>
+        <translation>Neue PDFs und Fotos in diesem Ordner werden automatisch gescannt.</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archiv</translation>
+    </message>
+    <message>
+        <source>Archive folder</source>
+        <translation>Archivordner</translation>
+    </message>
+    <message>
+        <source>“Archive &amp; Clear” saves each batch — the receipt files and a CSV/HTML ledger — into a dated subfolder here.</source>
+        <translation>„Archivieren &amp; leeren“ speichert jeden Stapel – die Belegdateien und eine CSV-/HTML-Aufstellung – hier in einem Unterordner mit Datum.</translation>
+    </message>
+    <message>
+        <source>Startup &amp; Background</source>
+        <translation>Start &amp; Hintergrund</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Beim Anmelden starten</translation>
+    </message>
+    <message>
+        <source>Run in menu bar (hide Dock icon)</source>
+        <extracomment>An entry in the desktop&apos;s tray and none in its task bar.</extracomment>
+        <translation>Im Infobereich ausführen (nicht in der Taskleiste)</translation>
+    </message>
+    <message>
+        <source>On this desktop a program cannot hide its own task-bar entry, so the entry stays.</source>
+        <translation>Auf diesem Desktop kann ein Programm seinen Eintrag in der Taskleiste nicht ausblenden, daher bleibt der Eintrag.</translation>
+    </message>
+    <message>
+        <source>None selected</source>
+        <translation>Keiner ausgewählt</translation>
+    </message>
+    <message>
+        <source>Default: “Receipt Archive” inside the watched folder</source>
+        <translation>„Receipt Archive“ im überwachten Ordner</translation>
+    </message>
+    <message>
+        <source>Archive Here</source>
+        <translation>Hier archivieren</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Fennick is already running in another session of yours.</source>
+        <translation>Fennick läuft bereits in einer anderen Sitzung von Ihnen.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,650 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>Confirmations</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message numerus="yes">
+        <source>Saves a %1 ledger and moves %n receipt file into “%2”, then clears the list. Your Photos are unaffected.</source>
+        <extracomment>%1 is CSV or HTML, %2 a folder.</extracomment>
+        <translation>
+            <numerusform>Crée un relevé %1, déplace %Ln fichier de reçu dans «&#xa0;%2&#xa0;», puis vide la liste. Vos photos ne sont pas touchées.</numerusform>
+            <numerusform>Crée un relevé %1, déplace %Ln fichiers de reçus dans «&#xa0;%2&#xa0;», puis vide la liste. Vos photos ne sont pas touchées.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saves a %1 ledger and moves %n receipt files into “%2”, then clears the list. Your Photos are unaffected.</source>
+        <extracomment>%1 is CSV or HTML, %2 a folder.</extracomment>
+        <translation>
+            <numerusform>Crée un relevé %1, déplace %Ln fichier de reçu dans «&#xa0;%2&#xa0;», puis vide la liste. Vos photos ne sont pas touchées.</numerusform>
+            <numerusform>Crée un relevé %1, déplace %Ln fichiers de reçus dans «&#xa0;%2&#xa0;», puis vide la liste. Vos photos ne sont pas touchées.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear all receipts from the list?</source>
+        <translation>Retirer tous les reçus de la liste&#xa0;?</translation>
+    </message>
+    <message>
+        <source>This empties the list. Your renamed files stay in the folder and won&apos;t be re-scanned.</source>
+        <translation>La liste est vidée. Vos fichiers renommés restent dans le dossier et ne seront pas numérisés à nouveau.</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Vider la liste</translation>
+    </message>
+    <message>
+        <source>Export, archive, and clear this batch?</source>
+        <translation>Exporter, archiver et vider ce lot&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Export, Archive &amp;&amp; Clear</source>
+        <translation>Exporter, archiver et vider</translation>
+    </message>
+</context>
+<context>
+    <name>ConverterError</name>
+    <message>
+        <source>The converter could not be started: %1</source>
+        <translation>Le convertisseur n’a pas pu être démarré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Unsupported file type: .%1</source>
+        <extracomment>%1 is a file name extension.</extracomment>
+        <translation>Type de fichier non pris en charge&#xa0;: .%1</translation>
+    </message>
+    <message>
+        <source>Could not open PDF</source>
+        <translation>Impossible d’ouvrir le PDF</translation>
+    </message>
+    <message>
+        <source>Could not render page image</source>
+        <translation>Impossible de produire l’image de la page</translation>
+    </message>
+    <message>
+        <source>Could not encode JPEG</source>
+        <translation>Impossible d’encoder le JPEG</translation>
+    </message>
+</context>
+<context>
+    <name>ExportPanel</name>
+    <message>
+        <source>Export Receipts</source>
+        <translation>Exporter les reçus</translation>
+    </message>
+</context>
+<context>
+    <name>FolderChooser</name>
+    <message>
+        <source>Choose a Folder</source>
+        <translation>Choisir un dossier</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiClient</name>
+    <message>
+        <source>No HTTP response</source>
+        <translation>Aucune réponse HTTP</translation>
+    </message>
+    <message>
+        <source>Invalid endpoint URL</source>
+        <translation>Adresse du service non valide</translation>
+    </message>
+</context>
+<context>
+    <name>GeminiError</name>
+    <message>
+        <source>unknown</source>
+        <extracomment>What the service has not said: the reason of a failure or of the end of an answer.</extracomment>
+        <translation>inconnue</translation>
+    </message>
+    <message>
+        <source>Gemini API error: %1</source>
+        <translation>Erreur de l’API Gemini&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Gemini API error: %1 — %2</source>
+        <extracomment>%1 is the number of an HTTP status, %2 what the service has written.</extracomment>
+        <translation>Erreur de l’API Gemini&#xa0;: %1 — %2</translation>
+    </message>
+    <message>
+        <source>Failed to read file: %1</source>
+        <translation>Échec de la lecture du fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Gemini API returned error %1: %2</source>
+        <translation>L’API Gemini a renvoyé l’erreur %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Gemini API returned no text content. Finish reason: %1</source>
+        <extracomment>%1 is a name from the service, like MAX_TOKENS.</extracomment>
+        <translation>L’API Gemini n’a renvoyé aucun texte. Raison de la fin&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Could not parse JSON from Gemini response. Raw response: %1</source>
+        <translation>Impossible d’analyser le JSON de la réponse de Gemini. Réponse brute&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Gemini API returned no candidates in response</source>
+        <translation>La réponse de l’API Gemini ne contient aucun candidat</translation>
+    </message>
+</context>
+<context>
+    <name>PhotoPermission</name>
+    <message>
+        <source>Photos Access</source>
+        <translation>Accès aux photos</translation>
+    </message>
+    <message>
+        <source>Fennick would like to add receipts to your photo library.</source>
+        <translation>Fennick souhaite ajouter des reçus à votre photothèque.</translation>
+    </message>
+    <message>
+        <source>JPEG copies of your receipts are put into the folder “%1”.</source>
+        <translation>Des copies JPEG de vos reçus sont placées dans le dossier «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Pas maintenant</translation>
+    </message>
+    <message>
+        <source>Don’t Allow</source>
+        <translation>Ne pas autoriser</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Autoriser</translation>
+    </message>
+</context>
+<context>
+    <name>PhotosError</name>
+    <message>
+        <source>Photos access was not granted. Enable it in System Settings ▸ Privacy &amp; Security ▸ Photos.</source>
+        <translation>L’accès aux photos n’a pas été accordé. Autorisez-le dans Paramètres système ▸ Confidentialité et sécurité ▸ Photos.</translation>
+    </message>
+    <message>
+        <source>Failed to add image to Photos: %1</source>
+        <translation>Échec de l’ajout de l’image à Photos&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <extracomment>The system has not said why an image could not be added.</extracomment>
+        <translation>inconnu</translation>
+    </message>
+</context>
+<context>
+    <name>TransportError</name>
+    <message>
+        <source>The answer is larger than %1 MB.</source>
+        <translation>La réponse dépasse %1&#xa0;Mo.</translation>
+    </message>
+    <message>
+        <source>The request timed out.</source>
+        <translation>La requête a expiré.</translation>
+    </message>
+</context>
+<context>
+    <name>WatchFolderChooser</name>
+    <message>
+        <source>Watch This Folder</source>
+        <translation>Surveiller ce dossier</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::AppState</name>
+    <message>
+        <source>No archive location set — choose one in Settings.</source>
+        <translation>Aucun dossier d’archives défini — choisissez-en un dans les paramètres.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t create archive folder: %1</source>
+        <translation>Impossible de créer le dossier d’archives&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t copy %1: %2</source>
+        <translation>Impossible de copier %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Photos export failed: %1</source>
+        <translation>Échec de l’export vers Photos&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The scan was interrupted. Retry to scan this receipt again.</source>
+        <translation>La numérisation a été interrompue. Réessayez pour numériser à nouveau ce reçu.</translation>
+    </message>
+    <message>
+        <source>API key not configured. Set your Gemini API key in Settings.</source>
+        <translation>Clé API non configurée. Saisissez votre clé API Gemini dans les paramètres.</translation>
+    </message>
+    <message>
+        <source>The on-device engine could not be started: %1</source>
+        <translation>Le moteur local n’a pas pu être démarré&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::EmptyState</name>
+    <message>
+        <source>Choose a folder to watch, then drop in receipt PDFs or photos.
+Each one is scanned, renamed, and added to Photos for Workday mobile.</source>
+        <translation>Choisissez un dossier à surveiller, puis déposez-y des PDF ou des photos de reçus.
+Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.</translation>
+    </message>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>Choisir un dossier…</translation>
+    </message>
+    <message>
+        <source>No receipts yet</source>
+        <translation>Aucun reçu pour l’instant</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::FennickApp</name>
+    <message>
+        <source>Scanning %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Numérisation de %L1 sur %L2</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::HomeView</name>
+    <message>
+        <source>Photos export on</source>
+        <translation>Export vers Photos activé</translation>
+    </message>
+    <message>
+        <source>Set your Gemini API key in Settings (⌘,) to start scanning.</source>
+        <extracomment>Names the shortcut of the settings on the reader&apos;s keyboard.</extracomment>
+        <translation>Pour numériser, saisissez votre clé API Gemini dans les paramètres (Ctrl+,).</translation>
+    </message>
+    <message>
+        <source>No folder selected</source>
+        <translation>Aucun dossier sélectionné</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::MainActions</name>
+    <message>
+        <source>Choose Folder</source>
+        <translation>Choisir un dossier</translation>
+    </message>
+    <message>
+        <source>Export as CSV…</source>
+        <translation>Exporter en CSV…</translation>
+    </message>
+    <message>
+        <source>Export as HTML…</source>
+        <translation>Exporter en HTML…</translation>
+    </message>
+    <message>
+        <source>Export CSV, Archive &amp;&amp; Clear</source>
+        <translation>Exporter en CSV, archiver et vider</translation>
+    </message>
+    <message>
+        <source>Export HTML, Archive &amp;&amp; Clear</source>
+        <translation>Exporter en HTML, archiver et vider</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Vider la liste</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Reveal in Finder</source>
+        <extracomment>Shows the file in the desktop&apos;s file manager.</extracomment>
+        <translation>Afficher dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Add to Photos</source>
+        <translation>Ajouter à Photos</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Copy Summary</source>
+        <translation>Copier le résumé</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>Fermer la fenêtre</translation>
+    </message>
+    <message>
+        <source>Quit Fennick</source>
+        <translation>Quitter Fennick</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::MainWindow</name>
+    <message>
+        <source>Toolbar</source>
+        <translation>Barre d’outils</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Archive &amp;&amp; Clear</source>
+        <translation>Archiver et vider</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Fichier</translation>
+    </message>
+    <message>
+        <source>&amp;Receipt</source>
+        <translation>&amp;Reçu</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>É&amp;dition</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::MenuBarContent</name>
+    <message>
+        <source>Show Receipts</source>
+        <translation>Afficher les reçus</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Quit Fennick</source>
+        <translation>Quitter Fennick</translation>
+    </message>
+    <message>
+        <source>No receipts yet</source>
+        <translation>Aucun reçu pour l’instant</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts</source>
+        <translation>
+            <numerusform>%Ln reçu</numerusform>
+            <numerusform>%Ln reçus</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>fennick::Notices</name>
+    <message>
+        <source>1 receipt scanned</source>
+        <translation>1 reçu numérisé</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts scanned</source>
+        <translation>
+            <numerusform>%Ln reçu numérisé</numerusform>
+            <numerusform>%Ln reçus numérisés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed</source>
+        <extracomment>Receipts; follows &quot;3 receipts scanned&quot;.</extracomment>
+        <translation>
+            <numerusform>%Ln échec</numerusform>
+            <numerusform>%Ln échecs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, </source>
+        <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>fennick::Notifier</name>
+    <message>
+        <source>Show Receipts</source>
+        <translation>Afficher les reçus</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::OnDeviceEngine</name>
+    <message>
+        <source>it does not answer</source>
+        <extracomment>Follows &quot;The on-device engine could not be started: &quot;.</extracomment>
+        <translation>il ne répond pas</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <extracomment>%1 is a program&apos;s path.</extracomment>
+        <translation>%1 est introuvable</translation>
+    </message>
+    <message>
+        <source>it has ended unexpectedly</source>
+        <translation>il s’est arrêté de façon inattendue</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptsTable</name>
+    <message>
+        <source>Receipts</source>
+        <translation>Reçus</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptsTableModel</name>
+    <message>
+        <source>Processing</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Added to Photos</source>
+        <translation>Ajouté à Photos</translation>
+    </message>
+    <message>
+        <source>Not added to Photos</source>
+        <translation>Pas ajouté à Photos</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Actions</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Montant</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Lieu</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Catégorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Résumé</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <extracomment>The photo library; the column is 56 pixels wide.</extracomment>
+        <translation>Photos</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RowActions</name>
+    <message>
+        <source>Reveal in Finder</source>
+        <extracomment>Shows the file in the desktop&apos;s file manager.</extracomment>
+        <translation>Afficher dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Add to Photos</source>
+        <translation>Ajouter à Photos</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsFolderRow</name>
+    <message>
+        <source>Reset</source>
+        <translation>Réinitialiser</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsGeminiSection</name>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Key saved</source>
+        <translation>Clé enregistrée</translation>
+    </message>
+    <message>
+        <source>API Key</source>
+        <translation>Clé API</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modèle</translation>
+    </message>
+    <message>
+        <source>Save Key</source>
+        <translation>Enregistrer la clé</translation>
+    </message>
+    <message>
+        <source>Default: gemini-2.5-flash</source>
+        <translation>Par défaut&#xa0;: gemini-2.5-flash</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsPhotosSection</name>
+    <message>
+        <source>Photos Export</source>
+        <translation>Export vers Photos</translation>
+    </message>
+    <message>
+        <source>Add receipts to Photos</source>
+        <translation>Ajouter les reçus à Photos</translation>
+    </message>
+    <message>
+        <source>Group into a dated album</source>
+        <translation>Regrouper dans un album daté</translation>
+    </message>
+    <message>
+        <source>Photos access granted</source>
+        <translation>Accès aux photos accordé</translation>
+    </message>
+    <message>
+        <source>Photos access denied — enable in System Settings ▸ Privacy</source>
+        <translation>Accès aux photos refusé — à autoriser dans Paramètres système ▸ Confidentialité</translation>
+    </message>
+    <message>
+        <source>Grant Photos Access</source>
+        <translation>Autoriser l’accès aux photos</translation>
+    </message>
+    <message>
+        <source>Converts each receipt to JPEG and adds it to Photos, so iCloud syncs it to your iPhone for Workday&apos;s mobile Scan Receipt. Each photo is named after the receipt.</source>
+        <translation>Convertit chaque reçu en JPEG et l’ajoute à Photos, afin qu’iCloud le synchronise avec votre iPhone pour la numérisation de reçus de Workday mobile. Chaque photo porte le nom du reçu.</translation>
+    </message>
+    <message>
+        <source>Everything you process in one sitting goes into an album named “Expenses: &lt;today&apos;s date&gt;”, which also syncs to your iPhone.</source>
+        <translation>Tout ce que vous traitez en une fois va dans un album nommé «&#xa0;Expenses: &lt;date du jour&gt;&#xa0;», qui est également synchronisé avec votre iPhone.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SettingsView</name>
+    <message>
+        <source>Fennick Settings</source>
+        <translation>Paramètres de Fennick</translation>
+    </message>
+    <message>
+        <source>Watched Folder</source>
+        <translation>Dossier surveillé</translation>
+    </message>
+    <message>
+        <source>Watched folder</source>
+        <translation>Dossier surveillé</translation>
+    </message>
+    <message>
+        <source>New PDFs and photos dropped here are scanned automatically.</source>
+        <translation>Les nouveaux PDF et photos déposés ici sont numérisés automatiquement.</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archives</translation>
+    </message>
+    <message>
+        <source>Archive folder</source>
+        <translation>Dossier d’archives</translation>
+    </message>
+    <message>
+        <source>“Archive &amp; Clear” saves each batch — the receipt files and a CSV/HTML ledger — into a dated subfolder here.</source>
+        <translation>«&#xa0;Archiver et vider&#xa0;» enregistre chaque lot — les fichiers de reçus et un relevé CSV/HTML — dans un sous-dossier daté, ici.</translation>
+    </message>
+    <message>
+        <source>Startup &amp; Background</source>
+        <translation>Démarrage et arrière-plan</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Lancer à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>Run in menu bar (hide Dock icon)</source>
+        <extracomment>An entry in the desktop&apos;s tray and none in its task bar.</extracomment>
+        <translation>Exécuter dans la zone de notification (pas dans la barre des tâches)</translation>
+    </message>
+    <message>
+        <source>On this desktop a program cannot hide its own task-bar entry, so the entry stays.</source>
+        <translation>Sur ce bureau, un programme ne peut pas masquer son entrée dans la barre des tâches&#xa0;; elle reste donc visible.</translation>
+    </message>
+    <message>
+        <source>None selected</source>
+        <translation>Aucun sélectionné</translation>
+    </message>
+    <message>
+        <source>Default: “Receipt Archive” inside the watched folder</source>
+        <translation>«&#xa0;Receipt Archive&#xa0;» du dossier surveillé</translation>
+    </message>
+    <message>
+        <source>Archive Here</source>
+        <translation>Archiver ici</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Fennick is already running in another session of yours.</source>
+        <translation>Fennick est déjà ouvert dans une autre de vos sessions.</translation>
+    </message>
+</context>
+</TS>
