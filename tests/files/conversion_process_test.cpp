@@ -92,7 +92,7 @@ private Q_SLOTS:
     }
 
     void memoryIsLimited() {
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
         QSKIP("Programs with the sanitizer are not limited.");
 #endif
         const QByteArray report = R"(print q({"paths":[]}))";
