@@ -3,15 +3,16 @@
 #include <malloc.h>
 #include <sys/mman.h>
 
-#include <cstdint>
+#include <cstddef>
 #include <cstdlib>
 #include <limits>
+#include <memory>
 
 namespace fennick {
 
 namespace {
 
-constexpr std::uintptr_t hugePage = 2U * 1024 * 1024;
+constexpr std::size_t hugePage = 2UL * 1024 * 1024;
 constexpr std::size_t reserved = 48 * hugePage; // a page of A4 with all that is made of it takes less
 
 } // namespace
@@ -23,9 +24,11 @@ void reusePictureMemory() {
     if (block == nullptr) {
         return;
     }
-    const std::uintptr_t start =
-        (reinterpret_cast<std::uintptr_t>(block) + hugePage - 1) / hugePage * hugePage;
-    ::madvise(reinterpret_cast<void *>(start), reserved - hugePage, MADV_HUGEPAGE);
+    void *start = block;
+    std::size_t space = reserved;
+    if (std::align(hugePage, reserved - hugePage, start, space) != nullptr) {
+        ::madvise(start, reserved - hugePage, MADV_HUGEPAGE);
+    }
     std::free(block);
 }
 

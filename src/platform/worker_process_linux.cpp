@@ -35,6 +35,7 @@ void workToTheEnd(const std::function<void(std::atomic<int> &done)> &work, std::
     try {
         work(done);
     } catch (...) {
+        return; // what was counted before counts
     }
 }
 

@@ -41,7 +41,7 @@ std::optional<QString> InterfaceLanguage::chosen(const QStringList &userLanguage
         if (wantsTextsAsWritten(name)) {
             return std::nullopt;
         }
-        const QString language = QLocale::languageToCode(QLocale(name).language());
+        QString language = QLocale::languageToCode(QLocale(name).language());
         if (QFile::exists(translationOf(language))) {
             return language;
         }
