@@ -31,7 +31,8 @@ QByteArray answer(int number) {
 } // namespace
 
 // Many receipts through the whole program, one batch after the other. FENNICK_SOAK=20000 makes it that many
-// and prints what the program uses meanwhile; it takes about an hour.
+// and prints what the program uses meanwhile; it takes about an hour, so QTEST_FUNCTION_TIMEOUT has to be as
+// long.
 class SoakTest : public QObject {
     Q_OBJECT
 
@@ -61,12 +62,13 @@ private Q_SLOTS:
             }
         }
         checkEnd(count);
-        // The first tenth fills caches and pools. Afterwards only the list itself may grow: 2 KiB a receipt.
+        // The first tenth fills caches and pools. Afterwards only the list itself may grow: 3 KiB a receipt,
+        // of which a program that starts with the same list takes 2.3, and its stored form 0.5.
         const Usage &first = usages.first();
         const Usage &last = usages.last();
         QVERIFY(last.handles <= mostHandles);
         QVERIFY(last.threads <= mostThreads);
-        QVERIFY2(last.memory <= first.memory + 16384 + 2 * count, qPrintable(QString::number(last.memory)));
+        QVERIFY2(last.memory <= first.memory + 16384 + 3 * count, qPrintable(QString::number(last.memory)));
         QVERIFY(session_.end());
     }
 
