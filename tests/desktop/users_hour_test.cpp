@@ -148,6 +148,7 @@ private Q_SLOTS:
         const QString csv = surroundings_->session.home.path(u"ledger.csv"_s);
         user_->press(mainWindow, u"ctrl+e"_s);
         user_->answerFileDialog(u"Export Receipts"_s, csv);
+        QVERIFY(surroundings_->session.waitFor([&csv] { return QFile::exists(csv); }));
         const QList<QByteArray> lines = readFile(csv).split('\n');
         QCOMPARE(lines.size(), 14); // the header, 12 receipts, and nothing after the last line feed
         QCOMPARE(lines.first(), QByteArray("Date,Time,Amount,Currency,Location,Category,Summary,File Name,"
@@ -161,6 +162,7 @@ private Q_SLOTS:
         const QString html = surroundings_->session.home.path(u"ledger.html"_s);
         user_->press(mainWindow, u"ctrl+shift+e"_s);
         user_->answerFileDialog(u"Export Receipts"_s, html);
+        QVERIFY(surroundings_->session.waitFor([&html] { return QFile::exists(html); }));
         QVERIFY(readFile(html).contains("12 receipts"));
         QVERIFY(readFile(html).contains("<div class=\"total\">Total: 84.00</div>")); // 1.5 + ... + 12.5
     }
