@@ -99,10 +99,17 @@ Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &a
     return withoutKey(readAnswer(status.toInt(), body), apiKey);
 }
 
+// TLS must be loaded completely before a request is made: making the first one meanwhile, the main thread
+// would take the library's locks in the opposite order, and both threads could wait for each other forever.
+std::expected<QByteArray, QString> preparedBody(const QString &filePath) {
+    QSslSocket::supportsSsl();
+    return requestBody(filePath);
+}
+
 } // namespace
 
 QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress) {
-    const auto body = co_await QtConcurrent::run(requestBody, filePath);
+    const auto body = co_await QtConcurrent::run(preparedBody, filePath);
     if (!body) {
         co_return failure(Kind::fileRead, body.error());
     }

@@ -189,8 +189,11 @@ private Q_SLOTS:
     }
 
 private:
+    // Of another size each time: preferences are read anew when the file's size or time is another one, and
+    // two writes may fall into one tick of the clock.
     void configure(const QString &address) {
-        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=" + address.toUtf8() + '\n');
+        writeFile(home_.preferencesFile(),
+                  "[General]\ngeminiEndpoint=" + address.toUtf8() + QByteArray(++configurations_, '\n'));
     }
 
     Result scan(const QString &model = QStringLiteral("gemini-2.5-flash"), int milliseconds = 10000) {
@@ -210,6 +213,7 @@ private:
     TemporaryHome home_;
     std::unique_ptr<ScriptedServer> server_;
     QString path_;
+    int configurations_ = 0;
 };
 
 QTEST_GUILESS_MAIN(GeminiClientTest)
