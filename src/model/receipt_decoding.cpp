@@ -87,14 +87,12 @@ constexpr std::array<std::string_view, keyCount> receiptKeys = {
 
 using Members = std::array<Value, keyCount>;
 
-// The place of `key`. It is mostly found at `expected` or shortly after: the program writes the keys in this
-// order.
+// The place of `key`, or keyCount. It is mostly the expected one: the program writes the keys in this order.
 size_t placeOf(std::string_view key, size_t expected) {
-    const auto from = receiptKeys.begin() + static_cast<std::ptrdiff_t>(expected);
-    const auto known = std::find(from, receiptKeys.end(), key);
-    const auto found = known != receiptKeys.end() ? known : std::find(receiptKeys.begin(), from, key);
-    return found == from && known == receiptKeys.end() ? keyCount
-                                                       : static_cast<size_t>(found - receiptKeys.begin());
+    if (expected < keyCount && receiptKeys[expected] == key) {
+        return expected;
+    }
+    return static_cast<size_t>(std::ranges::find(receiptKeys, key) - receiptKeys.begin());
 }
 
 Members readMembers(dom::object record) {

@@ -81,8 +81,8 @@ void ReceiptStore::clearAll() {
 
 void ReceiptStore::load() {
     if (auto receipts = decodeReceipts(receiptsFile_.content())) {
-        if (!std::is_sorted(receipts->cbegin(), receipts->cend(),
-                            isNewer)) { // by another hand than the program's
+        // The program writes it in order; a list of another hand may not be.
+        if (!std::is_sorted(receipts->cbegin(), receipts->cend(), isNewer)) {
             std::stable_sort(receipts->begin(), receipts->end(), isNewer);
         }
         receipts_ = *std::move(receipts);
