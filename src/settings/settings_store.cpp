@@ -32,20 +32,27 @@ SettingsStore::SettingsStore(QObject *parent)
     askForAPIKey();
 }
 
-// Its answer may come when a key has been set meanwhile: then that one counts.
+// Not waited for here: a window can be built meanwhile.
 void SettingsStore::askForAPIKey() {
-    QFuture<std::optional<QString>> key = storedKey_.read();
-    storedKey_.wait(promptAnswer);
-    if (key.isFinished()) {
-        hasAPIKey_ = !key.result().value_or(QString()).isEmpty();
-        return;
-    }
-    key.then(this, [this](const std::optional<QString> &late) {
-        if (!isAPIKeySet_) {
-            hasAPIKey_ = !late.value_or(QString()).isEmpty();
+    promptAnswer_ = QDeadlineTimer(promptAnswer);
+    wasAPIKeyStored_ = storedKey_.read().then(
+        [](const std::optional<QString> &key) { return !key.value_or(QString()).isEmpty(); });
+    wasAPIKeyStored_.then(this, [this](bool /*wasStored*/) {
+        const bool wasLate = promptAnswer_.hasExpired();
+        if (wasLate && !isAPIKeySet_) {
             Q_EMIT changed();
         }
     });
+}
+
+bool SettingsStore::hasAPIKey() const {
+    if (isAPIKeySet_) {
+        return *isAPIKeySet_;
+    }
+    if (!wasAPIKeyStored_.isFinished()) {
+        storedKey_.wait(std::chrono::milliseconds(promptAnswer_.remainingTime()));
+    }
+    return wasAPIKeyStored_.isFinished() && wasAPIKeyStored_.result();
 }
 
 void SettingsStore::setWatchFolderPath(const std::optional<QString> &path) {
@@ -94,8 +101,7 @@ void SettingsStore::setAPIKey(const QString &key) {
     const QString trimmed = trimmedOfWhiteSpace(key);
     storedKey_.write(trimmed);
     storedKey_.wait(promptAnswer);
-    isAPIKeySet_ = true;
-    hasAPIKey_ = !trimmed.isEmpty();
+    isAPIKeySet_ = !trimmed.isEmpty();
     Q_EMIT changed();
 }
 

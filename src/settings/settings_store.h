@@ -3,6 +3,8 @@
 #include "platform/user_defaults.h"
 #include "settings/stored_key.h"
 
+#include <QDeadlineTimer>
+#include <QFuture>
 #include <QObject>
 #include <QString>
 
@@ -40,9 +42,10 @@ public:
     bool groupIntoAlbum() const { return groupIntoAlbum_; }
     void setGroupIntoAlbum(bool enabled);
 
-    // What the secret store held at creation; a store that is slow to tell counts as empty until it does.
-    // Afterwards it follows the text given to setAPIKey, not the store's answer to it.
-    bool hasAPIKey() const { return hasAPIKey_; }
+    // What the secret store held at creation, for which it waits half a second from then; a store that is
+    // slower counts as empty until it tells. Afterwards it follows the text given to setAPIKey, not the
+    // store's answer to it.
+    bool hasAPIKey() const;
 
     // The stored key once the secret store has told it; absent or empty means none.
     QFuture<std::optional<QString>> storedAPIKey() { return storedKey_.read(); }
@@ -66,8 +69,9 @@ private:
     bool menuBarMode_;
     bool addToPhotos_;
     bool groupIntoAlbum_;
-    bool hasAPIKey_ = false;
-    bool isAPIKeySet_ = false; // by setAPIKey, since the start
+    std::optional<bool> isAPIKeySet_; // by setAPIKey; absent: not called since the start
+    QDeadlineTimer promptAnswer_;
+    QFuture<bool> wasAPIKeyStored_;
     StoredKey storedKey_;
 };
 

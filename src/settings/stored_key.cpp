@@ -31,7 +31,7 @@ void StoredKey::write(const QString &key) {
     });
 }
 
-void StoredKey::wait(std::chrono::milliseconds patience) {
+void StoredKey::wait(std::chrono::milliseconds patience) const {
     thread_.waitForDone(static_cast<int>(patience.count()));
 }
 

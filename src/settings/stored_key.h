@@ -27,11 +27,11 @@ public:
     void write(const QString &key);
 
     // Returns as soon as nothing is under way any more, at the latest after `patience`.
-    void wait(std::chrono::milliseconds patience);
+    void wait(std::chrono::milliseconds patience) const;
 
 private:
     std::stop_source end_;
-    QThreadPool thread_;
+    mutable QThreadPool thread_; // waiting for it changes nothing
 };
 
 } // namespace fennick
