@@ -53,6 +53,12 @@ const std::map<std::string, std::function<qsizetype(const Receipts &, const QByt
      [](const Receipts &receipts, const QByteArray &) {
          return ExportService::buildCSV(receipts).size();
      }},
+    {"print-csv",
+     [](const Receipts &receipts, const QByteArray &) {
+         const QByteArray ledger = ExportService::buildCSV(receipts).toUtf8();
+         return static_cast<qsizetype>(
+             std::fwrite(ledger.constData(), 1, static_cast<size_t>(ledger.size()), stdout));
+     }},
     {"html",
      [](const Receipts &receipts, const QByteArray &) {
          return ExportService::buildHTML(receipts).size();
@@ -64,7 +70,7 @@ const std::map<std::string, std::function<qsizetype(const Receipts &, const QByt
 int main(int argc, char *argv[]) {
     const auto work = works.find(argc == 3 ? argv[1] : "");
     if (work == works.end()) {
-        std::fputs("usage: cost_probe none|encode|decode|decode-by-qt|csv|html COUNT\n", stderr);
+        std::fputs("usage: cost_probe none|encode|decode|decode-by-qt|csv|print-csv|html COUNT\n", stderr);
         return 2;
     }
     const Receipts receipts = madeUpReceipts(std::stoi(argv[2]));

@@ -1,4 +1,5 @@
 #include "export/export_service.h"
+#include "export/line_buffer.h"
 #include "text/characters.h"
 
 #include <algorithm>
@@ -20,45 +21,45 @@ bool needsQuotes(QStringView field) {
     });
 }
 
-void appendQuoted(QString &csv, QStringView field) {
-    csv.append(u'"');
+void appendQuoted(LineBuffer &line, QStringView field) {
+    line.append(u'"');
     for (const QChar character : field) {
-        csv.append(character);
+        line.append(character);
         if (character == u'"') {
-            csv.append(character);
+            line.append(character);
         }
     }
-    csv.append(u'"');
+    line.append(u'"');
 }
 
-void appendLine(QString &csv, std::initializer_list<QStringView> fields) {
-    bool isFirst = true;
+void appendLine(QString &csv, LineBuffer &line, std::initializer_list<QStringView> fields) {
+    line.clear();
     for (const QStringView field : fields) {
-        if (!isFirst) {
-            csv.append(u',');
-        }
-        isFirst = false;
         if (needsQuotes(field)) {
-            appendQuoted(csv, field);
+            appendQuoted(line, field);
         } else {
-            csv.append(field);
+            line.append(field);
         }
+        line.append(u',');
     }
-    csv.append(u'\n');
+    csv.append(line.text().chopped(1)).append(u'\n');
 }
 
 } // namespace
 
 QString buildCSV(const QList<Receipt> &receipts) {
     QString csv;
+    LineBuffer line;
     csv.reserve((receipts.size() + 1) * typicalLineLength);
-    appendLine(csv, {u"Date", u"Time", u"Amount", u"Currency", u"Location", u"Category", u"Summary",
-                     u"File Name", u"Status", u"Scanned At"});
+    appendLine(csv, line,
+               {u"Date", u"Time", u"Amount", u"Currency", u"Location", u"Category", u"Summary", u"File Name",
+                u"Status", u"Scanned At"});
     for (const Receipt &receipt : receipts) {
-        appendLine(csv, {textOrNothing(receipt.date), textOrNothing(receipt.time),
-                         receipt.amount ? trimNumber(*receipt.amount) : QString(),
-                         textOrNothing(receipt.currency), textOrNothing(receipt.location), receipt.category,
-                         receipt.summary, receipt.fileName, rawValue(receipt.status), receipt.scannedAt});
+        appendLine(csv, line,
+                   {textOrNothing(receipt.date), textOrNothing(receipt.time),
+                    receipt.amount ? trimNumber(*receipt.amount) : QString(), textOrNothing(receipt.currency),
+                    textOrNothing(receipt.location), receipt.category, receipt.summary, receipt.fileName,
+                    rawValue(receipt.status), receipt.scannedAt});
     }
     return wellFormed(csv);
 }

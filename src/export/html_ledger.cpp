@@ -1,5 +1,6 @@
 #include "export/export_service.h"
 #include "export/ledger_texts.h"
+#include "export/line_buffer.h"
 #include "text/characters.h"
 
 namespace fennick::ExportService {
@@ -73,7 +74,8 @@ QStringView entityOf(QChar character) {
 }
 
 // Each character is looked at once, so an entity in the text is escaped like any other text.
-void appendEscaped(QString &html, QStringView text) {
+template <typename Text>
+void appendEscaped(Text &html, QStringView text) {
     qsizetype copied = 0;
     for (qsizetype index = 0; index < text.size(); ++index) {
         const QStringView entity = entityOf(text[index]);
@@ -85,37 +87,40 @@ void appendEscaped(QString &html, QStringView text) {
     html.append(text.sliced(copied));
 }
 
-void appendCell(QString &html, QStringView openingTag, QStringView text) {
-    html.append(u"        ").append(openingTag);
-    appendEscaped(html, text);
-    html.append(u"</td>\n");
+void appendCell(LineBuffer &row, QStringView openingTag, QStringView text) {
+    row.append(u"        ").append(openingTag);
+    appendEscaped(row, text);
+    row.append(u"</td>\n");
 }
 
 QStringView textOrDash(const std::optional<QString> &text) {
     return text ? QStringView(*text) : missing;
 }
 
-void appendRow(QString &html, const Receipt &receipt, AmountFormatter &formatter) {
-    html.append(u"      <tr>\n");
-    appendCell(html, u"<td>", textOrDash(receipt.date));
-    appendCell(html, u"<td>", textOrDash(receipt.time));
-    appendCell(html, uR"(<td class="num">)", formatAmount(receipt.amount, receipt.currency, formatter));
-    appendCell(html, u"<td>", textOrDash(receipt.location));
-    appendCell(html, u"<td>", receipt.category);
-    appendCell(html, u"<td>", receipt.summary);
-    appendCell(html, uR"(<td class="file">)", receipt.fileName);
-    html.append(u"      </tr>");
+void appendRow(LineBuffer &row, const Receipt &receipt, AmountFormatter &formatter) {
+    row.append(u"      <tr>\n");
+    appendCell(row, u"<td>", textOrDash(receipt.date));
+    appendCell(row, u"<td>", textOrDash(receipt.time));
+    appendCell(row, uR"(<td class="num">)", formatAmount(receipt.amount, receipt.currency, formatter));
+    appendCell(row, u"<td>", textOrDash(receipt.location));
+    appendCell(row, u"<td>", receipt.category);
+    appendCell(row, u"<td>", receipt.summary);
+    appendCell(row, uR"(<td class="file">)", receipt.fileName);
+    row.append(u"      </tr>");
 }
 
 void appendRows(QString &html, const QList<Receipt> &receipts) {
     AmountFormatter formatter(FractionDigits::two);
+    LineBuffer row;
     bool isFirst = true;
     for (const Receipt &receipt : receipts) {
         if (!isFirst) {
-            html.append(u'\n');
+            row.append(u'\n');
         }
         isFirst = false;
-        appendRow(html, receipt, formatter);
+        appendRow(row, receipt, formatter);
+        html.append(row.text());
+        row.clear();
     }
 }
 
