@@ -6,8 +6,10 @@
 
 #include <libheif/heif.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
+#include <ranges>
 
 namespace fennick {
 
@@ -31,34 +33,113 @@ bool succeeded(heif_error error) {
     return error.code == heif_error_Ok;
 }
 
-ColourProfile profileOf(const heif_image_handle *handle) {
+QByteArray iccProfileOf(const heif_image_handle *handle) {
     const std::size_t size = heif_image_handle_get_raw_color_profile_size(handle);
-    if (size > 0 && size <= maximumFileSize) {
-        QByteArray icc(static_cast<qsizetype>(size), Qt::Uninitialized);
-        if (succeeded(heif_image_handle_get_raw_color_profile(handle, icc.data()))) {
-            return profileFromIcc(icc);
-        }
+    if (size == 0 || size > maximumFileSize) {
+        return {};
     }
-    heif_color_profile_nclx *found = nullptr;
-    if (!succeeded(heif_image_handle_get_nclx_color_profile(handle, &found))) {
-        return profileFromIcc({});
-    }
-    const CodePoints codePoints(found);
-    return profileFromCodePoints(codePoints->color_primaries, codePoints->transfer_characteristics);
+    QByteArray icc(static_cast<qsizetype>(size), Qt::Uninitialized);
+    return succeeded(heif_image_handle_get_raw_color_profile(handle, icc.data())) ? icc : QByteArray();
 }
 
-Picture pixelsOf(const heif_image_handle *handle) {
+// Absent when the file states none.
+CodePoints codePointsOf(const heif_image_handle *handle) {
+    heif_color_profile_nclx *found = nullptr;
+    return CodePoints(succeeded(heif_image_handle_get_nclx_color_profile(handle, &found)) ? found : nullptr);
+}
+
+CodePoints codePointsOf(const heif_image *picture) {
+    heif_color_profile_nclx *found = nullptr;
+    return CodePoints(succeeded(heif_image_get_nclx_color_profile(picture, &found)) ? found : nullptr);
+}
+
+ColourProfile profileOf(const heif_image_handle *handle) {
+    if (const QByteArray icc = iccProfileOf(handle); !icc.isEmpty()) {
+        return profileFromIcc(icc);
+    }
+    const CodePoints codePoints = codePointsOf(handle);
+    return codePoints
+               ? profileFromCodePoints(codePoints->color_primaries, codePoints->transfer_characteristics)
+               : profileFromIcc({});
+}
+
+Picture decoded(const heif_image_handle *handle, heif_colorspace colours, heif_chroma chroma) {
     const DecodingOptions options(heif_decoding_options_alloc());
     if (!options) {
         return nullptr;
     }
     options->convert_hdr_to_8bit = 1;
-    heif_image *decoded = nullptr;
-    if (!succeeded(heif_decode_image(handle, &decoded, heif_colorspace_RGB, heif_chroma_interleaved_RGBA,
-                                     options.get()))) {
+    heif_image *picture = nullptr;
+    if (!succeeded(heif_decode_image(handle, &picture, colours, chroma, options.get()))) {
         return nullptr;
     }
-    return Picture(decoded);
+    return Picture(picture);
+}
+
+// Whether the samples mean what they mean in a JPEG file: full range, BT.601 weights.
+bool isAsInJpeg(const CodePoints &codePoints) {
+    return !codePoints ||
+           (codePoints->full_range_flag != 0 &&
+            (codePoints->matrix_coefficients == heif_matrix_coefficients_unspecified ||
+             codePoints->matrix_coefficients == heif_matrix_coefficients_ITU_R_BT_470_6_System_B_G ||
+             codePoints->matrix_coefficients == heif_matrix_coefficients_ITU_R_BT_601_6));
+}
+
+bool mayHaveUsualPlanes(const heif_image_handle *handle) {
+    constexpr int bits = 8;
+    const CodePoints codePoints = codePointsOf(handle);
+    const bool needsConversion = codePoints && profileFromCodePoints(codePoints->color_primaries,
+                                                                     codePoints->transfer_characteristics);
+    return heif_image_handle_has_alpha_channel(handle) == 0 &&
+           heif_image_handle_get_luma_bits_per_pixel(handle) == bits &&
+           heif_image_handle_get_chroma_bits_per_pixel(handle) == bits && isAsInJpeg(codePoints) &&
+           !needsConversion;
+}
+
+std::optional<Plane> planeOf(const heif_image *picture, heif_channel channel) {
+    int stride = 0;
+    const std::uint8_t *samples = heif_image_get_plane_readonly(picture, channel, &stride);
+    const int width = heif_image_get_width(picture, channel);
+    const int height = heif_image_get_height(picture, channel);
+    if (!samples || width <= 0 || height <= 0) {
+        return std::nullopt;
+    }
+    Plane plane(width, height);
+    for (int y = 0; y < height; ++y) {
+        std::memcpy(plane.row(y), samples + static_cast<std::ptrdiff_t>(y) * stride,
+                    static_cast<std::size_t>(width));
+    }
+    return plane;
+}
+
+// The picture as it is coded, without a way over red, green and blue: half the time after decoding and a
+// fifth of the memory. Nothing when its samples are of another kind than those of JPEG files.
+std::optional<YuvPicture> usualPlanesOf(const heif_image_handle *handle) {
+    const Picture coded = decoded(handle, heif_colorspace_YCbCr, heif_chroma_420);
+    if (!coded || !isAsInJpeg(codePointsOf(coded.get()))) {
+        return std::nullopt;
+    }
+    YuvPicture picture;
+    for (const heif_channel channel : {heif_channel_Y, heif_channel_Cb, heif_channel_Cr}) {
+        std::optional<Plane> plane = planeOf(coded.get(), channel);
+        if (!plane) {
+            return std::nullopt;
+        }
+        picture.planes.push_back(std::move(*plane));
+    }
+    constexpr int perChroma = 2;
+    picture.width = picture.planes.front().width();
+    picture.height = picture.planes.front().height();
+    picture.lumaPerChromaX = picture.lumaPerChromaY = perChroma;
+    const QSize chromaSize((picture.width + 1) / perChroma, (picture.height + 1) / perChroma);
+    const bool isComplete =
+        std::ranges::all_of(picture.planes | std::views::drop(1), [=](const Plane &plane) {
+            return QSize(plane.width(), plane.height()) == chromaSize;
+        });
+    if (!isComplete || !isAcceptablePixelCount(picture.width, picture.height)) {
+        return std::nullopt;
+    }
+    return picture;
 }
 
 QImage copied(const heif_image *picture, bool premultiplied) {
@@ -103,7 +184,14 @@ std::optional<StoredPicture> decodeHeif(const QByteArray &file) {
         return std::nullopt;
     }
 
-    Picture pixels = pixelsOf(found);
+    // An orientation in the file's EXIF data repeats what the decoder has already done.
+    constexpr int upright = 1;
+    if (mayHaveUsualPlanes(found)) {
+        if (auto picture = usualPlanesOf(found)) {
+            return StoredPicture{std::move(*picture), upright, iccProfileOf(found)};
+        }
+    }
+    Picture pixels = decoded(found, heif_colorspace_RGB, heif_chroma_interleaved_RGBA);
     if (!pixels) {
         return std::nullopt;
     }
@@ -117,8 +205,6 @@ std::optional<StoredPicture> decodeHeif(const QByteArray &file) {
     if (!picture) {
         return std::nullopt;
     }
-    // An orientation in the file's EXIF data repeats what the decoder has already done.
-    constexpr int upright = 1;
     return StoredPicture{std::move(*picture), upright, {}};
 }
 

@@ -136,7 +136,7 @@ private Q_SLOTS:
         QVERIFY(distanceInMiddle(converted(heic(source)), qRgb(255, 255, 255)) <= 4);
     }
 
-    void convertsColoursByProfileOrCodePoints() {
+    void keepsTheColoursOfAProfileOrCodePoints() {
         QImage source(QSize(256, 128), QImage::Format_RGB32);
         source.fill(qRgb(200, 60, 40));
         source.setColorSpace(QColorSpace::SRgb);
@@ -144,11 +144,22 @@ private Q_SLOTS:
         QVERIFY(distanceInMiddle(source, qRgb(200, 60, 40)) > 8);
 
         const QByteArray profile = QColorSpace(QColorSpace::DisplayP3).iccProfile();
-        const QImage byProfile = converted(heic(source, {.iccProfile = profile}));
+        QImage byProfile = converted(heic(source, {.iccProfile = profile}));
+        QCOMPARE(byProfile.colorSpace(), QColorSpace(QColorSpace::DisplayP3));
+        byProfile.convertToColorSpace(QColorSpace::SRgb);
         QVERIFY(distanceInMiddle(byProfile, qRgb(200, 60, 40)) <= 6);
         constexpr int displayP3 = 12;
         const QImage byCodePoints = converted(heic(source, {.colourPrimaries = displayP3}));
         QVERIFY(distanceInMiddle(byCodePoints, qRgb(200, 60, 40)) <= 6);
+    }
+
+    // Telephones store pictures as tiles beneath a picture that has no samples of its own. This one is of two
+    // by two tiles of 64 pixels (red, green, blue, yellow), cut to 120 by 100 and turned left by a quarter.
+    void joinsTiles() {
+        const QImage result =
+            converted(contentOf(QStringLiteral(FENNICK_SOURCE_DIR "/tests/data/tiled.heic")));
+        QCOMPARE(result.size(), QSize(100, 120));
+        QCOMPARE(cornersOf(result), u"GYRB"_qs);
     }
 
     void refusesCutOffFiles() {
