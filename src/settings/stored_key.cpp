@@ -18,10 +18,15 @@ StoredKey::~StoredKey() {
 }
 
 QFuture<std::optional<QString>> StoredKey::read() {
-    return QtConcurrent::run(&thread_, [stop = end_.get_token()] { return KeychainHelper::apiKey(stop); });
+    if (lastRead_.isFinished()) {
+        lastRead_ =
+            QtConcurrent::run(&thread_, [stop = end_.get_token()] { return KeychainHelper::apiKey(stop); });
+    }
+    return lastRead_;
 }
 
 void StoredKey::write(const QString &key) {
+    lastRead_ = {};
     thread_.start([key, stop = end_.get_token()] {
         if (key.isEmpty()) {
             KeychainHelper::clearAPIKey(stop);

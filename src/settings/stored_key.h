@@ -20,7 +20,8 @@ public:
     StoredKey(const StoredKey &) = delete;
     StoredKey &operator=(const StoredKey &) = delete;
 
-    // As KeychainHelper::apiKey.
+    // As KeychainHelper::apiKey. Whoever asks while an answer is awaited gets that one: each takes the store
+    // some milliseconds, or the user a password.
     QFuture<std::optional<QString>> read();
 
     // An empty key removes the stored one.
@@ -31,7 +32,8 @@ public:
 
 private:
     std::stop_source end_;
-    mutable QThreadPool thread_; // waiting for it changes nothing
+    QFuture<std::optional<QString>> lastRead_; // since the last write
+    mutable QThreadPool thread_;               // waiting for it changes nothing
 };
 
 } // namespace fennick

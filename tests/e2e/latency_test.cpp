@@ -71,15 +71,66 @@ private Q_SLOTS:
         for (int round = 0; round < 10; ++round) {
             delays.append(delayOf(u"%1.pdf"_s.arg(round), writes, pause).count());
         }
-        QString text;
-        QDebug(&text) << delays;
-        QVERIFY2(*std::min_element(delays.begin(), delays.end()) >= 800, qPrintable(text));
-        QVERIFY2(*std::max_element(delays.begin(), delays.end()) <= 850 + stalls.longest().count(),
-                 qPrintable(text));
-        qInfo().noquote() << text;
+        checkDelays(delays, 850 + stalls.longest().count());
+    }
+
+    void requestsUnderWayDelayANewFileByNothing() {
+        session_.server.setScript([](const HttpRequest &request) {
+            HttpReply reply = answering(lunchAnswer);
+            if (inlineDocument(request).startsWith("waiting")) {
+                reply.fault = HttpReply::Fault::hang;
+            }
+            return reply;
+        });
+        QVERIFY(session_.start());
+        constexpr int count = 50;
+        for (int index = 0; index < count; ++index) {
+            session_.drop(u"waiting %1.pdf"_s.arg(index), "waiting");
+        }
+        QVERIFY(session_.waitFor([this] { return session_.server.requests().size() == count; }));
+        const HostStalls stalls;
+        QList<qint64> delays;
+        for (int round = 0; round < 10; ++round) {
+            delays.append(delayOf(u"%1.pdf"_s.arg(round), 1, 0).count());
+        }
+        checkDelays(delays, 850 + stalls.longest().count());
+    }
+
+    // They are listed, read, sent, answered, renamed and saved together; each is saved before it is sent.
+    void fiftyFilesAtOnceDelayEachOtherByLittle() {
+        QVERIFY(session_.start());
+        session_.drop(u"first.pdf"_s, "the folder has been listed when this one is done");
+        QVERIFY(session_.waitFor([this] { return session_.row(lunchName).value(u"status") == u"done"_s; }));
+        session_.server.forgetRequests();
+        const HostStalls stalls;
+        constexpr int count = 50;
+        QHash<QByteArray, system_clock::time_point> lastWrites;
+        for (int index = 0; index < count; ++index) {
+            const QByteArray content = "document " + QByteArray::number(index);
+            session_.drop(u"%1.pdf"_s.arg(index), content);
+            lastWrites.insert(content, system_clock::now());
+        }
+        QVERIFY(session_.waitFor([this] { return session_.server.requests().size() == count; }));
+        const auto documents = session_.sentDocuments();
+        QList<qint64> delays;
+        for (qsizetype index = 0; index < count; ++index) {
+            const auto arrival = session_.server.requests().at(index).arrivedAt;
+            const auto delay = arrival - lastWrites.value(documents.at(index));
+            delays.append(duration_cast<milliseconds>(delay).count());
+        }
+        checkDelays(delays, 900 + stalls.longest().count());
     }
 
 private:
+    static void checkDelays(QList<qint64> delays, qint64 most) {
+        std::ranges::sort(delays);
+        QString text;
+        QDebug(&text) << delays;
+        QVERIFY2(delays.first() >= 800, qPrintable(text));
+        QVERIFY2(delays.last() <= most, qPrintable(text));
+        qInfo().noquote() << text;
+    }
+
     // From the last write of a new file to the arrival of its request; the file is then whole.
     milliseconds delayOf(const QString &name, int writes, int pause) {
         session_.server.forgetRequests();

@@ -167,6 +167,18 @@ private Q_SLOTS:
         QVERIFY(SettingsStore().hasAPIKey());
     }
 
+    void keyReadAfterASettingIsTheNewOne() {
+        test::PrivateSession::storeKey("old");
+        SettingsStore settings;
+        auto before = settings.storedAPIKey();
+        auto sameMoment = settings.storedAPIKey();
+        settings.setAPIKey(QStringLiteral("new"));
+        auto after = settings.storedAPIKey();
+        QCOMPARE(before.result(), QStringLiteral("old"));
+        QCOMPARE(sameMoment.result(), QStringLiteral("old"));
+        QCOMPARE(after.result(), QStringLiteral("new"));
+    }
+
     void blankKeyClearsTheStoredOne() {
         SettingsStore settings;
         settings.setAPIKey(QStringLiteral("key"));
