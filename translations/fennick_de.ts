@@ -222,6 +222,10 @@
         <source>The on-device engine could not be started: %1</source>
         <translation>Die lokale Texterkennung konnte nicht gestartet werden: %1</translation>
     </message>
+    <message>
+        <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
+        <translation>Der Name der Datei ist nicht lesbar. Benennen Sie die Datei um, um sie zu scannen.</translation>
+    </message>
 </context>
 <context>
     <name>fennick::EmptyState</name>

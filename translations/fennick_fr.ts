@@ -222,6 +222,10 @@
         <source>The on-device engine could not be started: %1</source>
         <translation>Le moteur local n’a pas pu être démarré&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
+        <translation>Le nom du fichier est illisible. Renommez-le pour le numériser.</translation>
+    </message>
 </context>
 <context>
     <name>fennick::EmptyState</name>

@@ -8,7 +8,12 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     : QObject(parent)
     , store_(store)
     , settings_(settings)
-    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine")) {}
+    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine")) {
+    unreadableNames_.setSingleShot(true);
+    unreadableNames_.setInterval(std::chrono::milliseconds(500)); // several may come at once
+    connect(&unreadableNames_, &QTimer::timeout, this,
+            [this] { startTask(listUnreadableNames(watchedFolder_)); });
+}
 
 AppState::~AppState() = default;
 

@@ -109,6 +109,7 @@ private:
     QCoro::Task<> copyReceipts(QStringList paths, QString folder);
     QCoro::Task<> processFile(QString path);
     QCoro::Task<bool> waitForFileStability(QString path);
+    QCoro::Task<> listUnreadableNames(QString folder);
     bool isInArchive(const QString &path) const;
 
     QCoro::Task<> runScan(Receipt receipt);
@@ -132,6 +133,8 @@ private:
     OnDeviceEngine engine_;
     std::optional<QString> lastError_;
     std::unique_ptr<FSEventsWatcher> watcher_;
+    QString watchedFolder_;
+    QTimer unreadableNames_;                        // until they are listed again, after an event of one
     QHash<QString, QTimer *> pendingDebounce_;      // by path; the timers are children of this object
     QSet<QString> recentlyRenamedTo_;               // paths that the pipeline made by renaming, for 5 seconds
     QSet<QString> inFlight_;                        // paths between admission and the end of their scan run

@@ -1,6 +1,7 @@
 #include "extraction/gemini_client.h"
 #include "pipeline/app_state.h"
 #include "pipeline/precise_sleep.h"
+#include "platform/unreadable_names.h"
 #include "text/characters.h"
 #include "text/path_text.h"
 
@@ -58,6 +59,7 @@ void AppState::startWatchingIfConfigured() {
 void AppState::startWatching(const QString &path) {
     const QString folder = QDir::cleanPath(path); // events and listing must spell paths alike
     watcher_.reset();
+    watchedFolder_ = folder;
     watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
         // On the watcher's thread, which ends before this object does.
         QMetaObject::invokeMethod(
@@ -66,6 +68,7 @@ void AppState::startWatching(const QString &path) {
     watcher_->start();
     GeminiClient::prepare();
     startTask(scanExistingFiles(folder));
+    startTask(listUnreadableNames(folder));
 }
 
 void AppState::handleEvents(const QList<FileEvent> &events) {
@@ -137,6 +140,8 @@ QCoro::Task<> AppState::processFile(QString path) {
         const Receipt receipt = freshReceipt(path);
         store_->add(receipt);
         co_await runScan(receipt);
+    } else if (self && mayBeUnreadable(path)) {
+        unreadableNames_.start();
     }
     if (self) {
         inFlight_.remove(path);

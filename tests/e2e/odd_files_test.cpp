@@ -51,16 +51,26 @@ private Q_SLOTS:
         }));
     }
 
-    // Qt has no text for such a name; the file is left where it is.
-    void nameThatIsNoUtf8DoesNoHarm() {
-        const std::string path = session_.folder().toStdString() + "/caf\xE9.pdf";
-        std::ofstream(path) << "a receipt";
+    // Qt has no text for such a name, so the file cannot be opened; it is left where it is.
+    void nameThatIsNoUtf8IsListedUntilItIsRenamed() {
+        const std::string folder = session_.folder().toStdString();
+        std::ofstream(folder + "/caf\xE9.pdf") << "a receipt";
         QVERIFY(session_.start());
-        std::ofstream(path) << "another receipt";
+        QVERIFY(session_.waitForRows(1, u"error"_s));
+        QCOMPARE(session_.row(u"caf\uFFFD.pdf"_s).value(u"error"),
+                 u"The file's name cannot be read. Rename the file to scan it."_s);
+
+        std::ofstream(folder + "/b\xFCro.pdf") << "another receipt";
+        QVERIFY(session_.waitForRows(2, u"error"_s));
+        std::ofstream(folder + "/caf\xE9.pdf") << "changed";
         session_.drop(u"good.pdf"_s);
-        QVERIFY(session_.waitForRows(1, u"done"_s));
-        QVERIFY(std::filesystem::exists(path));
-        QVERIFY(session_.program.isRunning());
+        QVERIFY(session_.waitFor([this] { return isDone(lunch + u".pdf"_s); }));
+        QCOMPARE(session_.rows().size(), 3);
+        QVERIFY(std::filesystem::exists(folder + "/caf\xE9.pdf"));
+
+        std::filesystem::rename(folder + "/caf\xE9.pdf", folder + "/renamed.pdf");
+        QVERIFY(session_.waitFor([this] { return isDone(lunch + u" (2).pdf"_s); }));
+        QCOMPARE(session_.server.requests().size(), 2);
     }
 
     void linksInCirclesAreNotFollowed() {
@@ -89,6 +99,8 @@ private Q_SLOTS:
     }
 
 private:
+    bool isDone(const QString &name) const { return session_.row(name).value(u"status") == u"done"_s; }
+
     UserSession session_;
 };
 
