@@ -1,6 +1,7 @@
 #include "desktop_surroundings.h"
 #include "desktop_user.h"
 #include "network_server.h"
+#include "support/process_status.h"
 #include "tls_certificates.h"
 
 #include <QDirIterator>
@@ -75,32 +76,6 @@ NetworkFault gigabyte(const QByteArray &status) {
     fault.repetitions = 1024;
     fault.head.replace("Length: 1048576", "Length: 1073741824");
     return fault;
-}
-
-// The most memory that the program has taken so far, in megabytes.
-qint64 peakMemory(qint64 process) {
-    for (const QByteArray &line : readFile(u"/proc/%1/status"_s.arg(process)).split('\n')) {
-        if (line.startsWith("VmHWM:")) {
-            return line.mid(6).trimmed().split(' ').first().toLongLong() / 1024;
-        }
-    }
-    return -1;
-}
-
-qint64 childNamed(const QByteArray &name) {
-    QDirIterator processes(u"/proc"_s, QDir::Dirs | QDir::NoDotAndDotDot);
-    while (processes.hasNext()) {
-        QFile status(processes.next() + u"/status"_s);
-        if (!status.open(QIODevice::ReadOnly)) {
-            continue;
-        }
-        const QByteArray text = status.readAll();
-        if (text.startsWith("Name:\t" + name + '\n') &&
-            text.contains("PPid:\t" + QByteArray::number(QCoreApplication::applicationPid()) + '\n')) {
-            return processes.fileName().toLongLong();
-        }
-    }
-    return -1;
 }
 
 } // namespace
@@ -272,16 +247,18 @@ private Q_SLOTS:
     void hugeAnswerIsCut() {
         QFETCH(NetworkFault, answer);
         QFETCH(QString, error);
-        const qint64 program = childNamed("fennick");
-        QVERIFY(program > 0);
-        writeFile(u"/proc/%1/clear_refs"_s.arg(program), "5"); // the peak starts anew
-        const qint64 before = peakMemory(program);
+        const auto program = childNamed("fennick");
+        QVERIFY(program);
+        writeFile(u"/proc/%1/clear_refs"_s.arg(*program), "5"); // the peak starts anew
+        const auto before = peakMemory(*program);
         server_->setFault(answer);
         const QString file = newFile();
         session().drop(file);
         const QString told = errorOf(file);
-        const qint64 taken = peakMemory(program) - before;
-        qInfo("%lld MB taken, %lld MB sent, %s", taken, server_->sentBytes() / megabyte, qPrintable(told));
+        const auto after = peakMemory(*program);
+        QVERIFY(before && after);
+        const int taken = *after - *before;
+        qInfo("%d MB taken, %lld MB sent, %s", taken, server_->sentBytes() / megabyte, qPrintable(told));
         QCOMPARE(told, error);
         QVERIFY(taken < 150);
         server_->setFault(goodAnswer());

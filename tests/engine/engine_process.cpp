@@ -1,5 +1,7 @@
 #include "engine_process.h"
 
+#include "support/process_status.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -15,15 +17,6 @@
 namespace fennick {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QByteArray contents(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 EngineProcess::EngineProcess() {
     process_.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
@@ -53,12 +46,8 @@ qsizetype EngineProcess::connections() const {
 }
 
 std::optional<int> EngineProcess::peakMemory() const {
-    const QString folder = u"/proc/%1/"_s.arg(process_.processId());
-    if (contents(folder + u"maps"_s).contains("libasan")) {
-        return std::nullopt;
-    }
-    static const QRegularExpression line(uR"(VmHWM:\s*(\d+) kB)"_s);
-    return line.match(QString::fromUtf8(contents(folder + u"status"_s))).captured(1).toInt() / 1024;
+    const qint64 process = process_.processId();
+    return test::isSanitized(process) ? std::nullopt : test::peakMemory(process);
 }
 
 QString EngineProcess::generatePath() const {

@@ -1,0 +1,42 @@
+#include "support/process_status.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+namespace fennick::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray contents(qint64 process, const QString &name) {
+    QFile file(u"/proc/%1/%2"_s.arg(process).arg(name)); // may have ended
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+std::optional<int> peakMemory(qint64 process) {
+    static const QRegularExpression line(uR"(VmHWM:\s*(\d+) kB)"_s);
+    const auto match = line.match(QString::fromUtf8(contents(process, u"status"_s)));
+    return match.hasMatch() ? std::optional(match.captured(1).toInt() / 1024) : std::nullopt;
+}
+
+bool isSanitized(qint64 process) {
+    return contents(process, u"maps"_s).contains("libasan");
+}
+
+std::optional<qint64> childNamed(const QByteArray &name) {
+    const QByteArray parent = "PPid:\t" + QByteArray::number(QCoreApplication::applicationPid()) + '\n';
+    for (const QString &process : QDir(u"/proc"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QByteArray status = contents(process.toLongLong(), u"status"_s);
+        if (status.startsWith("Name:\t" + name + '\n') && status.contains(parent)) {
+            return process.toLongLong();
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace fennick::test

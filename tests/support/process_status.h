@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+// What the system tells of a running process.
+namespace fennick::test {
+
+// The most memory that it has held so far, in megabytes; nothing when it has ended.
+std::optional<int> peakMemory(qint64 process);
+
+// Whether it was built with the address sanitizer, with which a process holds much more memory.
+bool isSanitized(qint64 process);
+
+// This process's child whose program has this name; nothing when there is none.
+std::optional<qint64> childNamed(const QByteArray &name);
+
+} // namespace fennick::test
