@@ -29,6 +29,14 @@ int main(int argc, char *argv[]) {
     std::signal(SIGTERM, endAtOnce);
     std::signal(SIGINT, endAtOnce);
     const QCoreApplication application(argc, argv);
+    if (application.arguments().mid(1) == QStringList(QStringLiteral("--help"))) {
+        std::printf("Usage: fennick-engine [--port NUMBER]\n"
+                    "Reads receipts on this machine, as a service on 127.0.0.1. The port is %d unless told; "
+                    "0 lets the "
+                    "system choose one.\n",
+                    static_cast<int>(fennick::defaultPort));
+        return 0;
+    }
     const std::expected<quint16, QString> port = fennick::requestedPort(application.arguments().mid(1));
     if (!port) {
         complain(port.error());

@@ -192,6 +192,14 @@ private Q_SLOTS:
         QVERIFY(ended.errors.contains(QByteArray::number(other.serverPort())));
     }
 
+    void tellsItsArguments() {
+        const Ended ended = runEngine({u"--help"_s});
+        QCOMPARE(ended.code, 0);
+        QVERIFY(ended.output.startsWith("Usage: fennick-engine [--port NUMBER]\n"));
+        QVERIFY(ended.output.contains("47111"));
+        QVERIFY(ended.errors.isEmpty());
+    }
+
     void saysWhichArgumentIsWrong() {
         const Ended ended = runEngine({u"--verbose"_s});
         QCOMPARE(ended.code, 2);
