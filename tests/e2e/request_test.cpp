@@ -1,3 +1,4 @@
+#include "support/process_status.h"
 #include "user_session.h"
 
 #include <QJsonArray>
@@ -84,10 +85,16 @@ private Q_SLOTS:
     void documentOfManyMegabytesIsSentWhole() {
         const QByteArray document = bytes(20'000'003);
         QVERIFY(session_.start());
+        const qint64 program = session_.program.processId();
+        const auto before = peakMemory(program);
         session_.drop(u"large.pdf"_s, document);
         QVERIFY(session_.waitForRows(1, u"error"_s, 60000));
         QCOMPARE(session_.sentDocuments(), QList<QByteArray>{document});
         checkHead(session_.server.requests().first());
+        const auto after = peakMemory(program);
+        QVERIFY(before && after);
+        qInfo("%d MB taken", *after - *before);
+        QVERIFY(*after - *before < 3 * 20 || isSanitized(program));
     }
 
     void modelOfThePreferencesStandsInThePath() {
