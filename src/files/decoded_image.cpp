@@ -24,6 +24,14 @@ void raiseAllocationLimit() {
     });
 }
 
+std::optional<YuvPicture> yuvPicture(const QImage &image) {
+    YuvPicture picture = yuvPictureFromRgb(image);
+    if (picture.planes.empty()) {
+        return std::nullopt;
+    }
+    return picture;
+}
+
 std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
     raiseAllocationLimit();
     QBuffer buffer;
@@ -38,14 +46,15 @@ std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
 
     // A palette with transparent entries turns black on the way through formats without alpha.
     QImage image = reader.read();
-    image.convertTo(QImage::Format_ARGB32);
+    const bool isOpaque = !image.hasAlphaChannel();
+    image.convertTo(isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32);
     if (image.isNull()) {
         return std::nullopt;
     }
     if (image.colorSpace() != QColorSpace(QColorSpace::SRgb)) {
         convertToSrgb(image, profileFromIcc(image.colorSpace().iccProfile()));
     }
-    return yuvPictureOnWhite(std::move(image));
+    return isOpaque ? yuvPicture(image) : yuvPictureOnWhite(std::move(image));
 }
 
 std::optional<StoredPicture> stored(std::optional<YuvPicture> picture, int orientation) {
@@ -59,11 +68,7 @@ std::optional<StoredPicture> stored(std::optional<YuvPicture> picture, int orien
 
 std::optional<YuvPicture> yuvPictureOnWhite(QImage image) {
     blendOntoWhite(image);
-    YuvPicture picture = yuvPictureFromRgb(image, Chroma::full);
-    if (picture.planes.empty()) {
-        return std::nullopt;
-    }
-    return picture;
+    return yuvPicture(image);
 }
 
 std::optional<StoredPicture> decodePng(const QByteArray &file) {

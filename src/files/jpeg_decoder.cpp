@@ -221,7 +221,7 @@ std::optional<YuvPicture> planesOfPixels(Decompressor &decompressor, const Colou
     } else {
         convertToSrgb(image, profile);
     }
-    YuvPicture picture = yuvPictureFromRgb(image, Chroma::full);
+    YuvPicture picture = yuvPictureFromRgb(image);
     if (picture.planes.empty()) {
         return std::nullopt;
     }

@@ -43,7 +43,7 @@ std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const Q
     if (image.isNull()) {
         return failure(Kind::renderFailed);
     }
-    YuvPicture picture = yuvPictureFromRgb(image, Chroma::quartered);
+    YuvPicture picture = yuvPictureFromRgb(image);
     image = {};
     if (picture.planes.empty()) {
         return failure(Kind::renderFailed);

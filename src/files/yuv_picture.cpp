@@ -24,7 +24,9 @@ std::size_t byteCount(int stride, int rows) {
 // The converter refuses sides over 65,500 pixels, which a picture may have before it is scaled.
 constexpr int tileSide = 32768;
 
-YuvPicture emptyPicture(QSize size, int perChroma) {
+constexpr int perChroma = 2;
+
+YuvPicture emptyPicture(QSize size) {
     YuvPicture picture{size.width(), size.height(), perChroma, perChroma, {}};
     picture.planes.emplace_back(size.width(), size.height());
     const int chromaWidth = (size.width() + perChroma - 1) / perChroma;
@@ -35,7 +37,6 @@ YuvPicture emptyPicture(QSize size, int perChroma) {
 }
 
 bool convertTile(tjhandle encoder, const QImage &image, QRect tile, YuvPicture &result) {
-    const int perChroma = result.lumaPerChromaX;
     std::array<unsigned char *, 3> rows{};
     std::array<int, 3> strides{};
     for (std::size_t index = 0; index < rows.size(); ++index) {
@@ -47,7 +48,7 @@ bool convertTile(tjhandle encoder, const QImage &image, QRect tile, YuvPicture &
     constexpr qsizetype bytesPerPixel = 4;
     return tjEncodeYUVPlanes(encoder, image.constScanLine(tile.top()) + tile.left() * bytesPerPixel,
                              tile.width(), static_cast<int>(image.bytesPerLine()), tile.height(), TJPF_BGRX,
-                             rows.data(), strides.data(), perChroma == 1 ? TJSAMP_444 : TJSAMP_420, 0) == 0;
+                             rows.data(), strides.data(), TJSAMP_420, 0) == 0;
 }
 
 constexpr QRgb white = 0xFFFFFFFF;
@@ -95,8 +96,8 @@ void Plane::extendByOne() {
     std::memcpy(row(height_), row(height_ - 1), static_cast<std::size_t>(width_) + 1);
 }
 
-YuvPicture yuvPictureFromRgb(const QImage &image, Chroma chroma) {
-    YuvPicture result = emptyPicture(image.size(), chroma == Chroma::full ? 1 : 2);
+YuvPicture yuvPictureFromRgb(const QImage &image) {
+    YuvPicture result = emptyPicture(image.size());
     const std::unique_ptr<void, int (*)(tjhandle)> encoder(tjInitCompress(), tjDestroy);
     if (!encoder) {
         return {};

@@ -59,10 +59,9 @@ struct YuvPicture {
     bool isGrey() const { return planes.size() == 1; }
 };
 
-enum class Chroma { full, quartered };
-
-// `image` must have the format RGB32 or an opaque ARGB32. Empty (no planes) when the conversion fails.
-YuvPicture yuvPictureFromRgb(const QImage &image, Chroma chroma);
+// With one chroma sample for 2 by 2 pixels, as it will be written. `image` must have the format RGB32 or an
+// opaque ARGB32. Empty (no planes) when the conversion fails.
+YuvPicture yuvPictureFromRgb(const QImage &image);
 
 // Lays the picture on white, in place, and makes it opaque. `image` must have the format ARGB32.
 void blendOntoWhite(QImage &image);
