@@ -192,7 +192,7 @@ private Q_SLOTS:
     }
 
     void everythingSurvivesARoundTrip() {
-        Receipt receipt = test::finishedReceipt(QStringLiteral("/w/Café \"x\"\\\n\t\u0001 \U0001F600.pdf"));
+        Receipt receipt = test::finishedReceipt(QStringLiteral("/w/Café \"x\"\\\r\n\t\u0001 \U0001F600.pdf"));
         receipt.error = QStringLiteral("");
         receipt.amount = 0.1;
         receipt.addedToPhotos = true;

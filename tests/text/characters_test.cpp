@@ -49,6 +49,7 @@ private Q_SLOTS:
         const QString broken = u'a' + QString(QChar(0xD83D)) + u'b';
         QCOMPARE(wellFormed(broken), QStringLiteral("a\uFFFDb"));
         QCOMPARE(wellFormed(QStringLiteral("a\U0001F600b")), QStringLiteral("a\U0001F600b"));
+        QCOMPARE(wellFormed(QStringLiteral("\U0001F600") + broken), QStringLiteral("\U0001F600a\uFFFDb"));
     }
 
     void firstCharacterTakesTheFullUpperCaseMapping() {

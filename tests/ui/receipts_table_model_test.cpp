@@ -104,6 +104,20 @@ private Q_SLOTS:
         QCOMPARE(accessibleStatus(), QStringLiteral("Gemini API error: 500"));
     }
 
+    void onlyReceiptsInPhotosSayThatTheyAreThere() {
+        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.addedToPhotos = false;
+        store_->add(receipt);
+        const auto photos = [this](int role) {
+            return model_->index(0, Model::photosColumn).data(role).toString();
+        };
+        QVERIFY(photos(Qt::ToolTipRole).isEmpty());
+        QCOMPARE(photos(Qt::DisplayRole), QStringLiteral("—"));
+        receipt.addedToPhotos = true;
+        store_->update(receipt);
+        QVERIFY(photos(Qt::ToolTipRole).contains(u">Added to Photos<"));
+    }
+
     void namesThatDisguiseAnExtensionAreShownAsWhatTheyAre() {
         Receipt receipt = finishedReceipt(QStringLiteral("/w/bill\u202Efdp.exe"));
         receipt.location = QStringLiteral("Two\nlines");
