@@ -19,7 +19,8 @@ namespace ReceiptImageConverter {
 std::expected<QStringList, ConverterError> convertToJPEGs(const QString &filePath, const QString &baseName);
 
 // The same into a folder that is there already. A document's pages are shared out to `processes` processes;
-// more than one is only for programs of one thread.
+// more than one is only for programs of one thread. Pages behind one that failed may then have been written,
+// too.
 std::expected<QStringList, ConverterError> convertInto(const QString &folder, const QString &filePath,
                                                        const QString &baseName, int processes = 1);
 
