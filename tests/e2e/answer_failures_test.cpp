@@ -81,6 +81,7 @@ private Q_SLOTS:
     void objectAmongOtherTextIsNoFailure() {
         QFETCH(QByteArray, name);
         const QString fileName = u"Undated Misc - "_s + QString::fromUtf8(fileNameOf(name));
+        QVERIFY(session_.waitFor([&] { return !session_.row(fileName).isEmpty(); })); // saved before renamed
         const QJsonObject row = session_.row(fileName);
         QCOMPARE(row.value(u"status").toString(), u"done"_s);
         QCOMPARE(row.value(u"summary").toString(), u"Receipt scanned successfully"_s);
