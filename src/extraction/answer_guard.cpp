@@ -1,5 +1,7 @@
 #include "extraction/answer_guard.h"
 
+#include "platform/connection_limit.h"
+
 #include <QCoreApplication>
 #include <QNetworkReply>
 
@@ -7,9 +9,12 @@ namespace fennick::GeminiClient {
 
 namespace {
 
+// Often enough for the fastest network: what comes in between is memory taken.
+constexpr std::chrono::milliseconds transferWatchInterval{500};
+
 QString tooLarge(qint64 limit) {
     return QCoreApplication::translate("TransportError", "The answer is larger than %1 MB.")
-        .arg(limit / (1024 * 1024));
+        .arg(limit / (1024LL * 1024));
 }
 
 } // namespace
@@ -26,6 +31,9 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
             end(tooLarge(limit));
         }
     });
+    connect(&transferWatch_, &QTimer::timeout, this,
+            [limit = limits.largestTransfer] { cutConnectionsBeyond(limit); });
+    transferWatch_.start(transferWatchInterval);
 }
 
 // Not at once: whoever waits for the reply's end may destroy the guard, from inside whose slot this is

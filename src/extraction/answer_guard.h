@@ -16,11 +16,13 @@ namespace fennick::GeminiClient {
 struct AnswerLimits {
     qint64 largestSize = 16LL * 1024 * 1024; // bytes, decompressed
     std::chrono::milliseconds longestTime = std::chrono::minutes(10);
+    qint64 largestTransfer = 32LL * 1024 * 1024; // bytes over one connection, whatever they are
 };
 
 // Ends a reply whose body grows too large, or is still coming in long after its head: a sender of a byte now
 // and then never runs into the network library's own time-out, which counts from the last progress. Lives on
-// the reply's thread and no longer than the reply.
+// the reply's thread and no longer than the reply. A head without end is no part of the reply yet: its
+// connection is cut, and the reply ends as if the server had closed it.
 class AnswerGuard : public QObject {
 public:
     explicit AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits = {});
@@ -33,6 +35,7 @@ private:
 
     QNetworkReply &reply_;
     QTimer patience_;
+    QTimer transferWatch_;
     std::optional<QString> violation_;
 };
 

@@ -240,6 +240,9 @@ private Q_SLOTS:
         NetworkFault endless = gigabyte("200 OK");
         endless.head = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
         QTest::newRow("a gigabyte of unknown length") << endless << tooLarge;
+        endless.head.chop(2); // the body becomes headers
+        endless.body = ("X-Filler: " + QByteArray(1000, 'x') + "\r\n").repeated(1000);
+        QTest::newRow("a gigabyte of headers") << endless << u"Connection closed"_s;
         QTest::newRow("a bomb of blanks")
             << gzipAnswer(gzipped(QByteArray(64 * megabyte, ' '))) << u"Decompression failed"_s;
         QTest::newRow("a small bomb") << gzipAnswer(gzipped(hardlyCompressible(48 * megabyte))) << tooLarge;

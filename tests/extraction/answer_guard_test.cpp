@@ -119,6 +119,24 @@ private Q_SLOTS:
         QCOMPARE(reply->readAll(), QByteArray("{}"));
     }
 
+    void headBeyondTheLimitIsCut() {
+        answer_ = head;
+        const QByteArray filler = ("X-Filler: " + QByteArray(1000, 'x') + "\r\n").repeated(1000);
+        connect(server_.get(), &QTcpServer::newConnection, this, [&] {
+            connect(socket_, &QTcpSocket::bytesWritten, socket_, [&, socket = socket_] {
+                if (socket->bytesToWrite() == 0) {
+                    socket->write(filler);
+                }
+            });
+        });
+        const auto reply = request();
+        const AnswerGuard guard(*reply, {.largestTransfer = 4 * megabyte});
+        QVERIFY(waitUntil([&] { return reply->isFinished(); }));
+        QCOMPARE(reply->error(), QNetworkReply::RemoteHostClosedError);
+        QCOMPARE(reply->errorString(), QStringLiteral("Connection closed"));
+        QVERIFY(waitUntil([&] { return socket_->state() == QAbstractSocket::UnconnectedState; }));
+    }
+
     void guardMayGoWhenTheReplyEnds() {
         answer_ = answerOf(QByteArray(megabyte, 'x'));
         const auto reply = request();
