@@ -5,10 +5,37 @@
 #include "ui/interface_language.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QLocale>
 #include <QMessageBox>
 
+namespace {
+
+// Help and version are told without a display, and beside a Fennick that runs already; both end the program.
+// Other arguments are Qt's.
+void answerQuestions(int argc, char **argv) {
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Fennick"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(FENNICK_VERSION));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Turns the receipts in a folder into an expense list."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.parse(QCoreApplication::arguments());
+    if (parser.isSet(version)) {
+        parser.showVersion();
+    }
+    if (parser.isSet(help)) {
+        parser.showHelp();
+    }
+}
+
+} // namespace
+
 int main(int argc, char **argv) {
+    if (argc > 1) {
+        answerQuestions(argc, argv);
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Fennick"));
     QApplication::setDesktopFileName(fennick::applicationId);

@@ -4,6 +4,7 @@
 #include <QDBusConnectionInterface>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
@@ -78,6 +79,30 @@ private Q_SLOTS:
         session_.drop(u"a.pdf"_s);
         QVERIFY(waitForFinished(1));
         QCOMPARE(session_.server.requests().size(), 1);
+    }
+
+    void helpAndVersionNeedNoDisplay_data() {
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("help") << u"--help"_s << u"^Usage: .*--version"_s;
+        QTest::newRow("version") << u"--version"_s << u"^Fennick \\d+\\.\\d+\\.\\d+\n$"_s;
+    }
+    void helpAndVersionNeedNoDisplay() {
+        QFETCH(QString, option);
+        QFETCH(QString, answer);
+        QVERIFY(session_.start()); // does not hear of it
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const QString &name : {u"QT_QPA_PLATFORM"_s, u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s}) {
+            environment.remove(name);
+        }
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(FENNICK_BIN_DIR "/fennick"), {option});
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitCode(), 0);
+        const QString told = QString::fromUtf8(program.readAllStandardOutput());
+        const QRegularExpression expected(answer, QRegularExpression::DotMatchesEverythingOption);
+        QVERIFY2(expected.match(told).hasMatch(), qPrintable(told));
     }
 
     void ofManyStartsAtOnceOneStays() {
