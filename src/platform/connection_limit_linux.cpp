@@ -4,10 +4,8 @@
 #include <linux/tcp.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <charconv>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -15,11 +13,6 @@
 namespace fennick {
 
 namespace {
-
-bool isSocket(int descriptor) {
-    struct stat status {};
-    return ::fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
-}
 
 // None for what is no TCP connection.
 quint64 receivedOver(int socket) {
@@ -30,11 +23,8 @@ quint64 receivedOver(int socket) {
 }
 
 // Works on a copy: the owner may close the original at any moment, and its number may then be another's.
-void cutIfBeyond(int descriptor, quint64 receivedBytes) {
-    if (!isSocket(descriptor)) {
-        return;
-    }
-    const int copy = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+void cutIfBeyond(int socket, quint64 receivedBytes) {
+    const int copy = ::fcntl(socket, F_DUPFD_CLOEXEC, 0);
     if (copy < 0) {
         return;
     }
@@ -50,10 +40,10 @@ void cutConnectionsBeyond(qint64 receivedBytes) {
     std::error_code error;
     std::filesystem::directory_iterator entry("/proc/self/fd", error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        const std::string name = entry->path().filename();
-        int descriptor = -1;
-        std::from_chars(name.data(), name.data() + name.size(), descriptor);
-        cutIfBeyond(descriptor, static_cast<quint64>(receivedBytes));
+        std::error_code isClosed;
+        if (read_symlink(entry->path(), isClosed).native().starts_with("socket:")) {
+            cutIfBeyond(std::stoi(entry->path().filename()), static_cast<quint64>(receivedBytes));
+        }
     }
 }
 
