@@ -4,6 +4,8 @@
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
 
+#include <mutex>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
@@ -61,11 +63,13 @@ QString lineText(tesseract::ResultIterator &word, double lineHeight) {
 
 TextRecogniser::TextRecogniser()
     : tesseract_(std::make_unique<tesseract::TessBaseAPI>()) {
+    // Tesseract keeps this one for the whole process, and other threads may be reading it already.
+    static std::once_flag isQuiet;
+    std::call_once(isQuiet, [this] { tesseract_->SetVariable("debug_file", "/dev/null"); });
     ready_ = tesseract_->Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY) == 0;
     if (!ready_) {
         return;
     }
-    tesseract_->SetVariable("debug_file", "/dev/null");
     // One block of lines across the whole width: columns would part the labels from their amounts.
     tesseract_->SetPageSegMode(tesseract::PSM_SINGLE_BLOCK);
 }

@@ -25,7 +25,8 @@ std::optional<int> peakMemory(qint64 process) {
 }
 
 bool isSanitized(qint64 process) {
-    return contents(process, u"maps"_s).contains("libasan");
+    const QByteArray libraries = contents(process, u"maps"_s);
+    return libraries.contains("libasan") || libraries.contains("libtsan");
 }
 
 std::optional<qint64> childNamed(const QByteArray &name) {

@@ -10,7 +10,7 @@ namespace fennick::test {
 // The most memory that it has held so far, in megabytes; nothing when it has ended.
 std::optional<int> peakMemory(qint64 process);
 
-// Whether it was built with the address sanitizer, with which a process holds much more memory.
+// Whether it was built with the address or the thread sanitizer, with which a process holds much more memory.
 bool isSanitized(qint64 process);
 
 // This process's child whose program has this name; nothing when there is none.
