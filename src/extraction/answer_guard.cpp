@@ -17,6 +17,10 @@ QString tooLarge(qint64 limit) {
         .arg(limit / (1024LL * 1024));
 }
 
+quint16 portOf(const QUrl &url) {
+    return static_cast<quint16>(url.port(url.scheme() == u"http" ? 80 : 443));
+}
+
 } // namespace
 
 AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
@@ -32,7 +36,9 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
         }
     });
     connect(&transferWatch_, &QTimer::timeout, this,
-            [limit = limits.largestTransfer] { cutConnectionsBeyond(limit); });
+            [port = portOf(reply.request().url()), limit = limits.largestTransfer] {
+                cutConnectionsBeyond(port, limit);
+            });
     transferWatch_.start(transferWatchInterval);
 }
 

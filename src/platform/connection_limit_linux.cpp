@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -15,6 +16,14 @@ namespace fennick {
 namespace {
 
 // None for what is no TCP connection.
+std::optional<quint16> remotePortOf(int socket) {
+    sockaddr_in6 address{}; // IPv4 has its port in the same place
+    socklen_t size = sizeof address;
+    const bool isConnected = ::getpeername(socket, reinterpret_cast<sockaddr *>(&address), &size) == 0;
+    const bool isInternet = address.sin6_family == AF_INET || address.sin6_family == AF_INET6;
+    return isConnected && isInternet ? std::optional(ntohs(address.sin6_port)) : std::nullopt;
+}
+
 quint64 receivedOver(int socket) {
     tcp_info information{};
     socklen_t size = sizeof information;
@@ -23,12 +32,12 @@ quint64 receivedOver(int socket) {
 }
 
 // Works on a copy: the owner may close the original at any moment, and its number may then be another's.
-void cutIfBeyond(int socket, quint64 receivedBytes) {
+void cutIfBeyond(int socket, quint16 remotePort, quint64 receivedBytes) {
     const int copy = ::fcntl(socket, F_DUPFD_CLOEXEC, 0);
     if (copy < 0) {
         return;
     }
-    if (receivedOver(copy) > receivedBytes) {
+    if (remotePortOf(copy) == remotePort && receivedOver(copy) > receivedBytes) {
         ::shutdown(copy, SHUT_RDWR);
     }
     ::close(copy);
@@ -36,13 +45,13 @@ void cutIfBeyond(int socket, quint64 receivedBytes) {
 
 } // namespace
 
-void cutConnectionsBeyond(qint64 receivedBytes) {
+void cutConnectionsBeyond(quint16 remotePort, qint64 receivedBytes) {
     std::error_code error;
     std::filesystem::directory_iterator entry("/proc/self/fd", error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         std::error_code isClosed;
         if (read_symlink(entry->path(), isClosed).native().starts_with("socket:")) {
-            cutIfBeyond(std::stoi(entry->path().filename()), static_cast<quint64>(receivedBytes));
+            cutIfBeyond(std::stoi(entry->path().filename()), remotePort, static_cast<quint64>(receivedBytes));
         }
     }
 }

@@ -32,16 +32,28 @@ class ConnectionLimitTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cutsOnlyWhatReceivedMore() {
+    void cutsOnlyWhatReceivedMoreFromThere_data() {
+        QTest::addColumn<QHostAddress>("address");
+        QTest::newRow("IPv4") << QHostAddress(QHostAddress::LocalHost);
+        QTest::newRow("IPv6") << QHostAddress(QHostAddress::LocalHostIPv6);
+    }
+    void cutsOnlyWhatReceivedMoreFromThere() {
+        QFETCH(QHostAddress, address);
         QTcpServer server;
-        QVERIFY(server.listen(QHostAddress::LocalHost));
+        if (!server.listen(address)) {
+            QSKIP("The system has no such address.");
+        }
         const auto greedy = receiver(server, QByteArray(100001, 'x'));
         const auto modest = receiver(server, QByteArray(100000, 'x'));
-        cutConnectionsBeyond(100000);
+        QTcpServer other;
+        QVERIFY(other.listen(QHostAddress::LocalHost));
+        const auto stranger = receiver(other, QByteArray(100001, 'x'));
+        cutConnectionsBeyond(server.serverPort(), 100000);
         QVERIFY(waitUntil([&] { return greedy->state() == QAbstractSocket::UnconnectedState; }));
         QCOMPARE(greedy->error(), QAbstractSocket::RemoteHostClosedError);
         letTimePass(100);
         QCOMPARE(modest->state(), QAbstractSocket::ConnectedState);
+        QCOMPARE(stranger->state(), QAbstractSocket::ConnectedState);
         QVERIFY(server.isListening());
     }
 
@@ -50,7 +62,7 @@ private Q_SLOTS:
         QCOMPARE(::socketpair(AF_UNIX, SOCK_STREAM, 0, pair.data()), 0);
         std::array<char, 10> bytes{};
         QCOMPARE(::write(pair[0], bytes.data(), bytes.size()), 10);
-        cutConnectionsBeyond(1);
+        cutConnectionsBeyond(0, 1);
         QCOMPARE(::read(pair[1], bytes.data(), bytes.size()), 10);
         QCOMPARE(::write(pair[1], bytes.data(), bytes.size()), 10);
         ::close(pair[0]);
