@@ -31,13 +31,16 @@ GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
     return cut ? std::move(cut) : std::move(picture);
 }
 
+// Works on a copy: Leptonica counts the users of a picture without a lock, also those who only read it, and
+// passes on other threads look at the same page.
 GreyPicture scaled(const GreyPicture &picture, double factor) {
-    if (std::abs(factor - 1) < 0.05) {
-        return GreyPicture(pixCopy(nullptr, picture.get()));
+    GreyPicture copy(pixCopy(nullptr, picture.get()));
+    if (!copy || std::abs(factor - 1) < 0.05) {
+        return copy;
     }
     const auto step = static_cast<float>(factor);
-    return GreyPicture(factor < scaledInOneStep ? pixScaleAreaMap(picture.get(), step, step)
-                                                : pixScale(picture.get(), step, step));
+    return GreyPicture(factor < scaledInOneStep ? pixScaleAreaMap(copy.get(), step, step)
+                                                : pixScale(copy.get(), step, step));
 }
 
 } // namespace
