@@ -2,6 +2,7 @@
 #include "support/conditions.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTest>
 
@@ -56,7 +57,7 @@ private Q_SLOTS:
     void closedWindowIsMinimisedAndShownAnewByASecondStart() {
         surroundings_->session.program.start(loggingEnvironment());
         QVERIFY(hasSent("get_toplevel", 1));
-        QVERIFY(hasSent("attach", 1)); // it is on the screen
+        QVERIFY(hasKeyboard());
         QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(compositorTitle), u"ctrl+w"_s));
         QVERIFY(hasSent("set_minimized", 1));
         FennickProgram second;
@@ -97,6 +98,15 @@ private:
         return surroundings_->session.waitFor([&] {
             log_ += surroundings_->session.program.takeOutput();
             return log_.count('.' + message + '(') >= count;
+        });
+    }
+
+    // Waits until the keys pressed go to the program: some time after its window is on the screen.
+    bool hasKeyboard() {
+        static const QRegularExpression enter(uR"(wl_keyboard[@#]\d+\.enter\()"_s);
+        return surroundings_->session.waitFor([&] {
+            log_ += surroundings_->session.program.takeOutput();
+            return QString::fromUtf8(log_).contains(enter);
         });
     }
 
