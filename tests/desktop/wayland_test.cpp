@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(hasSent("get_toplevel", 1));
         QVERIFY(hasKeyboard());
         QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(compositorTitle), u"ctrl+w"_s));
-        QVERIFY(hasSent("set_minimized", 1));
+        QVERIFY2(hasSent("set_minimized", 1), log_.right(3000).constData());
         FennickProgram second;
         second.start(environment());
         QVERIFY2(second.endsWithSuccess(), second.takeOutput().constData());
