@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
@@ -62,7 +64,7 @@ std::expected<QString, QString> createPrivateFolder() {
         return failure(error.value());
     }
 
-    const auto parent = ownFolder(temporary + u"/FennickJPEG"_qs);
+    const auto parent = ownFolder(temporary + u"/FennickJPEG"_s);
     if (!parent) {
         return parent;
     }

@@ -14,6 +14,8 @@
 #include <exception>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
@@ -23,7 +25,7 @@ using Result = std::expected<QStringList, ConverterError>;
 
 constexpr int longestSide = 3000;
 
-const QStringList imageExtensions{u"png"_qs, u"jpg"_qs, u"jpeg"_qs, u"heic"_qs, u"webp"_qs};
+const QStringList imageExtensions{u"png"_s, u"jpg"_s, u"jpeg"_s, u"heic"_s, u"webp"_s};
 
 std::unexpected<ConverterError> failure(Kind kind, const QString &payload = {}) {
     return std::unexpected(ConverterError{kind, payload});
@@ -31,11 +33,11 @@ std::unexpected<ConverterError> failure(Kind kind, const QString &payload = {}) 
 
 QString usableBaseName(const QString &baseName) {
     const QString usable = withoutUnsafeCharacters(baseName);
-    return usable.isEmpty() ? u"receipt"_qs : usable;
+    return usable.isEmpty() ? u"receipt"_s : usable;
 }
 
 QString pageName(const QString &base, int page, int pageCount) {
-    return pageCount == 1 ? base + u".jpg"_qs : base + u" (p%1).jpg"_qs.arg(page + 1);
+    return pageCount == 1 ? base + u".jpg"_s : base + u" (p%1).jpg"_s.arg(page + 1);
 }
 
 std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const QString &path) {
@@ -118,7 +120,7 @@ Result ReceiptImageConverter::convertInto(const QString &folder, const QString &
     // No memory for a large picture is a failure of this receipt, not of the program.
     try {
         return isPdf ? convertPdf(filePath, folder, base, processes)
-                     : convertImage(filePath, folder + u'/' + base + u".jpg"_qs);
+                     : convertImage(filePath, folder + u'/' + base + u".jpg"_s);
     } catch (const std::exception &) {
         return failure(Kind::renderFailed);
     }

@@ -47,7 +47,7 @@ AccessibilityBus::~AccessibilityBus() {
     bus_.reset();
     QDBusConnection::disconnectFromBus(connectionName);
     launcher_.terminate(); // not killed: it ends the bus first, which is a process of its own
-    launcher_.waitForFinished();
+    launcher_.waitForFinished(patience);
 }
 
 QList<Accessible> AccessibilityBus::elements(const QString &windowTitle) const {

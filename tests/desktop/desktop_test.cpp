@@ -1,9 +1,10 @@
 #include "desktop_surroundings.h"
 #include "notifier_host.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTest>
 
 #include <algorithm>
 #include <memory>
@@ -315,5 +316,7 @@ private:
     std::unique_ptr<DesktopSurroundings> surroundings_;
 };
 
-QTEST_GUILESS_MAIN(DesktopTest)
+int desktop_test(int argc, char **argv) {
+    return runTest<QCoreApplication, DesktopTest>(argc, argv);
+}
 #include "desktop_test.moc"

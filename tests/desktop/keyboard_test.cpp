@@ -1,11 +1,12 @@
 #include "desktop_surroundings.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSet>
-#include <QTest>
 
 #include <algorithm>
 #include <memory>
@@ -163,5 +164,7 @@ private:
     QString opened_;
 };
 
-QTEST_GUILESS_MAIN(KeyboardTest)
+int keyboard_test(int argc, char **argv) {
+    return runTest<QCoreApplication, KeyboardTest>(argc, argv);
+}
 #include "keyboard_test.moc"

@@ -1,14 +1,15 @@
 #include "desktop_surroundings.h"
 #include "desktop_user.h"
 #include "kill_injection.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStorageInfo>
-#include <QTest>
 
 #include <memory>
 
@@ -161,5 +162,7 @@ private:
     QString archive_;
 };
 
-QTEST_GUILESS_MAIN(KillArchiveTest)
+int kill_archive_test(int argc, char **argv) {
+    return runTest<QCoreApplication, KillArchiveTest>(argc, argv);
+}
 #include "kill_archive_test.moc"

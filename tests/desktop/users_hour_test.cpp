@@ -1,12 +1,13 @@
 #include "desktop_surroundings.h"
 #include "desktop_user.h"
+#include "support/test_program.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QDate>
 #include <QDir>
 #include <QDirIterator>
 #include <QImage>
-#include <QTest>
 
 #include <memory>
 
@@ -259,5 +260,7 @@ private:
     bool hasFailed_ = false;
 };
 
-QTEST_GUILESS_MAIN(UsersHourTest)
+int users_hour_test(int argc, char **argv) {
+    return runTest<QCoreApplication, UsersHourTest>(argc, argv);
+}
 #include "users_hour_test.moc"

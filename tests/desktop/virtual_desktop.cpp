@@ -33,16 +33,16 @@ void start(QProcess &process, const QString &program, const QStringList &argumen
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process.start(program, arguments);
-    if (!process.waitForStarted()) {
+    if (!process.waitForStarted(patience)) {
         qFatal("%s: %s", qPrintable(program), qPrintable(process.errorString()));
     }
 }
 
 void end(QProcess &process) {
     process.terminate();
-    if (!process.waitForFinished(5000)) {
+    if (!process.waitForFinished(patience)) {
         process.kill();
-        process.waitForFinished();
+        process.waitForFinished(patience);
     }
 }
 
@@ -72,7 +72,7 @@ bool isOnScreen(const QString &window) {
 QString outputOf(const QString &program, const QStringList &arguments) {
     QProcess process;
     process.start(program, arguments, QIODevice::ReadOnly);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit ||
         process.exitCode() != 0) {
         return {};
     }

@@ -1,10 +1,11 @@
 #include "desktop_surroundings.h"
 #include "support/conditions.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QTest>
 
 #include <memory>
 
@@ -43,7 +44,7 @@ private Q_SLOTS:
 
     void cleanupTestCase() {
         compositor_.terminate();
-        compositor_.waitForFinished();
+        compositor_.waitForFinished(patience);
         surroundings_.reset();
     }
 
@@ -115,5 +116,7 @@ private:
     QByteArray log_;
 };
 
-QTEST_GUILESS_MAIN(WaylandTest)
+int wayland_test(int argc, char **argv) {
+    return runTest<QCoreApplication, WaylandTest>(argc, argv);
+}
 #include "wayland_test.moc"

@@ -1,9 +1,10 @@
 #include "service_failures.h"
+#include "support/test_program.h"
 #include "user_session.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
-#include <QTest>
 
 #include <algorithm>
 #include <chrono>
@@ -47,9 +48,8 @@ private Q_SLOTS:
         for (auto reply = replies_.begin(); reply != replies_.end(); ++reply) {
             session_.drop(QString::fromUtf8(fileNameOf(reply.key())), reply.key());
         }
-        QVERIFY(
-            session_.waitFor([this] { return session_.server.requests().size() == replies_.size(); }, 30000));
-        QVERIFY(session_.waitFor([this] { return rowsUnderWay() == 1; }, 30000)); // the silent one
+        QVERIFY(session_.waitFor([this] { return session_.server.requests().size() == replies_.size(); }));
+        QVERIFY(session_.waitFor([this] { return rowsUnderWay() == 1; })); // the silent one
     }
 
     void failureIsRecordedByItsText_data() {
@@ -95,7 +95,7 @@ private Q_SLOTS:
             return inlineDocument(request) == silence;
         });
         QVERIFY(silent != requests.end());
-        QVERIFY(session_.waitFor([this] { return rowsUnderWay() == 0; }, 75000));
+        QVERIFY(session_.waitFor([this] { return rowsUnderWay() == 0; }));
         const auto waited = std::chrono::system_clock::now() - silent->arrivedAt;
         QVERIFY(waited >= std::chrono::seconds(59));
         QVERIFY(waited <= std::chrono::seconds(65));
@@ -150,5 +150,7 @@ private:
     QMap<QByteArray, HttpReply> replies_;
 };
 
-QTEST_GUILESS_MAIN(AnswerFailuresTest)
+int answer_failures_test(int argc, char **argv) {
+    return runTest<QCoreApplication, AnswerFailuresTest>(argc, argv);
+}
 #include "answer_failures_test.moc"

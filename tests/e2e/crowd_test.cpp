@@ -1,9 +1,10 @@
+#include "support/test_program.h"
 #include "user_session.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QSet>
-#include <QTest>
 
 #include <algorithm>
 #include <chrono>
@@ -194,5 +195,7 @@ private:
     UserSession session_;
 };
 
-QTEST_GUILESS_MAIN(CrowdTest)
+int crowd_test(int argc, char **argv) {
+    return runTest<QCoreApplication, CrowdTest>(argc, argv);
+}
 #include "crowd_test.moc"

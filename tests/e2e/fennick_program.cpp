@@ -35,7 +35,7 @@ void FennickProgram::start(const QProcessEnvironment &environment, const QString
     process_.setProgram(command.first());
     process_.setArguments(command.mid(1));
     process_.start();
-    if (!process_.waitForStarted()) {
+    if (!process_.waitForStarted(patience)) {
         qFatal("%s: %s", qPrintable(process_.program()), qPrintable(process_.errorString()));
     }
 }
@@ -66,7 +66,7 @@ bool FennickProgram::terminate() {
 void FennickProgram::kill() {
     if (isRunning()) {
         process_.kill();
-        process_.waitForFinished();
+        process_.waitForFinished(patience);
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/conditions.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
@@ -33,7 +35,7 @@ public:
     void kill();
 
     // Whether the program ends by itself within the time and reports success.
-    bool endsWithSuccess(int milliseconds = 20000);
+    bool endsWithSuccess(int milliseconds = patience);
 
     // What it has written to its standard streams since the last call, over all starts.
     QByteArray takeOutput();

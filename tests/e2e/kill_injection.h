@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/conditions.h"
+
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -11,7 +13,8 @@ inline bool canInjectKills() {
     QProcess strace;
     strace.start(QStringLiteral("strace"), {QStringLiteral("-qq"), QStringLiteral("-o"),
                                             QStringLiteral("/dev/null"), QStringLiteral("true")});
-    return strace.waitForFinished() && strace.exitStatus() == QProcess::NormalExit && strace.exitCode() == 0;
+    return strace.waitForFinished(patience) && strace.exitStatus() == QProcess::NormalExit &&
+           strace.exitCode() == 0;
 }
 
 // The command that becomes a program which is killed right before one of its threads makes one of the system

@@ -1,14 +1,15 @@
 #include "kill_injection.h"
 #include "support/conditions.h"
 #include "support/striped_pdf.h"
+#include "support/test_program.h"
 #include "user_session.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QRandomGenerator>
 #include <QSet>
-#include <QTest>
 
 #include <algorithm>
 
@@ -81,7 +82,7 @@ private Q_SLOTS:
         session_.setPreference("addToPhotos", "true");
         dropDocuments();
         session_.program.start(QProcessEnvironment::systemEnvironment(), killedRightBefore(calls, number));
-        waitUntil([this] { return !session_.program.isRunning() || isAllDelivered(); }, 60000);
+        waitUntil([this] { return !session_.program.isRunning() || isAllDelivered(); });
         const bool wasKilled = !session_.program.isRunning();
         session_.program.kill();
         checkFiles();
@@ -199,5 +200,7 @@ private:
     QMap<QString, QByteArray> dropped_; // by the name it was dropped under
 };
 
-QTEST_MAIN(KillPointsTest)
+int kill_points_test(int argc, char **argv) {
+    return runTest<QGuiApplication, KillPointsTest>(argc, argv);
+}
 #include "kill_points_test.moc"

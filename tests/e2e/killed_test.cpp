@@ -1,4 +1,5 @@
 #include "support/striped_pdf.h"
+#include "support/test_program.h"
 #include "user_session.h"
 
 #include <QBuffer>
@@ -8,7 +9,6 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QSet>
-#include <QTest>
 
 #include <algorithm>
 #include <chrono>
@@ -164,5 +164,7 @@ private:
     int number_ = 0;
 };
 
-QTEST_MAIN(KilledTest)
+int killed_test(int argc, char **argv) {
+    return runTest<QGuiApplication, KilledTest>(argc, argv);
+}
 #include "killed_test.moc"

@@ -1,10 +1,11 @@
 #include "network_server.h"
+#include "support/test_program.h"
 #include "tls_certificates.h"
 #include "user_session.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace fennick::test;
 using namespace Qt::StringLiterals;
@@ -18,9 +19,7 @@ private Q_SLOTS:
     void everySilenceEndsAfterAMinute() {
         const QTemporaryDir folder;
         const TlsCertificates certificates(folder.path());
-        if (!trustOnly(certificates.trustedFolder())) {
-            QSKIP("The system lets nobody have a mount namespace of their own.");
-        }
+        trustOnly(certificates.trustedFolder());
         NetworkServer server(certificates.good());
         UserSession session;
         session.renew();
@@ -39,7 +38,7 @@ private Q_SLOTS:
             QVERIFY(session.waitFor([&] { return server.connections() == count; }));
         }
         QVERIFY(session.waitForRows(count, u"processing"_s));
-        QVERIFY(session.waitForRows(count, u"error"_s, 80000));
+        QVERIFY(session.waitForRows(count, u"error"_s));
         QVERIFY(elapsed.elapsed() >= 59000);
         for (const QJsonObject &row : session.rows()) {
             QCOMPARE(row.value(u"error").toString(), u"The request timed out."_s);
@@ -51,5 +50,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(NetworkSilenceTest)
+int network_silence_test(int argc, char **argv) {
+    return runTest<QCoreApplication, NetworkSilenceTest>(argc, argv);
+}
 #include "network_silence_test.moc"

@@ -1,9 +1,10 @@
+#include "support/test_program.h"
 #include "user_session.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTest>
+#include <QGuiApplication>
 
 #include <filesystem>
 #include <fstream>
@@ -104,5 +105,7 @@ private:
     UserSession session_;
 };
 
-QTEST_MAIN(OddFilesTest)
+int odd_files_test(int argc, char **argv) {
+    return runTest<QGuiApplication, OddFilesTest>(argc, argv);
+}
 #include "odd_files_test.moc"

@@ -1,8 +1,9 @@
+#include "support/test_program.h"
 #include "user_session.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QTest>
 
 #include <csignal>
 
@@ -43,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(session_.start());
         QVERIFY(own().isEmpty());
         session_.drop(u"IMG_2041.jpg"_s, sample());
-        QVERIFY(session_.waitForRows(1, u"done"_s, 60000));
+        QVERIFY(session_.waitForRows(1, u"done"_s));
         const QJsonObject row = session_.rows().first();
         QCOMPARE(row.value(u"date").toString(), u"2024-05-13"_s);
         QCOMPARE(row.value(u"amount").toDouble(), 42.01);
@@ -67,7 +68,7 @@ private Q_SLOTS:
         session_.drop(u"IMG_2041.jpg"_s, sample());
         QVERIFY(session_.waitFor([this] { return !own().isEmpty(); }));
         ::kill(own().first(), SIGKILL);
-        QVERIFY(session_.waitForRows(1, u"error"_s, 60000));
+        QVERIFY(session_.waitForRows(1, u"error"_s));
         QVERIFY(!session_.rows().first().value(u"error").toString().isEmpty());
         session_.drop(u"IMG_2042.jpg"_s, sample()); // with an engine started anew
         QVERIFY(session_.waitFor(
@@ -94,5 +95,7 @@ private:
     QList<pid_t> others_; // another test's
 };
 
-QTEST_GUILESS_MAIN(OnDeviceTest)
+int on_device_test(int argc, char **argv) {
+    return runTest<QCoreApplication, OnDeviceTest>(argc, argv);
+}
 #include "on_device_test.moc"

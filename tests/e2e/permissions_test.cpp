@@ -1,9 +1,10 @@
 #include "support/striped_pdf.h"
+#include "support/test_program.h"
 #include "user_session.h"
 
 #include <QDirIterator>
 #include <QFile>
-#include <QTest>
+#include <QGuiApplication>
 
 #include <algorithm>
 
@@ -103,5 +104,7 @@ private:
     UserSession session_;
 };
 
-QTEST_MAIN(PermissionsTest)
+int permissions_test(int argc, char **argv) {
+    return runTest<QGuiApplication, PermissionsTest>(argc, argv);
+}
 #include "permissions_test.moc"

@@ -1,9 +1,9 @@
-#include "support/process_status.h"
+#include "support/test_program.h"
 #include "user_session.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -85,16 +85,10 @@ private Q_SLOTS:
     void documentOfManyMegabytesIsSentWhole() {
         const QByteArray document = bytes(20'000'003);
         QVERIFY(session_.start());
-        const qint64 program = session_.program.processId();
-        const auto before = peakMemory(program);
         session_.drop(u"large.pdf"_s, document);
-        QVERIFY(session_.waitForRows(1, u"error"_s, 60000));
+        QVERIFY(session_.waitForRows(1, u"error"_s));
         QCOMPARE(session_.sentDocuments(), QList<QByteArray>{document});
         checkHead(session_.server.requests().first());
-        const auto after = peakMemory(program);
-        QVERIFY(before && after);
-        qInfo("%d MB taken", *after - *before);
-        QVERIFY(*after - *before < 3 * 20 || isSanitized(program));
     }
 
     void modelOfThePreferencesStandsInThePath() {
@@ -118,5 +112,7 @@ private:
     UserSession session_;
 };
 
-QTEST_GUILESS_MAIN(RequestTest)
+int request_test(int argc, char **argv) {
+    return runTest<QCoreApplication, RequestTest>(argc, argv);
+}
 #include "request_test.moc"

@@ -1,11 +1,11 @@
 #include "support/striped_pdf.h"
+#include "support/test_program.h"
 #include "user_session.h"
 
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTcpServer>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -202,5 +202,7 @@ private:
     UserSession session_;
 };
 
-QTEST_MAIN(RunFailuresTest)
+int run_failures_test(int argc, char **argv) {
+    return runTest<QGuiApplication, RunFailuresTest>(argc, argv);
+}
 #include "run_failures_test.moc"

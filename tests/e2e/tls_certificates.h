@@ -29,9 +29,9 @@ private:
     QString folder_;
 };
 
-// Lets this process and those that it starts trust these authorities and no others, by laying the folder over
-// the system's own in a mount namespace of the process. Qt asks no environment variable where they are. To be
-// called before the process has threads; returns whether the system lets it.
-bool trustOnly(const QString &trustedFolder);
+// Lets the programs started from now on trust these authorities and no others. Qt asks no environment
+// variable where they are: own_authorities is preloaded into the programs and shows them the folder in place
+// of the system's own.
+void trustOnly(const QString &trustedFolder);
 
 } // namespace fennick::test

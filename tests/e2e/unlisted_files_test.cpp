@@ -1,7 +1,8 @@
+#include "support/test_program.h"
 #include "user_session.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -129,5 +130,7 @@ private:
     UserSession session_;
 };
 
-QTEST_GUILESS_MAIN(UnlistedFilesTest)
+int unlisted_files_test(int argc, char **argv) {
+    return runTest<QCoreApplication, UnlistedFilesTest>(argc, argv);
+}
 #include "unlisted_files_test.moc"

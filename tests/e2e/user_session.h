@@ -38,7 +38,7 @@ public:
     bool end();
 
     // Waits until the condition holds; returns whether it does. Gives up at once when the program has ended.
-    bool waitFor(const std::function<bool()> &condition, int milliseconds = 20000) const;
+    bool waitFor(const std::function<bool()> &condition, int milliseconds = patience) const;
 
     QString folder() const { return folder_; }
     QString path(const QString &name) const { return folder_ + u'/' + name; }
@@ -47,7 +47,7 @@ public:
     // The listed receipts. A list that is not whole fails the test.
     QList<QJsonObject> rows() const;
     QJsonObject row(const QString &fileName) const;
-    bool waitForRows(qsizetype count, const QString &status, int milliseconds = 20000) const;
+    bool waitForRows(qsizetype count, const QString &status, int milliseconds = patience) const;
 
     // What lies in the watched folder, by path below it; hidden files included.
     QMap<QString, QByteArray> files() const;

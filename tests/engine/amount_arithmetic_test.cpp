@@ -1,6 +1,5 @@
 #include "engine/amount_arithmetic.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -79,5 +78,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(AmountArithmeticTest)
+int amount_arithmetic_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<AmountArithmeticTest>(argc, argv);
+}
 #include "amount_arithmetic_test.moc"

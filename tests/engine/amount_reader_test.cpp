@@ -1,7 +1,6 @@
 #include "engine/amount_reader.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -186,5 +185,7 @@ private Q_SLOTS:
     void claimsNothingFromATotalOfZero() { QVERIFY(!readAmount({linesOf({u"Total 0.00"_s})})); }
 };
 
-QTEST_APPLESS_MAIN(AmountReaderTest)
+int amount_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<AmountReaderTest>(argc, argv);
+}
 #include "amount_reader_test.moc"

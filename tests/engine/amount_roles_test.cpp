@@ -1,6 +1,5 @@
 #include "engine/amount_roles.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -79,5 +78,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(AmountRolesTest)
+int amount_roles_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<AmountRolesTest>(argc, argv);
+}
 #include "amount_roles_test.moc"

@@ -1,8 +1,8 @@
 #include "engine/category_reader.h"
 #include "engine_lines.h"
+#include "support/test_program.h"
 
 #include <QFile>
-#include <QTest>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -78,5 +78,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(CategoryReaderTest)
+int category_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<CategoryReaderTest>(argc, argv);
+}
 #include "category_reader_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/command_line.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -35,5 +34,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(CommandLineTest)
+int command_line_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<CommandLineTest>(argc, argv);
+}
 #include "command_line_test.moc"

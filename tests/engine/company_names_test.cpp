@@ -1,6 +1,5 @@
 #include "engine/company_names.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -68,5 +67,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(CompanyNamesTest)
+int company_names_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<CompanyNamesTest>(argc, argv);
+}
 #include "company_names_test.moc"

@@ -1,7 +1,6 @@
 #include "engine/country_evidence.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -49,5 +48,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(CountryEvidenceTest)
+int country_evidence_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<CountryEvidenceTest>(argc, argv);
+}
 #include "country_evidence_test.moc"

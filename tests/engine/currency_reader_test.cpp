@@ -1,7 +1,6 @@
 #include "engine/currency_reader.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -83,5 +82,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(CurrencyReaderTest)
+int currency_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<CurrencyReaderTest>(argc, argv);
+}
 #include "currency_reader_test.moc"

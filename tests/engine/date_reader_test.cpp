@@ -1,7 +1,6 @@
 #include "engine/date_reader.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -178,5 +177,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(DateReaderTest)
+int date_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<DateReaderTest>(argc, argv);
+}
 #include "date_reader_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/date_repair.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 #include <algorithm>
 
@@ -44,5 +43,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(DateRepairTest)
+int date_repair_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<DateRepairTest>(argc, argv);
+}
 #include "date_repair_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/edit_distance.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 
@@ -25,5 +24,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(EditDistanceTest)
+int edit_distance_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<EditDistanceTest>(argc, argv);
+}
 #include "edit_distance_test.moc"

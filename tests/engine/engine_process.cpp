@@ -1,5 +1,6 @@
 #include "engine_process.h"
 
+#include "support/conditions.h"
 #include "support/process_status.h"
 
 #include <QDir>
@@ -20,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 EngineProcess::EngineProcess() {
     process_.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
-    if (!process_.waitForReadyRead(20'000)) {
+    if (!process_.waitForReadyRead(test::patience)) {
         return;
     }
     static const QRegularExpression line(uR"(^Listening on http://127\.0\.0\.1:(\d+)\n$)"_s);
@@ -29,7 +30,7 @@ EngineProcess::EngineProcess() {
 
 EngineProcess::~EngineProcess() {
     process_.terminate();
-    process_.waitForFinished();
+    process_.waitForFinished(test::patience);
 }
 
 bool EngineProcess::isRunning() const {
@@ -48,6 +49,10 @@ qsizetype EngineProcess::connections() const {
 std::optional<int> EngineProcess::peakMemory() const {
     const qint64 process = process_.processId();
     return test::isSanitized(process) ? std::nullopt : test::peakMemory(process);
+}
+
+qint64 EngineProcess::processorTime() const {
+    return test::processorTime(process_.processId());
 }
 
 QString EngineProcess::generatePath() const {
@@ -70,7 +75,8 @@ QByteArray EngineProcess::rawAnswerTo(const QByteArray &request) const {
     QTcpSocket socket;
     socket.connectToHost(u"127.0.0.1"_s, port_);
     socket.write(request);
-    while (socket.state() != QAbstractSocket::UnconnectedState && socket.waitForDisconnected(60'000)) {
+    while (socket.state() != QAbstractSocket::UnconnectedState &&
+           socket.waitForDisconnected(test::patience)) {
     }
     return socket.readAll();
 }
@@ -90,7 +96,7 @@ QByteArray requestFor(const QByteArray &document, const QString &mimeType) {
 HttpAnswer finished(QNetworkReply *reply) {
     const std::unique_ptr<QNetworkReply> owner(reply);
     QSignalSpy end(reply, &QNetworkReply::finished);
-    if (!reply->isFinished() && !end.wait(60'000)) {
+    if (!reply->isFinished() && !end.wait(test::patience)) {
         return {};
     }
     return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),

@@ -27,6 +27,8 @@ public:
     qsizetype connections() const;
     // The most memory it has held so far, in MB; nothing for a build with sanitizers, which hold much more.
     std::optional<int> peakMemory() const;
+    // The processor time that it has used so far, in milliseconds.
+    qint64 processorTime() const;
 
     // The address of generateContent with a key.
     QString generatePath() const;

@@ -1,9 +1,9 @@
 #include "engine/generate_request.h"
+#include "support/test_program.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTest>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -119,5 +119,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(GenerateRequestTest)
+int generate_request_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<GenerateRequestTest>(argc, argv);
+}
 #include "generate_request_test.moc"

@@ -1,6 +1,6 @@
 #include "engine/http_head.h"
+#include "support/test_program.h"
 
-#include <QTest>
 #include <QUrlQuery>
 
 using namespace fennick;
@@ -73,5 +73,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(HttpHeadTest)
+int http_head_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<HttpHeadTest>(argc, argv);
+}
 #include "http_head_test.moc"

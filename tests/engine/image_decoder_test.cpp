@@ -1,8 +1,9 @@
 #include "engine/image_decoder.h"
+#include "support/test_program.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
-#include <QTest>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -130,5 +131,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ImageDecoderTest)
+int image_decoder_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ImageDecoderTest>(argc, argv);
+}
 #include "image_decoder_test.moc"

@@ -1,9 +1,10 @@
 #include "engine/receipt_reader.h"
+#include "support/test_program.h"
 
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTest>
 
 #include <array>
 
@@ -138,5 +139,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(InvoicesTest)
+int invoices_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, InvoicesTest>(argc, argv);
+}
 #include "invoices_test.moc"

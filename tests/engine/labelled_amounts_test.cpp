@@ -1,7 +1,6 @@
 #include "engine/labelled_amounts.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -81,5 +80,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(LabelledAmountsTest)
+int labelled_amounts_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<LabelledAmountsTest>(argc, argv);
+}
 #include "labelled_amounts_test.moc"

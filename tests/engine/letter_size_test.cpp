@@ -1,7 +1,8 @@
 #include "drawn_page.h"
 #include "engine/letter_size.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QGuiApplication>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -51,5 +52,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(LetterSizeTest)
+int letter_size_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, LetterSizeTest>(argc, argv);
+}
 #include "letter_size_test.moc"

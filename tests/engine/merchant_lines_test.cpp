@@ -1,6 +1,5 @@
 #include "engine/merchant_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -76,5 +75,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(MerchantLinesTest)
+int merchant_lines_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<MerchantLinesTest>(argc, argv);
+}
 #include "merchant_lines_test.moc"

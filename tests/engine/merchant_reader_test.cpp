@@ -1,7 +1,6 @@
 #include "engine/merchant_reader.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -96,5 +95,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(MerchantReaderTest)
+int merchant_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<MerchantReaderTest>(argc, argv);
+}
 #include "merchant_reader_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/number_reader.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -78,5 +77,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(NumberReaderTest)
+int number_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<NumberReaderTest>(argc, argv);
+}
 #include "number_reader_test.moc"

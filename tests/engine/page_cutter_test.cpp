@@ -1,7 +1,8 @@
 #include "drawn_page.h"
 #include "engine/page_cutter.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QGuiApplication>
 
 #include <allheaders.h>
 
@@ -42,5 +43,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PageCutterTest)
+int page_cutter_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, PageCutterTest>(argc, argv);
+}
 #include "page_cutter_test.moc"

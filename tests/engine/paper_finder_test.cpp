@@ -1,9 +1,10 @@
 #include "drawn_page.h"
 #include "engine/paper_finder.h"
+#include "support/test_program.h"
 
+#include <QGuiApplication>
 #include <QLineF>
 #include <QPainterPath>
-#include <QTest>
 #include <QTransform>
 
 #include <allheaders.h>
@@ -150,5 +151,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PaperFinderTest)
+int paper_finder_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, PaperFinderTest>(argc, argv);
+}
 #include "paper_finder_test.moc"

@@ -1,8 +1,9 @@
 #include "drawn_page.h"
 #include "engine/contrast_normaliser.h"
 #include "engine/paper_straightener.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QGuiApplication>
 #include <QTransform>
 
 #include <allheaders.h>
@@ -99,5 +100,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PaperStraightenerTest)
+int paper_straightener_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, PaperStraightenerTest>(argc, argv);
+}
 #include "paper_straightener_test.moc"

@@ -1,9 +1,10 @@
 #include "engine/pdf_reader.h"
+#include "support/test_program.h"
 
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTest>
 #include <QtConcurrent>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
@@ -208,5 +209,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PdfReaderTest)
+int pdf_reader_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, PdfReaderTest>(argc, argv);
+}
 #include "pdf_reader_test.moc"

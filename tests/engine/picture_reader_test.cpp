@@ -1,8 +1,9 @@
 #include "drawn_page.h"
 #include "engine/picture_reader.h"
 #include "engine/recognition_passes.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QGuiApplication>
 
 #include <atomic>
 #include <random>
@@ -179,5 +180,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(PictureReaderTest)
+int picture_reader_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, PictureReaderTest>(argc, argv);
+}
 #include "picture_reader_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/picture_size.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 #include <limits>
 
@@ -40,5 +39,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(PictureSizeTest)
+int picture_size_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<PictureSizeTest>(argc, argv);
+}
 #include "picture_size_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/price_repair.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -44,5 +43,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(PriceRepairTest)
+int price_repair_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<PriceRepairTest>(argc, argv);
+}
 #include "price_repair_test.moc"

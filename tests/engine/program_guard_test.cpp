@@ -1,7 +1,8 @@
 #include "engine_process.h"
 #include "sample_table.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 #include <memory>
 
@@ -102,5 +103,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ProgramGuardTest)
+int program_guard_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ProgramGuardTest>(argc, argv);
+}
 #include "program_guard_test.moc"

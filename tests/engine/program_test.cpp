@@ -1,14 +1,16 @@
 #include "engine_process.h"
 #include "sample_table.h"
+#include "support/conditions.h"
 #include "support/process_status.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QNetworkInterface>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -37,7 +39,7 @@ struct Ended {
 Ended runEngine(const QStringList &arguments) {
     QProcess process;
     process.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), arguments);
-    if (!process.waitForFinished(20'000) || process.exitStatus() != QProcess::NormalExit) {
+    if (!process.waitForFinished(fennick::test::patience) || process.exitStatus() != QProcess::NormalExit) {
         return {};
     }
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
@@ -137,7 +139,7 @@ private Q_SLOTS:
     void outlivesWhatIsNoHttp() {
         QTcpSocket socket;
         socket.connectToHost(u"127.0.0.1"_s, engine_->port());
-        QVERIFY(socket.waitForConnected());
+        QVERIFY(socket.waitForConnected(fennick::test::patience));
         socket.write(QByteArray(5000, '\0') + "\r\n\r\n");
         QVERIFY(socket.waitForBytesWritten());
         QVERIFY(socket.state() == QAbstractSocket::UnconnectedState || socket.waitForDisconnected(20'000));
@@ -161,7 +163,7 @@ private Q_SLOTS:
         environment.insert(u"TMPDIR"_s, temporary.path());
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(FENNICK_BIN_DIR "/fennick-engine"), {u"--port"_s, u"0"_s});
-        QVERIFY(process.waitForReadyRead(20'000));
+        QVERIFY(process.waitForReadyRead(fennick::test::patience));
         const quint16 port = process.readAllStandardOutput().trimmed().split(':').last().toUShort();
 
         // In the middle of its work.
@@ -212,5 +214,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ProgramTest)
+int program_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ProgramTest>(argc, argv);
+}
 #include "program_test.moc"

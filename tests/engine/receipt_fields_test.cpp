@@ -1,7 +1,6 @@
 #include "engine/receipt_fields.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -53,5 +52,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ReceiptFieldsTest)
+int receipt_fields_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<ReceiptFieldsTest>(argc, argv);
+}
 #include "receipt_fields_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/request_guard.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 
@@ -86,5 +85,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(RequestGuardTest)
+int request_guard_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<RequestGuardTest>(argc, argv);
+}
 #include "request_guard_test.moc"

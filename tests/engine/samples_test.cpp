@@ -1,11 +1,12 @@
 #include "engine/receipt_reader.h"
 #include "engine/service_answer.h"
 #include "sample_table.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTest>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -48,5 +49,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(SamplesTest)
+int samples_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, SamplesTest>(argc, argv);
+}
 #include "samples_test.moc"

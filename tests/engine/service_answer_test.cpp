@@ -1,8 +1,8 @@
 #include "engine/service_answer.h"
+#include "support/test_program.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTest>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -93,5 +93,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ServiceAnswerTest)
+int service_answer_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<ServiceAnswerTest>(argc, argv);
+}
 #include "service_answer_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/summary_writer.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -37,5 +36,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(SummaryWriterTest)
+int summary_writer_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<SummaryWriterTest>(argc, argv);
+}
 #include "summary_writer_test.moc"

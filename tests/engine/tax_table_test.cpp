@@ -1,7 +1,6 @@
 #include "engine/tax_table.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -51,5 +50,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TaxTableTest)
+int tax_table_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<TaxTableTest>(argc, argv);
+}
 #include "tax_table_test.moc"

@@ -1,6 +1,5 @@
 #include "engine/text_line.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -78,5 +77,7 @@ private Q_SLOTS:
     void takesNothing() { QVERIFY(joinedRows({}).isEmpty()); }
 };
 
-QTEST_APPLESS_MAIN(TextLineTest)
+int text_line_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<TextLineTest>(argc, argv);
+}
 #include "text_line_test.moc"

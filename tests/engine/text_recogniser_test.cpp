@@ -1,7 +1,8 @@
 #include "drawn_page.h"
 #include "engine/text_recogniser.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QGuiApplication>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -68,5 +69,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TextRecogniserTest)
+int text_recogniser_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, TextRecogniserTest>(argc, argv);
+}
 #include "text_recogniser_test.moc"

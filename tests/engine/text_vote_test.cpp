@@ -1,6 +1,5 @@
 #include "engine/text_vote.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -43,5 +42,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TextVoteTest)
+int text_vote_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<TextVoteTest>(argc, argv);
+}
 #include "text_vote_test.moc"

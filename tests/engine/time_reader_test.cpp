@@ -1,7 +1,6 @@
 #include "engine/time_reader.h"
 #include "engine_lines.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -55,5 +54,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TimeReaderTest)
+int time_reader_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<TimeReaderTest>(argc, argv);
+}
 #include "time_reader_test.moc"

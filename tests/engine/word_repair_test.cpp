@@ -1,6 +1,5 @@
 #include "engine/word_repair.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -34,5 +33,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(WordRepairTest)
+int word_repair_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<WordRepairTest>(argc, argv);
+}
 #include "word_repair_test.moc"

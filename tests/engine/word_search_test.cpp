@@ -1,6 +1,5 @@
 #include "engine/word_search.h"
-
-#include <QTest>
+#include "support/test_program.h"
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
@@ -26,5 +25,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(WordSearchTest)
+int word_search_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<WordSearchTest>(argc, argv);
+}
 #include "word_search_test.moc"

@@ -1,11 +1,12 @@
 #include "export/export_service.h"
 #include "export/ledger_fixtures.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <sys/fsuid.h>
 #include <sys/resource.h>
@@ -149,5 +150,7 @@ private:
     std::unique_ptr<QTemporaryDir> folder_;
 };
 
-QTEST_GUILESS_MAIN(ExportServiceTest)
+int export_service_test(int argc, char **argv) {
+    return runTest<QCoreApplication, ExportServiceTest>(argc, argv);
+}
 #include "export_service_test.moc"

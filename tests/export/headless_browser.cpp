@@ -1,5 +1,7 @@
 #include "export/headless_browser.h"
 
+#include "support/conditions.h"
+
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -70,7 +72,7 @@ HeadlessBrowser::Output HeadlessBrowser::run(const QString &path, ColourScheme s
     const bool isComplete = process.waitForFinished(minute);
     if (!isComplete) {
         process.kill();
-        process.waitForFinished();
+        process.waitForFinished(patience);
     }
     return {isComplete && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
             process.readAllStandardOutput(), process.readAllStandardError()};

@@ -2,14 +2,15 @@
 #include "export/headless_browser.h"
 #include "export/ledger_fixtures.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocale>
 #include <QRegularExpression>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -208,5 +209,7 @@ private:
     HeadlessBrowser browser_;
 };
 
-QTEST_GUILESS_MAIN(HtmlInBrowserTest)
+int html_in_browser_test(int argc, char **argv) {
+    return runTest<QCoreApplication, HtmlInBrowserTest>(argc, argv);
+}
 #include "html_in_browser_test.moc"

@@ -1,8 +1,9 @@
 #include "export/export_service.h"
 #include "export/ledger_fixtures.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QLocale>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -179,5 +180,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(HtmlLedgerTest)
+int html_ledger_test(int argc, char **argv) {
+    return runTest<QCoreApplication, HtmlLedgerTest>(argc, argv);
+}
 #include "html_ledger_test.moc"

@@ -1,8 +1,9 @@
 #include "export/export_service.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
-#include <QTest>
 
 #include <limits>
 
@@ -138,5 +139,7 @@ private:
     QByteArray zone_;
 };
 
-QTEST_GUILESS_MAIN(LedgerTextsTest)
+int ledger_texts_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, LedgerTextsTest>(argc, argv);
+}
 #include "ledger_texts_test.moc"

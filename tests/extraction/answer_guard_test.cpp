@@ -1,11 +1,12 @@
 #include "extraction/answer_guard.h"
 #include "support/conditions.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
 #include <QTimer>
 
 #include <memory>
@@ -160,5 +161,7 @@ private:
     QByteArray answer_;
 };
 
-QTEST_GUILESS_MAIN(AnswerGuardTest)
+int answer_guard_test(int argc, char **argv) {
+    return runTest<QCoreApplication, AnswerGuardTest>(argc, argv);
+}
 #include "answer_guard_test.moc"

@@ -1,6 +1,7 @@
 #include "extraction/gemini_answer.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -118,5 +119,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(GeminiAnswerTest)
+int gemini_answer_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, GeminiAnswerTest>(argc, argv);
+}
 #include "gemini_answer_test.moc"

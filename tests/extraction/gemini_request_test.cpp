@@ -1,11 +1,12 @@
 #include "extraction/gemini_request.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTest>
 
 using namespace fennick;
 using test::readFile;
@@ -97,5 +98,7 @@ private:
     test::TemporaryHome home_;
 };
 
-QTEST_GUILESS_MAIN(GeminiRequestTest)
+int gemini_request_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, GeminiRequestTest>(argc, argv);
+}
 #include "gemini_request_test.moc"

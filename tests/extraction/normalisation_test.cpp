@@ -1,7 +1,8 @@
 #include "extraction/normalisation.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
-#include <QTest>
 
 using namespace fennick;
 
@@ -191,5 +192,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(NormalisationTest)
+int normalisation_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, NormalisationTest>(argc, argv);
+}
 #include "normalisation_test.moc"

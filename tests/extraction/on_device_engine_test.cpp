@@ -1,11 +1,12 @@
 #include "extraction/on_device_engine.h"
 #include "support/conditions.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTcpSocket>
-#include <QTest>
 #include <QThread>
 #include <QUrl>
 
@@ -35,14 +36,14 @@ std::shared_ptr<Attempt> tryToUse(OnDeviceEngine &engine) {
 }
 
 bool succeeds(const std::shared_ptr<Attempt> &attempt) {
-    return waitUntil([&attempt] { return attempt->isOver; }, 30000) && attempt->use != nullptr;
+    return waitUntil([&attempt] { return attempt->isOver; }) && attempt->use != nullptr;
 }
 
 bool answers(const QString &address) {
     const QUrl url(address);
     QTcpSocket socket;
     socket.connectToHost(url.host(), static_cast<quint16>(url.port()));
-    return socket.waitForConnected(5000);
+    return socket.waitForConnected(patience);
 }
 
 QString script(const TemporaryHome &home, const QByteArray &lines) {
@@ -141,7 +142,7 @@ private Q_SLOTS:
             return std::count_if(attempts.begin(), attempts.end(),
                                  [](const auto &attempt) { return attempt->isOver; });
         };
-        QVERIFY(waitUntil([&] { return served() == most; }, 30000));
+        QVERIFY(waitUntil([&] { return served() == most; }));
         letTimePass(100); // no other gets its turn
         QCOMPARE(served(), most);
         for (int count = 0; count < 3; ++count) {
@@ -190,5 +191,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(OnDeviceEngineTest)
+int on_device_engine_test(int argc, char **argv) {
+    return runTest<QCoreApplication, OnDeviceEngineTest>(argc, argv);
+}
 #include "on_device_engine_test.moc"

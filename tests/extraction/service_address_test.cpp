@@ -1,7 +1,8 @@
 #include "extraction/service_address.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 using test::writeFile;
@@ -88,5 +89,7 @@ private:
     test::TemporaryHome home_;
 };
 
-QTEST_GUILESS_MAIN(ServiceAddressTest)
+int service_address_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ServiceAddressTest>(argc, argv);
+}
 #include "service_address_test.moc"

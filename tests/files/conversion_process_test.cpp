@@ -4,10 +4,10 @@
 #include "support/conditions.h"
 #include "support/striped_pdf.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
-#include <QElapsedTimer>
+#include <QCoreApplication>
 #include <QFileInfo>
-#include <QTest>
 
 #include <memory>
 
@@ -79,16 +79,13 @@ private Q_SLOTS:
 
     void converterThatHangsIsEnded_data() {
         QTest::addColumn<QByteArray>("script");
-        QTest::newRow("waiting") << QByteArray("exec sleep 100");
+        QTest::newRow("waiting") << QByteArray("exec sleep infinity");
         QTest::newRow("computing") << QByteArray("while :; do :; done");
     }
     void converterThatHangsIsEnded() {
         QFETCH(QByteArray, script);
-        QElapsedTimer timer;
-        timer.start();
         const Result result = convert(program(script), QStringLiteral("/w/scan.pdf"), 1s);
         QCOMPARE(result.error().kind, Kind::renderFailed);
-        QVERIFY(timer.elapsed() < 10000);
     }
 
     void memoryIsLimited() {
@@ -128,7 +125,7 @@ private:
         std::optional<Result> result;
         QCoro::connect(ConversionProcess::convertToJPEGs(program, file, QStringLiteral("Lunch"), longest),
                        QCoreApplication::instance(), [&result](Result given) { result = std::move(given); });
-        waitUntil([&result] { return result.has_value(); }, 90000);
+        waitUntil([&result] { return result.has_value(); });
         return *result;
     }
 
@@ -142,5 +139,7 @@ private:
     std::unique_ptr<TemporaryHome> home_;
 };
 
-QTEST_GUILESS_MAIN(ConversionProcessTest)
+int conversion_process_test(int argc, char **argv) {
+    return runTest<QCoreApplication, ConversionProcessTest>(argc, argv);
+}
 #include "conversion_process_test.moc"

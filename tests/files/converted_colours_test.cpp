@@ -1,8 +1,9 @@
 #include "files/converter_fixtures.h"
 #include "files/receipt_image_converter.h"
+#include "support/test_program.h"
 
 #include <QColorSpace>
-#include <QTest>
+#include <QGuiApplication>
 
 #include <lcms2.h>
 #include <turbojpeg.h>
@@ -12,6 +13,7 @@
 
 using namespace fennick;
 using namespace fennick::testing;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -122,8 +124,7 @@ class ConvertedColoursTest : public QObject {
     // How far the only picture of the file is from `expected` when it is shown: its own profile, if it has
     // one, is honoured.
     int shownDistance(const QByteArray &content, QRgb expected) {
-        const auto paths =
-            ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, content), u"A"_qs);
+        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_s, content), u"A"_s);
         if (!paths)
             return 1000;
         QImage image = QImage(paths->front()).convertToFormat(QImage::Format_RGB32);
@@ -185,7 +186,7 @@ private Q_SLOTS:
         grey.fill(128);
         const QByteArray profile = linearGreyProfile();
         const auto paths = ReceiptImageConverter::convertToJPEGs(
-            scratch_.file(u"a.jpg"_qs, withJpegProfile(encoded(grey, "jpeg", 95), profile)), u"A"_qs);
+            scratch_.file(u"a.jpg"_s, withJpegProfile(encoded(grey, "jpeg", 95), profile)), u"A"_s);
         QVERIFY(paths);
         QVERIFY(contentOf(paths->front()).contains(profile));
         QVERIFY(distanceInMiddle(QImage(paths->front()), qRgb(128, 128, 128)) <= 2);
@@ -227,5 +228,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(ConvertedColoursTest)
+int converted_colours_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, ConvertedColoursTest>(argc, argv);
+}
 #include "converted_colours_test.moc"

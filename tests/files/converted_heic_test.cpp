@@ -1,8 +1,9 @@
 #include "files/converter_fixtures.h"
 #include "files/receipt_image_converter.h"
+#include "support/test_program.h"
 
 #include <QColorSpace>
-#include <QTest>
+#include <QGuiApplication>
 #include <QtConcurrent>
 
 #include <libheif/heif.h>
@@ -11,6 +12,7 @@
 
 using namespace fennick;
 using namespace fennick::testing;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -97,17 +99,17 @@ class ConvertedHeicTest : public QObject {
 
     ScratchFolder scratch_;
 
-    QImage converted(const QByteArray &content) { return scratch_.converted(u"a.heic"_qs, content); }
+    QImage converted(const QByteArray &content) { return scratch_.converted(u"a.heic"_s, content); }
 
 private Q_SLOTS:
     void turnsPicturesAsTheFileSays_data() {
         QTest::addColumn<int>("orientation");
         QTest::addColumn<QString>("corners");
-        QTest::newRow("upright") << int(heif_orientation_normal) << u"RGBY"_qs;
-        QTest::newRow("mirrored") << int(heif_orientation_flip_horizontally) << u"GRYB"_qs;
-        QTest::newRow("upside down") << int(heif_orientation_rotate_180) << u"YBGR"_qs;
-        QTest::newRow("turn right") << int(heif_orientation_rotate_90_cw) << u"BRYG"_qs;
-        QTest::newRow("turn left") << int(heif_orientation_rotate_270_cw) << u"GYRB"_qs;
+        QTest::newRow("upright") << int(heif_orientation_normal) << u"RGBY"_s;
+        QTest::newRow("mirrored") << int(heif_orientation_flip_horizontally) << u"GRYB"_s;
+        QTest::newRow("upside down") << int(heif_orientation_rotate_180) << u"YBGR"_s;
+        QTest::newRow("turn right") << int(heif_orientation_rotate_90_cw) << u"BRYG"_s;
+        QTest::newRow("turn left") << int(heif_orientation_rotate_270_cw) << u"GYRB"_s;
     }
 
     void turnsPicturesAsTheFileSays() {
@@ -121,13 +123,13 @@ private Q_SLOTS:
             converted(heic(fourCorners(QSize(256, 128)), {.orientation = heif_orientation_rotate_90_cw,
                                                           .exifOrientation = heif_orientation_rotate_90_cw}));
         QCOMPARE(result.size(), QSize(128, 256));
-        QCOMPARE(cornersOf(result), u"BRYG"_qs);
+        QCOMPARE(cornersOf(result), u"BRYG"_s);
     }
 
     void fitsLargePictures() {
         const QImage result = converted(heic(fourCorners(QSize(3200, 640))));
         QCOMPARE(result.size(), QSize(3000, 600));
-        QCOMPARE(cornersOf(result), u"RGBY"_qs);
+        QCOMPARE(cornersOf(result), u"RGBY"_s);
     }
 
     void laysTransparentPicturesOnWhite() {
@@ -159,24 +161,24 @@ private Q_SLOTS:
         const QImage result =
             converted(contentOf(QStringLiteral(FENNICK_SOURCE_DIR "/tests/data/tiled.heic")));
         QCOMPARE(result.size(), QSize(100, 120));
-        QCOMPARE(cornersOf(result), u"GYRB"_qs);
+        QCOMPARE(cornersOf(result), u"GYRB"_s);
     }
 
     void refusesCutOffFiles() {
         const QByteArray file = heic(fourCorners(QSize(256, 128)));
         for (const qsizetype percent : {2, 30, 60, 95})
-            QCOMPARE(scratch_.failureOf(u"a.heic"_qs, file.left(file.size() * percent / 100)),
-                     u"Could not render page image"_qs);
+            QCOMPARE(scratch_.failureOf(u"a.heic"_s, file.left(file.size() * percent / 100)),
+                     u"Could not render page image"_s);
     }
 
     void convertsFilesOfEveryKindOnSeveralThreadsAtOnce() {
         const QImage source = fourCorners(QSize(256, 128));
-        const QStringList files{scratch_.file(u"a.heic"_qs, heic(source)),
-                                scratch_.file(u"a.jpg"_qs, encoded(source, "jpeg", 95)),
-                                scratch_.file(u"a.png"_qs, encoded(source, "png")),
-                                scratch_.file(u"a.webp"_qs, encoded(source, "webp", 100)),
-                                scratch_.file(u"a.pdf"_qs, pdfWithPages({"/MediaBox [0 0 72 36]"},
-                                                                        fourCornersContent(0, 0, 72, 36)))};
+        const QStringList files{scratch_.file(u"a.heic"_s, heic(source)),
+                                scratch_.file(u"a.jpg"_s, encoded(source, "jpeg", 95)),
+                                scratch_.file(u"a.png"_s, encoded(source, "png")),
+                                scratch_.file(u"a.webp"_s, encoded(source, "webp", 100)),
+                                scratch_.file(u"a.pdf"_s, pdfWithPages({"/MediaBox [0 0 72 36]"},
+                                                                       fourCornersContent(0, 0, 72, 36)))};
         constexpr int rounds = 8;
         QStringList work;
         for (int round = 0; round < rounds; ++round)
@@ -185,14 +187,16 @@ private Q_SLOTS:
         pool.setMaxThreadCount(4);
         const auto outcomes =
             QtConcurrent::blockingMapped<QList<QString>>(&pool, work, [](const QString &file) -> QString {
-                const auto paths = ReceiptImageConverter::convertToJPEGs(file, u"Out"_qs);
+                const auto paths = ReceiptImageConverter::convertToJPEGs(file, u"Out"_s);
                 return paths ? paths->front() : paths.error().errorDescription();
             });
         QCOMPARE(outcomes.size(), files.size() * rounds);
         for (const QString &outcome : outcomes)
-            QCOMPARE(cornersOf(QImage(outcome)), u"RGBY"_qs);
+            QCOMPARE(cornersOf(QImage(outcome)), u"RGBY"_s);
     }
 };
 
-QTEST_MAIN(ConvertedHeicTest)
+int converted_heic_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, ConvertedHeicTest>(argc, argv);
+}
 #include "converted_heic_test.moc"

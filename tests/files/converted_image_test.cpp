@@ -1,9 +1,10 @@
 #include "files/converter_fixtures.h"
 #include "files/receipt_image_converter.h"
+#include "support/test_program.h"
 
+#include <QGuiApplication>
 #include <QImageWriter>
 #include <QPainter>
-#include <QTest>
 #include <QtEndian>
 
 #include <sys/stat.h>
@@ -13,6 +14,7 @@
 
 using namespace fennick;
 using namespace fennick::testing;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -93,15 +95,15 @@ private Q_SLOTS:
         QFETCH(QByteArray, format);
         QFETCH(QSize, size);
         const QImage source = fourCorners(size);
-        const QImage result = scratch_.converted(u"a.png"_qs, encoded(source, format.constData(), 95));
+        const QImage result = scratch_.converted(u"a.png"_s, encoded(source, format.constData(), 95));
         QTEST(result.size(), "expected");
         if (result.width() >= 100) // too narrow a corner takes on its neighbours' colour
-            QCOMPARE(cornersOf(result), u"RGBY"_qs);
+            QCOMPARE(cornersOf(result), u"RGBY"_s);
     }
 
     void takesPicturesWithSidesThatNoJpegCanHave() {
         const QImage result = scratch_.converted(
-            u"a.png"_qs,
+            u"a.png"_s,
             encoded(fourCorners(QSize(200, 70'000)).convertToFormat(QImage::Format_RGB888), "png"));
         QCOMPARE(result.size(), QSize(9, 3000));
     }
@@ -109,16 +111,16 @@ private Q_SLOTS:
     void turnsJpegPhotosUpright_data() {
         QTest::addColumn<int>("orientation");
         QTest::addColumn<QString>("corners");
-        QTest::newRow("upright") << 1 << u"RGBY"_qs;
-        QTest::newRow("mirrored") << 2 << u"GRYB"_qs;
-        QTest::newRow("upside down") << 3 << u"YBGR"_qs;
-        QTest::newRow("mirrored upside down") << 4 << u"BYRG"_qs;
-        QTest::newRow("transposed") << 5 << u"RBGY"_qs;
-        QTest::newRow("turn right") << 6 << u"BRYG"_qs;
-        QTest::newRow("transversed") << 7 << u"YGBR"_qs;
-        QTest::newRow("turn left") << 8 << u"GYRB"_qs;
-        QTest::newRow("zero") << 0 << u"RGBY"_qs;
-        QTest::newRow("nonsense") << 9 << u"RGBY"_qs;
+        QTest::newRow("upright") << 1 << u"RGBY"_s;
+        QTest::newRow("mirrored") << 2 << u"GRYB"_s;
+        QTest::newRow("upside down") << 3 << u"YBGR"_s;
+        QTest::newRow("mirrored upside down") << 4 << u"BYRG"_s;
+        QTest::newRow("transposed") << 5 << u"RBGY"_s;
+        QTest::newRow("turn right") << 6 << u"BRYG"_s;
+        QTest::newRow("transversed") << 7 << u"YGBR"_s;
+        QTest::newRow("turn left") << 8 << u"GYRB"_s;
+        QTest::newRow("zero") << 0 << u"RGBY"_s;
+        QTest::newRow("nonsense") << 9 << u"RGBY"_s;
     }
 
     void turnsJpegPhotosUpright() {
@@ -127,12 +129,12 @@ private Q_SLOTS:
         const QByteArray small = encoded(fourCorners(QSize(151, 90)), "jpeg", 95);
         for (const bool bigEndian : {false, true}) {
             const QImage image =
-                scratch_.converted(u"a.jpg"_qs, withExifOrientation(small, orientation, bigEndian));
+                scratch_.converted(u"a.jpg"_s, withExifOrientation(small, orientation, bigEndian));
             QTEST(cornersOf(image), "corners");
             QCOMPARE(image.size(), lying ? QSize(90, 151) : QSize(151, 90));
         }
         const QByteArray large = encoded(fourCorners(QSize(4000, 1000)), "jpeg", 95);
-        const QImage image = scratch_.converted(u"a.jpg"_qs, withExifOrientation(large, orientation, true));
+        const QImage image = scratch_.converted(u"a.jpg"_s, withExifOrientation(large, orientation, true));
         QTEST(cornersOf(image), "corners");
         QCOMPARE(image.size(), lying ? QSize(750, 3000) : QSize(3000, 750));
     }
@@ -140,20 +142,20 @@ private Q_SLOTS:
     void turnsPngAndWebpPicturesUpright() {
         const QImage source = fourCorners(QSize(150, 90));
         const QByteArray png = withPngChunk(encoded(source, "png"), "eXIf", exifData(6, true));
-        QCOMPARE(cornersOf(scratch_.converted(u"a.png"_qs, png)), u"BRYG"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.png"_s, png)), u"BRYG"_s);
 
         constexpr qsizetype riffHeaderSize = 12;
         const QByteArray extended = QByteArray("\x08\0\0\0\x95\0\0\x59\0\0", 10); // EXIF; 150 by 90
         const QByteArray webp = riffChunk("RIFF", "WEBP" + riffChunk("VP8X", extended) +
                                                       encoded(source, "webp", 100).mid(riffHeaderSize) +
                                                       riffChunk("EXIF", exifData(8, false)));
-        QCOMPARE(cornersOf(scratch_.converted(u"a.webp"_qs, webp)), u"GYRB"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.webp"_s, webp)), u"GYRB"_s);
     }
 
     void leavesNoOrientationInTheResult() {
         const QByteArray jpeg =
             withExifOrientation(encoded(fourCorners(QSize(150, 90)), "jpeg", 95), 6, false);
-        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_qs, jpeg), u"A"_qs);
+        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.file(u"a.jpg"_s, jpeg), u"A"_s);
         QVERIFY(paths);
         QVERIFY(!contentOf(paths->front()).contains("Exif"));
     }
@@ -165,7 +167,7 @@ private Q_SLOTS:
             QByteArray segment("\xFF\xE1\0", 3);
             segment.append(static_cast<char>(data.size() + 2));
             QCOMPARE(
-                cornersOf(scratch_.converted(u"a.jpg"_qs, QByteArray(jpeg).insert(2, segment + data))).size(),
+                cornersOf(scratch_.converted(u"a.jpg"_s, QByteArray(jpeg).insert(2, segment + data))).size(),
                 4);
         }
     }
@@ -183,7 +185,7 @@ private Q_SLOTS:
         QFETCH(int, subsampling);
         for (const QSize size : {QSize(160, 120), QSize(161, 119), QSize(1, 1), QSize(3, 2)}) {
             const QImage source = smoothPicture(size);
-            const QImage result = scratch_.converted(u"a.jpg"_qs, jpegWithSubsampling(source, subsampling));
+            const QImage result = scratch_.converted(u"a.jpg"_s, jpegWithSubsampling(source, subsampling));
             QCOMPARE(result.size(), size);
             if (size.width() > 100)
                 QVERIFY2(meanDifference(source, result) < 2.0,
@@ -196,7 +198,7 @@ private Q_SLOTS:
     void scalesPicturesOfEverySubsampling() {
         QFETCH(int, subsampling);
         const QImage source = smoothPicture(QSize(3601, 601));
-        const QImage result = scratch_.converted(u"a.jpg"_qs, jpegWithSubsampling(source, subsampling));
+        const QImage result = scratch_.converted(u"a.jpg"_s, jpegWithSubsampling(source, subsampling));
         QCOMPARE(result.size(), QSize(3000, 501));
         const QImage expected = source.scaled(result.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         QVERIFY2(meanDifference(expected, result) < 1.5,
@@ -207,7 +209,7 @@ private Q_SLOTS:
         QImage source(QSize(301, 200), QImage::Format_RGB32);
         source.fill(qRgb(90, 90, 90));
         const auto paths = ReceiptImageConverter::convertToJPEGs(
-            scratch_.file(u"a.jpg"_qs, jpegWithSubsampling(source, TJSAMP_GRAY)), u"A"_qs);
+            scratch_.file(u"a.jpg"_s, jpegWithSubsampling(source, TJSAMP_GRAY)), u"A"_s);
         QVERIFY(paths);
         const QImage result(paths->front());
         QCOMPARE(result.size(), source.size());
@@ -216,24 +218,23 @@ private Q_SLOTS:
     }
 
     void readsProgressiveJpegs() {
-        QImageWriter writer(scratch_.path(u"progressive.jpg"_qs), "jpeg");
+        QImageWriter writer(scratch_.path(u"progressive.jpg"_s), "jpeg");
         writer.setProgressiveScanWrite(true);
         QVERIFY(writer.write(fourCorners(QSize(333, 222))));
-        const auto paths =
-            ReceiptImageConverter::convertToJPEGs(scratch_.path(u"progressive.jpg"_qs), u"A"_qs);
+        const auto paths = ReceiptImageConverter::convertToJPEGs(scratch_.path(u"progressive.jpg"_s), u"A"_s);
         QVERIFY(paths);
-        QCOMPARE(cornersOf(QImage(paths->front())), u"RGBY"_qs);
+        QCOMPARE(cornersOf(QImage(paths->front())), u"RGBY"_s);
     }
 
     void laysTransparentPicturesOnWhite() {
         QImage source(QSize(60, 40), QImage::Format_ARGB32);
         source.fill(qRgba(255, 0, 0, 128));
         for (const char *format : {"png", "webp"}) {
-            const QImage half = scratch_.converted(u"a.png"_qs, encoded(source, format, 100));
+            const QImage half = scratch_.converted(u"a.png"_s, encoded(source, format, 100));
             QVERIFY(distanceInMiddle(half, qRgb(255, 127, 127)) <= 4);
         }
         source.fill(qRgba(0, 0, 0, 0));
-        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_qs, encoded(source, "png")),
+        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_s, encoded(source, "png")),
                                  qRgb(255, 255, 255)) <= 2);
     }
 
@@ -241,10 +242,10 @@ private Q_SLOTS:
         QImage source(QSize(60, 40), QImage::Format_Indexed8);
         source.setColorTable({qRgba(0, 0, 0, 0), qRgba(0, 0, 255, 255)});
         source.fill(0);
-        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_qs, encoded(source, "png")),
+        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_s, encoded(source, "png")),
                                  qRgb(255, 255, 255)) <= 2);
         source.fill(1);
-        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_qs, encoded(source, "png")), qRgb(0, 0, 255)) <=
+        QVERIFY(distanceInMiddle(scratch_.converted(u"a.png"_s, encoded(source, "png")), qRgb(0, 0, 255)) <=
                 4);
     }
 
@@ -263,7 +264,7 @@ private Q_SLOTS:
         source.fill(Qt::white);
         QPainter(&source).fillRect(20, 10, 20, 20, Qt::black);
         const QByteArray png = encoded(source.convertToFormat(static_cast<QImage::Format>(format)), "png");
-        const QImage result = scratch_.converted(u"a.png"_qs, png);
+        const QImage result = scratch_.converted(u"a.png"_s, png);
         QCOMPARE(result.size(), source.size());
         QVERIFY(distanceInMiddle(result, qRgb(0, 0, 0)) <= 6);
         QVERIFY(qGray(result.pixel(5, 5)) >= 250);
@@ -271,25 +272,27 @@ private Q_SLOTS:
 
     void goesByTheContentNotTheName() {
         const QImage source = fourCorners(QSize(150, 90));
-        QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_qs, encoded(source, "png"))), u"RGBY"_qs);
-        QCOMPARE(cornersOf(scratch_.converted(u"a.png"_qs, encoded(source, "jpeg", 95))), u"RGBY"_qs);
-        QCOMPARE(cornersOf(scratch_.converted(u"a.heic"_qs, encoded(source, "webp", 100))), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_s, encoded(source, "png"))), u"RGBY"_s);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.png"_s, encoded(source, "jpeg", 95))), u"RGBY"_s);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.heic"_s, encoded(source, "webp", 100))), u"RGBY"_s);
     }
 
     void takesTheFirstPictureOfAnAnimation() {
         QImage second(QSize(150, 90), QImage::Format_RGB32);
         second.fill(Qt::black);
         const QByteArray webp = webpAnimation({fourCorners(QSize(150, 90)), second});
-        QCOMPARE(cornersOf(scratch_.converted(u"a.webp"_qs, webp)), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.webp"_s, webp)), u"RGBY"_s);
     }
 
     void acceptsHarmlessBytesBetweenSegments() {
         QByteArray jpeg = encoded(fourCorners(QSize(150, 90)), "jpeg", 95);
         jpeg.insert(jpeg.indexOf("\xFF\xDB"), QByteArray(12, '\0'));
         jpeg.append("something after the picture");
-        QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_qs, jpeg)), u"RGBY"_qs);
+        QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_s, jpeg)), u"RGBY"_s);
     }
 };
 
-QTEST_MAIN(ConvertedImageTest)
+int converted_image_test(int argc, char **argv) {
+    return fennick::test::runTest<QGuiApplication, ConvertedImageTest>(argc, argv);
+}
 #include "converted_image_test.moc"

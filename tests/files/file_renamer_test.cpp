@@ -1,10 +1,11 @@
 #include "files/file_renamer.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <limits>
 #include <memory>
@@ -191,5 +192,7 @@ private:
     std::unique_ptr<QTemporaryDir> folder_;
 };
 
-QTEST_GUILESS_MAIN(FileRenamerTest)
+int file_renamer_test(int argc, char **argv) {
+    return runTest<QCoreApplication, FileRenamerTest>(argc, argv);
+}
 #include "file_renamer_test.moc"

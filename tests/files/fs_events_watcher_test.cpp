@@ -1,22 +1,26 @@
 #include "files/fs_events_watcher.h"
 #include "support/conditions.h"
-#include "support/host_stalls.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QMutex>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
 
+#include <algorithm>
 #include <memory>
 
 using namespace fennick;
 using namespace fennick::test;
 using Clock = std::chrono::steady_clock;
+using std::chrono::duration_cast;
 using std::chrono::milliseconds;
 
 namespace {
+
+constexpr milliseconds latency{300};
 
 struct Batch {
     QStringList paths;
@@ -74,7 +78,7 @@ private Q_SLOTS:
         write("sub/old.pdf");
         start();
         write("new.pdf");
-        QTRY_VERIFY(isTold("new.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("new.pdf"), patience);
         letTimePass(400); // one more batch would be due
         QVERIFY(!isTold("old.pdf"));
         QVERIFY(!isTold("sub/old.pdf"));
@@ -85,7 +89,7 @@ private Q_SLOTS:
         write("early.pdf");
         watcher_->start();
         write("late.pdf");
-        QTRY_VERIFY(isTold("late.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("late.pdf"), patience);
         letTimePass(400);
         QVERIFY(!isTold("early.pdf"));
     }
@@ -98,14 +102,15 @@ private Q_SLOTS:
         write("a.pdf");
         QFile::rename(path("b.pdf"), path("d.pdf"));
         QFile::remove(path("c.pdf"));
-        QTRY_VERIFY(isTold("a.pdf") && isTold("b.pdf") && isTold("c.pdf") && isTold("d.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf") && isTold("b.pdf") && isTold("c.pdf") && isTold("d.pdf"),
+                                 patience);
     }
 
     void changesInExistingSubFoldersAreTold() {
         QDir().mkpath(path("one/two/three"));
         start();
         write("one/two/three/a.pdf");
-        QTRY_VERIFY(isTold("one/two/three/a.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("one/two/three/a.pdf"), patience);
     }
 
     void filesOfANewFolderAreToldHoweverFastTheyCame() {
@@ -116,7 +121,7 @@ private Q_SLOTS:
             write(name.constData());
             written.insert(path(name.constData()));
         }
-        QTRY_VERIFY(log_->paths().contains(written));
+        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().contains(written), patience);
     }
 
     void filesOfAMovedInTreeAreTold() {
@@ -129,9 +134,9 @@ private Q_SLOTS:
         }
         start();
         QVERIFY(QDir().rename(outside, path("moved")));
-        QTRY_VERIFY(log_->paths().contains(expected));
+        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().contains(expected), patience);
         write("moved/sub7/later.pdf");
-        QTRY_VERIFY(isTold("moved/sub7/later.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("moved/sub7/later.pdf"), patience);
     }
 
     void folderMovedOutIsNoLongerWatched() {
@@ -139,11 +144,11 @@ private Q_SLOTS:
         start();
         const QString outside = folder_->filePath(QStringLiteral("outside"));
         QVERIFY(QDir().rename(path("sub"), outside));
-        QTRY_VERIFY(isTold("sub"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("sub"), patience);
         const qsizetype before = log_->paths().size();
         writeFile(outside + QStringLiteral("/deep/a.pdf"), "x");
         write("marker.pdf");
-        QTRY_VERIFY(isTold("marker.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("marker.pdf"), patience);
         QCOMPARE(log_->paths().size(), before + 1);
     }
 
@@ -151,9 +156,9 @@ private Q_SLOTS:
         QDir().mkpath(path("before/deep"));
         start();
         QVERIFY(QDir().rename(path("before"), path("after")));
-        QTRY_VERIFY(isTold("after"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("after"), patience);
         write("after/deep/a.pdf");
-        QTRY_VERIFY(isTold("after/deep/a.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("after/deep/a.pdf"), patience);
         QVERIFY(!isTold("before/deep/a.pdf"));
     }
 
@@ -162,9 +167,9 @@ private Q_SLOTS:
         start();
         QVERIFY(QDir(root_).removeRecursively());
         write("sub/b.pdf");
-        QTRY_VERIFY(isTold("sub/b.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("sub/b.pdf"), patience);
         write("sub/c.pdf");
-        QTRY_VERIFY(isTold("sub/c.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("sub/c.pdf"), patience);
     }
 
     void rootThatIsMovedAwayAndMadeAgainIsWatchedAgain() {
@@ -173,11 +178,11 @@ private Q_SLOTS:
         const QString elsewhere = folder_->filePath(QStringLiteral("elsewhere"));
         QVERIFY(QDir().rename(root_, elsewhere));
         write("a.pdf");
-        QTRY_VERIFY(isTold("a.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf"), patience);
         const qsizetype before = log_->paths().size();
         writeFile(elsewhere + QStringLiteral("/sub/strange.pdf"), "x");
         write("marker.pdf");
-        QTRY_VERIFY(isTold("marker.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("marker.pdf"), patience);
         QCOMPARE(log_->paths().size(), before + 1);
     }
 
@@ -185,16 +190,23 @@ private Q_SLOTS:
         QVERIFY(QDir(root_).removeRecursively());
         start();
         write("a.pdf");
-        QTRY_VERIFY(isTold("a.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf"), patience);
     }
 
+    // Were it held back for the latency, it would never come sooner. On a busy machine it may come late as
+    // well.
     void firstEventAfterQuietIsToldAtOnce() {
         start();
-        const HostStalls stalls;
-        const auto before = Clock::now();
-        write("a.pdf");
-        QTRY_VERIFY(isTold("a.pdf"));
-        QVERIFY(log_->batches().first().at - before < milliseconds(100) + stalls.longest());
+        milliseconds soonest = milliseconds::max();
+        for (int attempt = 0; attempt < 20 && soonest >= latency; ++attempt) {
+            letTimePass(2 * latency.count());
+            const QByteArray name = QByteArray::number(attempt) + ".pdf";
+            const auto before = Clock::now();
+            write(name.constData());
+            QTRY_VERIFY_WITH_TIMEOUT(isTold(name.constData()), patience);
+            soonest = std::min(soonest, duration_cast<milliseconds>(log_->batches().last().at - before));
+        }
+        QVERIFY(soonest < latency);
     }
 
     void furtherEventsComeInBatchesOfTheLatency() {
@@ -203,7 +215,7 @@ private Q_SLOTS:
             write(("a" + QByteArray::number(index) + ".pdf").constData());
             letTimePass(50);
         }
-        QTRY_VERIFY(isTold("a19.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("a19.pdf"), patience);
         const QList<Batch> batches = log_->batches();
         QVERIFY(batches.size() >= 3);
         for (qsizetype index = 1; index < batches.size(); ++index) {
@@ -215,7 +227,7 @@ private Q_SLOTS:
         start();
         watcher_->start();
         QDir().mkpath(path("folder")); // one event, unlike a file's several
-        QTRY_VERIFY(isTold("folder"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("folder"), patience);
         letTimePass(400);
         QCOMPARE(log_->batches().size(), 1);
         QCOMPARE(log_->batches().first().paths, QStringList{path("folder")});
@@ -232,14 +244,14 @@ private Q_SLOTS:
     void batchesComeOnAThreadNamedAfterTheProgram() {
         start();
         write("a.pdf");
-        QTRY_VERIFY(isTold("a.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf"), patience);
         QCOMPARE(log_->batches().first().threadName, QStringLiteral("org.fennick.Fennick.fsevents"));
     }
 
     void namesOutsideAsciiAreToldAsTheyAre() {
         start();
         write("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf");
-        QTRY_VERIFY(isTold("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf"), patience);
     }
 
     void linkedFoldersAreNotFollowed() {
@@ -250,7 +262,7 @@ private Q_SLOTS:
         start();
         writeFile(outside + QStringLiteral("/a.pdf"), "x");
         write("marker.pdf");
-        QTRY_VERIFY(isTold("marker.pdf"));
+        QTRY_VERIFY_WITH_TIMEOUT(isTold("marker.pdf"), patience);
         QCOMPARE(log_->paths(), QSet<QString>{path("marker.pdf")});
     }
 
@@ -279,7 +291,7 @@ private Q_SLOTS:
         }
         gate.unlock();
         QVERIFY(isHeldUp);
-        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().size() >= files + 1, 30000);
+        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().size() >= files + 1, patience);
     }
 
 private:
@@ -303,5 +315,7 @@ private:
     std::unique_ptr<FSEventsWatcher> watcher_;
 };
 
-QTEST_GUILESS_MAIN(FsEventsWatcherTest)
+int fs_events_watcher_test(int argc, char **argv) {
+    return runTest<QCoreApplication, FsEventsWatcherTest>(argc, argv);
+}
 #include "fs_events_watcher_test.moc"

@@ -1,9 +1,9 @@
 #include "files/pages_ahead.h"
+#include "support/test_program.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <unistd.h>
 
@@ -58,5 +58,7 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(PagesAheadTest)
+int pages_ahead_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<PagesAheadTest>(argc, argv);
+}
 #include "pages_ahead_test.moc"

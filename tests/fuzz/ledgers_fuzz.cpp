@@ -8,6 +8,7 @@
 
 using namespace fennick;
 using namespace fennick::ExportService;
+using namespace Qt::StringLiterals;
 using fuzz::require;
 
 namespace {
@@ -78,10 +79,10 @@ void checkCsv(const QList<Receipt> &receipts) {
 QString shownText(QStringView html) {
     QString text = html.toString();
     require(!text.contains(u'<') && !text.contains(u'>') && !text.contains(u'"'), "a text has no markup");
-    text.replace(u"&lt;"_qs, u"<"_qs).replace(u"&gt;"_qs, u">"_qs).replace(u"&quot;"_qs, u"\""_qs);
-    const qsizetype entities = text.count(u"&amp;"_qs);
+    text.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&quot;"_s, u"\""_s);
+    const qsizetype entities = text.count(u"&amp;"_s);
     require(text.count(u'&') == entities, "every ampersand begins an entity");
-    return text.replace(u"&amp;"_qs, u"&"_qs);
+    return text.replace(u"&amp;"_s, u"&"_s);
 }
 
 void take(QStringView &html, QStringView piece) {
@@ -101,7 +102,7 @@ QString takeCell(QStringView &html, QStringView openingTag) {
 }
 
 void takeRow(QStringView &html, const Receipt &receipt) {
-    const QString dash = u"—"_qs;
+    const QString dash = u"—"_s;
     const auto takeText = [&html](const QString &expected, QStringView openingTag = u"<td>") {
         require(takeCell(html, openingTag) == wellFormed(expected), "a cell shows the receipt's text");
     };
@@ -118,7 +119,7 @@ void takeRow(QStringView &html, const Receipt &receipt) {
 
 void checkHtml(const QList<Receipt> &receipts) {
     const QString html = buildHTML(receipts);
-    QStringView rest = QStringView(html).sliced(html.indexOf(u"<tbody>\n"_qs));
+    QStringView rest = QStringView(html).sliced(html.indexOf(u"<tbody>\n"_s));
     take(rest, u"<tbody>\n");
     for (qsizetype index = 0; index < receipts.size(); ++index) {
         if (index > 0) {

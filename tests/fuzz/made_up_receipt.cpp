@@ -4,6 +4,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::fuzz {
 
 namespace {
@@ -20,7 +22,7 @@ std::optional<double> consumeAmount(FuzzedDataProvider &input) {
 
 // What the extraction lets through, or anything.
 std::optional<QString> consumeCurrency(FuzzedDataProvider &input) {
-    static const QStringList codes{u"USD"_qs, u"EUR"_qs, u"JPY"_qs, u"KWD"_qs, u"XXX"_qs};
+    static const QStringList codes{u"USD"_s, u"EUR"_s, u"JPY"_s, u"KWD"_s, u"XXX"_s};
     return input.ConsumeBool()
                ? std::optional(codes[input.ConsumeIntegralInRange<qsizetype>(0, codes.size() - 1)])
                : consumeOptionalText(input);

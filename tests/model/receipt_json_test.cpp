@@ -1,10 +1,11 @@
 #include "model/receipt_json.h"
 #include "support/receipts.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTest>
 
 #include <limits>
 
@@ -248,5 +249,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ReceiptJsonTest)
+int receipt_json_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ReceiptJsonTest>(argc, argv);
+}
 #include "receipt_json_test.moc"

@@ -2,11 +2,12 @@
 #include "model/receipt_store.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -283,5 +284,7 @@ private:
     std::unique_ptr<test::TemporaryHome> home_;
 };
 
-QTEST_GUILESS_MAIN(ReceiptStoreTest)
+int receipt_store_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ReceiptStoreTest>(argc, argv);
+}
 #include "receipt_store_test.moc"

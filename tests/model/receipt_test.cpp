@@ -1,8 +1,9 @@
 #include "model/receipt.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QRegularExpression>
-#include <QTest>
 
 using namespace fennick;
 
@@ -126,5 +127,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ReceiptTest)
+int receipt_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, ReceiptTest>(argc, argv);
+}
 #include "receipt_test.moc"

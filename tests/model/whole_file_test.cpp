@@ -1,10 +1,11 @@
 #include "model/whole_file.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <memory>
 
@@ -77,5 +78,7 @@ private:
     QString path_;
 };
 
-QTEST_GUILESS_MAIN(WholeFileTest)
+int whole_file_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, WholeFileTest>(argc, argv);
+}
 #include "whole_file_test.moc"

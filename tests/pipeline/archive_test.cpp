@@ -1,11 +1,12 @@
 #include "model/receipt_json.h"
 #include "pipeline_under_test.h"
 #include "support/receipts.h"
+#include "support/test_program.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -179,5 +180,7 @@ private:
     QString stamp_;
 };
 
-QTEST_MAIN(ArchiveTest)
+int archive_test(int argc, char **argv) {
+    return runTest<QApplication, ArchiveTest>(argc, argv);
+}
 #include "archive_test.moc"

@@ -1,13 +1,14 @@
 #include "pipeline/app_state.h"
 #include "pipeline_under_test.h"
+#include "support/conditions.h"
 #include "support/private_namespace.h"
 #include "support/receipts.h"
 #include "support/striped_pdf.h"
+#include "support/test_program.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -156,7 +157,7 @@ private Q_SLOTS:
         pipeline_->settings->setWatchFolderPath(QFileInfo(path).path());
         pipeline_->appState->startWatching(QFileInfo(path).path());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        QTRY_COMPARE(readFile(pipeline_->receipts().first().filePath), "a receipt");
+        QTRY_COMPARE_WITH_TIMEOUT(readFile(pipeline_->receipts().first().filePath), "a receipt", patience);
     }
 
 private:
@@ -196,7 +197,7 @@ private:
         pipeline_->store->add(receipt);
         writeFile(receipt.filePath, stripedPdf(2));
         pipeline_->appState->pushToPhotos(receipt);
-        QTRY_VERIFY_WITH_TIMEOUT(pipeline_->appState->lastError().has_value(), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(pipeline_->appState->lastError().has_value(), patience);
         QVERIFY(!pipeline_->receipts().first().addedToPhotos);
     }
 
@@ -211,10 +212,8 @@ private:
     int number_ = 0;
 };
 
-int main(int argc, char **argv) {
+int full_disk_test(int argc, char **argv) {
     canMount = enterPrivateNamespace().canMount;
-    QApplication application(argc, argv);
-    FullDiskTest test;
-    return QTest::qExec(&test, argc, argv);
+    return runTest<QApplication, FullDiskTest>(argc, argv);
 }
 #include "full_disk_test.moc"

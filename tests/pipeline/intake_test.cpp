@@ -1,8 +1,9 @@
 #include "pipeline_under_test.h"
+#include "support/test_program.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -278,5 +279,7 @@ private:
     std::unique_ptr<PipelineUnderTest> pipeline_;
 };
 
-QTEST_MAIN(IntakeTest)
+int intake_test(int argc, char **argv) {
+    return runTest<QApplication, IntakeTest>(argc, argv);
+}
 #include "intake_test.moc"

@@ -1,13 +1,14 @@
 #include "pipeline_under_test.h"
 #include "support/striped_pdf.h"
+#include "support/test_program.h"
 
+#include <QApplication>
 #include <QBuffer>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QImage>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -203,5 +204,7 @@ private:
     std::unique_ptr<PipelineUnderTest> pipeline_;
 };
 
-QTEST_MAIN(PhotosDeliveryTest)
+int photos_delivery_test(int argc, char **argv) {
+    return runTest<QApplication, PhotosDeliveryTest>(argc, argv);
+}
 #include "photos_delivery_test.moc"

@@ -2,11 +2,11 @@
 #include "platform/photo_library.h"
 #include "support/conditions.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QTest>
 
 #include <memory>
 
@@ -107,5 +107,7 @@ private:
     QString image_;
 };
 
-QTEST_MAIN(PhotosImporterTest)
+int photos_importer_test(int argc, char **argv) {
+    return runTest<QApplication, PhotosImporterTest>(argc, argv);
+}
 #include "photos_importer_test.moc"

@@ -1,11 +1,13 @@
 #include "pipeline/app_state.h"
 #include "pipeline/archive_journal.h"
 #include "pipeline_under_test.h"
+#include "support/conditions.h"
 #include "support/receipts.h"
+#include "support/test_program.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -47,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(only().summary, receipt.summary);
         QCOMPARE(ReceiptStore().receipts().first().error, interrupted); // on disk as well
         appState_->retry(only());
-        QTRY_COMPARE_WITH_TIMEOUT(only().status, ReceiptStatus::done, 20000);
+        QTRY_COMPARE_WITH_TIMEOUT(only().status, ReceiptStatus::done, patience);
     }
 
     void finishedAndFailedScansStayAsTheyAre() {
@@ -188,5 +190,7 @@ private:
     QString folder_;
 };
 
-QTEST_MAIN(RecoveryTest)
+int recovery_test(int argc, char **argv) {
+    return runTest<QApplication, RecoveryTest>(argc, argv);
+}
 #include "recovery_test.moc"

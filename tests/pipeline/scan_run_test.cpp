@@ -1,9 +1,10 @@
 #include "pipeline_under_test.h"
+#include "support/test_program.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -205,5 +206,7 @@ private:
     std::unique_ptr<PipelineUnderTest> pipeline_;
 };
 
-QTEST_MAIN(ScanRunTest)
+int scan_run_test(int argc, char **argv) {
+    return runTest<QApplication, ScanRunTest>(argc, argv);
+}
 #include "scan_run_test.moc"

@@ -1,9 +1,10 @@
 #include "platform/connection_limit.h"
 #include "support/conditions.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -70,5 +71,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ConnectionLimitTest)
+int connection_limit_test(int argc, char **argv) {
+    return runTest<QCoreApplication, ConnectionLimitTest>(argc, argv);
+}
 #include "connection_limit_test.moc"

@@ -3,12 +3,12 @@
 #include "support/conditions.h"
 #include "support/private_namespace.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
 #include <QDir>
 #include <QFile>
 #include <QMutex>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -155,10 +155,8 @@ private:
     QSet<QString> paths_;
 };
 
-int main(int argc, char **argv) {
+int file_event_stream_test(int argc, char **argv) {
     allowed = enterPrivateNamespace();
-    QCoreApplication application(argc, argv);
-    FileEventStreamTest test;
-    return QTest::qExec(&test, argc, argv);
+    return runTest<QCoreApplication, FileEventStreamTest>(argc, argv);
 }
 #include "file_event_stream_test.moc"

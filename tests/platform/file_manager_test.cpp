@@ -2,9 +2,10 @@
 #include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -46,5 +47,7 @@ private:
     PrivateSession session_;
 };
 
-QTEST_GUILESS_MAIN(FileManagerTest)
+int file_manager_test(int argc, char **argv) {
+    return runTest<QCoreApplication, FileManagerTest>(argc, argv);
+}
 #include "file_manager_test.moc"

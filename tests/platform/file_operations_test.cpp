@@ -1,9 +1,10 @@
 #include "platform/file_operations.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -85,5 +86,7 @@ private:
     std::unique_ptr<QTemporaryDir> elsewhere_;
 };
 
-QTEST_GUILESS_MAIN(FileOperationsTest)
+int file_operations_test(int argc, char **argv) {
+    return runTest<QCoreApplication, FileOperationsTest>(argc, argv);
+}
 #include "file_operations_test.moc"

@@ -1,10 +1,10 @@
 #include "platform/login_service.h"
 #include "settings/login_item.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QTest>
 
 #include <memory>
 
@@ -60,5 +60,7 @@ private:
     QString entry_;
 };
 
-QTEST_GUILESS_MAIN(LoginServiceTest)
+int login_service_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, LoginServiceTest>(argc, argv);
+}
 #include "login_service_test.moc"

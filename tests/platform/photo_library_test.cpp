@@ -1,9 +1,10 @@
 #include "platform/photo_change_linux.h"
 #include "platform/photo_library.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QTest>
 
 #include <memory>
 
@@ -183,5 +184,7 @@ private:
     std::unique_ptr<test::TemporaryHome> home_;
 };
 
-QTEST_GUILESS_MAIN(PhotoLibraryTest)
+int photo_library_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, PhotoLibraryTest>(argc, argv);
+}
 #include "photo_library_test.moc"

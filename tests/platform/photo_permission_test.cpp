@@ -1,11 +1,12 @@
 #include "platform/photo_permission.h"
+#include "support/conditions.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
 
 #include <optional>
 
@@ -77,9 +78,9 @@ private Q_SLOTS:
     void allowIsRemembered() {
         std::optional<Status> answer;
         ask(answer);
-        QTRY_VERIFY(question());
+        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
         clickButton(QStringLiteral("Allow"));
-        QTRY_COMPARE(answer, Status::authorized);
+        QTRY_COMPARE_WITH_TIMEOUT(answer, Status::authorized, fennick::test::patience);
         QCOMPARE(PhotoPermission::status(), Status::authorized);
         QVERIFY(test::readFile(home_.permissionsFile()).contains("photos=authorized"));
     }
@@ -87,18 +88,18 @@ private Q_SLOTS:
     void refusalIsRemembered() {
         std::optional<Status> answer;
         ask(answer);
-        QTRY_VERIFY(question());
+        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
         clickButton(QStringLiteral("Don’t Allow"));
-        QTRY_COMPARE(answer, Status::denied);
+        QTRY_COMPARE_WITH_TIMEOUT(answer, Status::denied, fennick::test::patience);
         QVERIFY(test::readFile(home_.permissionsFile()).contains("photos=denied"));
     }
 
     void closingTheQuestionDecidesNothing() {
         std::optional<Status> answer;
         ask(answer);
-        QTRY_VERIFY(question());
+        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
         QTest::keyClick(question(), Qt::Key_Escape);
-        QTRY_VERIFY(answer.has_value());
+        QTRY_VERIFY_WITH_TIMEOUT(answer.has_value(), fennick::test::patience);
         QCOMPARE(PhotoPermission::status(), Status::notDetermined);
         QCOMPARE(answer, Status::notDetermined);
     }
@@ -108,10 +109,10 @@ private Q_SLOTS:
         std::optional<Status> second;
         ask(first);
         ask(second);
-        QTRY_VERIFY(question());
+        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
         clickButton(QStringLiteral("Allow"));
-        QTRY_COMPARE(first, Status::authorized);
-        QTRY_COMPARE(second, Status::authorized);
+        QTRY_COMPARE_WITH_TIMEOUT(first, Status::authorized, fennick::test::patience);
+        QTRY_COMPARE_WITH_TIMEOUT(second, Status::authorized, fennick::test::patience);
         QVERIFY(!question());
     }
 
@@ -119,5 +120,7 @@ private:
     test::TemporaryHome home_;
 };
 
-QTEST_MAIN(PhotoPermissionTest)
+int photo_permission_test(int argc, char **argv) {
+    return fennick::test::runTest<QApplication, PhotoPermissionTest>(argc, argv);
+}
 #include "photo_permission_test.moc"

@@ -1,7 +1,8 @@
 #include "platform/preferences_format_linux.h"
+#include "support/test_program.h"
 
 #include <QBuffer>
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -82,5 +83,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(PreferencesFormatTest)
+int preferences_format_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, PreferencesFormatTest>(argc, argv);
+}
 #include "preferences_format_test.moc"

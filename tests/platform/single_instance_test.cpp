@@ -1,12 +1,14 @@
 #include "platform/single_instance.h"
+#include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace fennick;
 
@@ -25,7 +27,7 @@ private Q_SLOTS:
         QDBusConnection other =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
         other.asyncCall(activate);
-        QTRY_COMPARE(activations.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(activations.size(), 1, fennick::test::patience);
     }
 
 private:
@@ -33,5 +35,7 @@ private:
     test::PrivateSession session_;
 };
 
-QTEST_GUILESS_MAIN(SingleInstanceTest)
+int single_instance_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, SingleInstanceTest>(argc, argv);
+}
 #include "single_instance_test.moc"

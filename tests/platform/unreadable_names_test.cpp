@@ -1,7 +1,8 @@
 #include "platform/unreadable_names.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <filesystem>
 #include <fstream>
@@ -62,5 +63,7 @@ private:
     QTemporaryDir folder_;
 };
 
-QTEST_GUILESS_MAIN(UnreadableNamesTest)
+int unreadable_names_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, UnreadableNamesTest>(argc, argv);
+}
 #include "unreadable_names_test.moc"

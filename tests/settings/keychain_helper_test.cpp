@@ -1,8 +1,9 @@
 #include "settings/keychain_helper.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -68,5 +69,7 @@ private:
     test::PrivateSession session_;
 };
 
-QTEST_GUILESS_MAIN(KeychainHelperTest)
+int keychain_helper_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, KeychainHelperTest>(argc, argv);
+}
 #include "keychain_helper_test.moc"

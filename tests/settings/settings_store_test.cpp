@@ -1,11 +1,12 @@
 #include "settings/settings_store.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -204,5 +205,7 @@ private:
     test::PrivateSession session_;
 };
 
-QTEST_GUILESS_MAIN(SettingsStoreTest)
+int settings_store_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, SettingsStoreTest>(argc, argv);
+}
 #include "settings_store_test.moc"

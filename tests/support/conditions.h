@@ -6,10 +6,14 @@
 
 namespace fennick::test {
 
+// Milliseconds that a test waits for what must happen: longer than any machine is busy. Only a test that
+// fails waits so long.
+inline constexpr int patience = 120'000;
+
 // Runs the event loop until the condition holds or the time is up; returns whether it holds. Unlike QtTest's
 // own waiting, which sleeps between looks, events are served the moment they come.
 template <typename Condition>
-bool waitUntil(Condition condition, int milliseconds = 10000) {
+bool waitUntil(Condition condition, int milliseconds = patience) {
     QElapsedTimer elapsed;
     elapsed.start();
     QEventLoop loop;

@@ -17,7 +17,7 @@ QByteArray runSecretTool(const QStringList &arguments, const QByteArray &input =
     tool.start(QStringLiteral("secret-tool"), arguments + keyAttributes);
     tool.write(input);
     tool.closeWriteChannel();
-    if (!tool.waitForFinished()) {
+    if (!tool.waitForFinished(patience)) {
         qFatal("secret-tool did not finish");
     }
     return tool.readAllStandardOutput();
@@ -32,9 +32,9 @@ PrivateSession::PrivateSession() {
 
 PrivateSession::~PrivateSession() {
     secretStore_.kill();
-    secretStore_.waitForFinished();
+    secretStore_.waitForFinished(patience);
     bus_.kill();
-    bus_.waitForFinished();
+    bus_.waitForFinished(patience);
 }
 
 void PrivateSession::storeKey(const QByteArray &key) {
@@ -56,7 +56,7 @@ qsizetype PrivateSession::keyCount() {
 void PrivateSession::startBus() {
     bus_.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                                QStringLiteral("--print-address=1")});
-    if (!bus_.waitForStarted() || !bus_.waitForReadyRead()) {
+    if (!bus_.waitForStarted(patience) || !bus_.waitForReadyRead(patience)) {
         qFatal("dbus-daemon did not start: %s", bus_.readAllStandardError().constData());
     }
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus_.readLine().trimmed());

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include <unistd.h>
+
 namespace fennick::test {
 
 using namespace Qt::StringLiterals;
@@ -22,6 +24,16 @@ std::optional<int> peakMemory(qint64 process) {
     static const QRegularExpression line(uR"(VmHWM:\s*(\d+) kB)"_s);
     const auto match = line.match(QString::fromUtf8(contents(process, u"status"_s)));
     return match.hasMatch() ? std::optional(match.captured(1).toInt() / 1024) : std::nullopt;
+}
+
+qint64 processorTime(qint64 process) {
+    const QByteArray status = contents(process, u"stat"_s);
+    const QList<QByteArray> fields = status.mid(status.lastIndexOf(')') + 2).split(' ');
+    constexpr qsizetype user = 11; // of the fields after the name, in ticks
+    if (fields.size() <= user + 1) {
+        return 0;
+    }
+    return (fields.at(user).toLongLong() + fields.at(user + 1).toLongLong()) * 1000 / ::sysconf(_SC_CLK_TCK);
 }
 
 bool isSanitized(qint64 process) {

@@ -10,6 +10,9 @@ namespace fennick::test {
 // The most memory that it has held so far, in megabytes; nothing when it has ended.
 std::optional<int> peakMemory(qint64 process);
 
+// The processor time that it has used so far, in milliseconds; 0 when it has ended.
+qint64 processorTime(qint64 process);
+
 // Whether it was built with the address or the thread sanitizer, with which a process holds much more memory.
 bool isSanitized(qint64 process);
 

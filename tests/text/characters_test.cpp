@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/characters.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -68,5 +69,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(CharactersTest)
+int characters_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, CharactersTest>(argc, argv);
+}
 #include "characters_test.moc"

@@ -1,7 +1,8 @@
+#include "support/test_program.h"
 #include "text/currency_text.h"
 
+#include <QCoreApplication>
 #include <QLocale>
-#include <QTest>
 
 using namespace fennick;
 
@@ -67,5 +68,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(CurrencyTextTest)
+int currency_text_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, CurrencyTextTest>(argc, argv);
+}
 #include "currency_text_test.moc"

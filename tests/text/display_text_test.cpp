@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/display_text.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -38,5 +39,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(DisplayTextTest)
+int display_text_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, DisplayTextTest>(argc, argv);
+}
 #include "display_text_test.moc"

@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/number_text.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 #include <clocale>
 #include <limits>
@@ -35,5 +36,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(NumberTextTest)
+int number_text_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, NumberTextTest>(argc, argv);
+}
 #include "number_text_test.moc"

@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/path_text.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -37,5 +38,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(PathTextTest)
+int path_text_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, PathTextTest>(argc, argv);
+}
 #include "path_text_test.moc"

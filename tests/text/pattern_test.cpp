@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/pattern.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -27,5 +28,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(PatternTest)
+int pattern_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, PatternTest>(argc, argv);
+}
 #include "pattern_test.moc"

@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/unsafe_characters.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -16,5 +17,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(UnsafeCharactersTest)
+int unsafe_characters_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, UnsafeCharactersTest>(argc, argv);
+}
 #include "unsafe_characters_test.moc"

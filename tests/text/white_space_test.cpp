@@ -1,6 +1,7 @@
+#include "support/test_program.h"
 #include "text/white_space.h"
 
-#include <QTest>
+#include <QCoreApplication>
 
 using namespace fennick;
 
@@ -25,5 +26,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(WhiteSpaceTest)
+int white_space_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, WhiteSpaceTest>(argc, argv);
+}
 #include "white_space_test.moc"

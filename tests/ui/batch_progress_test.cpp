@@ -1,9 +1,11 @@
+#include "support/conditions.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/batch_progress.h"
 
+#include <QCoreApplication>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -41,7 +43,7 @@ private Q_SLOTS:
         Receipt second = add("b.pdf"); // before the while is over
         finish(second, ReceiptStatus::error);
         QVERIFY(ended.isEmpty());
-        QTRY_COMPARE(ended.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, patience);
         QCOMPARE(ended.first(), (QVariantList{1, 1}));
         QCOMPARE(progress_->totalCount(), 0);
     }
@@ -61,7 +63,7 @@ private Q_SLOTS:
         add("b.pdf");
         store_->clearAll();
         QVERIFY(!progress_->isUnderWay());
-        QTRY_COMPARE(ended.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, patience);
         QCOMPARE(ended.first(), (QVariantList{1, 0}));
     }
 
@@ -82,5 +84,7 @@ private:
     std::unique_ptr<BatchProgress> progress_;
 };
 
-QTEST_GUILESS_MAIN(BatchProgressTest)
+int batch_progress_test(int argc, char **argv) {
+    return runTest<QCoreApplication, BatchProgressTest>(argc, argv);
+}
 #include "batch_progress_test.moc"

@@ -1,13 +1,13 @@
 #include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/fennick_app.h"
 #include "ui/settings_view.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QTest>
 
 #include <memory>
 
@@ -100,5 +100,7 @@ private:
     std::unique_ptr<FennickApp> app_;
 };
 
-QTEST_MAIN(FennickAppTest)
+int fennick_app_test(int argc, char **argv) {
+    return runTest<QApplication, FennickAppTest>(argc, argv);
+}
 #include "fennick_app_test.moc"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/conditions.h"
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
@@ -69,7 +71,7 @@ private:
         if (!hasRun_ && dialog->isActiveWindow()) {
             hasRun_ = true;
             action_(dialog);
-        } else if (sinceStart_.hasExpired(10000)) {
+        } else if (sinceStart_.hasExpired(patience)) {
             dialog->reject();
         }
     }

@@ -1,7 +1,10 @@
 #include "folder_chooser_driver.h"
+#include "support/conditions.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/folder_chooser.h"
 
+#include <QApplication>
 #include <QListView>
 #include <QMessageBox>
 #include <QPointer>
@@ -152,7 +155,7 @@ private Q_SLOTS:
         });
         chooseFolder(&parent, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
         QVERIFY(isModal);
-        QTRY_VERIFY(!seen);
+        QTRY_VERIFY_WITH_TIMEOUT(!seen, patience);
     }
 
     void parentThatIsDeletedMeanwhileCancels() {
@@ -174,5 +177,7 @@ private:
     QString folder_ = home_.path(QStringLiteral("Tax & receipts"));
 };
 
-QTEST_MAIN(FolderChooserTest)
+int folder_chooser_test(int argc, char **argv) {
+    return runTest<QApplication, FolderChooserTest>(argc, argv);
+}
 #include "folder_chooser_test.moc"

@@ -2,16 +2,17 @@
 #include "support/private_session.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/caption_label.h"
 #include "ui/elided_label.h"
 #include "ui/home_view.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 #include <QToolButton>
 
 using namespace fennick;
@@ -130,5 +131,7 @@ private:
     PrivateSession session_;
 };
 
-QTEST_MAIN(HomeViewTest)
+int home_view_test(int argc, char **argv) {
+    return runTest<QApplication, HomeViewTest>(argc, argv);
+}
 #include "home_view_test.moc"

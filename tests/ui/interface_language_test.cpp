@@ -4,18 +4,20 @@
 #include "support/private_session.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "text/currency_text.h"
 #include "ui/interface_language.h"
 #include "ui/menu_bar_content.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QLocale>
 #include <QProcess>
 #include <QPushButton>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class InterfaceLanguageTest : public QObject {
     Q_OBJECT
@@ -31,19 +33,19 @@ private Q_SLOTS:
                                 << (chosen == nullptr ? std::nullopt
                                                       : std::optional(QString::fromLatin1(chosen)));
         };
-        row("German", {u"de-DE"_qs, u"de-Latn-DE"_qs, u"de"_qs}, "de");
-        row("German of Austria", {u"de-AT"_qs, u"de-Latn-AT"_qs}, "de");
-        row("French of Canada", {u"fr-CA"_qs}, "fr");
-        row("as in an environment", {u"fr_FR"_qs}, "fr");
-        row("English", {u"en-US"_qs}, nullptr);
-        row("English before German", {u"en-US"_qs, u"en-Latn-US"_qs, u"en"_qs, u"de-DE"_qs}, nullptr);
-        row("German before English", {u"de"_qs, u"en"_qs}, "de");
-        row("one that there is not, before French", {u"es-ES"_qs, u"fr-FR"_qs, u"de-DE"_qs}, "fr");
-        row("one that there is not, before English", {u"es-ES"_qs, u"en-GB"_qs, u"de-DE"_qs}, nullptr);
-        row("one that nobody knows, before German", {u"xx"_qs, u"de"_qs}, "de");
-        row("only one that there is not", {u"ja-JP"_qs}, nullptr);
-        row("C", {u"C"_qs}, nullptr);
-        row("POSIX before German", {u"POSIX"_qs, u"de"_qs}, nullptr);
+        row("German", {u"de-DE"_s, u"de-Latn-DE"_s, u"de"_s}, "de");
+        row("German of Austria", {u"de-AT"_s, u"de-Latn-AT"_s}, "de");
+        row("French of Canada", {u"fr-CA"_s}, "fr");
+        row("as in an environment", {u"fr_FR"_s}, "fr");
+        row("English", {u"en-US"_s}, nullptr);
+        row("English before German", {u"en-US"_s, u"en-Latn-US"_s, u"en"_s, u"de-DE"_s}, nullptr);
+        row("German before English", {u"de"_s, u"en"_s}, "de");
+        row("one that there is not, before French", {u"es-ES"_s, u"fr-FR"_s, u"de-DE"_s}, "fr");
+        row("one that there is not, before English", {u"es-ES"_s, u"en-GB"_s, u"de-DE"_s}, nullptr);
+        row("one that nobody knows, before German", {u"xx"_s, u"de"_s}, "de");
+        row("only one that there is not", {u"ja-JP"_s}, nullptr);
+        row("C", {u"C"_s}, nullptr);
+        row("POSIX before German", {u"POSIX"_s, u"de"_s}, nullptr);
         row("none", {}, nullptr);
     }
     void firstLanguageThatThereIsCounts() {
@@ -55,15 +57,15 @@ private Q_SLOTS:
     void countsHaveTheFormsOfTheLanguage_data() {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QStringList>("texts"); // of no, one, two, 1234 receipts
-        QTest::newRow("en") << u"en"_qs
-                            << QStringList{u"No receipts yet"_qs, u"1 receipts"_qs, u"2 receipts"_qs,
-                                           u"1234 receipts"_qs};
-        QTest::newRow("de") << u"de"_qs
-                            << QStringList{u"Noch keine Belege"_qs, u"1 Beleg"_qs, u"2 Belege"_qs,
-                                           u"1.234 Belege"_qs};
-        QTest::newRow("fr") << u"fr"_qs
-                            << QStringList{u"Aucun reçu pour l’instant"_qs, u"1 reçu"_qs, u"2 reçus"_qs,
-                                           u"1\u202F234 reçus"_qs};
+        QTest::newRow("en") << u"en"_s
+                            << QStringList{u"No receipts yet"_s, u"1 receipts"_s, u"2 receipts"_s,
+                                           u"1234 receipts"_s};
+        QTest::newRow("de") << u"de"_s
+                            << QStringList{u"Noch keine Belege"_s, u"1 Beleg"_s, u"2 Belege"_s,
+                                           u"1.234 Belege"_s};
+        QTest::newRow("fr") << u"fr"_s
+                            << QStringList{u"Aucun reçu pour l’instant"_s, u"1 reçu"_s, u"2 reçus"_s,
+                                           u"1\u202F234 reçus"_s};
     }
     void countsHaveTheFormsOfTheLanguage() {
         QFETCH(QString, language);
@@ -76,9 +78,9 @@ private Q_SLOTS:
         const MenuBarContent menu(&store);
         for (const char *const name : {"", "a", "b"}) {
             if (*name != '\0') {
-                store.add(finishedReceipt(u"/w/%1.pdf"_qs.arg(QLatin1StringView(name))));
+                store.add(finishedReceipt(u"/w/%1.pdf"_s.arg(QLatin1StringView(name))));
             }
-            shown.append(menu.findChild<QAction *>(u"count"_qs)->text());
+            shown.append(menu.findChild<QAction *>(u"count"_s)->text());
         }
         shown.append(MenuBarContent::tr("%n receipts", nullptr, 1234));
         QCOMPARE(shown, texts);
@@ -88,35 +90,35 @@ private Q_SLOTS:
         const auto cancel = [] {
             return QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text();
         };
-        const GeminiError failure{GeminiError::Kind::http, 503, u"%1 %2"_qs};
+        const GeminiError failure{GeminiError::Kind::http, 503, u"%1 %2"_s};
         const QString english = cancel();
         {
-            const InterfaceLanguage german({u"de"_qs});
-            QCOMPARE(cancel(), u"Abbrechen"_qs);
-            QCOMPARE(failure.errorDescription(), u"Fehler der Gemini-API: 503 – %1 %2"_qs);
+            const InterfaceLanguage german({u"de"_s});
+            QCOMPARE(cancel(), u"Abbrechen"_s);
+            QCOMPARE(failure.errorDescription(), u"Fehler der Gemini-API: 503 – %1 %2"_s);
         }
         QCOMPARE(cancel(), english);
-        QCOMPARE(failure.errorDescription(), u"Gemini API error: 503 — %1 %2"_qs);
+        QCOMPARE(failure.errorDescription(), u"Gemini API error: 503 — %1 %2"_s);
     }
 
     void formatsStayTheUsers() {
         const QLocale before;
-        const QString amount = amountText(1234.5, u"USD"_qs);
-        const InterfaceLanguage german({u"de"_qs});
+        const QString amount = amountText(1234.5, u"USD"_s);
+        const InterfaceLanguage german({u"de"_s});
         QCOMPARE(QLocale(), before);
-        QCOMPARE(amountText(1234.5, u"USD"_qs), amount);
+        QCOMPARE(amountText(1234.5, u"USD"_s), amount);
     }
 
     void programSpeaksTheLanguageOfItsEnvironment_data() {
         QTest::addColumn<QString>("languages");
         QTest::addColumn<QByteArray>("said");
-        QTest::newRow("none") << u""_qs
+        QTest::newRow("none") << u""_s
                               << QByteArray("Fennick is already running in another session of yours.");
-        QTest::newRow("German") << u"de"_qs
+        QTest::newRow("German") << u"de"_s
                                 << QByteArray("Fennick läuft bereits in einer anderen Sitzung von Ihnen.");
         QTest::newRow("English before German")
-            << u"en_US:de_DE"_qs << QByteArray("Fennick is already running in another session of yours.");
-        QTest::newRow("French") << u"es:fr_CA:de"_qs
+            << u"en_US:de_DE"_s << QByteArray("Fennick is already running in another session of yours.");
+        QTest::newRow("French") << u"es:fr_CA:de"_s
                                 << QByteArray("Fennick est déjà ouvert dans une autre de vos sessions.");
     }
     // By what it says when another session of the user's holds the list.
@@ -126,7 +128,7 @@ private Q_SLOTS:
         const DataFolderLock lock;
         QVERIFY(!lock.isTaken());
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"LANGUAGE"_qs, languages);
+        environment.insert(u"LANGUAGE"_s, languages);
         QProcess program;
         program.setProcessEnvironment(environment);
         program.start(QStringLiteral(FENNICK_BIN_DIR "/fennick"), QStringList());
@@ -136,7 +138,7 @@ private Q_SLOTS:
             return output.contains("Fennick") && output.endsWith('\n');
         }));
         program.kill(); // it waits for an answer to its dialog
-        QVERIFY(program.waitForFinished());
+        QVERIFY(program.waitForFinished(patience));
         QVERIFY2(output.contains(said), output.constData());
     }
 
@@ -145,5 +147,7 @@ private:
     PrivateSession session_;
 };
 
-QTEST_MAIN(InterfaceLanguageTest)
+int interface_language_test(int argc, char **argv) {
+    return runTest<QApplication, InterfaceLanguageTest>(argc, argv);
+}
 #include "interface_language_test.moc"

@@ -3,6 +3,7 @@
 #include "support/private_session.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/main_window.h"
 #include "ui/receipts_table.h"
 
@@ -18,7 +19,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -281,12 +281,12 @@ private Q_SLOTS:
     }
 
     void sizeAndColumnWidthsAreRemembered() {
-        window_->resize(1000, 600);
+        window_->resize(790, 600);
         store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
         table()->setColumnWidth(3, 222);
         window_->close();
         const MainWindow again(store_.get(), settings_.get(), appState_.get());
-        QCOMPARE(again.size(), QSize(1000, 600));
+        QCOMPARE(again.size(), QSize(790, 600));
         QCOMPARE(again.findChild<ReceiptsTable *>()->columnWidth(3), 222);
     }
 
@@ -345,5 +345,7 @@ private:
     std::unique_ptr<MainWindow> window_;
 };
 
-QTEST_MAIN(MainWindowTest)
+int main_window_test(int argc, char **argv) {
+    return runTest<QApplication, MainWindowTest>(argc, argv);
+}
 #include "main_window_test.moc"

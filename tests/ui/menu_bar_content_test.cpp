@@ -1,9 +1,10 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/menu_bar_content.h"
 
+#include <QApplication>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -63,5 +64,7 @@ private:
     TemporaryHome home_;
 };
 
-QTEST_MAIN(MenuBarContentTest)
+int menu_bar_content_test(int argc, char **argv) {
+    return runTest<QApplication, MenuBarContentTest>(argc, argv);
+}
 #include "menu_bar_content_test.moc"

@@ -2,11 +2,12 @@
 #include "support/notification_service.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/notices.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -107,7 +108,7 @@ private Q_SLOTS:
 
 private:
     bool waitForNotices(qsizetype count) const {
-        return waitUntil([&] { return service_->notices().size() >= count; }, 15000);
+        return waitUntil([&] { return service_->notices().size() >= count; });
     }
 
     TemporaryHome home_;
@@ -117,5 +118,7 @@ private:
     bool isInFront_ = false;
 };
 
-QTEST_GUILESS_MAIN(NoticesTest)
+int notices_test(int argc, char **argv) {
+    return runTest<QCoreApplication, NoticesTest>(argc, argv);
+}
 #include "notices_test.moc"

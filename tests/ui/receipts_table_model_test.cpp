@@ -1,11 +1,12 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/receipts_table_model.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QLocale>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 
@@ -152,5 +153,7 @@ private:
     std::unique_ptr<QAbstractItemModelTester> tester_;
 };
 
-QTEST_MAIN(ReceiptsTableModelTest)
+int receipts_table_model_test(int argc, char **argv) {
+    return runTest<QApplication, ReceiptsTableModelTest>(argc, argv);
+}
 #include "receipts_table_model_test.moc"

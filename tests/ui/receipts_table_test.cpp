@@ -2,6 +2,7 @@
 #include "support/conditions.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/receipts_table.h"
 #include "ui/receipts_table_model.h"
 #include "ui/row_actions.h"
@@ -10,7 +11,6 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolButton>
 
 #include <memory>
@@ -215,5 +215,7 @@ private:
     std::unique_ptr<ReceiptsTable> table_;
 };
 
-QTEST_MAIN(ReceiptsTableTest)
+int receipts_table_test(int argc, char **argv) {
+    return runTest<QApplication, ReceiptsTableTest>(argc, argv);
+}
 #include "receipts_table_test.moc"

@@ -1,6 +1,7 @@
 #include "folder_chooser_driver.h"
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
+#include "support/test_program.h"
 #include "ui/elided_label.h"
 #include "ui/symbols.h"
 
@@ -121,5 +122,9 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(SettingsFoldersTest)
+int settings_folders_test(int argc, char **argv) {
+    return runTest<QApplication, SettingsFoldersTest>(argc, argv);
+}
 #include "settings_folders_test.moc"
+
+#include <QApplication>

@@ -1,4 +1,6 @@
 #include "settings_view_under_test.h"
+#include "support/conditions.h"
+#include "support/test_program.h"
 #include "ui/caption_label.h"
 
 using namespace fennick;
@@ -13,16 +15,16 @@ private Q_SLOTS:
         create();
         QCOMPARE(field("apiKey")->text(), QString());
         show();
-        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("first"));
+        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("first"), patience);
         QVERIFY(!field("apiKey")->displayText().contains(u"first"));
         view_->close();
         PrivateSession::storeKey("second");
         show();
-        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("second"));
+        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("second"), patience);
         view_->close();
         PrivateSession::clearKey();
         show();
-        QTRY_COMPARE(field("apiKey")->text(), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QString(), patience);
     }
 
     void fieldThatStillWaitsForTheStoredKeyDoesNotRemoveIt() {
@@ -32,7 +34,7 @@ private Q_SLOTS:
         QCOMPARE(field("apiKey")->text(), QString());
         click(button("saveKey"));
         QCOMPARE(PrivateSession::lookUpKey(), "stored");
-        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("stored"));
+        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("stored"), patience);
     }
 
     void keyThatIsBeingTypedIsNotReplacedByTheStoredOne() {
@@ -86,7 +88,7 @@ private Q_SLOTS:
         create();
         show();
         QVERIFY(settings_->hasAPIKey());
-        QTRY_COMPARE(field("apiKey")->text(), QStringLiteral("stored"));
+        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("stored"), patience);
         type(field("apiKey"), text);
         click(button("saveKey"));
         QCOMPARE(PrivateSession::keyCount(), 0);
@@ -112,5 +114,9 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(SettingsGeminiTest)
+int settings_gemini_test(int argc, char **argv) {
+    return runTest<QApplication, SettingsGeminiTest>(argc, argv);
+}
 #include "settings_gemini_test.moc"
+
+#include <QApplication>

@@ -1,8 +1,10 @@
 #include "platform/photo_permission.h"
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
+#include "support/test_program.h"
 #include "ui/caption_label.h"
 
+#include <QApplication>
 #include <QMessageBox>
 
 using namespace fennick;
@@ -156,5 +158,7 @@ private:
     }
 };
 
-QTEST_MAIN(SettingsPhotosTest)
+int settings_photos_test(int argc, char **argv) {
+    return runTest<QApplication, SettingsPhotosTest>(argc, argv);
+}
 #include "settings_photos_test.moc"

@@ -1,5 +1,7 @@
 #include "settings_view_under_test.h"
+#include "support/test_program.h"
 
+#include <QApplication>
 #include <QSignalSpy>
 
 using namespace fennick;
@@ -62,5 +64,7 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(SettingsStartupTest)
+int settings_startup_test(int argc, char **argv) {
+    return runTest<QApplication, SettingsStartupTest>(argc, argv);
+}
 #include "settings_startup_test.moc"

@@ -1,8 +1,10 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
+#include "support/test_program.h"
 #include "ui/caption_label.h"
 #include "ui/elided_label.h"
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollBar>
@@ -272,5 +274,7 @@ private:
     }
 };
 
-QTEST_MAIN(SettingsViewTest)
+int settings_view_test(int argc, char **argv) {
+    return runTest<QApplication, SettingsViewTest>(argc, argv);
+}
 #include "settings_view_test.moc"

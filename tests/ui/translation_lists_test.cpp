@@ -1,8 +1,12 @@
+#include "support/test_program.h"
+
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
-#include <QTest>
 #include <QXmlStreamReader>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,7 +24,7 @@ struct List {
 };
 
 void readTranslations(QXmlStreamReader &reader, Entry &entry) {
-    entry.isFinished = !reader.attributes().hasAttribute(u"type"_qs);
+    entry.isFinished = !reader.attributes().hasAttribute(u"type"_s);
     if (!entry.hasCount) {
         entry.translations.append(reader.readElementText());
         return;
@@ -32,7 +36,7 @@ void readTranslations(QXmlStreamReader &reader, Entry &entry) {
 
 Entry readEntry(QXmlStreamReader &reader) {
     Entry entry;
-    entry.hasCount = reader.attributes().value(u"numerus"_qs) == u"yes";
+    entry.hasCount = reader.attributes().value(u"numerus"_s) == u"yes";
     while (reader.readNextStartElement()) {
         if (reader.name() == u"source") {
             entry.source = reader.readElementText();
@@ -55,7 +59,7 @@ List readList(const QString &path) {
     while (!reader.atEnd()) {
         reader.readNext();
         if (reader.isStartElement() && reader.name() == u"TS") {
-            list.language = reader.attributes().value(u"language"_qs).toString();
+            list.language = reader.attributes().value(u"language"_s).toString();
         } else if (reader.isStartElement() && reader.name() == u"message") {
             list.entries.append(readEntry(reader));
         }
@@ -68,7 +72,7 @@ List readList(const QString &path) {
 
 // %1 to %9 and %n, sorted; %L1 is %1 written in the way of the user's country.
 QStringList placeholders(const QString &text) {
-    static const QRegularExpression pattern(u"%L?([1-9n])"_qs);
+    static const QRegularExpression pattern(u"%L?([1-9n])"_s);
     QStringList found;
     for (auto match = pattern.globalMatch(text); match.hasNext();) {
         found.append(match.next().captured(1));
@@ -79,8 +83,8 @@ QStringList placeholders(const QString &text) {
 
 // Whether a letter of the text is underlined as its key; a doubled sign stands for itself.
 bool hasAccelerator(const QString &text) {
-    static const QRegularExpression pattern(u"&[^& ]"_qs);
-    return QString(text).remove(u"&&"_qs).contains(pattern);
+    static const QRegularExpression pattern(u"&[^& ]"_s);
+    return QString(text).remove(u"&&"_s).contains(pattern);
 }
 
 } // namespace
@@ -141,9 +145,9 @@ private Q_SLOTS:
 
 private:
     static QDir folder() { return QDir(QStringLiteral(FENNICK_SOURCE_DIR "/translations")); }
-    static QStringList listFiles() { return folder().entryList({u"*.ts"_qs}); }
+    static QStringList listFiles() { return folder().entryList({u"*.ts"_s}); }
     static QString pathOf(const QString &language) {
-        return folder().filePath(u"fennick_%1.ts"_qs.arg(language));
+        return folder().filePath(u"fennick_%1.ts"_s.arg(language));
     }
 
     static void lists() {
@@ -166,5 +170,7 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TranslationListsTest)
+int translation_lists_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, TranslationListsTest>(argc, argv);
+}
 #include "translation_lists_test.moc"

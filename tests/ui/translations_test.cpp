@@ -4,6 +4,7 @@
 #include "support/private_session.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
+#include "support/test_program.h"
 #include "ui/confirmations.h"
 #include "ui/export_panel.h"
 #include "ui/folder_chooser.h"
@@ -16,7 +17,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QTest>
 
 #include <functional>
 #include <memory>
@@ -267,5 +267,7 @@ private:
     std::unique_ptr<AppState> appState_;
 };
 
-QTEST_MAIN(TranslationsTest)
+int translations_test(int argc, char **argv) {
+    return runTest<QApplication, TranslationsTest>(argc, argv);
+}
 #include "translations_test.moc"
