@@ -58,6 +58,10 @@ Google's Gemini service or by an engine on the machine itself.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+# A package fits the release it was built on. The newer release's is the newer version, so that an upgrade of the system
+# replaces it.
+cmake_host_system_information(RESULT FENNICK_RELEASE QUERY DISTRIB_VERSION_ID)
+set(CPACK_DEBIAN_PACKAGE_RELEASE "1~deb${FENNICK_RELEASE}")
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Fennick developers <developers@fennick.org>")
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

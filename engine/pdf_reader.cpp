@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfDocument>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <mutex>
@@ -23,6 +24,21 @@ bool isWorthReading(const QString &text) {
     const auto readable =
         std::ranges::count_if(text, [](QChar character) { return character.isLetterOrNumber(); });
     return readable >= fewestCharactersOfText;
+}
+
+// Where letters are placed one by one, PDFium may guess a blank inside of a word or a number: "2 3 .50". Only
+// the places of the words say whether it is one.
+bool hasDoubtfulBlanks(const QString &piece) {
+    static const QRegularExpression loneCharacter(QStringLiteral(R"((?:^|\s)\S(?:\s|$))"));
+    return piece.contains(u' ') && piece.contains(loneCharacter);
+}
+
+// Newer Qt rounds places to whole points, so that neighbouring letters may seem a point farther apart than
+// they are.
+constexpr double roundingError = 0.4;
+
+bool standsOnWholePoints(const TextLine &fragment) {
+    return fragment.box == QRectF(fragment.box.toRect());
 }
 
 // The text of one page with the places of its pieces. PDFium gives it in drawing order and its line breaks
@@ -44,11 +60,16 @@ public:
             collect(start, end);
             start = end + 1;
         }
+        if (std::ranges::all_of(fragments_, standsOnWholePoints)) {
+            for (TextLine &fragment : fragments_) {
+                fragment.box.adjust(-roundingError, 0, roundingError, 0);
+            }
+        }
         return joinedRows(fragments_);
     }
 
 private:
-    // Halves the piece until each part stands on one row.
+    // Halves the piece until each part stands on one row and its blanks can be believed.
     void collect(qsizetype start, qsizetype end) {
         const QString piece = text_.sliced(start, end - start).simplified();
         if (piece.isEmpty() || ++lookUps_ > mostLookUps) {
@@ -57,7 +78,7 @@ private:
         const QPdfSelection selection =
             document_.getSelectionAtIndex(page_, static_cast<int>(start), static_cast<int>(end - start));
         const qsizetype middle = blankNearMiddle(start, end);
-        if (standsOnOneRow(selection) || middle < 0) {
+        if ((standsOnOneRow(selection) && !hasDoubtfulBlanks(piece)) || middle < 0) {
             fragments_.append(
                 {.text = piece, .box = selection.boundingRectangle(), .confidence = 1, .page = page_});
             return;

@@ -46,14 +46,15 @@ void end(QProcess &process) {
     }
 }
 
+// Asked window by window: wmctrl ends with a fault when it lists one that does not name its machine.
 QStringList windows(const QString &title) {
+    static const QRegularExpression identifier(u"0x[0-9a-f]+"_s);
     QStringList found;
-    const QStringList lines = outputOf(u"wmctrl"_s, {u"-l"_s}).split(u'\n');
-    static const QRegularExpression line(u"^(0x[0-9a-f]+) +-?\\d+ +\\S+ (.*)$"_s);
-    for (const QString &each : lines) {
-        const QRegularExpressionMatch match = line.match(each);
-        if (match.hasMatch() && match.captured(2) == title) {
-            found.append(match.captured(1));
+    const QString list = VirtualDesktop::property(u"-root"_s, u"_NET_CLIENT_LIST"_s);
+    for (auto match = identifier.globalMatch(list); match.hasNext();) {
+        const QString window = match.next().captured();
+        if (VirtualDesktop::property(window, u"_NET_WM_NAME"_s) == u'"' + title + u'"') {
+            found.append(window);
         }
     }
     return found;
@@ -155,7 +156,8 @@ qsizetype VirtualDesktop::windowCount(const QString &title) {
 }
 
 QString VirtualDesktop::property(const QString &window, const QString &name) {
-    const QString line = outputOf(u"xprop"_s, {u"-id"_s, window, name});
+    const QString line = outputOf(u"xprop"_s, window == u"-root"_s ? QStringList{window, name}
+                                                                   : QStringList{u"-id"_s, window, name});
     const qsizetype equals = line.indexOf(u'=');
     return equals < 0 ? QString() : line.mid(equals + 1).trimmed();
 }

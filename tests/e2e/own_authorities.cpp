@@ -47,6 +47,14 @@ FILE *fopen64(const char *path, const char *mode) {
     return next<FILE *(const char *, const char *)>("fopen64")(redirected(path).c_str(), mode);
 }
 
+int open(const char *path, int flags, ...) {
+    va_list arguments;
+    va_start(arguments, flags);
+    const unsigned mode = va_arg(arguments, unsigned);
+    va_end(arguments);
+    return next<int(const char *, int, ...)>("open")(redirected(path).c_str(), flags, mode);
+}
+
 int open64(const char *path, int flags, ...) {
     va_list arguments;
     va_start(arguments, flags);
@@ -55,12 +63,20 @@ int open64(const char *path, int flags, ...) {
     return next<int(const char *, int, ...)>("open64")(redirected(path).c_str(), flags, mode);
 }
 
+int access(const char *path, int mode) {
+    return next<int(const char *, int)>("access")(redirected(path).c_str(), mode);
+}
+
 int stat(const char *path, struct stat *status) {
     return next<int(const char *, struct stat *)>("stat")(redirected(path).c_str(), status);
 }
 
 int stat64(const char *path, struct stat64 *status) {
     return next<int(const char *, struct stat64 *)>("stat64")(redirected(path).c_str(), status);
+}
+
+int lstat64(const char *path, struct stat64 *status) {
+    return next<int(const char *, struct stat64 *)>("lstat64")(redirected(path).c_str(), status);
 }
 
 int statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) {

@@ -48,17 +48,19 @@ private Q_SLOTS:
         connect(connection_, &HttpConnection::announced, connection_, &HttpConnection::takeBody);
         received_ = std::make_unique<QSignalSpy>(connection_, &HttpConnection::received);
         refused_ = std::make_unique<QSignalSpy>(connection_, &HttpConnection::refused);
-        QTRY_COMPARE_WITH_TIMEOUT(caller_->state(), QAbstractSocket::ConnectedState, fennick::test::patience);
+        fennick::test::waitUntil([&] { return caller_->state() == QAbstractSocket::ConnectedState; });
+        QCOMPARE(caller_->state(), QAbstractSocket::ConnectedState);
     }
 
     void cleanup() {
         caller_->abort();
-        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return connection_.isNull(); }));
     }
 
     void givesTheRequest() {
         caller_->write(head("POST", "/path?key=1", "Content-Length: 5\r\n") + "hello");
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
         QCOMPARE(received_->at(0).at(0).toByteArray(), QByteArray("POST"));
         QCOMPARE(received_->at(0).at(1).toUrl().path(), u"/path"_s);
         QCOMPARE(received_->at(0).at(2).toByteArray(), QByteArray("hello"));
@@ -71,13 +73,15 @@ private Q_SLOTS:
             QVERIFY(caller_->waitForBytesWritten());
             QCoreApplication::processEvents();
         }
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
         QCOMPARE(received_->at(0).at(2).toByteArray(), QByteArray("hello"));
     }
 
     void takesTheLargestBody() {
         caller_->write(post(largestBody_) + QByteArray(largestBody_, 'x'));
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
         QCOMPARE(received_->at(0).at(2).toByteArray().size(), largestBody_);
     }
 
@@ -85,46 +89,53 @@ private Q_SLOTS:
         caller_->write(post(largestBody_ + 1) + QByteArray(largestBody_, 'x'));
         QVERIFY(!refused_->wait(100));
         caller_->write("x");
-        QTRY_COMPARE_WITH_TIMEOUT(refused_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return refused_->count() == 1; });
+        QCOMPARE(refused_->count(), 1);
         QCOMPARE(refused_->at(0).at(0).toInt(), 413);
         QCOMPARE(received_->count(), 0);
     }
 
     void refusesAnEndlessHead() {
         caller_->write("GET / HTTP/1.1\r\nX: " + QByteArray(200'000, 'x'));
-        QTRY_COMPARE_WITH_TIMEOUT(refused_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return refused_->count() == 1; });
+        QCOMPARE(refused_->count(), 1);
         QCOMPARE(refused_->at(0).at(0).toInt(), 431);
     }
 
     void refusesNonsense() {
         caller_->write("hello\r\n\r\n");
-        QTRY_COMPARE_WITH_TIMEOUT(refused_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return refused_->count() == 1; });
+        QCOMPARE(refused_->count(), 1);
         QCOMPARE(refused_->at(0).at(0).toInt(), 400);
     }
 
     void refusesWhatAPageCouldForge() {
         caller_->write(post(5, "Origin: http://evil.example\r\n") + "hello");
-        QTRY_COMPARE_WITH_TIMEOUT(refused_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return refused_->count() == 1; });
+        QCOMPARE(refused_->count(), 1);
         QCOMPARE(refused_->at(0).at(0).toInt(), 403);
         QCOMPARE(announced_->count(), 0);
     }
 
     void refusesAtOnceWhenTheCallerWaits() {
         caller_->write(post(largestBody_ + 1, "Expect: 100-continue\r\n"));
-        QTRY_COMPARE_WITH_TIMEOUT(refused_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return refused_->count() == 1; });
+        QCOMPARE(refused_->count(), 1);
         QCOMPARE(refused_->at(0).at(0).toInt(), 413);
     }
 
     void leavesTheBodyUntilItIsWanted() {
         disconnect(connection_, &HttpConnection::announced, connection_, &HttpConnection::takeBody);
         caller_->write(post(largestBody_) + QByteArray(largestBody_, 'x'));
-        QTRY_COMPARE_WITH_TIMEOUT(announced_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return announced_->count() == 1; });
+        QCOMPARE(announced_->count(), 1);
         QCOMPARE(announced_->at(0).at(0).value<qsizetype>(), largestBody_);
         // The time of those who wait their turn does not run.
         QVERIFY(!received_->wait(2500));
         QVERIFY(connection_);
         connection_->takeBody();
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
         QCOMPARE(received_->at(0).at(2).toByteArray(), QByteArray(largestBody_, 'x'));
     }
 
@@ -134,7 +145,7 @@ private Q_SLOTS:
         QTimer drip;
         connect(&drip, &QTimer::timeout, this, [&] { caller_->write(slow.mid(sent++, 1)); });
         drip.start(150ms); // each byte would renew the patience of one who only minds silence
-        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return connection_.isNull(); }));
         QVERIFY(sent > 5 && sent < slow.size());
     }
 
@@ -143,34 +154,38 @@ private Q_SLOTS:
         QTimer drip;
         connect(&drip, &QTimer::timeout, this, [&] { caller_->write("x"); });
         drip.start(150ms);
-        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return connection_.isNull(); }));
         QCOMPARE(received_->count(), 0);
     }
 
     void asksForTheBodyWhenTheCallerWaits() {
         caller_->write(post(5, "Expect: 100-continue\r\n"));
-        QTRY_COMPARE_WITH_TIMEOUT(caller_->bytesAvailable(), 25, fennick::test::patience);
+        fennick::test::waitUntil([&] { return caller_->bytesAvailable() == 25; });
+        QCOMPARE(caller_->bytesAvailable(), 25);
         QCOMPARE(caller_->readAll(), QByteArray("HTTP/1.1 100 Continue\r\n\r\n"));
         caller_->write("hello");
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
     }
 
     void answersAndCloses() {
         caller_->write(head("GET", "/"));
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
         connection_->answer(404, "{\"a\":1}");
-        QTRY_COMPARE_WITH_TIMEOUT(caller_->state(), QAbstractSocket::UnconnectedState,
-                                  fennick::test::patience);
+        fennick::test::waitUntil([&] { return caller_->state() == QAbstractSocket::UnconnectedState; });
+        QCOMPARE(caller_->state(), QAbstractSocket::UnconnectedState);
         const QByteArray answer = caller_->readAll();
         QVERIFY(answer.startsWith("HTTP/1.1 404 Not Found\r\n"));
         QVERIFY(answer.contains("\r\nContent-Length: 7\r\n"));
         QVERIFY(answer.endsWith("\r\n\r\n{\"a\":1}"));
-        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return connection_.isNull(); }));
     }
 
     void servesOneRequestOnly() {
         caller_->write(head("GET", "/1") + head("GET", "/2"));
-        QTRY_COMPARE_WITH_TIMEOUT(received_->count(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return received_->count() == 1; });
+        QCOMPARE(received_->count(), 1);
         QVERIFY(!received_->wait(100));
         QCOMPARE(received_->at(0).at(1).toUrl().path(), u"/1"_s);
     }
@@ -178,7 +193,7 @@ private Q_SLOTS:
     void endsWithItsCaller() {
         caller_->write(post(5) + "he");
         caller_->disconnectFromHost();
-        QTRY_VERIFY_WITH_TIMEOUT(connection_.isNull(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return connection_.isNull(); }));
         QCOMPARE(received_->count(), 0);
     }
 };

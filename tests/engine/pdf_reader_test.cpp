@@ -49,6 +49,15 @@ QByteArray pdfWith(const QList<QList<DrawnText>> &pages, QRect rectangle = {}, b
     return buffer.data();
 }
 
+QByteArray written(QPDF &pdf) {
+    QPDFWriter writer(pdf);
+    writer.setOutputMemory();
+    writer.write();
+    const std::shared_ptr<Buffer> buffer = writer.getBufferSharedPointer();
+    return QByteArray(reinterpret_cast<const char *>(buffer->getBuffer()),
+                      static_cast<qsizetype>(buffer->getSize()));
+}
+
 QByteArray locked(const QByteArray &bytes, const char *userPassword) {
     QPDF pdf;
     pdf.processMemoryFile("document", bytes.constData(), static_cast<size_t>(bytes.size()));
@@ -138,8 +147,9 @@ private Q_SLOTS:
     }
 
     void refusesADocumentWithoutPages() {
-        const auto pages =
-            readPdf(pdfOfObjects("2 0 obj\n<</Type/Pages/Kids[]/Count 0>>\nendobj"), pageLimit);
+        QPDF empty;
+        empty.emptyPDF();
+        const auto pages = readPdf(written(empty), pageLimit);
         QVERIFY(!pages);
         QCOMPARE(pages.error(), ReadError::EmptyPdf);
     }

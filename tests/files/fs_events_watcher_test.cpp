@@ -78,7 +78,7 @@ private Q_SLOTS:
         write("sub/old.pdf");
         start();
         write("new.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("new.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("new.pdf"); }));
         letTimePass(400); // one more batch would be due
         QVERIFY(!isTold("old.pdf"));
         QVERIFY(!isTold("sub/old.pdf"));
@@ -89,7 +89,7 @@ private Q_SLOTS:
         write("early.pdf");
         watcher_->start();
         write("late.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("late.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("late.pdf"); }));
         letTimePass(400);
         QVERIFY(!isTold("early.pdf"));
     }
@@ -102,15 +102,15 @@ private Q_SLOTS:
         write("a.pdf");
         QFile::rename(path("b.pdf"), path("d.pdf"));
         QFile::remove(path("c.pdf"));
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf") && isTold("b.pdf") && isTold("c.pdf") && isTold("d.pdf"),
-                                 patience);
+        QVERIFY(waitUntil(
+            [&] { return isTold("a.pdf") && isTold("b.pdf") && isTold("c.pdf") && isTold("d.pdf"); }));
     }
 
     void changesInExistingSubFoldersAreTold() {
         QDir().mkpath(path("one/two/three"));
         start();
         write("one/two/three/a.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("one/two/three/a.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("one/two/three/a.pdf"); }));
     }
 
     void filesOfANewFolderAreToldHoweverFastTheyCame() {
@@ -121,7 +121,7 @@ private Q_SLOTS:
             write(name.constData());
             written.insert(path(name.constData()));
         }
-        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().contains(written), patience);
+        QVERIFY(waitUntil([&] { return log_->paths().contains(written); }));
     }
 
     void filesOfAMovedInTreeAreTold() {
@@ -134,9 +134,9 @@ private Q_SLOTS:
         }
         start();
         QVERIFY(QDir().rename(outside, path("moved")));
-        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().contains(expected), patience);
+        QVERIFY(waitUntil([&] { return log_->paths().contains(expected); }));
         write("moved/sub7/later.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("moved/sub7/later.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("moved/sub7/later.pdf"); }));
     }
 
     void folderMovedOutIsNoLongerWatched() {
@@ -144,11 +144,11 @@ private Q_SLOTS:
         start();
         const QString outside = folder_->filePath(QStringLiteral("outside"));
         QVERIFY(QDir().rename(path("sub"), outside));
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("sub"), patience);
+        QVERIFY(waitUntil([&] { return isTold("sub"); }));
         const qsizetype before = log_->paths().size();
         writeFile(outside + QStringLiteral("/deep/a.pdf"), "x");
         write("marker.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("marker.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("marker.pdf"); }));
         QCOMPARE(log_->paths().size(), before + 1);
     }
 
@@ -156,9 +156,9 @@ private Q_SLOTS:
         QDir().mkpath(path("before/deep"));
         start();
         QVERIFY(QDir().rename(path("before"), path("after")));
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("after"), patience);
+        QVERIFY(waitUntil([&] { return isTold("after"); }));
         write("after/deep/a.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("after/deep/a.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("after/deep/a.pdf"); }));
         QVERIFY(!isTold("before/deep/a.pdf"));
     }
 
@@ -167,9 +167,9 @@ private Q_SLOTS:
         start();
         QVERIFY(QDir(root_).removeRecursively());
         write("sub/b.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("sub/b.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("sub/b.pdf"); }));
         write("sub/c.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("sub/c.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("sub/c.pdf"); }));
     }
 
     void rootThatIsMovedAwayAndMadeAgainIsWatchedAgain() {
@@ -178,11 +178,11 @@ private Q_SLOTS:
         const QString elsewhere = folder_->filePath(QStringLiteral("elsewhere"));
         QVERIFY(QDir().rename(root_, elsewhere));
         write("a.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
         const qsizetype before = log_->paths().size();
         writeFile(elsewhere + QStringLiteral("/sub/strange.pdf"), "x");
         write("marker.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("marker.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("marker.pdf"); }));
         QCOMPARE(log_->paths().size(), before + 1);
     }
 
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QVERIFY(QDir(root_).removeRecursively());
         start();
         write("a.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
     }
 
     // Were it held back for the latency, it would never come sooner. On a busy machine it may come late as
@@ -203,7 +203,7 @@ private Q_SLOTS:
             const QByteArray name = QByteArray::number(attempt) + ".pdf";
             const auto before = Clock::now();
             write(name.constData());
-            QTRY_VERIFY_WITH_TIMEOUT(isTold(name.constData()), patience);
+            QVERIFY(waitUntil([&] { return isTold(name.constData()); }));
             soonest = std::min(soonest, duration_cast<milliseconds>(log_->batches().last().at - before));
         }
         QVERIFY(soonest < latency);
@@ -215,7 +215,7 @@ private Q_SLOTS:
             write(("a" + QByteArray::number(index) + ".pdf").constData());
             letTimePass(50);
         }
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("a19.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("a19.pdf"); }));
         const QList<Batch> batches = log_->batches();
         QVERIFY(batches.size() >= 3);
         for (qsizetype index = 1; index < batches.size(); ++index) {
@@ -227,7 +227,7 @@ private Q_SLOTS:
         start();
         watcher_->start();
         QDir().mkpath(path("folder")); // one event, unlike a file's several
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("folder"), patience);
+        QVERIFY(waitUntil([&] { return isTold("folder"); }));
         letTimePass(400);
         QCOMPARE(log_->batches().size(), 1);
         QCOMPARE(log_->batches().first().paths, QStringList{path("folder")});
@@ -244,14 +244,14 @@ private Q_SLOTS:
     void batchesComeOnAThreadNamedAfterTheProgram() {
         start();
         write("a.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("a.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
         QCOMPARE(log_->batches().first().threadName, QStringLiteral("org.fennick.Fennick.fsevents"));
     }
 
     void namesOutsideAsciiAreToldAsTheyAre() {
         start();
         write("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("Caf\u00E9 \U0001F600/Re\u0301c\u202E.pdf"); }));
     }
 
     void linkedFoldersAreNotFollowed() {
@@ -262,7 +262,7 @@ private Q_SLOTS:
         start();
         writeFile(outside + QStringLiteral("/a.pdf"), "x");
         write("marker.pdf");
-        QTRY_VERIFY_WITH_TIMEOUT(isTold("marker.pdf"), patience);
+        QVERIFY(waitUntil([&] { return isTold("marker.pdf"); }));
         QCOMPARE(log_->paths(), QSet<QString>{path("marker.pdf")});
     }
 
@@ -291,7 +291,7 @@ private Q_SLOTS:
         }
         gate.unlock();
         QVERIFY(isHeldUp);
-        QTRY_VERIFY_WITH_TIMEOUT(log_->paths().size() >= files + 1, patience);
+        QVERIFY(waitUntil([&] { return log_->paths().size() >= files + 1; }));
     }
 
 private:

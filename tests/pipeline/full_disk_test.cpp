@@ -157,7 +157,8 @@ private Q_SLOTS:
         pipeline_->settings->setWatchFolderPath(QFileInfo(path).path());
         pipeline_->appState->startWatching(QFileInfo(path).path());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        QTRY_COMPARE_WITH_TIMEOUT(readFile(pipeline_->receipts().first().filePath), "a receipt", patience);
+        waitUntil([&] { return readFile(pipeline_->receipts().first().filePath) == "a receipt"; });
+        QCOMPARE(readFile(pipeline_->receipts().first().filePath), "a receipt");
     }
 
 private:
@@ -197,7 +198,7 @@ private:
         pipeline_->store->add(receipt);
         writeFile(receipt.filePath, stripedPdf(2));
         pipeline_->appState->pushToPhotos(receipt);
-        QTRY_VERIFY_WITH_TIMEOUT(pipeline_->appState->lastError().has_value(), patience);
+        QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
         QVERIFY(!pipeline_->receipts().first().addedToPhotos);
     }
 

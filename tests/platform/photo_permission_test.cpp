@@ -78,9 +78,10 @@ private Q_SLOTS:
     void allowIsRemembered() {
         std::optional<Status> answer;
         ask(answer);
-        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return question(); }));
         clickButton(QStringLiteral("Allow"));
-        QTRY_COMPARE_WITH_TIMEOUT(answer, Status::authorized, fennick::test::patience);
+        fennick::test::waitUntil([&] { return answer == Status::authorized; });
+        QCOMPARE(answer, Status::authorized);
         QCOMPARE(PhotoPermission::status(), Status::authorized);
         QVERIFY(test::readFile(home_.permissionsFile()).contains("photos=authorized"));
     }
@@ -88,18 +89,19 @@ private Q_SLOTS:
     void refusalIsRemembered() {
         std::optional<Status> answer;
         ask(answer);
-        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return question(); }));
         clickButton(QStringLiteral("Don’t Allow"));
-        QTRY_COMPARE_WITH_TIMEOUT(answer, Status::denied, fennick::test::patience);
+        fennick::test::waitUntil([&] { return answer == Status::denied; });
+        QCOMPARE(answer, Status::denied);
         QVERIFY(test::readFile(home_.permissionsFile()).contains("photos=denied"));
     }
 
     void closingTheQuestionDecidesNothing() {
         std::optional<Status> answer;
         ask(answer);
-        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return question(); }));
         QTest::keyClick(question(), Qt::Key_Escape);
-        QTRY_VERIFY_WITH_TIMEOUT(answer.has_value(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return answer.has_value(); }));
         QCOMPARE(PhotoPermission::status(), Status::notDetermined);
         QCOMPARE(answer, Status::notDetermined);
     }
@@ -109,10 +111,12 @@ private Q_SLOTS:
         std::optional<Status> second;
         ask(first);
         ask(second);
-        QTRY_VERIFY_WITH_TIMEOUT(question(), fennick::test::patience);
+        QVERIFY(fennick::test::waitUntil([&] { return question(); }));
         clickButton(QStringLiteral("Allow"));
-        QTRY_COMPARE_WITH_TIMEOUT(first, Status::authorized, fennick::test::patience);
-        QTRY_COMPARE_WITH_TIMEOUT(second, Status::authorized, fennick::test::patience);
+        fennick::test::waitUntil([&] { return first == Status::authorized; });
+        QCOMPARE(first, Status::authorized);
+        fennick::test::waitUntil([&] { return second == Status::authorized; });
+        QCOMPARE(second, Status::authorized);
         QVERIFY(!question());
     }
 

@@ -27,7 +27,8 @@ private Q_SLOTS:
         QDBusConnection other =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
         other.asyncCall(activate);
-        QTRY_COMPARE_WITH_TIMEOUT(activations.size(), 1, fennick::test::patience);
+        fennick::test::waitUntil([&] { return activations.size() == 1; });
+        QCOMPARE(activations.size(), 1);
     }
 
 private:

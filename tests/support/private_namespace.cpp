@@ -3,7 +3,6 @@
 #include "support/temporary_home.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <sched.h>
 #include <sys/mount.h>
@@ -29,34 +28,13 @@ bool mountMemory(const QString &folder, const QByteArray &options) {
     return mount("tmpfs", QFile::encodeName(folder).constData(), "tmpfs", 0, options.constData()) == 0;
 }
 
-// Below a changed root nothing can be said of the file system that the root lies on. Whether others see a
-// mount is then found out by one.
-bool areMountsOwn(QFile &mountsOfOthers) {
-    if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0) {
-        return true;
-    }
-    const QTemporaryDir folder;
-    if (!mountMemory(folder.path(), "size=4k")) {
-        return false;
-    }
-    const bool isSeen =
-        !mountsOfOthers.seek(0) || mountsOfOthers.readAll().contains(QFile::encodeName(folder.path()));
-    unmount(folder.path());
-    return !isSeen;
-}
-
 } // namespace
 
 PrivateNamespace enterPrivateNamespace() {
-    QFile mountsOfOthers(
-        QStringLiteral("/proc/self/mountinfo")); // stays that of the namespace it was opened in
     PrivateNamespace allowed;
-    if (!mountsOfOthers.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return allowed;
-    }
     allowed.canLimitWatches = enterUserNamespace();
     if (allowed.canLimitWatches || unshare(CLONE_NEWNS) == 0) {
-        allowed.canMount = areMountsOwn(mountsOfOthers);
+        allowed.canMount = mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
     }
     return allowed;
 }

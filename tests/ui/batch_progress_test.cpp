@@ -43,7 +43,8 @@ private Q_SLOTS:
         Receipt second = add("b.pdf"); // before the while is over
         finish(second, ReceiptStatus::error);
         QVERIFY(ended.isEmpty());
-        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, patience);
+        waitUntil([&] { return ended.size() == 1; });
+        QCOMPARE(ended.size(), 1);
         QCOMPARE(ended.first(), (QVariantList{1, 1}));
         QCOMPARE(progress_->totalCount(), 0);
     }
@@ -63,7 +64,8 @@ private Q_SLOTS:
         add("b.pdf");
         store_->clearAll();
         QVERIFY(!progress_->isUnderWay());
-        QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, patience);
+        waitUntil([&] { return ended.size() == 1; });
+        QCOMPARE(ended.size(), 1);
         QCOMPARE(ended.first(), (QVariantList{1, 0}));
     }
 

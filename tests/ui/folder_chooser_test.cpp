@@ -155,7 +155,7 @@ private Q_SLOTS:
         });
         chooseFolder(&parent, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
         QVERIFY(isModal);
-        QTRY_VERIFY_WITH_TIMEOUT(!seen, patience);
+        QVERIFY(waitUntil([&] { return !seen; }));
     }
 
     void parentThatIsDeletedMeanwhileCancels() {

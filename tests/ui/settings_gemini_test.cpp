@@ -15,16 +15,19 @@ private Q_SLOTS:
         create();
         QCOMPARE(field("apiKey")->text(), QString());
         show();
-        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("first"), patience);
+        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("first"); });
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("first"));
         QVERIFY(!field("apiKey")->displayText().contains(u"first"));
         view_->close();
         PrivateSession::storeKey("second");
         show();
-        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("second"), patience);
+        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("second"); });
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("second"));
         view_->close();
         PrivateSession::clearKey();
         show();
-        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QString(), patience);
+        waitUntil([&] { return field("apiKey")->text() == QString(); });
+        QCOMPARE(field("apiKey")->text(), QString());
     }
 
     void fieldThatStillWaitsForTheStoredKeyDoesNotRemoveIt() {
@@ -34,7 +37,8 @@ private Q_SLOTS:
         QCOMPARE(field("apiKey")->text(), QString());
         click(button("saveKey"));
         QCOMPARE(PrivateSession::lookUpKey(), "stored");
-        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("stored"), patience);
+        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("stored"); });
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("stored"));
     }
 
     void keyThatIsBeingTypedIsNotReplacedByTheStoredOne() {
@@ -88,7 +92,8 @@ private Q_SLOTS:
         create();
         show();
         QVERIFY(settings_->hasAPIKey());
-        QTRY_COMPARE_WITH_TIMEOUT(field("apiKey")->text(), QStringLiteral("stored"), patience);
+        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("stored"); });
+        QCOMPARE(field("apiKey")->text(), QStringLiteral("stored"));
         type(field("apiKey"), text);
         click(button("saveKey"));
         QCOMPARE(PrivateSession::keyCount(), 0);
