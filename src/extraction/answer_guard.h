@@ -30,9 +30,10 @@ public:
     // Why the reply was ended, for the user; nothing if the guard had no part in its end.
     const std::optional<QString> &violation() const { return violation_; }
 
-private:
+    // Ends the reply soon, for this reason.
     void end(const QString &violation);
 
+private:
     QNetworkReply &reply_;
     QTimer patience_;
     QTimer transferWatch_;

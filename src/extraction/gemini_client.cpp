@@ -8,6 +8,7 @@
 #include <QCoroFuture>
 #include <QCoroNetworkReply>
 #include <QNetworkAccessManager>
+#include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QSslSocket>
@@ -108,7 +109,8 @@ std::expected<QByteArray, QString> preparedBody(const QString &filePath) {
 
 } // namespace
 
-QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress) {
+QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress,
+                         std::stop_token serviceEnd) {
     const auto body = co_await QtConcurrent::run(preparedBody, filePath);
     if (!body) {
         co_return failure(Kind::fileRead, body.error());
@@ -119,8 +121,15 @@ QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QStrin
     }
     // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
     const SessionPointer session(new QNetworkAccessManager);
+    if (url->scheme() == u"http") {
+        session->setProxy(QNetworkProxy::NoProxy); // plain text stays on this machine
+    }
     const ReplyPointer reply(session->post(request(*url), *body));
-    const AnswerGuard guard(*reply);
+    AnswerGuard guard(*reply);
+    const auto giveUp = [&guard] {
+        guard.end(QCoreApplication::translate("TransportError", "The service has ended unexpectedly."));
+    };
+    const std::stop_callback atServiceEnd(serviceEnd, giveUp);
     co_await qCoro(reply.get()).waitForFinished();
     co_return resultOf(*reply, guard, apiKey);
 }

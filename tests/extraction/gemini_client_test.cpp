@@ -125,6 +125,16 @@ private Q_SLOTS:
         QVERIFY(other.requests().isEmpty());
     }
 
+    void requestToThisMachineGoesToNoProxy() {
+        ScriptedServer proxy([](const HttpRequest &) { return answering("{}"); });
+        qputenv("http_proxy", proxy.address().toLatin1());
+        const Result result = scan();
+        qunsetenv("http_proxy");
+        QVERIFY(result);
+        QVERIFY(proxy.requests().isEmpty());
+        QCOMPARE(server_->requests().size(), 1);
+    }
+
     void refusedConnectionIsToldInTheSystemsWords() {
         const QString address = server_->address();
         server_.reset();
