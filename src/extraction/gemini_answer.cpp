@@ -2,10 +2,10 @@
 
 #include "extraction/normalisation.h"
 #include "text/characters.h"
+#include "text/json_reader.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
@@ -76,7 +76,7 @@ std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const Q
         return std::unexpected(
             GeminiError{Kind::http, statusCode, firstCharacters(utf8OrEmpty(body), errorBodyLimit)});
     }
-    const QJsonObject answer = QJsonDocument::fromJson(body).object();
+    const QJsonObject answer = parsedJson(body).value_or(QJsonValue()).toObject();
     const QJsonValue error = answer.value(QLatin1StringView("error"));
     if (error.isObject()) {
         return std::unexpected(apiError(error.toObject(), statusCode));

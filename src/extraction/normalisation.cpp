@@ -2,10 +2,9 @@
 
 #include "extraction/valid_categories.h"
 #include "text/characters.h"
+#include "text/json_reader.h"
 #include "text/pattern.h"
 #include "text/white_space.h"
-
-#include <QJsonDocument>
 
 #include <algorithm>
 #include <cmath>
@@ -17,8 +16,8 @@ namespace {
 constexpr qsizetype rawAnswerLimit = 500;
 
 std::optional<QJsonObject> parsedObject(const QString &text) {
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
-    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+    const auto value = parsedJson(text.toUtf8());
+    return value && value->isObject() ? std::optional(value->toObject()) : std::nullopt;
 }
 
 std::optional<QString> textMember(const QJsonObject &answer, QLatin1StringView key) {
