@@ -65,8 +65,8 @@ size_t placeOf(std::string_view key, size_t expected) {
 // left alone and `error` tells it.
 class RecordReader {
 public:
-    explicit RecordReader(Members members)
-        : members_(std::move(members)) {}
+    explicit RecordReader(Members &members)
+        : members_(members) {}
 
     void required(Key key, QString &field) {
         if (members_[key].type == Value::Type::absent) {
@@ -136,12 +136,13 @@ private:
         }
     }
 
-    Members members_;
+    Members &members_;
     std::optional<Error> firstError_;
 };
 
-std::expected<Receipt, Error> receiptFromMembers(Members members) {
-    RecordReader record(std::move(members));
+// Takes the texts out of the members.
+std::expected<Receipt, Error> receiptFromMembers(Members &members) {
+    RecordReader record(members);
     Receipt receipt;
     record.required(id, receipt.id);
     record.required(fileName, receipt.fileName);
@@ -169,7 +170,7 @@ class ListReader : public JsonPieces {
 public:
     void beginObject() override {
         if (level_ == 1) {
-            members_ = Members();
+            std::ranges::for_each(members_, [](Value &member) { member.type = Value::Type::absent; });
             expected_ = 0;
         } else {
             take({.type = Value::Type::other});
@@ -197,7 +198,8 @@ public:
     void endArray() override { --level_; }
     void text(std::string_view text) override {
         if (isWanted()) {
-            members_[place_] = {.type = Value::Type::text, .text = textFromUtf8(text)};
+            members_[place_].type = Value::Type::text;
+            members_[place_].text = textFromUtf8(text);
         }
         checkLevel();
     }
@@ -231,7 +233,7 @@ private:
     void checkLevel() { isList_ = isList_ && level_ > 1; }
 
     void addReceipt() {
-        auto receipt = receiptFromMembers(std::exchange(members_, {}));
+        auto receipt = receiptFromMembers(members_);
         if (receipt) {
             receipts_.append(*std::move(receipt));
         } else {
