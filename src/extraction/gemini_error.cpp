@@ -1,12 +1,14 @@
 #include "extraction/gemini_error.h"
 
+#include "text/characters.h"
+
 #include <QCoreApplication>
 
 namespace fennick {
 
 namespace {
 
-QString httpDescription(int status, const QString &body) {
+QString httpDescription(qint64 status, const QString &body) {
     if (body.isEmpty()) {
         return QCoreApplication::translate("GeminiError", "Gemini API error: %1").arg(status);
     }
@@ -42,10 +44,10 @@ QString GeminiError::errorDescription() const {
 }
 
 QString errorDescription(const ScanError &error) {
-    if (const auto *const transport = std::get_if<TransportError>(&error)) {
-        return transport->description;
-    }
-    return std::get<GeminiError>(error).errorDescription();
+    constexpr qsizetype longestText = 2000;
+    const auto *const transport = std::get_if<TransportError>(&error);
+    return shortened(transport ? transport->description : std::get<GeminiError>(error).errorDescription(),
+                     longestText);
 }
 
 } // namespace fennick

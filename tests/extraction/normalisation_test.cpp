@@ -233,6 +233,16 @@ private Q_SLOTS:
         QCOMPARE(normalized(R"({"summary": 1})").summary, QStringLiteral("Receipt scanned successfully"));
     }
 
+    void placeAndSummaryAreBounded() {
+        const auto data =
+            normalized("{\"location\": \" " + QByteArray("e\xCC\x81").repeated(1500) + "\", \"summary\": \"" +
+                       QByteArray(999, 'x') + "  y" + QByteArray(5000, 'z') + "\"}");
+        QCOMPARE(data.location, QStringLiteral("e\u0301").repeated(1000));
+        QCOMPARE(data.summary, QString(999, u'x')); // what the cut leaves at the end is trimmed as well
+        const auto piled = normalized("{\"summary\": \"e" + QByteArray("\xCC\x81").repeated(100'000) + "\"}");
+        QVERIFY(piled.summary.size() <= 16'000);
+    }
+
     void halfASurrogateIsReplaced() {
         QCOMPARE(normalized(R"({"summary": "a\ud83d"})").summary, QStringLiteral("a\uFFFD"));
     }
