@@ -2,11 +2,12 @@
 
 #include <QString>
 
+#include <optional>
 #include <variant>
 
 namespace fennick {
 
-// A failure of the extraction service's client, with the text that is stored and shown.
+// A failure of the extraction service's client, with the text that is stored: the same in every language.
 struct GeminiError {
     enum class Kind { fileRead, http, api, noText, parse, noCandidates };
 
@@ -31,5 +32,8 @@ using ScanError = std::variant<GeminiError, TransportError>;
 
 // At most 2,000 characters: whatever a service sends, it must not bloat the list.
 QString errorDescription(const ScanError &error);
+
+// A stored description of a GeminiError as the user is shown it; any other text as it stands.
+QString inUsersLanguage(const QString &stored);
 
 } // namespace fennick

@@ -1,6 +1,7 @@
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
 
+#include <QCoreApplication>
 #include <QCoroFuture>
 
 namespace fennick {
@@ -9,6 +10,10 @@ namespace {
 
 // How long the events of the pipeline's own renaming may take to arrive.
 constexpr std::chrono::seconds renameExclusion{5};
+
+// Stored as it stands, translated where it is shown.
+constexpr const char *keyMissing =
+    QT_TRANSLATE_NOOP("fennick::AppState", "API key not configured. Set your Gemini API key in Settings.");
 
 void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
     receipt.date = data.date;
@@ -32,7 +37,7 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
             co_return;
         }
         if (key.isEmpty()) {
-            failScan(receipt, tr("API key not configured. Set your Gemini API key in Settings."));
+            failScan(receipt, QString::fromUtf8(keyMissing));
             co_return;
         }
     }

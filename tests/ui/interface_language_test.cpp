@@ -93,10 +93,43 @@ private Q_SLOTS:
         {
             const InterfaceLanguage german({u"de"_qs});
             QCOMPARE(cancel(), u"Abbrechen"_qs);
-            QCOMPARE(failure.errorDescription(), u"Fehler der Gemini-API: 503 – %1 %2"_qs);
+            QCOMPARE(inUsersLanguage(failure.errorDescription()), u"Fehler der Gemini-API: 503 – %1 %2"_qs);
         }
         QCOMPARE(cancel(), english);
-        QCOMPARE(failure.errorDescription(), u"Gemini API error: 503 — %1 %2"_qs);
+        QCOMPARE(inUsersLanguage(failure.errorDescription()), u"Gemini API error: 503 — %1 %2"_qs);
+    }
+
+    void storedErrorsAreTheSameInEveryLanguage_data() {
+        using Kind = GeminiError::Kind;
+        QTest::addColumn<GeminiError>("error");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("file") << GeminiError{Kind::fileRead, 0, u"x"_qs} << u"Failed to read file: x"_qs;
+        QTest::newRow("http") << GeminiError{Kind::http, 503, {}} << u"Gemini API error: 503"_qs;
+        QTest::newRow("http with body")
+            << GeminiError{Kind::http, 503, u"x — y"_qs} << u"Gemini API error: 503 — x — y"_qs;
+        QTest::newRow("api") << GeminiError{Kind::api, 7, u"x: y"_qs}
+                             << u"Gemini API returned error 7: x: y"_qs;
+        QTest::newRow("no text") << GeminiError{Kind::noText, 0, u"SAFETY"_qs}
+                                 << u"Gemini API returned no text content. Finish reason: SAFETY"_qs;
+        QTest::newRow("parse") << GeminiError{Kind::parse, 0, u"x"_qs}
+                               << u"Could not parse JSON from Gemini response. Raw response: x"_qs;
+        QTest::newRow("no candidates")
+            << GeminiError{Kind::noCandidates, 0, {}} << u"Gemini API returned no candidates in response"_qs;
+    }
+    void storedErrorsAreTheSameInEveryLanguage() {
+        QFETCH(GeminiError, error);
+        QFETCH(QString, stored);
+        const InterfaceLanguage german({u"de"_qs});
+        QCOMPARE(error.errorDescription(), stored);
+        const QString shown = inUsersLanguage(stored);
+        QVERIFY(shown != stored);
+        QVERIFY(shown.endsWith(error.text));
+    }
+
+    void otherTextsAreShownAsTheyStand() {
+        const InterfaceLanguage german({u"de"_qs});
+        QCOMPARE(inUsersLanguage(u"Connection refused"_qs), u"Connection refused"_qs);
+        QCOMPARE(inUsersLanguage({}), QString());
     }
 
     void formatsStayTheUsers() {
