@@ -9,7 +9,6 @@
 #include <QCoroFuture>
 #include <QCoroNetworkReply>
 #include <QNetworkAccessManager>
-#include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QSslSocket>
@@ -149,9 +148,6 @@ QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QStrin
     }
     // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
     const SessionPointer session(new QNetworkAccessManager);
-    if (url->scheme() == u"http") {
-        session->setProxy(QNetworkProxy::NoProxy); // plain text stays on this machine
-    }
     QNetworkRequest next = request(*url);
     bool hasBody = true;
     for (int redirections = 0;; ++redirections) {
