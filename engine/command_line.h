@@ -4,13 +4,23 @@
 #include <QStringList>
 
 #include <expected>
+#include <optional>
 
 namespace fennick {
 
 constexpr quint16 defaultPort = 47111;
 
-// The port that `arguments` (without the program's name) ask for: "--port N", 0 = any free one. Otherwise one
-// line that says what is wrong.
-std::expected<quint16, QString> requestedPort(const QStringList &arguments);
+// Where to take connections: from a listening socket that was handed down, or else on a port.
+struct ListeningPlace {
+    quint16 port = defaultPort; // 0 = any free one
+    std::optional<int> socket = {};
+
+    bool operator==(const ListeningPlace &other) const = default;
+};
+
+// The place that `arguments` (without the program's name) ask for: "--port N", or "--socket N" for the open
+// file of that number, which a parent uses that keeps the port to itself. Otherwise one line that says what
+// is wrong.
+std::expected<ListeningPlace, QString> requestedPlace(const QStringList &arguments);
 
 } // namespace fennick

@@ -3,6 +3,7 @@
 #include "engine/http_connection.h"
 #include "engine/receipt_reader.h"
 #include "engine/service_answer.h"
+#include "platform/connection_owner.h"
 
 #include <QFuture>
 #include <QJsonDocument>
@@ -21,6 +22,8 @@ namespace {
 
 // Those beyond it wait until one of them ends. Fennick has a few at a time.
 constexpr int mostConnections = 32;
+// Those beyond it are closed without a word.
+constexpr int mostStrangers = 8;
 // Requests of usual size enter by the dozen, the largest ones one at a time.
 constexpr qsizetype largestAdmitted = largestRequest;
 
@@ -93,11 +96,22 @@ std::expected<quint16, QString> ExtractionServer::listen(quint16 port) {
     return listener_.serverPort();
 }
 
+std::expected<quint16, QString> ExtractionServer::listenOn(int socket) {
+    if (!listener_.setSocketDescriptor(socket)) {
+        return std::unexpected(listener_.errorString());
+    }
+    return listener_.serverPort();
+}
+
 void ExtractionServer::acceptWaiting() {
     while (connections_ < mostConnections) {
         QTcpSocket *socket = listener_.nextPendingConnection();
         if (!socket) {
             return;
+        }
+        if (!comesFromOwnUser(socket->socketDescriptor())) {
+            refuseStranger(socket);
+            continue;
         }
         ++connections_;
         serve(new HttpConnection(socket, {.largestBody = largestRequest}, this));
@@ -113,10 +127,7 @@ void ExtractionServer::serve(HttpConnection *connection) {
         waiting_.enqueue({connection, request});
         admitWaiting();
     });
-    connect(connection, &HttpConnection::refused, this, [connection](int status) {
-        const Answer answer = refusal(transportError(status));
-        connection->answer(answer.status, answer.json);
-    });
+    answerRefusal(connection);
     connect(
         connection, &HttpConnection::received, this,
         [this, connection, request](const QByteArray &method, const QUrl &target, const QByteArray &body) {
@@ -136,6 +147,26 @@ void ExtractionServer::serve(HttpConnection *connection) {
         }
         listener_.setMaxPendingConnections(mostConnections);
         listener_.resumeAccepting();
+    });
+}
+
+void ExtractionServer::refuseStranger(QTcpSocket *socket) {
+    if (strangers_ == mostStrangers) {
+        socket->abort();
+        socket->deleteLater();
+        return;
+    }
+    ++strangers_;
+    auto *const connection =
+        new HttpConnection(socket, {.largestBody = largestRequest, .refusal = 403}, this);
+    answerRefusal(connection);
+    connect(connection, &QObject::destroyed, this, [this] { --strangers_; });
+}
+
+void ExtractionServer::answerRefusal(HttpConnection *connection) {
+    connect(connection, &HttpConnection::refused, this, [connection](int status) {
+        const Answer answer = refusal(transportError(status));
+        connection->answer(answer.status, answer.json);
     });
 }
 

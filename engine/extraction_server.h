@@ -15,7 +15,8 @@ class HttpConnection;
 
 // Answers generateContent requests with what the engine reads in their document. Lives on the main thread;
 // documents are read on a pool of its own, one thread per processor. However many callers there are, a
-// bounded number is connected and a bounded size of requests is held; the others wait in their turn.
+// bounded number is connected and a bounded size of requests is held; the others wait in their turn. Only
+// programs of this user are served: whoever else is on the machine can reach the port as well.
 class ExtractionServer : public QObject {
     Q_OBJECT
 
@@ -26,6 +27,8 @@ public:
 
     // Listens on 127.0.0.1; port 0 = any free one. The error says why it cannot.
     std::expected<quint16, QString> listen(quint16 port);
+    // Takes the connections of an open socket that listens already; returns its port.
+    std::expected<quint16, QString> listenOn(int socket);
 
 private:
     // One request from its announcement until neither its caller nor a reader needs it any more.
@@ -42,6 +45,8 @@ private:
 
     void acceptWaiting();
     void serve(HttpConnection *connection);
+    void refuseStranger(QTcpSocket *socket);
+    void answerRefusal(HttpConnection *connection);
     void admitWaiting();
     void forget(Request &request);
     void startReading(HttpConnection *connection, const std::shared_ptr<Request> &request,
@@ -49,6 +54,7 @@ private:
 
     QTcpServer listener_;
     int connections_ = 0;
+    int strangers_ = 0; // connections of other users, until they have been refused
     QQueue<Waiting> waiting_;
     qsizetype admitted_ = 0; // bytes
     QThreadPool readers_;

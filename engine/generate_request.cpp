@@ -67,7 +67,7 @@ ServiceError transportError(int httpStatus) {
     }
     if (httpStatus == 403) {
         error.status = u"PERMISSION_DENIED"_s;
-        error.message = u"Only programs on this machine may use this server."_s;
+        error.message = u"Only programs of this user on this machine may use this server."_s;
     }
     error.code = httpStatus;
     return error;

@@ -107,7 +107,7 @@ void HttpConnection::readHead() {
     buffer_.remove(0, end + 4);
     buffer_.truncate(head_.contentLength);
     bodyReceived_ = buffer_.size();
-    refusal_ = refusalOf(head_, socket_->localPort());
+    refusal_ = limits_.refusal ? limits_.refusal : refusalOf(head_, socket_->localPort());
     if (!refusal_ && head_.contentLength > limits_.largestBody) {
         refusal_ = 413;
     }

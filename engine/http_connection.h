@@ -19,6 +19,7 @@ struct ConnectionLimits {
     std::chrono::milliseconds headTime = std::chrono::seconds(10);
     std::chrono::milliseconds bodyTime = std::chrono::seconds(30);
     std::chrono::milliseconds answerTime = std::chrono::seconds(30);
+    std::optional<int> refusal = {}; // the status that every request is refused with
 };
 
 // One caller and its one request; every answer closes the connection. Owns the socket, lives on the main

@@ -37,16 +37,18 @@ int main(int argc, char *argv[]) {
                     static_cast<int>(fennick::defaultPort));
         return 0;
     }
-    const std::expected<quint16, QString> port = fennick::requestedPort(application.arguments().mid(1));
-    if (!port) {
-        complain(port.error());
+    const std::expected<fennick::ListeningPlace, QString> place =
+        fennick::requestedPlace(application.arguments().mid(1));
+    if (!place) {
+        complain(place.error());
         return wrongArguments;
     }
 
     fennick::ExtractionServer server;
-    const std::expected<quint16, QString> listening = server.listen(*port);
+    const std::expected<quint16, QString> listening =
+        place->socket ? server.listenOn(*place->socket) : server.listen(place->port);
     if (!listening) {
-        complain(QStringLiteral("cannot listen on 127.0.0.1:%1: %2").arg(*port).arg(listening.error()));
+        complain(QStringLiteral("cannot listen on 127.0.0.1:%1: %2").arg(place->port).arg(listening.error()));
         return cannotListen;
     }
     std::printf("Listening on http://127.0.0.1:%d\n", static_cast<int>(*listening));

@@ -57,5 +57,7 @@ int main(int argc, char **argv) {
     QObject::connect(&instance, &fennick::SingleInstance::activationRequested, &app,
                      &fennick::FennickApp::showMainWindow);
     app.showMainWindow();
-    return QApplication::exec();
+    const int exitCode = QApplication::exec();
+    app.finish();
+    return exitCode;
 }

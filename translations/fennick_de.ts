@@ -83,23 +83,7 @@
     </message>
 </context>
 <context>
-    <name>GeminiClient</name>
-    <message>
-        <source>No HTTP response</source>
-        <translation>Keine HTTP-Antwort</translation>
-    </message>
-    <message>
-        <source>Invalid endpoint URL</source>
-        <translation>Ungültige Adresse des Dienstes</translation>
-    </message>
-</context>
-<context>
     <name>GeminiError</name>
-    <message>
-        <source>unknown</source>
-        <extracomment>What the service has not said: the reason of a failure or of the end of an answer.</extracomment>
-        <translation>unbekannt</translation>
-    </message>
     <message>
         <source>Gemini API error: %1</source>
         <translation>Fehler der Gemini-API: %1</translation>
@@ -184,6 +168,14 @@
         <source>The request timed out.</source>
         <translation>Zeitüberschreitung bei der Anfrage.</translation>
     </message>
+    <message>
+        <source>Connection closed</source>
+        <translation>Verbindung geschlossen</translation>
+    </message>
+    <message>
+        <source>The service has ended unexpectedly.</source>
+        <translation>Der Dienst wurde unerwartet beendet.</translation>
+    </message>
 </context>
 <context>
     <name>WatchFolderChooser</name>
@@ -250,6 +242,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Scanning %1 of %2</source>
         <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
         <translation>%L1 von %L2 wird gescannt</translation>
+    </message>
+    <message>
+        <source>The API key could not be stored: the secret store does not answer.</source>
+        <translation>Der API-Schlüssel konnte nicht gespeichert werden: Der Geheimnisspeicher antwortet nicht.</translation>
     </message>
 </context>
 <context>

@@ -83,23 +83,7 @@
     </message>
 </context>
 <context>
-    <name>GeminiClient</name>
-    <message>
-        <source>No HTTP response</source>
-        <translation>Aucune réponse HTTP</translation>
-    </message>
-    <message>
-        <source>Invalid endpoint URL</source>
-        <translation>Adresse du service non valide</translation>
-    </message>
-</context>
-<context>
     <name>GeminiError</name>
-    <message>
-        <source>unknown</source>
-        <extracomment>What the service has not said: the reason of a failure or of the end of an answer.</extracomment>
-        <translation>inconnue</translation>
-    </message>
     <message>
         <source>Gemini API error: %1</source>
         <translation>Erreur de l’API Gemini&#xa0;: %1</translation>
@@ -184,6 +168,14 @@
         <source>The request timed out.</source>
         <translation>La requête a expiré.</translation>
     </message>
+    <message>
+        <source>Connection closed</source>
+        <translation>Connexion fermée</translation>
+    </message>
+    <message>
+        <source>The service has ended unexpectedly.</source>
+        <translation>Le service s’est arrêté de façon inattendue.</translation>
+    </message>
 </context>
 <context>
     <name>WatchFolderChooser</name>
@@ -250,6 +242,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Scanning %1 of %2</source>
         <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
         <translation>Numérisation de %L1 sur %L2</translation>
+    </message>
+    <message>
+        <source>The API key could not be stored: the secret store does not answer.</source>
+        <translation>La clé API n’a pas pu être enregistrée : le coffre à secrets ne répond pas.</translation>
     </message>
 </context>
 <context>

@@ -5,12 +5,29 @@
 #include <QCoreApplication>
 #include <QNetworkReply>
 
+#include <algorithm>
+
 namespace fennick::GeminiClient {
 
 namespace {
 
 // Often enough for the fastest network: what comes in between is memory taken.
 constexpr std::chrono::milliseconds transferWatchInterval{500};
+
+// Far more than is ever shown of an answer.
+constexpr qint64 longestBeginning = 64LL * 1024;
+
+// Text in UTF-8 without the bytes of a character that does not end.
+QByteArray withoutBrokenEnd(const QByteArray &bytes) {
+    constexpr int longestPart = 3;
+    for (int part = 0; part <= longestPart; ++part) {
+        const QByteArray whole = bytes.chopped(std::min<qsizetype>(part, bytes.size()));
+        if (whole.isValidUtf8()) {
+            return whole;
+        }
+    }
+    return bytes;
+}
 
 QString tooLarge(qint64 limit) {
     return QCoreApplication::translate("TransportError", "The answer is larger than %1 MB.")
@@ -32,6 +49,7 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
     connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { patience_.start(); });
     connect(&reply, &QNetworkReply::readyRead, this, [this, limit = limits.largestSize] {
         if (reply_.bytesAvailable() > limit) {
+            beginning_ = withoutBrokenEnd(reply_.peek(longestBeginning));
             end(tooLarge(limit));
         }
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -30,13 +31,19 @@ public:
     // Why the reply was ended, for the user; nothing if the guard had no part in its end.
     const std::optional<QString> &violation() const { return violation_; }
 
-private:
+    // The first bytes of an answer that was ended because it is too large. Text is not cut within a
+    // character.
+    const std::optional<QByteArray> &beginning() const { return beginning_; }
+
+    // Ends the reply soon, for this reason.
     void end(const QString &violation);
 
+private:
     QNetworkReply &reply_;
     QTimer patience_;
     QTimer transferWatch_;
     std::optional<QString> violation_;
+    std::optional<QByteArray> beginning_;
 };
 
 } // namespace fennick::GeminiClient

@@ -1,15 +1,12 @@
 #include "extraction/gemini_answer.h"
 
+#include "extraction/key_removal.h"
 #include "extraction/normalisation.h"
 #include "text/characters.h"
+#include "text/json_reader.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-
-#include <algorithm>
-#include <cmath>
 
 namespace fennick::GeminiClient {
 
@@ -17,27 +14,24 @@ namespace {
 
 using Kind = GeminiError::Kind;
 
-constexpr qsizetype errorBodyLimit = 500;
+constexpr qsizetype quotationLimit = 500; // of what is not understood
+constexpr qsizetype messageLimit = 2000;
 
 QString utf8OrEmpty(const QByteArray &bytes) {
-    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString();
+    return bytes.isValidUtf8() ? textFromUtf8({bytes.constData(), static_cast<size_t>(bytes.size())})
+                               : QString();
 }
 
-QString unknown() {
-    //: What the service has not said: the reason of a failure or of the end of an answer.
-    return QCoreApplication::translate("GeminiError", "unknown");
-}
+const QString unknown = QStringLiteral("unknown");
 
-std::optional<int> integer(const QJsonValue &value) {
-    const double number = value.toDouble(std::nan(""));
-    constexpr double limit = 2147483647.0;
-    return std::trunc(number) == number && std::abs(number) <= limit ? std::optional(static_cast<int>(number))
-                                                                     : std::nullopt;
+std::optional<qint64> integer(const QJsonValue &value) {
+    const qint64 number = value.toInteger();
+    return value == QJsonValue(number) ? std::optional(number) : std::nullopt;
 }
 
 GeminiError apiError(const QJsonObject &error, int statusCode) {
     return {Kind::api, integer(error.value(QLatin1StringView("code"))).value_or(statusCode),
-            wellFormed(error.value(QLatin1StringView("message")).toString(unknown()))};
+            error.value(QLatin1StringView("message")).toString(unknown)};
 }
 
 // The objects of an array; nothing when it is no array or something else is among them.
@@ -69,14 +63,12 @@ QString firstText(const QJsonObject &candidate) {
     return {};
 }
 
-} // namespace
-
-std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const QByteArray &body) {
+// Failures hold their texts at full length, or else a key might be cut in two.
+std::expected<GeminiReceiptData, GeminiError> resultIn(int statusCode, const QByteArray &body) {
     if (statusCode < 200 || statusCode > 299) {
-        return std::unexpected(
-            GeminiError{Kind::http, statusCode, firstCharacters(utf8OrEmpty(body), errorBodyLimit)});
+        return std::unexpected(GeminiError{Kind::http, statusCode, utf8OrEmpty(body)});
     }
-    const QJsonObject answer = QJsonDocument::fromJson(body).object();
+    const QJsonObject answer = parsedJson(body).value_or(QJsonValue()).toObject();
     const QJsonValue error = answer.value(QLatin1StringView("error"));
     if (error.isObject()) {
         return std::unexpected(apiError(error.toObject(), statusCode));
@@ -89,13 +81,27 @@ std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const Q
     const QString text = firstText(candidate);
     if (text.isEmpty()) {
         const QJsonValue finishReason = candidate.value(QLatin1StringView("finishReason"));
-        return std::unexpected(GeminiError{Kind::noText, 0, wellFormed(finishReason.toString(unknown()))});
+        return std::unexpected(GeminiError{Kind::noText, 0, finishReason.toString(unknown)});
     }
     const auto answerObject = extractJSON(text);
     if (!answerObject) {
-        return std::unexpected(answerObject.error());
+        return std::unexpected(GeminiError{Kind::parse, 0, text});
     }
     return normalize(*answerObject);
+}
+
+} // namespace
+
+std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const QByteArray &body,
+                                                         const QString &apiKey) {
+    auto result = resultIn(statusCode, body);
+    if (!result) {
+        GeminiError &error = result.error();
+        const bool isQuoted = error.kind == Kind::http || error.kind == Kind::parse;
+        error.text =
+            wellFormed(shortened(withoutKey(error.text, apiKey), isQuoted ? quotationLimit : messageLimit));
+    }
+    return result;
 }
 
 } // namespace fennick::GeminiClient

@@ -9,7 +9,9 @@
 
 namespace fennick::GeminiClient {
 
-// The result that the service's HTTP answer holds, or the failure that it tells. Pure.
-std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const QByteArray &body);
+// The result that the service's HTTP answer holds, or the failure that it tells. Where a failure repeats the
+// key, however it is spelled, "[API key]" stands. Pure.
+std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const QByteArray &body,
+                                                         const QString &apiKey = {});
 
 } // namespace fennick::GeminiClient

@@ -3,6 +3,7 @@
 #include "extraction/answer_guard.h"
 #include "extraction/gemini_answer.h"
 #include "extraction/gemini_request.h"
+#include "extraction/key_removal.h"
 
 #include <QCoreApplication>
 #include <QCoroFuture>
@@ -26,6 +27,9 @@ using Result = std::expected<GeminiReceiptData, ScanError>;
 // Qt ends a transfer that makes no progress for this long by cancelling it.
 constexpr std::chrono::milliseconds timeOut = std::chrono::seconds(60);
 
+// A service that sends on for longer goes in circles.
+constexpr int mostRedirections = 20;
+
 // A reply resumes the task from inside one of its own signals, so neither it nor its session may go at once.
 struct DeleteLater {
     void operator()(QObject *object) const { object->deleteLater(); }
@@ -41,8 +45,8 @@ QNetworkRequest request(const QUrl &url) {
     QNetworkRequest request(url);
     request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
     request.setTransferTimeout(static_cast<int>(timeOut.count()));
-    // A receipt goes to the configured service and to nobody that it may name.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::SameOriginRedirectPolicy);
+    // The library would follow some and lose the bodies of the others.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     return request;
 }
 
@@ -55,48 +59,72 @@ QString transportDescription(const QNetworkReply &reply) {
     return description.endsWith(u": ") ? description.chopped(2) : description;
 }
 
-// A key of a few characters also stands in ordinary words, and is none that a service gives out.
-constexpr qsizetype shortestSecret = 6;
-
-// Servers and the network library may repeat the request's location, and with it the key.
-template <typename Text>
-Text withoutKey(Text text, const Text &key, const Text &replacement) {
-    return key.size() < shortestSecret ? text : text.replace(key, replacement);
+bool isErrorStatus(int status) {
+    return status < 200 || status > 299;
 }
 
-// The same words in every language: they may also end up in the list and its ledgers.
-QString withoutKey(const QString &text, const QString &key) {
-    return withoutKey(text, key, QStringLiteral("[API key]"));
+// The network library also reports what an error status means as an error, above these.
+bool isTransportError(const QNetworkReply &reply, bool hasErrorStatus) {
+    const QNetworkReply::NetworkError error = reply.error();
+    return error != QNetworkReply::NoError &&
+           (!hasErrorStatus || error <= QNetworkReply::UnknownNetworkError);
 }
 
-// Once more after parsing: an answer may spell the key with escapes.
-Result withoutKey(std::expected<GeminiReceiptData, GeminiError> answer, const QString &key) {
+// The library does not notice every time. It drops the length of a body that it unpacks.
+bool isCut(const QNetworkReply &reply, qsizetype received) {
+    const QVariant announced = reply.header(QNetworkRequest::ContentLengthHeader);
+    return announced.isValid() && received < announced.toLongLong();
+}
+
+Result transportFailure(const QString &description, const QString &apiKey) {
+    return std::unexpected(ScanError(TransportError{withoutKey(description, apiKey)}));
+}
+
+Result answerIn(int status, const QByteArray &body, const QString &apiKey) {
+    auto answer = readAnswer(status, body, apiKey);
     if (!answer) {
-        answer.error().text = withoutKey(answer.error().text, key);
-        return std::unexpected(ScanError(answer.error()));
+        return std::unexpected(ScanError(std::move(answer.error())));
     }
-    if (answer->location) {
-        answer->location = withoutKey(*answer->location, key);
-    }
-    answer->summary = withoutKey(answer->summary, key);
-    return *answer;
+    return *std::move(answer);
 }
 
 Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &apiKey) {
+    const QVariant statusAttribute = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const int status = statusAttribute.toInt();
+    const bool hasErrorStatus = statusAttribute.isValid() && isErrorStatus(status);
+    if (hasErrorStatus && guard.beginning()) {
+        return answerIn(status, *guard.beginning(), apiKey);
+    }
     if (guard.violation()) {
-        return std::unexpected(ScanError(TransportError{*guard.violation()}));
+        return transportFailure(*guard.violation(), apiKey);
     }
-    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    const bool isErrorStatus = status.isValid() && (status.toInt() < 200 || status.toInt() > 299);
-    if (reply.error() != QNetworkReply::NoError && !isErrorStatus) {
-        const QString description = withoutKey(transportDescription(reply), apiKey);
-        return std::unexpected(ScanError(TransportError{description}));
+    if (isTransportError(reply, hasErrorStatus)) {
+        return transportFailure(transportDescription(reply), apiKey);
     }
-    if (!status.isValid()) {
-        return failure(Kind::http, QCoreApplication::translate("GeminiClient", "No HTTP response"));
+    if (!statusAttribute.isValid()) {
+        return failure(Kind::http, QStringLiteral("No HTTP response"));
     }
-    const QByteArray body = withoutKey(reply.readAll(), apiKey.toUtf8(), QByteArrayLiteral("[API key]"));
-    return withoutKey(readAnswer(status.toInt(), body), apiKey);
+    const QByteArray body = reply.readAll();
+    if (isCut(reply, body.size())) {
+        return transportFailure(QCoreApplication::translate("TransportError", "Connection closed"), apiKey);
+    }
+    return answerIn(status, body, apiKey);
+}
+
+// Where the service wants to be asked instead; nothing for anybody else than the service.
+std::optional<QUrl> redirection(const QNetworkReply &reply) {
+    const QUrl target = reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    const QUrl here = reply.url();
+    const QUrl there = here.resolved(target);
+    const bool isSameOrigin =
+        there.scheme() == here.scheme() && there.host() == here.host() && there.port() == here.port();
+    return target.isValid() && isSameOrigin ? std::optional(there) : std::nullopt;
+}
+
+// Of the kinds of redirection these alone keep the request as it is; the others ask without the receipt.
+bool keepsBody(const QNetworkReply &reply) {
+    const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    return status == 307 || status == 308;
 }
 
 // TLS must be loaded completely before a request is made: making the first one meanwhile, the main thread
@@ -108,21 +136,35 @@ std::expected<QByteArray, QString> preparedBody(const QString &filePath) {
 
 } // namespace
 
-QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress) {
+QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress,
+                         std::stop_token serviceEnd) {
     const auto body = co_await QtConcurrent::run(preparedBody, filePath);
     if (!body) {
         co_return failure(Kind::fileRead, body.error());
     }
     const auto url = endpointUrl(serviceAddress, model, apiKey);
     if (!url) {
-        co_return failure(Kind::http, QCoreApplication::translate("GeminiClient", "Invalid endpoint URL"));
+        co_return failure(Kind::http, QStringLiteral("Invalid endpoint URL"));
     }
     // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
     const SessionPointer session(new QNetworkAccessManager);
-    const ReplyPointer reply(session->post(request(*url), *body));
-    const AnswerGuard guard(*reply);
-    co_await qCoro(reply.get()).waitForFinished();
-    co_return resultOf(*reply, guard, apiKey);
+    QNetworkRequest next = request(*url);
+    bool hasBody = true;
+    for (int redirections = 0;; ++redirections) {
+        const ReplyPointer reply(hasBody ? session->post(next, *body) : session->get(next));
+        AnswerGuard guard(*reply);
+        const auto giveUp = [&guard] {
+            guard.end(QCoreApplication::translate("TransportError", "The service has ended unexpectedly."));
+        };
+        const std::stop_callback atServiceEnd(serviceEnd, giveUp);
+        co_await qCoro(reply.get()).waitForFinished();
+        const auto target = redirection(*reply);
+        if (!target || redirections == mostRedirections) {
+            co_return resultOf(*reply, guard, apiKey);
+        }
+        next.setUrl(*target);
+        hasBody = hasBody && keepsBody(*reply);
+    }
 }
 
 void prepare() {

@@ -1,18 +1,61 @@
 #include "extraction/gemini_error.h"
 
+#include "text/characters.h"
+
 #include <QCoreApplication>
+
+#include <array>
 
 namespace fennick {
 
 namespace {
 
-QString httpDescription(int status, const QString &body) {
-    if (body.isEmpty()) {
-        return QCoreApplication::translate("GeminiError", "Gemini API error: %1").arg(status);
+constexpr qsizetype longestText = 2000; // of what is stored
+
+// The texts are marked for translation here and translated where they are shown: what is stored and exported
+// is the same in every language.
+constexpr const char *fileReadText = QT_TRANSLATE_NOOP("GeminiError", "Failed to read file: %1");
+constexpr const char *httpText = QT_TRANSLATE_NOOP("GeminiError", "Gemini API error: %1");
+//: %1 is the number of an HTTP status, %2 what the service has written.
+constexpr const char *httpBodyText = QT_TRANSLATE_NOOP("GeminiError", "Gemini API error: %1 — %2");
+constexpr const char *apiText = QT_TRANSLATE_NOOP("GeminiError", "Gemini API returned error %1: %2");
+//: %1 is a name from the service, like MAX_TOKENS.
+constexpr const char *noTextText =
+    QT_TRANSLATE_NOOP("GeminiError", "Gemini API returned no text content. Finish reason: %1");
+constexpr const char *parseText =
+    QT_TRANSLATE_NOOP("GeminiError", "Could not parse JSON from Gemini response. Raw response: %1");
+constexpr const char *noCandidatesText =
+    QT_TRANSLATE_NOOP("GeminiError", "Gemini API returned no candidates in response");
+
+// The longer of two that begin alike comes first.
+constexpr std::array texts = {fileReadText, httpBodyText, httpText,        apiText,
+                              noTextText,   parseText,    noCandidatesText};
+
+QString translated(const char *text) {
+    return QCoreApplication::translate("GeminiError", text);
+}
+
+// The translation of `stored` if it is one of `text`, with whatever stands there for %1 and %2.
+std::optional<QString> translationOf(const QString &stored, const char *text) {
+    const QString source = QString::fromUtf8(text);
+    const qsizetype first = source.indexOf(u"%1");
+    if (first < 0) {
+        return stored == source ? std::optional(translated(text)) : std::nullopt;
     }
-    //: %1 is the number of an HTTP status, %2 what the service has written.
-    return QCoreApplication::translate("GeminiError", "Gemini API error: %1 — %2")
-        .arg(QString::number(status), body);
+    if (!stored.startsWith(source.first(first))) {
+        return std::nullopt;
+    }
+    const QString rest = stored.sliced(first);
+    const qsizetype second = source.indexOf(u"%2");
+    if (second < 0) {
+        return translated(text).arg(rest);
+    }
+    const QString between = source.sliced(first + 2, second - first - 2);
+    const qsizetype place = rest.indexOf(between);
+    if (place < 0) {
+        return std::nullopt;
+    }
+    return translated(text).arg(rest.first(place), rest.sliced(place + between.size()));
 }
 
 } // namespace
@@ -20,32 +63,35 @@ QString httpDescription(int status, const QString &body) {
 QString GeminiError::errorDescription() const {
     switch (kind) {
     case Kind::fileRead:
-        return QCoreApplication::translate("GeminiError", "Failed to read file: %1").arg(text);
+        return QString::fromUtf8(fileReadText).arg(text);
     case Kind::http:
-        return httpDescription(code, text);
+        return text.isEmpty() ? QString::fromUtf8(httpText).arg(code)
+                              : QString::fromUtf8(httpBodyText).arg(QString::number(code), text);
     case Kind::api:
-        return QCoreApplication::translate("GeminiError", "Gemini API returned error %1: %2")
-            .arg(QString::number(code), text);
+        return QString::fromUtf8(apiText).arg(QString::number(code), text);
     case Kind::noText:
-        //: %1 is a name from the service, like MAX_TOKENS.
-        return QCoreApplication::translate("GeminiError",
-                                           "Gemini API returned no text content. Finish reason: %1")
-            .arg(text);
+        return QString::fromUtf8(noTextText).arg(text);
     case Kind::parse:
-        return QCoreApplication::translate("GeminiError",
-                                           "Could not parse JSON from Gemini response. Raw response: %1")
-            .arg(text);
+        return QString::fromUtf8(parseText).arg(text);
     case Kind::noCandidates:
-        return QCoreApplication::translate("GeminiError", "Gemini API returned no candidates in response");
+        return QString::fromUtf8(noCandidatesText);
     }
     Q_UNREACHABLE();
 }
 
 QString errorDescription(const ScanError &error) {
-    if (const auto *const transport = std::get_if<TransportError>(&error)) {
-        return transport->description;
+    const auto *const transport = std::get_if<TransportError>(&error);
+    return shortened(transport ? transport->description : std::get<GeminiError>(error).errorDescription(),
+                     longestText);
+}
+
+QString inUsersLanguage(const QString &stored) {
+    for (const char *const text : texts) {
+        if (const auto translation = translationOf(stored, text)) {
+            return *translation;
+        }
     }
-    return std::get<GeminiError>(error).errorDescription();
+    return stored;
 }
 
 } // namespace fennick

@@ -2,18 +2,20 @@
 
 #include <QString>
 
+#include <optional>
 #include <variant>
 
 namespace fennick {
 
-// A failure of the extraction service's client, with the text that the user is shown.
+// A failure of the extraction service's client, with the text that is stored: the same in every language.
 struct GeminiError {
     enum class Kind { fileRead, http, api, noText, parse, noCandidates };
 
     Kind kind;
-    int code = 0; // for `http` the status, for `api` the service's own code
-    QString text; // message, body, finish reason or raw answer, by kind
+    qint64 code = 0; // for `http` the status, for `api` the service's own code
+    QString text;    // message, body, finish reason or raw answer, by kind
 
+    // Of any length, as the text is.
     QString errorDescription() const;
 
     bool operator==(const GeminiError &other) const = default;
@@ -28,6 +30,10 @@ struct TransportError {
 
 using ScanError = std::variant<GeminiError, TransportError>;
 
+// At most 2,000 characters: whatever a service sends, it must not bloat the list.
 QString errorDescription(const ScanError &error);
+
+// A stored description of a GeminiError as the user is shown it; any other text as it stands.
+QString inUsersLanguage(const QString &stored);
 
 } // namespace fennick

@@ -2,10 +2,9 @@
 
 #include "extraction/valid_categories.h"
 #include "text/characters.h"
+#include "text/json_reader.h"
 #include "text/pattern.h"
 #include "text/white_space.h"
-
-#include <QJsonDocument>
 
 #include <algorithm>
 #include <cmath>
@@ -15,10 +14,11 @@ namespace fennick::GeminiClient {
 namespace {
 
 constexpr qsizetype rawAnswerLimit = 500;
+constexpr qsizetype longestText = 1000; // that is stored of a receipt
 
 std::optional<QJsonObject> parsedObject(const QString &text) {
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
-    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+    const auto value = parsedJson(text.toUtf8());
+    return value && value->isObject() ? std::optional(value->toObject()) : std::nullopt;
 }
 
 std::optional<QString> textMember(const QJsonObject &answer, QLatin1StringView key) {
@@ -39,7 +39,8 @@ std::optional<double> numberMember(const QJsonObject &answer, QLatin1StringView 
 
 std::optional<QString> trimmedMember(const QJsonObject &answer, QLatin1StringView key) {
     const auto text = textMember(answer, key);
-    const QString trimmed = text ? trimmedOfWhiteSpace(*text) : QString();
+    const QString trimmed =
+        text ? trimmedOfWhiteSpace(shortened(trimmedOfWhiteSpace(*text), longestText)) : QString();
     return trimmed.isEmpty() ? std::nullopt : std::optional(trimmed);
 }
 
@@ -65,7 +66,7 @@ std::expected<QJsonObject, GeminiError> extractJSON(const QString &text) {
         }
     }
     return std::unexpected(
-        GeminiError{GeminiError::Kind::parse, 0, wellFormed(firstCharacters(text, rawAnswerLimit))});
+        GeminiError{GeminiError::Kind::parse, 0, wellFormed(shortened(text, rawAnswerLimit))});
 }
 
 GeminiReceiptData normalize(const QJsonObject &answer) {

@@ -14,7 +14,8 @@ namespace fennick::GeminiClient {
 // models put words or code fences around it. Fails with `parse` and the first 500 characters of the text.
 std::expected<QJsonObject, GeminiError> extractJSON(const QString &text);
 
-// Drops every value that does not fit; category and summary get a fallback.
+// Drops every value that does not fit; category and summary get a fallback. Location and summary have at most
+// 1,000 characters.
 GeminiReceiptData normalize(const QJsonObject &answer);
 
 } // namespace fennick::GeminiClient

@@ -13,7 +13,7 @@ namespace fennick {
 namespace {
 
 constexpr std::chrono::seconds longestStart{20};
-constexpr int longestEnd = 1000; // milliseconds
+constexpr std::chrono::seconds longestEnd{1};
 const QByteArray announcement = QByteArrayLiteral("Listening on ");
 
 int mostUses() {
@@ -22,21 +22,21 @@ int mostUses() {
 
 } // namespace
 
+const QString OnDeviceEngine::key = QStringLiteral("on-device");
+
 OnDeviceEngine::OnDeviceEngine(QString program, std::chrono::milliseconds idleTime, QObject *parent)
     : QObject(parent)
     , program_(std::move(program)) {
     idle_.setSingleShot(true);
     idle_.setInterval(idleTime);
-    startLimit_.setSingleShot(true);
-    startLimit_.setInterval(longestStart);
+    patience_.setSingleShot(true);
     connect(&idle_, &QTimer::timeout, this, &OnDeviceEngine::end);
-    connect(&startLimit_, &QTimer::timeout, this, [this] {
+    connect(&patience_, &QTimer::timeout, this, [this] {
         //: Follows "The on-device engine could not be started: ".
         fail(tr("it does not answer"));
         process_.kill();
     });
-    endWithThisProgram(process_);
-    connect(&process_, &QProcess::readyReadStandardOutput, this, &OnDeviceEngine::readAddress);
+    connect(&process_, &QProcess::readyReadStandardOutput, this, &OnDeviceEngine::readAnnouncement);
     connect(&process_, &QProcess::finished, this, &OnDeviceEngine::handleEnd);
     connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
@@ -51,10 +51,11 @@ OnDeviceEngine::~OnDeviceEngine() {
     if (process_.state() == QProcess::NotRunning) {
         return;
     }
+    constexpr int milliseconds = std::chrono::milliseconds(longestEnd).count();
     process_.terminate();
-    if (!process_.waitForFinished(longestEnd)) {
+    if (!process_.waitForFinished(milliseconds)) {
         process_.kill();
-        process_.waitForFinished(longestEnd);
+        process_.waitForFinished(milliseconds);
     }
 }
 
@@ -88,17 +89,36 @@ void OnDeviceEngine::start() {
         failure_ = tr("%1 is missing").arg(program_);
         return;
     }
+    if (!openSocket()) {
+        return;
+    }
     state_ = State::starting;
-    startLimit_.start();
-    process_.start(program_, {QStringLiteral("--port"), QStringLiteral("0")});
+    engineEnd_ = std::stop_source();
+    patience_.start(longestStart);
+    endWithThisProgram(process_, {}, socket_->descriptor());
+    process_.start(program_, {QStringLiteral("--socket"), QString::number(socket_->descriptor())});
 }
 
-void OnDeviceEngine::readAddress() {
+// Once for all engines: another program could take the port between one and the next.
+bool OnDeviceEngine::openSocket() {
+    if (socket_) {
+        return true;
+    }
+    auto socket = ListeningSocket::open();
+    if (!socket) {
+        failure_ = socket.error();
+        return false;
+    }
+    socket_ = *std::move(socket);
+    return true;
+}
+
+void OnDeviceEngine::readAnnouncement() {
     while (process_.canReadLine()) {
         const QByteArray line = process_.readLine().trimmed();
         if (state_ == State::starting && line.startsWith(announcement)) {
-            address_ = QString::fromLatin1(line.mid(announcement.size()));
-            startLimit_.stop();
+            address_ = QStringLiteral("http://127.0.0.1:%1").arg(socket_->port());
+            patience_.stop();
             state_ = State::running;
             Q_EMIT settled();
         }
@@ -108,6 +128,7 @@ void OnDeviceEngine::readAddress() {
 void OnDeviceEngine::end() {
     if (state_ == State::running) {
         state_ = State::ending;
+        patience_.start(longestEnd);
         process_.terminate();
     }
 }
@@ -121,9 +142,10 @@ void OnDeviceEngine::fail(const QString &reason) {
 void OnDeviceEngine::handleEnd() {
     const QByteArray complaint = process_.readAllStandardError().trimmed();
     fail(complaint.isEmpty() ? tr("it has ended unexpectedly") : QString::fromUtf8(complaint));
-    startLimit_.stop();
+    patience_.stop();
     state_ = State::ended;
     address_.clear();
+    engineEnd_.request_stop();
     Q_EMIT settled();
 }
 

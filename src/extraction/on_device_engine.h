@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/listening_socket.h"
+
 #include <QCoroTask>
 #include <QObject>
 #include <QPointer>
@@ -9,17 +11,22 @@
 
 #include <chrono>
 #include <memory>
+#include <stop_token>
 
 namespace fennick {
 
-// Fennick's own engine as a child process: started when a scan needs it, on a free port of this machine,
-// ended when none has needed it for a minute, started anew after a crash. It serves as many scans at once as
-// there are processors; the others wait here, so that none times out in the engine's queue. Must outlive
-// every task that uses it; main thread.
+// Fennick's own engine as a child process: started when a scan needs it, ended when none has needed it for a
+// minute, started anew after a crash. It serves as many scans at once as there are processors; the others
+// wait here, so that none times out in the engine's queue. The socket that it listens on is opened here and
+// handed down: its port stays Fennick's when the engine has ended, and nobody else can answer in its place.
+// Must outlive every task that uses it; main thread.
 class OnDeviceEngine : public QObject {
     Q_OBJECT
 
 public:
+    // Stands where a request to the service has the user's key, which the engine has no use for.
+    static const QString key;
+
     class Release {
     public:
         Release() = default;
@@ -52,6 +59,9 @@ public:
     // Scheme, host and port of the running engine.
     const QString &address() const { return address_; }
 
+    // Requested when the engine that runs now has ended, for whatever reason.
+    std::stop_token engineEnd() const { return engineEnd_.get_token(); }
+
     bool isRunning() const { return state_ == State::running; }
     qint64 processId() const { return process_.processId(); }
 
@@ -64,7 +74,8 @@ private:
 
     void start();
     void end();
-    void readAddress();
+    bool openSocket();
+    void readAnnouncement();
     void fail(const QString &reason);
     void handleEnd();
     void release();
@@ -72,7 +83,9 @@ private:
     QString program_;
     QProcess process_;
     QTimer idle_;
-    QTimer startLimit_;
+    QTimer patience_; // with an engine that starts or ends
+    std::unique_ptr<ListeningSocket> socket_;
+    std::stop_source engineEnd_;
     State state_ = State::ended;
     QString address_;
     QString failure_;

@@ -1,9 +1,11 @@
 #include "model/receipt_json.h"
+#include "text/json_reader.h"
 
-#include <simdjson.h>
+#include <QJsonArray>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -11,56 +13,20 @@ namespace fennick {
 
 namespace {
 
-namespace dom = simdjson::dom;
 using Error = DecodingError;
 
 Error malformed() {
     return {Error::Kind::malformed, {}};
 }
 
-// Qt takes a byte-order mark at the start for a mark of the encoding and drops it; here it is part of a name
-// or text.
-QString toQString(std::string_view text) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    const QString decoded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    return text.starts_with(byteOrderMark) ? QChar(QChar::ByteOrderMark) + decoded : decoded;
-}
-
 // One member's value: absent (missing or null), or of one of the types that a receipt has, or of another.
 struct Value {
     enum class Type { absent, null, text, number, boolean, other };
     Type type = Type::absent;
-    QString text;
+    QString text = {};
     double number = 0;
     bool boolean = false;
 };
-
-Value readValue(dom::element json) {
-    Value value;
-    switch (json.type()) {
-    case dom::element_type::STRING:
-        value.type = Value::Type::text;
-        value.text = toQString(json.get_string().value_unsafe());
-        break;
-    case dom::element_type::INT64:
-    case dom::element_type::UINT64:
-    case dom::element_type::DOUBLE:
-        value.type = Value::Type::number;
-        value.number = json.get_double().value_unsafe();
-        break;
-    case dom::element_type::BOOL:
-        value.type = Value::Type::boolean;
-        value.boolean = json.get_bool().value_unsafe();
-        break;
-    case dom::element_type::NULL_VALUE:
-        value.type = Value::Type::null;
-        break;
-    default:
-        value.type = Value::Type::other;
-        break;
-    }
-    return value;
-}
 
 // The members of one record by the place of their key in `receiptKeys`.
 enum Key : size_t {
@@ -95,25 +61,12 @@ size_t placeOf(std::string_view key, size_t expected) {
     return static_cast<size_t>(std::ranges::find(receiptKeys, key) - receiptKeys.begin());
 }
 
-Members readMembers(dom::object record) {
-    Members members;
-    size_t expected = 0;
-    for (const auto [key, json] : record) {
-        const size_t place = placeOf(key, expected);
-        if (place != keyCount) {
-            members[place] = readValue(json);
-            expected = place + 1;
-        }
-    }
-    return members;
-}
-
 // Takes the members of a record one by one in the order of declaration; after the first error the rest is
 // left alone and `error` tells it.
 class RecordReader {
 public:
-    explicit RecordReader(Members members)
-        : members_(std::move(members)) {}
+    explicit RecordReader(Members &members)
+        : members_(members) {}
 
     void required(Key key, QString &field) {
         if (members_[key].type == Value::Type::absent) {
@@ -136,7 +89,8 @@ public:
     }
 
     void optional(Key key, std::optional<double> &field) {
-        if (isGiven(key) && expect(Value::Type::number, key)) {
+        // One beyond all doubles is no amount, and no reason to give up the list.
+        if (isGiven(key) && expect(Value::Type::number, key) && std::isfinite(members_[key].number)) {
             field = members_[key].number;
         }
     }
@@ -178,16 +132,17 @@ private:
 
     void fail(Error::Kind kind, Key key) {
         if (!firstError_) {
-            firstError_ = Error{kind, toQString(receiptKeys[key])};
+            firstError_ = Error{kind, textFromUtf8(receiptKeys[key])};
         }
     }
 
-    Members members_;
+    Members &members_;
     std::optional<Error> firstError_;
 };
 
-std::expected<Receipt, Error> receiptFromMembers(Members members) {
-    RecordReader record(std::move(members));
+// Takes the texts out of the members.
+std::expected<Receipt, Error> receiptFromMembers(Members &members) {
+    RecordReader record(members);
     Receipt receipt;
     record.required(id, receipt.id);
     record.required(fileName, receipt.fileName);
@@ -209,57 +164,116 @@ std::expected<Receipt, Error> receiptFromMembers(Members members) {
     return receipt;
 }
 
-std::expected<Receipt, Error> readReceipt(dom::element json) {
-    dom::object record;
-    if (json.get(record) != simdjson::SUCCESS) {
-        return std::unexpected(malformed());
-    }
-    return receiptFromMembers(readMembers(record));
-}
-
-std::expected<QString, Error> readPath(dom::element json) {
-    std::string_view path;
-    if (json.get(path) != simdjson::SUCCESS) {
-        return std::unexpected(malformed());
-    }
-    return toQString(path);
-}
-
-// The elements of the JSON array that must be the whole document, each read with `readElement`.
-template <typename Element>
-std::expected<QList<Element>, Error> readArray(const QByteArray &json,
-                                               std::expected<Element, Error> (*readElement)(dom::element)) {
-    const QByteArray content = json.startsWith("\xEF\xBB\xBF") ? json.mid(3) : json;
-    dom::parser parser;
-    dom::array array;
-    if (parser.parse(content.constData(), static_cast<size_t>(content.size())).get(array) !=
-        simdjson::SUCCESS) {
-        return std::unexpected(malformed());
-    }
-    QList<Element> elements;
-    elements.reserve(static_cast<qsizetype>(array.size()));
-    for (const dom::element item : array) {
-        auto element = readElement(item);
-        if (!element) {
-            return std::unexpected(element.error());
+// The list as a whole: an array of objects. What lies deeper belongs to keys that are none of a receipt's,
+// and counts only as a value of a type that no receipt has.
+class ListReader : public JsonPieces {
+public:
+    void beginObject() override {
+        if (level_ == 1) {
+            std::ranges::for_each(members_, [](Value &member) { member.type = Value::Type::absent; });
+            expected_ = 0;
+        } else {
+            take({.type = Value::Type::other});
         }
-        elements.append(*std::move(element));
+        ++level_;
     }
-    return elements;
-}
+    void key(std::string_view key) override {
+        if (level_ == 2) {
+            place_ = placeOf(key, expected_);
+            expected_ = place_ == keyCount ? expected_ : place_ + 1;
+        }
+    }
+    void endObject() override {
+        --level_;
+        if (level_ == 1 && !firstError_) {
+            addReceipt();
+        }
+    }
+    void beginArray() override {
+        if (level_ > 0) {
+            take({.type = Value::Type::other});
+        }
+        ++level_;
+    }
+    void endArray() override { --level_; }
+    void text(std::string_view text) override {
+        if (isWanted()) {
+            members_[place_].type = Value::Type::text;
+            members_[place_].text = textFromUtf8(text);
+        }
+        checkLevel();
+    }
+    void number(double value, std::string_view) override {
+        take({.type = Value::Type::number, .number = value});
+    }
+    void boolean(bool value) override { take({.type = Value::Type::boolean, .boolean = value}); }
+    void null() override { take({.type = Value::Type::null}); }
+
+    std::expected<QList<Receipt>, Error> receipts() && {
+        if (!isList_) {
+            return std::unexpected(malformed());
+        }
+        if (firstError_) {
+            return std::unexpected(*firstError_);
+        }
+        return std::move(receipts_);
+    }
+
+private:
+    bool isWanted() const { return level_ == 2 && place_ != keyCount; }
+
+    void take(const Value &value) {
+        if (isWanted()) {
+            members_[place_] = value;
+        }
+        checkLevel();
+    }
+
+    // Only objects may stand in the list, and only a list be the whole.
+    void checkLevel() { isList_ = isList_ && level_ > 1; }
+
+    void addReceipt() {
+        auto receipt = receiptFromMembers(members_);
+        if (receipt) {
+            receipts_.append(*std::move(receipt));
+        } else {
+            firstError_ = receipt.error();
+        }
+    }
+
+    int level_ = 0;
+    bool isList_ = true;
+    size_t place_ = keyCount; // of the member whose value comes next
+    size_t expected_ = 0;
+    Members members_;
+    QList<Receipt> receipts_;
+    std::optional<Error> firstError_;
+};
 
 } // namespace
 
 std::expected<QList<Receipt>, DecodingError> decodeReceipts(const QByteArray &json) {
-    return readArray<Receipt>(json, readReceipt);
+    ListReader list;
+    if (!readJson(json, list)) {
+        return std::unexpected(malformed());
+    }
+    return std::move(list).receipts();
 }
 
 std::expected<QSet<QString>, DecodingError> decodePaths(const QByteArray &json) {
-    const auto paths = readArray<QString>(json, readPath);
-    if (!paths) {
-        return std::unexpected(paths.error());
+    const auto list = parsedJson(json);
+    if (!list || !list->isArray()) {
+        return std::unexpected(malformed());
     }
-    return QSet<QString>(paths->begin(), paths->end());
+    QSet<QString> paths;
+    const QJsonArray array = list->toArray();
+    for (const QJsonValueConstRef path : array) {
+        if (!path.isString()) {
+            return std::unexpected(malformed());
+        }
+        paths.insert(path.toString());
+    }
+    return paths;
 }
 
 } // namespace fennick

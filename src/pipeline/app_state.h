@@ -113,7 +113,8 @@ private:
     bool isInArchive(const QString &path) const;
 
     QCoro::Task<> runScan(Receipt receipt);
-    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(QString path, QString key);
+    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(QString path, QString key,
+                                                                     QString address);
     void failScan(Receipt receipt, const QString &error);
     void renameFile(Receipt &receipt);
 

@@ -1,6 +1,7 @@
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
 
+#include <QCoreApplication>
 #include <QCoroFuture>
 
 namespace fennick {
@@ -9,6 +10,10 @@ namespace {
 
 // How long the events of the pipeline's own renaming may take to arrive.
 constexpr std::chrono::seconds renameExclusion{5};
+
+// Stored as it stands, translated where it is shown.
+constexpr const char *keyMissing =
+    QT_TRANSLATE_NOOP("fennick::AppState", "API key not configured. Set your Gemini API key in Settings.");
 
 void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
     receipt.date = data.date;
@@ -24,15 +29,19 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 
 QCoro::Task<> AppState::runScan(Receipt receipt) {
     const QPointer<AppState> self(this);
-    const QString key = (co_await settings_->storedAPIKey()).value_or(QString());
-    if (!self) {
-        co_return;
+    const QString address = configuredServiceAddress();
+    QString key;
+    if (!isOnDevice(address)) {
+        key = (co_await settings_->storedAPIKey()).value_or(QString());
+        if (!self) {
+            co_return;
+        }
+        if (key.isEmpty()) {
+            failScan(receipt, QString::fromUtf8(keyMissing));
+            co_return;
+        }
     }
-    if (key.isEmpty()) {
-        failScan(receipt, tr("API key not configured. Set your Gemini API key in Settings."));
-        co_return;
-    }
-    const auto result = co_await extract(receipt.filePath, key);
+    const auto result = co_await extract(receipt.filePath, key, address);
     if (!self) {
         co_return;
     }
@@ -53,9 +62,10 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
     }
 }
 
-// From the configured service, or from Fennick's own engine, which runs only while it is needed.
-QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(QString path, QString key) {
-    const QString address = configuredServiceAddress();
+// From the service, or from Fennick's own engine, which runs only while it is needed and is never given the
+// key.
+QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(QString path, QString key,
+                                                                           QString address) {
     if (!isOnDevice(address)) {
         co_return co_await GeminiClient::scan(path, key, settings_->model(), address);
     }
@@ -64,7 +74,8 @@ QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(QStri
         const QString reason = tr("The on-device engine could not be started: %1").arg(engine_.failure());
         co_return std::unexpected(ScanError(TransportError{reason}));
     }
-    co_return co_await GeminiClient::scan(path, key, settings_->model(), engine_.address());
+    co_return co_await GeminiClient::scan(path, OnDeviceEngine::key, settings_->model(), engine_.address(),
+                                          engine_.engineEnd());
 }
 
 void AppState::failScan(Receipt receipt, const QString &error) {

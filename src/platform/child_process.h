@@ -16,7 +16,8 @@ struct ChildLimits {
 };
 
 // To be called before the start: lets the system end the child when this program ends, however it ends, and
-// hold it to the limits.
-void endWithThisProgram(QProcess &child, const std::optional<ChildLimits> &limits = {});
+// hold it to the limits. The child gets `descriptor`, if there is one, under the same number.
+void endWithThisProgram(QProcess &child, const std::optional<ChildLimits> &limits = {},
+                        const std::optional<int> &descriptor = {});
 
 } // namespace fennick

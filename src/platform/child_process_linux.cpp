@@ -2,8 +2,10 @@
 
 #include <QProcess>
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -24,9 +26,16 @@ void setLimit(decltype(RLIMIT_DATA) resource, rlim_t value) {
 
 } // namespace
 
-void endWithThisProgram(QProcess &child, const std::optional<ChildLimits> &limits) {
-    child.setChildProcessModifier([limits] {
+void endWithThisProgram(QProcess &child, const std::optional<ChildLimits> &limits,
+                        const std::optional<int> &descriptor) {
+    child.setChildProcessModifier([limits, descriptor, parent = ::getpid()] {
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (::getppid() != parent) {
+            ::_exit(1); // it has ended before the system was asked to tell
+        }
+        if (descriptor) {
+            ::fcntl(*descriptor, F_SETFD, 0);
+        }
         if (limits && canLimitMemory) {
             setLimit(RLIMIT_DATA, static_cast<rlim_t>(limits->memory));
         }

@@ -2,6 +2,7 @@
 
 #include "platform/application_id.h"
 #include "platform/secret_items.h"
+#include "text/json_reader.h"
 
 #include <QByteArray>
 #include <QUtf8StringView>
@@ -19,7 +20,7 @@ std::optional<QString> apiKey(const std::stop_token &stop) {
     if (!bytes || !bytes->isValidUtf8()) {
         return std::nullopt;
     }
-    return QString::fromUtf8(*bytes);
+    return textFromUtf8({bytes->constData(), static_cast<size_t>(bytes->size())});
 }
 
 void setAPIKey(const QString &key, const std::stop_token &stop) {

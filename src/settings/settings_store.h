@@ -53,6 +53,10 @@ public:
     // Stores the trimmed key, or removes the stored one when nothing is left of it.
     void setAPIKey(const QString &key);
 
+    // To be called at the program's end: waits some seconds for a key that is still being stored. Returns
+    // whether it was stored; true also when there was none.
+    bool finishStoringAPIKey();
+
 Q_SIGNALS:
     void changed();
 

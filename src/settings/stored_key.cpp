@@ -2,9 +2,17 @@
 
 #include "settings/keychain_helper.h"
 
+#include <QDeadlineTimer>
 #include <QtConcurrent>
 
 namespace fennick {
+
+namespace {
+
+// Whoever ends the program waits no longer than for a slow page.
+constexpr std::chrono::seconds longestEnd{10};
+
+} // namespace
 
 StoredKey::StoredKey() {
     thread_.setMaxThreadCount(1);
@@ -12,28 +20,47 @@ StoredKey::StoredKey() {
 }
 
 StoredKey::~StoredKey() {
-    end_.request_stop();
+    finish(longestEnd);
     thread_.clear();
     thread_.waitForDone();
 }
 
 QFuture<std::optional<QString>> StoredKey::read() {
     if (lastRead_.isFinished()) {
-        lastRead_ =
-            QtConcurrent::run(&thread_, [stop = end_.get_token()] { return KeychainHelper::apiKey(stop); });
+        lastRead_ = QtConcurrent::run(&thread_,
+                                      [stop = readEnd_.get_token()] { return KeychainHelper::apiKey(stop); });
     }
     return lastRead_;
 }
 
 void StoredKey::write(const QString &key) {
     lastRead_ = {};
-    thread_.start([key, stop = end_.get_token()] {
+    lastWritten_ = key;
+    ++writesUnderWay_;
+    thread_.start([this, key, stop = writeEnd_.get_token()] {
         if (key.isEmpty()) {
             KeychainHelper::clearAPIKey(stop);
         } else {
             KeychainHelper::setAPIKey(key, stop);
         }
+        --writesUnderWay_;
     });
+}
+
+bool StoredKey::finish(std::chrono::milliseconds patience) {
+    const QDeadlineTimer deadline(patience);
+    readEnd_.request_stop();
+    bool isStored = writesUnderWay_ == 0;
+    if (!isStored) {
+        wait(patience);
+        // A store does not say what has become of a key: only a look tells.
+        const auto found = QtConcurrent::run(
+            &thread_, [stop = writeEnd_.get_token()] { return KeychainHelper::apiKey(stop); });
+        wait(std::chrono::milliseconds(deadline.remainingTime()));
+        isStored = found.isFinished() && found.result().value_or(QString()) == lastWritten_;
+    }
+    writeEnd_.request_stop();
+    return isStored;
 }
 
 void StoredKey::wait(std::chrono::milliseconds patience) const {

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QThreadPool>
 
+#include <atomic>
 #include <chrono>
 #include <optional>
 #include <stop_token>
@@ -12,7 +13,7 @@ namespace fennick {
 
 // The API key in the secret store for the main thread, which must not wait for a store that is slow or asks
 // the user for a password: reads and writes are carried out in the order given on a thread of its own. Owned
-// by SettingsStore; its end gives up what is still under way.
+// by SettingsStore; its end gives up reads, and waits some seconds for a key that is still being stored.
 class StoredKey {
 public:
     StoredKey();
@@ -30,8 +31,15 @@ public:
     // Returns as soon as nothing is under way any more, at the latest after `patience`.
     void wait(std::chrono::milliseconds patience) const;
 
+    // Gives up reads and waits until what was written is stored, at most `patience`; gives it up then.
+    // Returns whether it was. To be called at the end: nothing is read or written any more.
+    bool finish(std::chrono::milliseconds patience);
+
 private:
-    std::stop_source end_;
+    std::stop_source readEnd_;
+    std::stop_source writeEnd_;
+    std::atomic<int> writesUnderWay_ = 0;
+    QString lastWritten_;
     QFuture<std::optional<QString>> lastRead_; // since the last write
     mutable QThreadPool thread_;               // waiting for it changes nothing
 };

@@ -72,6 +72,16 @@ QString firstCharacters(const QString &text, qsizetype count) {
     return text.left(endOfCharacters(text, count));
 }
 
+QString shortened(const QString &text, qsizetype count) {
+    constexpr qsizetype mostUnits = 16;
+    const QString characters = firstCharacters(text, count);
+    if (characters.size() <= count * mostUnits) {
+        return characters;
+    }
+    const QString units = characters.first(count * mostUnits);
+    return units.back().isHighSurrogate() ? units.chopped(1) : units;
+}
+
 QString wellFormed(const QString &text) {
     if (text.isValidUtf16()) {
         return text;

@@ -16,6 +16,10 @@ int compareScalars(QStringView left, QStringView right);
 // The first `count` user-perceived characters (extended grapheme clusters) of `text`.
 QString firstCharacters(const QString &text, qsizetype count);
 
+// The first `count` user-perceived characters, of 16 UTF-16 units each on average at the most: a single one
+// may be of any size, for any number of accents may be piled upon a letter.
+QString shortened(const QString &text, qsizetype count);
+
 // `text` with unpaired surrogates replaced by U+FFFD, so that it survives being written as UTF-8.
 QString wellFormed(const QString &text);
 

@@ -7,6 +7,7 @@
 #include "ui/symbols.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QWindow>
 
 #include <chrono>
@@ -145,6 +146,15 @@ void FennickApp::applyMenuBarMode() {
     if (settingsView_) {
         setActivationPolicy(settingsView_->windowHandle(), policy);
     }
+}
+
+void FennickApp::finish() {
+    if (settings_.finishStoringAPIKey()) {
+        return;
+    }
+    const QString reason = tr("The API key could not be stored: the secret store does not answer.");
+    qWarning("%s", qPrintable(reason));
+    QMessageBox::warning(nullptr, QStringLiteral("Fennick"), reason);
 }
 
 void FennickApp::showSettings() {

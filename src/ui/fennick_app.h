@@ -32,6 +32,10 @@ public:
 
     void showSettings();
 
+    // To be called when the event loop has ended: waits for what is still being stored, and tells the user
+    // when it could not be.
+    void finish();
+
 private:
     void connectWindow();
     void buildTrayIcon();

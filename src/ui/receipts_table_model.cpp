@@ -3,6 +3,7 @@
 #include "text/currency_text.h"
 #include "text/display_text.h"
 #include "ui/plain_tool_tip.h"
+#include "ui/shown_error.h"
 #include "ui/symbols.h"
 
 #include <QGuiApplication>
@@ -20,7 +21,7 @@ QString statusText(const Receipt &receipt) {
     case ReceiptStatus::done:
         return ReceiptsTableModel::tr("Done");
     case ReceiptStatus::error:
-        return receipt.error.value_or(ReceiptsTableModel::tr("Error"));
+        return receipt.error ? shownError(*receipt.error) : ReceiptsTableModel::tr("Error");
     }
     Q_UNREACHABLE();
 }

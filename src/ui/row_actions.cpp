@@ -2,6 +2,7 @@
 
 #include "ui/focus_frame.h"
 #include "ui/plain_tool_tip.h"
+#include "ui/shown_error.h"
 #include "ui/symbols.h"
 
 #include <QHBoxLayout>
@@ -51,7 +52,7 @@ void RowActions::show(const Receipt &receipt, bool isPhotosExportOn) {
     addToPhotos_->setVisible(receipt.status == ReceiptStatus::done && !receipt.addedToPhotos &&
                              isPhotosExportOn);
     retry_->setVisible(receipt.status == ReceiptStatus::error);
-    retry_->setToolTip(plainToolTip(receipt.error.value_or(tr("Retry"))));
+    retry_->setToolTip(plainToolTip(receipt.error ? shownError(*receipt.error) : tr("Retry")));
 }
 
 void RowActions::setSelected(bool isSelected) {

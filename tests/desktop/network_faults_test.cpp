@@ -236,7 +236,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("error");
         const QString tooLarge = u"The answer is larger than 16 MB."_s;
         QTest::newRow("a gigabyte") << gigabyte("200 OK") << tooLarge;
-        QTest::newRow("a gigabyte of an error") << gigabyte("500 No") << tooLarge;
+        QTest::newRow("a gigabyte of an error")
+            << gigabyte("500 No") << u"Gemini API error: 500 — "_s + QString(500, u' ');
         NetworkFault endless = gigabyte("200 OK");
         endless.head = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
         QTest::newRow("a gigabyte of unknown length") << endless << tooLarge;

@@ -15,7 +15,12 @@
 
 namespace fennick::test {
 
-FennickProgram::FennickProgram() {
+QString FennickProgram::builtProgram() {
+    return QStringLiteral(FENNICK_BIN_DIR "/fennick");
+}
+
+FennickProgram::FennickProgram(QString program)
+    : program_(std::move(program)) {
     process_.setProcessChannelMode(QProcess::MergedChannels);
     process_.setChildProcessModifier([] {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -31,7 +36,7 @@ FennickProgram::~FennickProgram() {
 void FennickProgram::start(const QProcessEnvironment &environment, const QStringList &wrapper) {
     earlierOutput_ += process_.readAll(); // which a new start would discard
     process_.setProcessEnvironment(environment);
-    const QStringList command = wrapper + QStringList{QStringLiteral(FENNICK_BIN_DIR "/fennick")};
+    const QStringList command = wrapper + QStringList{program_};
     process_.setProgram(command.first());
     process_.setArguments(command.mid(1));
     process_.start();

@@ -12,7 +12,8 @@ namespace fennick::test {
 // however that ends. File permissions hold for it as for any user's program, also when the tests run as root.
 class FennickProgram {
 public:
-    FennickProgram();
+    // `program`: another copy of the program's file.
+    explicit FennickProgram(QString program = builtProgram());
     ~FennickProgram();
     FennickProgram(const FennickProgram &) = delete;
     FennickProgram &operator=(const FennickProgram &) = delete;
@@ -41,6 +42,9 @@ public:
     QByteArray takeOutput();
 
 private:
+    static QString builtProgram();
+
+    QString program_;
     QProcess process_;
     QByteArray earlierOutput_;
 };

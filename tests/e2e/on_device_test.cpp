@@ -80,6 +80,32 @@ private Q_SLOTS:
             60000));
     }
 
+    void receiptIsReadWithoutAKey() {
+        PrivateSession::clearKey();
+        QVERIFY(session_.start());
+        session_.drop(u"IMG_2041.jpg"_s, sample());
+        QVERIFY(session_.waitForRows(1, u"done"_s, 60000));
+    }
+
+    void storedKeyIsNotSentToTheEngine() {
+        const QString folder = session_.home.path(u"program"_s);
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(QFile::copy(QStringLiteral(FENNICK_BIN_DIR "/fennick"), folder + u"/fennick"_s));
+        QVERIFY(QFile::copy(QStringLiteral(RECORDING_ENGINE), folder + u"/fennick-engine"_s));
+        FennickProgram program(folder + u"/fennick"_s);
+        program.start();
+        QVERIFY(waitUntil([&] { return program.isWatching(session_.folder()); }));
+        session_.drop(u"IMG_2041.jpg"_s, sample());
+        QVERIFY(waitUntil([this] {
+            const QList<QJsonObject> rows = session_.rows();
+            return rows.size() == 1 && rows.first().value(u"error") == u"Gemini API error: 500"_s;
+        }));
+        const QByteArray sent = readFile(folder + u"/requests"_s);
+        QVERIFY2(sent.startsWith("POST /v1beta/models/gemini-2.5-flash:generateContent?key=on-device HTTP"),
+                 sent.left(200).constData());
+        QVERIFY(!sent.contains(UserSession::key));
+    }
+
 private:
     static QByteArray sample() {
         return readFile(QStringLiteral(FENNICK_SOURCE_DIR "/samples/receipts/IMG_2041.jpg"));

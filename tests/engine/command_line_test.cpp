@@ -8,11 +8,15 @@ class CommandLineTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void takesTheDefaultPort() { QCOMPARE(requestedPort({}).value_or(0), 47111); }
+    void takesTheDefaultPort() { QVERIFY(requestedPlace({}) == ListeningPlace{.port = 47111}); }
 
     void takesThePortGiven() {
-        QCOMPARE(requestedPort({u"--port"_s, u"8080"_s}).value_or(1), 8080);
-        QCOMPARE(requestedPort({u"--port"_s, u"0"_s}).value_or(1), 0);
+        QVERIFY(requestedPlace({u"--port"_s, u"8080"_s}) == ListeningPlace{.port = 8080});
+        QVERIFY(requestedPlace({u"--port"_s, u"0"_s}) == ListeningPlace{.port = 0});
+    }
+
+    void takesTheSocketGiven() {
+        QVERIFY(requestedPlace({u"--socket"_s, u"17"_s}) == ListeningPlace{.socket = 17});
     }
 
     void refusesEverythingElse_data() {
@@ -20,6 +24,8 @@ private Q_SLOTS:
         QTest::newRow("unknown") << QStringList{u"--verbose"_s};
         QTest::newRow("bare word") << QStringList{u"8080"_s};
         QTest::newRow("no number") << QStringList{u"--port"_s};
+        QTest::newRow("no number of a socket") << QStringList{u"--socket"_s};
+        QTest::newRow("port and socket") << QStringList{u"--port"_s, u"1"_s, u"--socket"_s, u"3"_s};
         QTest::newRow("a word") << QStringList{u"--port"_s, u"http"_s};
         QTest::newRow("too large") << QStringList{u"--port"_s, u"65536"_s};
         QTest::newRow("negative") << QStringList{u"--port"_s, u"-1"_s};
@@ -27,10 +33,10 @@ private Q_SLOTS:
     }
     void refusesEverythingElse() {
         QFETCH(QStringList, arguments);
-        const std::expected<quint16, QString> port = requestedPort(arguments);
-        QVERIFY(!port);
-        QVERIFY(!port.error().isEmpty());
-        QVERIFY(!port.error().contains(u'\n'));
+        const std::expected<ListeningPlace, QString> place = requestedPlace(arguments);
+        QVERIFY(!place);
+        QVERIFY(!place.error().isEmpty());
+        QVERIFY(!place.error().contains(u'\n'));
     }
 };
 

@@ -1,13 +1,35 @@
 #include "engine_process.h"
 #include "sample_table.h"
+#include "support/conditions.h"
 #include "support/test_program.h"
 
 #include <QCoreApplication>
+#include <QProcess>
+#include <QTcpSocket>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <memory>
 
 using namespace fennick;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr uid_t somebodyElse = 65534;
+
+void become(QProcess &process, uid_t user) {
+    process.setChildProcessModifier([user] {
+        if (::setuid(user) != 0) {
+            ::_exit(1);
+        }
+    });
+}
+
+} // namespace
 
 // What a page in the user's browser could make it send to the built program.
 class ProgramGuardTest : public QObject {
@@ -22,6 +44,18 @@ class ProgramGuardTest : public QObject {
         return engine_->rawAnswerTo(method + ' ' + engine_->generatePath().toUtf8() + " HTTP/1.1\r\n" +
                                     headers + "Content-Length: " + QByteArray::number(body_.size()) +
                                     "\r\n\r\n" + body_);
+    }
+
+    // What a program of that user is told.
+    QByteArray answerOfUser(uid_t user, const QByteArray &request) const {
+        QProcess caller;
+        become(caller, user);
+        caller.start(u"/bin/bash"_s,
+                     {u"-c"_s, u"exec 3<>/dev/tcp/127.0.0.1/%1; cat >&3; cat <&3"_s.arg(engine_->port())});
+        caller.write(request);
+        caller.closeWriteChannel();
+        caller.waitForFinished();
+        return caller.readAllStandardOutput();
     }
 
 private Q_SLOTS:
@@ -86,6 +120,56 @@ private Q_SLOTS:
                                  : status == 404 ? u"NOT_FOUND"_s
                                                  : u"INVALID_ARGUMENT"_s;
         QCOMPARE(error.value("status"_L1).toString(), expected);
+    }
+
+    void answersItsOwnUserOnly() {
+        if (::geteuid() != 0) {
+            QSKIP("Only root can be another user.");
+        }
+        const QByteArray request =
+            "POST " + engine_->generatePath().toUtf8() + " HTTP/1.1\r\n" + ownHost() +
+            "Content-Type: application/json\r\nContent-Length: " + QByteArray::number(body_.size()) +
+            "\r\n\r\n" + body_;
+        const QByteArray own = answerOfUser(::geteuid(), request);
+        QVERIFY2(own.startsWith("HTTP/1.1 200 OK\r\n"), own.constData());
+        const QByteArray other = answerOfUser(somebodyElse, request);
+        QVERIFY2(other.startsWith("HTTP/1.1 403 Forbidden\r\n"), other.constData());
+        QCOMPARE(bodyOf(other).value("error"_L1).toObject().value("status"_L1).toString(),
+                 u"PERMISSION_DENIED"_s);
+    }
+
+    void answersAnIPv6SocketOfItsOwnUser() {
+        const int socket = ::socket(AF_INET6, SOCK_STREAM, 0);
+        if (socket < 0) {
+            QSKIP("The system has no IPv6.");
+        }
+        sockaddr_in6 address{};
+        address.sin6_family = AF_INET6;
+        address.sin6_port = htons(engine_->port());
+        QCOMPARE(::inet_pton(AF_INET6, "::ffff:127.0.0.1", &address.sin6_addr), 1);
+        QCOMPARE(::connect(socket, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+        QTcpSocket caller;
+        QVERIFY(caller.setSocketDescriptor(socket));
+        caller.write("GET / HTTP/1.1\r\n" + ownHost() + "\r\n");
+        QVERIFY(caller.waitForReadyRead(10'000));
+        QVERIFY(caller.readAll().startsWith("HTTP/1.1 404"));
+    }
+
+    void strangersKeepNobodyElseWaiting() {
+        if (::geteuid() != 0) {
+            QSKIP("Only root can be another user.");
+        }
+        QProcess stranger;
+        become(stranger, somebodyElse);
+        stranger.start(u"/bin/bash"_s,
+                       {u"-c"_s, u"for n in {10..59}; do eval \"exec $n<>/dev/tcp/127.0.0.1/%1\"; done; "
+                                 "echo connected; sleep 100"_s.arg(engine_->port())});
+        QVERIFY(stranger.waitForReadyRead(20'000));
+        const QByteArray json = "Content-Type: application/json\r\n";
+        QVERIFY(answerTo("POST", ownHost() + json).startsWith("HTTP/1.1 200 OK\r\n"));
+        QVERIFY(test::waitUntil([&] { return engine_->connections() <= 8; }));
+        stranger.kill();
+        stranger.waitForFinished();
     }
 
     void permitsNothingToOtherSites() {

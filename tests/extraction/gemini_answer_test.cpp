@@ -1,5 +1,6 @@
 #include "extraction/gemini_answer.h"
 #include "support/test_program.h"
+#include "text/characters.h"
 
 #include <QCoreApplication>
 
@@ -57,11 +58,98 @@ private Q_SLOTS:
         add(R"({"code": 7})", "7: unknown");
         add(R"({"code": "7", "message": 3})", "200: unknown");
         add(R"({"code": 7.5, "message": "quota"})", "200: quota");
+        add(R"({"code": 5000000000, "message": "quota"})", "5000000000: quota");
+        add(R"({"code": -9223372036854775808})", "-9223372036854775808: unknown");
+        add(R"({"code": 9223372036854775808, "message": "quota"})", "200: quota");
+        add(R"({"code": 1e400, "message": "quota"})", "200: quota");
         add(R"({})", "200: unknown");
     }
     void errorObjectInASuccessfulAnswer() {
         QFETCH(QByteArray, error);
         QTEST(failure(200, "{\"error\": " + error + ", \"candidates\": []}"), "text");
+    }
+
+    void storedTextsAreBounded_data() {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("body");
+        const QByteArray words = QByteArray("many words ").repeated(100'000);
+        const QByteArray accents = "e" + QByteArray("\xCC\x81").repeated(500'000); // one character
+        for (const QByteArray &text : {words, accents}) {
+            QTest::addRow("message of %lld", text.size())
+                << 200 << "{\"error\": {\"message\": \"" + text + "\"}}";
+            QTest::addRow("finish reason of %lld", text.size())
+                << 200 << "{\"candidates\": [{\"finishReason\": \"" + text + "\"}]}";
+            QTest::addRow("body of %lld", text.size()) << 500 << text;
+            QTest::addRow("text of %lld", text.size())
+                << 200 << "{\"candidates\": [{\"content\": {\"parts\": [{\"text\": \"" + text + "\"}]}}]}";
+        }
+    }
+    void storedTextsAreBounded() {
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        const auto result = GeminiClient::readAnswer(status, body);
+        QVERIFY(!result);
+        const QString stored = errorDescription(ScanError(result.error()));
+        QCOMPARE(firstCharacters(stored, 2000), stored);
+        QVERIFY2(stored.size() <= 2000 * 16, qPrintable(QString::number(stored.size())));
+    }
+
+    void transportErrorsAreBounded() {
+        const QString stored = errorDescription(TransportError{QString(5000, u'x')});
+        QCOMPARE(stored, QString(2000, u'x'));
+    }
+
+    void keyIsTakenOutOfFailures_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("text");
+        const QString key = QStringLiteral("AIza-key");
+        QTest::newRow("body") << key << 400 << QByteArray("bad AIza-key!")
+                              << QStringLiteral("bad [API key]!");
+        QTest::newRow("short key") << QStringLiteral("ab") << 400 << QByteArray("key ab")
+                                   << QStringLiteral("key [API key]");
+        QTest::newRow("key in what stands for it")
+            << QStringLiteral("key") << 400 << QByteArray("a key") << QStringLiteral("a [API key]");
+        QTest::newRow("key across the cut")
+            << key << 400 << QByteArray(496, 'x') + "AIza-key" << QString(496, u'x') + QStringLiteral("[API");
+        QTest::newRow("as in a URL") << QStringLiteral("a b") << 400 << QByteArray("?key=a%20b")
+                                     << QStringLiteral("?key=[API key]");
+        QTest::newRow("as in JSON") << QStringLiteral("a/b\\c") << 400
+                                    << QByteArray("{\"key\": \"a\\/b\\\\c\"}")
+                                    << QStringLiteral("{\"key\": \"[API key]\"}");
+        QTest::newRow("message") << key << 200 << QByteArray(R"({"error": {"message": "bad \u0041Iza-key"}})")
+                                 << QStringLiteral("bad [API key]");
+        QTest::newRow("finish reason")
+            << key << 200 << QByteArray(R"({"candidates": [{"finishReason": "AIza-key"}]})")
+            << QStringLiteral("[API key]");
+        QTest::newRow("text") << key << 200
+                              << QByteArray(
+                                     R"({"candidates": [{"content": {"parts": [{"text": "AIza-key?"}]}}]})")
+                              << QStringLiteral("[API key]?");
+    }
+    void keyIsTakenOutOfFailures() {
+        QFETCH(QString, key);
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        const auto result = GeminiClient::readAnswer(status, body, key);
+        QVERIFY(!result);
+        QTEST(result.error().text, "text");
+    }
+
+    void keyStaysInResults_data() {
+        QTest::addColumn<QString>("key");
+        for (const char *const key : {"Coffee", "candidates", "text", "{", "a"}) {
+            QTest::newRow(key) << QString::fromUtf8(key);
+        }
+    }
+    void keyStaysInResults() {
+        QFETCH(QString, key);
+        const QByteArray body =
+            R"({"candidates": [{"content": {"parts": [{"text": "{\u0022location\u0022: \u0022Coffee House\u0022}"}]}}]})";
+        const auto result = GeminiClient::readAnswer(200, body, key);
+        QVERIFY(result);
+        QCOMPARE(result->location, QStringLiteral("Coffee House"));
     }
 
     void errorThatIsNoObjectIsOverlooked() {

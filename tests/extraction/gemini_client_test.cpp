@@ -73,6 +73,12 @@ private Q_SLOTS:
         QVERIFY(server_->requests().isEmpty());
     }
 
+    void unreadableFileCountsBeforeABadAddress() {
+        path_ = home_.path(QStringLiteral("missing.pdf"));
+        configure(QStringLiteral("http://example.org"));
+        QCOMPARE(failure(), QStringLiteral("Failed to read file: No such file or directory"));
+    }
+
     void malformedAddressEndsBeforeAnyRequest() {
         configure(QStringLiteral("http://example.org"));
         QCOMPARE(failure(), QStringLiteral("Gemini API error: 0 — Invalid endpoint URL"));
@@ -113,16 +119,78 @@ private Q_SLOTS:
         QVERIFY2(text.startsWith(u"Gemini API error: 400 — bad location /v1beta"), qPrintable(text));
     }
 
+    void errorStatusIsToldByItsBeginningHoweverLong() {
+        server_->setScript([](const HttpRequest &) {
+            return HttpReply{
+                .status = 500, .body = QByteArray("\xE2\x82\xAC").repeated(6 * 1024 * 1024), .headers = {}};
+        });
+        QCOMPARE(failure(QStringLiteral("m"), 60000),
+                 QStringLiteral("Gemini API error: 500 — ") + QString(500, QChar(0x20AC)));
+    }
+
+    void bodyThatIsCutIsATransportErrorEveryTime_data() {
+        QTest::addColumn<int>("status");
+        for (const int status : {200, 307, 403, 500}) {
+            QTest::addRow("%d", status) << status;
+        }
+    }
+    void bodyThatIsCutIsATransportErrorEveryTime() {
+        QFETCH(int, status);
+        server_->setScript([status](const HttpRequest &) {
+            return HttpReply{.status = status,
+                             .body = geminiAnswer("{}"),
+                             .headers = {},
+                             .fault = HttpReply::Fault::cutBody};
+        });
+        for (int round = 0; round < 30; ++round) {
+            QCOMPARE(failure(), QStringLiteral("Connection closed"));
+        }
+    }
+
+    void redirectIsFollowedWithinTheOrigin_data() {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("method");
+        for (const int status : {301, 302, 303}) {
+            QTest::addRow("%d", status) << status << QByteArray("GET");
+        }
+        for (const int status : {307, 308}) {
+            QTest::addRow("%d", status) << status << QByteArray("POST");
+        }
+    }
+    void redirectIsFollowedWithinTheOrigin() {
+        QFETCH(int, status);
+        QFETCH(QByteArray, method);
+        server_->setScript([status](const HttpRequest &request) {
+            if (request.target == "/elsewhere") {
+                return answering(R"({"amount": 7})");
+            }
+            return HttpReply{.status = status, .body = {}, .headers = {"Location: /elsewhere"}};
+        });
+        const Result result = scan();
+        QVERIFY(result);
+        QCOMPARE(result->amount, 7.0);
+        QCOMPARE(server_->requests().size(), 2);
+        QCOMPARE(server_->requests().last().method, method);
+    }
+
+    void redirectWithoutEndIsToldByItsStatus() {
+        server_->setScript([](const HttpRequest &) {
+            return HttpReply{.status = 307, .body = "round and round", .headers = {"Location: /again"}};
+        });
+        QCOMPARE(failure(), QStringLiteral("Gemini API error: 307 — round and round"));
+        QVERIFY(server_->requests().size() < 30);
+    }
+
     void redirectToAnotherHostIsNotFollowed() {
         ScriptedServer other([](const HttpRequest &) { return answering("{}"); });
         server_->setScript([&other](const HttpRequest &request) {
             HttpReply reply;
             reply.status = 307;
+            reply.body = "go there";
             reply.headers = {"Location: " + other.address().toLatin1() + request.target};
             return reply;
         });
-        const QString text = failure();
-        QVERIFY2(text.startsWith(u"Gemini API error: 307"), qPrintable(text));
+        QCOMPARE(failure(), QStringLiteral("Gemini API error: 307 — go there"));
         QVERIFY(other.requests().isEmpty());
     }
 

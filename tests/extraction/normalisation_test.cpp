@@ -59,6 +59,53 @@ private Q_SLOTS:
         QCOMPARE(object.error().text, character.repeated(500));
     }
 
+    void whatIsNoJsonIsAParseError_data() {
+        QTest::addColumn<QString>("text");
+        for (const QString &text :
+             {QStringLiteral("{\"amount\": .5}"), QStringLiteral("{\"amount\": 1.}"),
+              QStringLiteral("{\"summary\": \"a\\qb\"}"), QStringLiteral("{\"summary\": \"a\nb\"}"),
+              QStringLiteral("{\"amount\": 01}"), QStringLiteral("{\"amount\": 1,}")}) {
+            QTest::newRow(qPrintable(text)) << text;
+        }
+    }
+    void whatIsNoJsonIsAParseError() {
+        QFETCH(QString, text);
+        const auto object = GeminiClient::extractJSON(text);
+        QVERIFY(!object);
+        QCOMPARE(object.error(), (GeminiError{GeminiError::Kind::parse, 0, text}));
+    }
+
+    void byteOrderMarkBeforeTheObjectDoesNotMatter() {
+        const auto object = GeminiClient::extractJSON(QStringLiteral("\uFEFF{\"a\": 1}"));
+        QVERIFY(object);
+        QCOMPARE(object->value(u"a").toInt(), 1);
+    }
+
+    void lastOfARepeatedKeyCounts() {
+        const auto object = GeminiClient::extractJSON(QStringLiteral(R"({"amount": 1, "amount": 2})"));
+        QVERIFY(object);
+        QCOMPARE(GeminiClient::normalize(*object).amount, 2.0);
+    }
+
+    void hugeAndTinyNumbersAreNumbers() {
+        const auto amount = [](const QString &number) {
+            const auto object = GeminiClient::extractJSON(QStringLiteral("{\"amount\": %1}").arg(number));
+            return object ? GeminiClient::normalize(*object).amount : std::optional(-1.0);
+        };
+        QCOMPARE(amount(QStringLiteral("1e-400")), std::optional(0.0));
+        QCOMPARE(amount(QStringLiteral("1e400")), std::nullopt); // not finite
+        QCOMPARE(amount(QStringLiteral("-1e400")), std::nullopt);
+        QCOMPARE(amount(QStringLiteral("18446744073709551616")), std::optional(18446744073709551616.0));
+        QCOMPARE(amount(QStringLiteral("9007199254740993")), std::optional(9007199254740992.0));
+    }
+
+    void digitsOfEveryScriptMakeADate() {
+        QVERIFY(normalized(R"({"date": "٢٠٢٤-٠٥-٠١"})").date.has_value());
+        QVERIFY(normalized(R"({"time": "१४:३०"})").time.has_value());
+        QVERIFY(!normalized(R"({"date": "２０２４－０５－０１"})").date); // the hyphens are others
+        QVERIFY(!normalized(R"({"date": "²⁰²⁴-⁰⁵-⁰¹"})").date);           // these are numbers, but no digits
+    }
+
     void emptyObjectGivesTheFallbacks() {
         const GeminiReceiptData data = normalized("{}");
         QVERIFY(!data.date && !data.time && !data.amount && !data.currency && !data.location);
@@ -185,6 +232,16 @@ private Q_SLOTS:
         QCOMPARE(normalized(R"({"summary": " \nLunch.\n"})").summary, QStringLiteral("Lunch."));
         QCOMPARE(normalized(R"({"summary": "   "})").summary, QStringLiteral("Receipt scanned successfully"));
         QCOMPARE(normalized(R"({"summary": 1})").summary, QStringLiteral("Receipt scanned successfully"));
+    }
+
+    void placeAndSummaryAreBounded() {
+        const auto data =
+            normalized("{\"location\": \" " + QByteArray("e\xCC\x81").repeated(1500) + "\", \"summary\": \"" +
+                       QByteArray(999, 'x') + "  y" + QByteArray(5000, 'z') + "\"}");
+        QCOMPARE(data.location, QStringLiteral("e\u0301").repeated(1000));
+        QCOMPARE(data.summary, QString(999, u'x')); // what the cut leaves at the end is trimmed as well
+        const auto piled = normalized("{\"summary\": \"e" + QByteArray("\xCC\x81").repeated(100'000) + "\"}");
+        QVERIFY(piled.summary.size() <= 16'000);
     }
 
     void halfASurrogateIsReplaced() {

@@ -1,3 +1,4 @@
+#include "extraction/gemini_client.h"
 #include "extraction/on_device_engine.h"
 #include "support/conditions.h"
 #include "support/temporary_home.h"
@@ -9,6 +10,10 @@
 #include <QTcpSocket>
 #include <QThread>
 #include <QUrl>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -39,11 +44,42 @@ bool succeeds(const std::shared_ptr<Attempt> &attempt) {
     return waitUntil([&attempt] { return attempt->isOver; }) && attempt->use != nullptr;
 }
 
-bool answers(const QString &address) {
+// That a connection is taken does not count: the socket is Fennick's and listens without an engine as well.
+bool answers(const QString &address, int milliseconds = 5000) {
     const QUrl url(address);
     QTcpSocket socket;
     socket.connectToHost(url.host(), static_cast<quint16>(url.port()));
-    return socket.waitForConnected(patience);
+    socket.write("GET / HTTP/1.1\r\n\r\n");
+    return socket.waitForConnected(milliseconds) && socket.waitForReadyRead(milliseconds);
+}
+
+// Whether a program that sets great store by the port of this address can have it.
+bool canBeTaken(const QString &address) {
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    const int yes = 1;
+    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    ::setsockopt(socket, SOL_SOCKET, SO_REUSEPORT, &yes, sizeof yes);
+    sockaddr_in place{};
+    place.sin_family = AF_INET;
+    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    place.sin_port = htons(static_cast<quint16>(QUrl(address).port()));
+    const bool isTaken =
+        ::bind(socket, reinterpret_cast<sockaddr *>(&place), sizeof place) == 0 && ::listen(socket, 1) == 0;
+    ::close(socket);
+    return isTaken;
+}
+
+struct Scan {
+    bool isOver = false;
+    QString failure;
+};
+
+QCoro::Task<> scan(OnDeviceEngine *engine, QString path, std::shared_ptr<Scan> scan) {
+    const auto use = co_await engine->use();
+    const auto result = co_await GeminiClient::scan(path, OnDeviceEngine::key, QStringLiteral("m"),
+                                                    engine->address(), engine->engineEnd());
+    scan->failure = result ? QString() : errorDescription(result.error());
+    scan->isOver = true;
 }
 
 QString script(const TemporaryHome &home, const QByteArray &lines) {
@@ -89,7 +125,7 @@ private Q_SLOTS:
         QVERIFY(engine.isRunning());
         attempt->use.reset();
         QVERIFY(waitUntil([&engine] { return !engine.isRunning(); }));
-        QVERIFY(waitUntil([&address] { return !answers(address); }));
+        QVERIFY(!answers(address, 300));
         attempt = tryToUse(engine);
         QVERIFY(succeeds(attempt));
         QVERIFY(answers(engine.address()));
@@ -117,6 +153,49 @@ private Q_SLOTS:
         QVERIFY(succeeds(attempt));
         QVERIFY(engine.processId() != process);
         QVERIFY(answers(engine.address()));
+    }
+
+    void portCannotBeTakenWhenTheEngineHasEnded() {
+        OnDeviceEngine engine(program);
+        const auto attempt = tryToUse(engine);
+        QVERIFY(succeeds(attempt));
+        const QString address = engine.address();
+        QVERIFY(!canBeTaken(address));
+        QCOMPARE(::kill(static_cast<pid_t>(engine.processId()), SIGKILL), 0);
+        QVERIFY(waitUntil([&engine] { return !engine.isRunning(); }));
+        QVERIFY(!canBeTaken(address));
+        const auto next = tryToUse(engine);
+        QVERIFY(succeeds(next));
+        QCOMPARE(engine.address(), address);
+        QVERIFY(answers(address));
+    }
+
+    void openRequestsFailWhenTheEngineEnds() {
+        const TemporaryHome home;
+        const QString path = home.path(QStringLiteral("receipt.pdf"));
+        writeFile(path, "a receipt");
+        OnDeviceEngine engine(script(home, "echo 'Listening on it'; exec sleep 1000"));
+        const auto attempt = std::make_shared<Scan>();
+        scan(&engine, path, attempt);
+        QVERIFY(waitUntil([&engine] { return engine.isRunning(); }));
+        letTimePass(300); // the request is under way, and nobody answers it
+        QVERIFY(!attempt->isOver);
+        QCOMPARE(::kill(static_cast<pid_t>(engine.processId()), SIGKILL), 0);
+        QVERIFY(waitUntil([&attempt] { return attempt->isOver; }));
+        QCOMPARE(attempt->failure, QStringLiteral("The service has ended unexpectedly."));
+    }
+
+    void engineThatDoesNotEndIsKilled() {
+        const TemporaryHome home;
+        OnDeviceEngine engine(
+            script(home, "trap '' TERM; echo 'Listening on it'; while true; do sleep 0.1; done"),
+            std::chrono::milliseconds(0));
+        const auto attempt = tryToUse(engine);
+        QVERIFY(succeeds(attempt));
+        const auto process = static_cast<pid_t>(engine.processId());
+        attempt->use.reset();
+        QVERIFY(waitUntil([process] { return ::kill(process, 0) != 0; }));
+        QVERIFY(succeeds(tryToUse(engine)));
     }
 
     void engineEndsWithItsOwner() {

@@ -45,6 +45,13 @@ private Q_SLOTS:
                  QStringLiteral("http://127.0.0.1:47111/v1beta/models/tuned/x:generateContent?key=a+b%20c"));
     }
 
+    void keyKeepsItsByteOrderMark() {
+        const auto url = endpointUrl(QStringLiteral("https://example.org"), QStringLiteral("m"),
+                                     QStringLiteral("\uFEFFk"));
+        QVERIFY(url);
+        QCOMPARE(url->query(QUrl::FullyEncoded), QStringLiteral("key=%EF%BB%BFk"));
+    }
+
     void plainHttpIsForLoopbackOnly_data() {
         QTest::addColumn<QByteArray>("address");
         QTest::addColumn<bool>("isAccepted");

@@ -135,6 +135,11 @@ private Q_SLOTS:
         QTest::newRow("trailing text") << QByteArray("[] x");
         QTest::newRow("array of texts") << QByteArray("[\"a\"]");
         QTest::newRow("deep nesting") << QByteArray(100000, '[');
+        for (const char *const value : {".5", "1.", R"("a\qb")", "\"a\nb\"", "NaN"}) {
+            QTest::addRow("unknown key with %s", value)
+                << QByteArray("[{" + minimalMembers + ", \"more\": " + value + "}]");
+        }
+        QTest::newRow("list in a list") << QByteArray("[[{" + minimalMembers + "}]]");
         QTest::newRow("broken UTF-8") << QByteArray("[{\"id\": \"\xFF\"}]");
     }
     void damagedTextIsMalformed() {
@@ -152,6 +157,31 @@ private Q_SLOTS:
         QVERIFY(receipts);
         QCOMPARE(receipts->first().filePath, QStringLiteral("/w/a.pdf"));
         QCOMPARE(receipts->first().amount, 23.0);
+    }
+
+    void unknownKeysMayHoldAnything_data() {
+        QTest::addColumn<QByteArray>("value");
+        for (const char *const value :
+             {"18446744073709551616", "-123456789012345678901234567890", "1e400", "1e-400", "null",
+              R"({"id": 5, "amount": [{"status": "x"}]})", R"([1, {"fileName": null}])"}) {
+            QTest::newRow(value) << QByteArray(value);
+        }
+    }
+    void unknownKeysMayHoldAnything() {
+        QFETCH(QByteArray, value);
+        const auto receipt =
+            decodeOne("\"more\": " + value + ", " + minimalMembers + ", \"still\": " + value);
+        QVERIFY(receipt);
+        QVERIFY(*receipt == *decodeOne(minimalMembers));
+    }
+
+    void amountMayBeAnyNumber() {
+        QCOMPARE(decodeOne(minimalMembers + ", \"amount\": 18446744073709551616")->amount,
+                 18446744073709551616.0);
+        QCOMPARE(decodeOne(minimalMembers + ", \"amount\": 1e-400")->amount, 0.0);
+        const auto beyondAllDoubles = decodeOne(minimalMembers + ", \"amount\": 1e400");
+        QVERIFY(beyondAllDoubles);
+        QVERIFY(!beyondAllDoubles->amount);
     }
 
     void lastOfARepeatedKeyCounts() {

@@ -271,6 +271,24 @@ private Q_SLOTS:
         QCOMPARE(after, 0);
     }
 
+    void changeIsPublishedBeforeItIsSaved() {
+        ReceiptStore store;
+        QStringList savedThen;
+        connect(&store, &ReceiptStore::receiptsChanged, this, [&] {
+            const auto saved =
+                decodeReceipts(QFileInfo::exists(home_->receiptsFile()) ? readFile(home_->receiptsFile())
+                                                                        : QByteArray("[]"));
+            savedThen.append(saved ? names(*saved).join(u',') : QStringLiteral("damaged"));
+        });
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        store.add(receipt);
+        receipt.fileName = QStringLiteral("b.pdf");
+        store.update(receipt);
+        store.clearAll();
+        QCOMPARE(savedThen, list({"", "a.pdf", "b.pdf"}));
+        QVERIFY(decodeReceipts(readFile(home_->receiptsFile()))->isEmpty());
+    }
+
 private:
     QStringList damagedFiles(const QString &name) const {
         const QDir folder(home_->path(QStringLiteral("data/Fennick")));

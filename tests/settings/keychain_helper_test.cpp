@@ -52,6 +52,15 @@ private Q_SLOTS:
         QCOMPARE(KeychainHelper::apiKey(), key);
     }
 
+    void keyThatBeginsWithAByteOrderMarkIsReadAsItIs() {
+        const QString key = QStringLiteral("\uFEFF\uFEFFkey");
+        KeychainHelper::setAPIKey(key);
+        QCOMPARE(KeychainHelper::apiKey(), key);
+        test::PrivateSession::storeKey("\xEF\xBB\xBF"
+                                       "from-outside");
+        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("\uFEFFfrom-outside"));
+    }
+
     void emptyItemReadsAsEmptyText() {
         KeychainHelper::setAPIKey(QString());
         const auto key = KeychainHelper::apiKey();
@@ -64,7 +73,25 @@ private Q_SLOTS:
         QVERIFY(!KeychainHelper::apiKey());
     }
 
+    // The last one: the store is not the same afterwards.
+    void afterAFailedAddThereIsNoItem() {
+        test::PrivateSession::refuseKeysBeside("old");
+        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("old"));
+        KeychainHelper::setAPIKey(QStringLiteral("new"));
+        QCOMPARE(test::PrivateSession::keyCount(), 0);
+        QVERIFY(!KeychainHelper::apiKey());
+    }
+
 private:
+    // The store would ask somebody at a display for a new collection.
+    struct NoDisplay {
+        NoDisplay() {
+            qunsetenv("DISPLAY");
+            qunsetenv("WAYLAND_DISPLAY");
+        }
+    };
+
+    NoDisplay noDisplay_;
     test::TemporaryHome home_;
     test::PrivateSession session_;
 };

@@ -8,7 +8,9 @@
 #include <QFileInfo>
 #include <QSignalSpy>
 
+#include <csignal>
 #include <memory>
+#include <thread>
 
 using namespace fennick;
 using test::readFile;
@@ -83,6 +85,21 @@ private Q_SLOTS:
         settings.setGroupIntoAlbum(true);
         settings.setAPIKey(QString());
         QCOMPARE(changes.size(), 8);
+    }
+
+    void assignmentIsAnnouncedBeforeItIsWritten() {
+        SettingsStore settings;
+        settings.setModel(QStringLiteral("first"));
+        QString announced;
+        QByteArray writtenThen;
+        connect(&settings, &SettingsStore::changed, this, [&] {
+            announced = settings.model();
+            writtenThen = readFile(home_.preferencesFile());
+        });
+        settings.setModel(QStringLiteral("second"));
+        QCOMPARE(announced, QStringLiteral("second"));
+        QVERIFY2(writtenThen.contains("model=first\n"), writtenThen.constData());
+        QVERIFY(readFile(home_.preferencesFile()).contains("model=second\n"));
     }
 
     void absentFolderRemovesTheKey() {
@@ -191,6 +208,36 @@ private Q_SLOTS:
     void storedBlanksCountAsAKey() {
         test::PrivateSession::storeKey(" ");
         QVERIFY(SettingsStore().hasAPIKey());
+    }
+
+    void keyIsStoredBeforeTheEndHoweverSlowTheStoreIs() {
+        test::PrivateSession::storeKey("old");
+        const auto store = static_cast<pid_t>(session_.secretStoreId());
+        std::jthread slowness;
+        {
+            SettingsStore settings;
+            QVERIFY(settings.hasAPIKey());
+            QCOMPARE(::kill(store, SIGSTOP), 0);
+            settings.setAPIKey(QStringLiteral("new"));
+            slowness = std::jthread([store] {
+                std::this_thread::sleep_for(std::chrono::seconds(1));
+                ::kill(store, SIGCONT);
+            });
+            QVERIFY(settings.finishStoringAPIKey());
+        }
+        QCOMPARE(test::PrivateSession::lookUpKey(), QByteArray("new"));
+    }
+
+    void keyThatCannotBeStoredIsNoticedAtTheEnd() {
+        test::PrivateSession::storeKey("old");
+        const auto store = static_cast<pid_t>(session_.secretStoreId());
+        SettingsStore settings;
+        QVERIFY(settings.hasAPIKey());
+        QCOMPARE(::kill(store, SIGSTOP), 0);
+        settings.setAPIKey(QStringLiteral("new"));
+        const bool isStored = settings.finishStoringAPIKey();
+        QCOMPARE(::kill(store, SIGCONT), 0);
+        QVERIFY(!isStored);
     }
 
     void keyNeverLandsInThePreferences() {

@@ -4,6 +4,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
 
 namespace fennick::test {
 
@@ -51,6 +52,22 @@ void PrivateSession::clearKey() {
 
 qsizetype PrivateSession::keyCount() {
     return runSecretTool({QStringLiteral("search"), QStringLiteral("--all")}).count("secret = ");
+}
+
+void PrivateSession::refuseKeysBeside(const QByteArray &key) {
+    runSecretTool({QStringLiteral("store"), QStringLiteral("--label=Fennick test key"),
+                   QStringLiteral("--collection=session")},
+                  key);
+    QDBusConnection bus = QDBusConnection::connectToBus(
+        QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")), QStringLiteral("collection-removal"));
+    const QDBusMessage reply = bus.call(QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.secrets"),
+        QStringLiteral("/org/freedesktop/secrets/collection/login"),
+        QStringLiteral("org.freedesktop.Secret.Collection"), QStringLiteral("Delete")));
+    if (reply.type() == QDBusMessage::ErrorMessage) {
+        qFatal("The collection was not deleted: %s", qPrintable(reply.errorMessage()));
+    }
+    QDBusConnection::disconnectFromBus(QStringLiteral("collection-removal"));
 }
 
 void PrivateSession::startBus() {

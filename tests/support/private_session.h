@@ -19,6 +19,13 @@ public:
     // How many items carry the key's attributes.
     static qsizetype keyCount();
 
+    // From now on the store takes no new items: it has lost the collection they go to. This one lies in
+    // another.
+    static void refuseKeysBeside(const QByteArray &key);
+
+    // A stopped store (SIGSTOP) is one that takes its time.
+    qint64 secretStoreId() const { return secretStore_.processId(); }
+
 private:
     void startBus();
     void startSecretStore();

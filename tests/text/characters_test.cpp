@@ -9,6 +9,24 @@ class CharactersTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void shortenedTextEndsWithAWholeCharacter() {
+        QCOMPARE(shortened(QStringLiteral("e\u0301e\u0301e\u0301"), 2), QStringLiteral("e\u0301e\u0301"));
+        QCOMPARE(shortened(QStringLiteral("abc"), 5), QStringLiteral("abc"));
+        QCOMPARE(shortened(QString(), 5), QString());
+        const QString family = QStringLiteral("\U0001F469\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466");
+        QCOMPARE(shortened(family.repeated(600), 500), family.repeated(500));
+    }
+
+    void characterWithoutEndIsShortened() {
+        QCOMPARE(shortened(u'e' + QString(100'000, QChar(0x0301)), 3), u'e' + QString(47, QChar(0x0301)));
+        const QString wide = QStringLiteral("\U0001F9B0"); // of two units
+        const QString odd = QStringLiteral("e\u200D") + QString(QStringLiteral("\u200D")) + wide.repeated(1);
+        QVERIFY(shortened(odd, 4) == odd);
+        QVERIFY(!shortened(u'e' + QString(QStringLiteral("\U0001D165")).repeated(1000), 1)
+                     .back()
+                     .isHighSurrogate());
+    }
+
     void composedAndDecomposedTextsAreEqual() {
         QVERIFY(canonicallyEqual(u"Caf\u00E9", u"Cafe\u0301"));
         QVERIFY(!canonicallyEqual(u"Caf\u00E9", u"Cafe"));

@@ -95,10 +95,43 @@ private Q_SLOTS:
         {
             const InterfaceLanguage german({u"de"_s});
             QCOMPARE(cancel(), u"Abbrechen"_s);
-            QCOMPARE(failure.errorDescription(), u"Fehler der Gemini-API: 503 – %1 %2"_s);
+            QCOMPARE(inUsersLanguage(failure.errorDescription()), u"Fehler der Gemini-API: 503 – %1 %2"_s);
         }
         QCOMPARE(cancel(), english);
-        QCOMPARE(failure.errorDescription(), u"Gemini API error: 503 — %1 %2"_s);
+        QCOMPARE(inUsersLanguage(failure.errorDescription()), u"Gemini API error: 503 — %1 %2"_s);
+    }
+
+    void storedErrorsAreTheSameInEveryLanguage_data() {
+        using Kind = GeminiError::Kind;
+        QTest::addColumn<GeminiError>("error");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("file") << GeminiError{Kind::fileRead, 0, u"x"_s} << u"Failed to read file: x"_s;
+        QTest::newRow("http") << GeminiError{Kind::http, 503, {}} << u"Gemini API error: 503"_s;
+        QTest::newRow("http with body")
+            << GeminiError{Kind::http, 503, u"x — y"_s} << u"Gemini API error: 503 — x — y"_s;
+        QTest::newRow("api") << GeminiError{Kind::api, 7, u"x: y"_s}
+                             << u"Gemini API returned error 7: x: y"_s;
+        QTest::newRow("no text") << GeminiError{Kind::noText, 0, u"SAFETY"_s}
+                                 << u"Gemini API returned no text content. Finish reason: SAFETY"_s;
+        QTest::newRow("parse") << GeminiError{Kind::parse, 0, u"x"_s}
+                               << u"Could not parse JSON from Gemini response. Raw response: x"_s;
+        QTest::newRow("no candidates")
+            << GeminiError{Kind::noCandidates, 0, {}} << u"Gemini API returned no candidates in response"_s;
+    }
+    void storedErrorsAreTheSameInEveryLanguage() {
+        QFETCH(GeminiError, error);
+        QFETCH(QString, stored);
+        const InterfaceLanguage german({u"de"_s});
+        QCOMPARE(error.errorDescription(), stored);
+        const QString shown = inUsersLanguage(stored);
+        QVERIFY(shown != stored);
+        QVERIFY(shown.endsWith(error.text));
+    }
+
+    void otherTextsAreShownAsTheyStand() {
+        const InterfaceLanguage german({u"de"_s});
+        QCOMPARE(inUsersLanguage(u"Connection refused"_s), u"Connection refused"_s);
+        QCOMPARE(inUsersLanguage({}), QString());
     }
 
     void formatsStayTheUsers() {

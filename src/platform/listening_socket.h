@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <expected>
+#include <memory>
+
+namespace fennick {
+
+// A port of this machine that is held for a child: it listens on 127.0.0.1 from the start to its end, and a
+// child that is handed the socket accepts its connections. While it is held nobody else can have the port,
+// whether or not a child is at work. It is closed in children that it is not handed to.
+class ListeningSocket {
+public:
+    // On a port that the system chooses. The error is the system's reason.
+    static std::expected<std::unique_ptr<ListeningSocket>, QString> open();
+    ~ListeningSocket();
+    ListeningSocket(const ListeningSocket &) = delete;
+    ListeningSocket &operator=(const ListeningSocket &) = delete;
+
+    int descriptor() const { return descriptor_; }
+    quint16 port() const { return port_; }
+
+private:
+    ListeningSocket(int descriptor, quint16 port);
+
+    int descriptor_;
+    quint16 port_;
+};
+
+} // namespace fennick

@@ -1,0 +1,50 @@
+#include "platform/listening_socket.h"
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace fennick {
+
+namespace {
+
+// As many as may come while a child starts.
+constexpr int longestQueue = 64;
+
+std::unexpected<QString> systemsReason() {
+    return std::unexpected(QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+} // namespace
+
+std::expected<std::unique_ptr<ListeningSocket>, QString> ListeningSocket::open() {
+    const int descriptor = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (descriptor < 0) {
+        return systemsReason();
+    }
+    std::unique_ptr<ListeningSocket> socket(new ListeningSocket(descriptor, 0));
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto *const generic = reinterpret_cast<sockaddr *>(&address);
+    if (::bind(descriptor, generic, size) != 0 || ::listen(descriptor, longestQueue) != 0 ||
+        ::getsockname(descriptor, generic, &size) != 0) {
+        return systemsReason();
+    }
+    socket->port_ = ntohs(address.sin_port);
+    return socket;
+}
+
+ListeningSocket::ListeningSocket(int descriptor, quint16 port)
+    : descriptor_(descriptor)
+    , port_(port) {}
+
+ListeningSocket::~ListeningSocket() {
+    ::close(descriptor_);
+}
+
+} // namespace fennick
