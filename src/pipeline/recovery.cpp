@@ -1,4 +1,5 @@
 #include "files/file_renamer.h"
+#include "model/data_folder.h"
 #include "pipeline/app_state.h"
 #include "platform/photo_library.h"
 #include "text/numbered_name.h"
@@ -10,7 +11,7 @@
 namespace fennick {
 
 void AppState::recoverFromInterruption() {
-    PhotoLibrary::undoInterruptedChanges();
+    PhotoLibrary::undoInterruptedChanges(dataFolder());
     resumeArchive();
     const QList<Receipt> receipts = store_->receipts();
     for (const Receipt &receipt : receipts) {

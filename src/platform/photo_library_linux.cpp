@@ -46,8 +46,8 @@ std::optional<Album> fetchAlbum(const QString &title) {
     return std::nullopt;
 }
 
-std::expected<void, QString> performChanges(const Additions &additions) {
-    PhotoChange change(folder());
+std::expected<void, QString> performChanges(const Additions &additions, const QString &journalFolder) {
+    PhotoChange change(folder(), journalFolder);
     if (const auto staged = change.stage(additions.imagePaths); !staged) {
         return staged;
     }
@@ -58,8 +58,8 @@ std::expected<void, QString> performChanges(const Additions &additions) {
     return {};
 }
 
-void undoInterruptedChanges() {
-    PhotoChange::undoInterrupted(folder());
+void undoInterruptedChanges(const QString &journalFolder) {
+    PhotoChange::undoInterrupted(folder(), journalFolder);
 }
 
 } // namespace fennick::PhotoLibrary
