@@ -3,6 +3,7 @@
 #include "extraction/gemini_error.h"
 #include "extraction/gemini_receipt_data.h"
 #include "extraction/service_address.h"
+#include "platform/regular_file.h"
 
 #include <QCoroTask>
 #include <QString>
@@ -17,7 +18,7 @@ namespace fennick::GeminiClient {
 // 60 seconds without progress, and when the answer goes beyond AnswerLimits. Never blocks the calling thread:
 // reading and encoding the file happen on a worker thread. The key stays out of every error text.
 QCoro::Task<std::expected<GeminiReceiptData, ScanError>>
-scan(QString filePath, QString apiKey, QString model, QString serviceAddress = configuredServiceAddress());
+scan(FileToRead file, QString apiKey, QString model, QString serviceAddress = configuredServiceAddress());
 
 // Loads what the first request needs (TLS), so that it is as prompt as the others. Returns at once.
 void prepare();

@@ -1,6 +1,7 @@
 #include "files/file_renamer.h"
 
 #include "platform/file_operations.h"
+#include "platform/regular_file.h"
 #include "text/characters.h"
 #include "text/number_text.h"
 #include "text/numbered_name.h"
@@ -18,12 +19,6 @@
 namespace fennick::FileRenamer {
 
 namespace {
-
-// A link whose target is gone holds its name as well.
-bool isTaken(const QString &path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
 
 // The system takes a null character for a name's end, and would give the file another name than the wanted
 // one.

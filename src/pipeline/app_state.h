@@ -5,6 +5,7 @@
 #include "extraction/on_device_engine.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
+#include "platform/regular_file.h"
 #include "settings/settings_store.h"
 
 #include <QCoroTask>
@@ -98,8 +99,8 @@ Q_SIGNALS:
 private:
     using Clock = std::chrono::steady_clock;
 
-    struct SizeReading {
-        std::optional<qint64> size;
+    struct StateReading {
+        FileState state;
         Clock::time_point at;
     };
 
@@ -108,12 +109,14 @@ private:
     QCoro::Task<> scanExistingFiles(QString folder);
     QCoro::Task<> copyReceipts(QStringList paths, QString folder);
     QCoro::Task<> processFile(QString path);
-    QCoro::Task<bool> waitForFileStability(QString path);
+    QCoro::Task<FileState> waitForFileStability(QString path);
+    QCoro::Task<> takeIn(QString path, FileState file);
     QCoro::Task<> listUnreadableNames(QString folder);
     bool isInArchive(const QString &path) const;
 
-    QCoro::Task<> runScan(Receipt receipt);
-    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(QString path, QString key);
+    QCoro::Task<> runScan(Receipt receipt, std::optional<FileIdentity> file);
+    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(FileToRead file, QString key);
+    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> send(FileToRead file, QString key);
     void failScan(Receipt receipt, const QString &error);
     void renameFile(Receipt &receipt);
 
@@ -126,7 +129,8 @@ private:
     void adoptRenamedFile(const Receipt &receipt);
 
     void setLastError(const QString &error);
-    static void startTask(QCoro::Task<> task);
+    void startTask(QCoro::Task<> task);
+    QCoro::Task<> reportFailureOf(QCoro::Task<> task);
 
     ReceiptStore *store_;
     SettingsStore *settings_;
@@ -134,11 +138,11 @@ private:
     std::optional<QString> lastError_;
     std::unique_ptr<FSEventsWatcher> watcher_;
     QString watchedFolder_;
-    QTimer unreadableNames_;                        // until they are listed again, after an event of one
-    QHash<QString, QTimer *> pendingDebounce_;      // by path; the timers are children of this object
-    QSet<QString> recentlyRenamedTo_;               // paths that the pipeline made by renaming, for 5 seconds
-    QSet<QString> inFlight_;                        // paths between admission and the end of their scan run
-    QHash<QString, SizeReading> stabilityReadings_; // the paths among them whose size is being watched
+    QTimer unreadableNames_;                   // until they are listed again, after an event of one
+    QHash<QString, QTimer *> pendingDebounce_; // by path; the timers are children of this object
+    QSet<QString> recentlyRenamedTo_;          // paths that the pipeline made by renaming, for 5 seconds
+    QSet<QString> inFlight_;                   // paths between admission and the end of their scan run
+    QHash<QString, StateReading> stabilityReadings_; // the paths among them whose size is being watched
 };
 
 } // namespace fennick

@@ -20,12 +20,6 @@ QString fullName(const QString &stem, const QString &extension) {
     return extension.isEmpty() ? stem : stem + u'.' + extension;
 }
 
-// A link whose target is gone holds its name as well.
-bool isTaken(const QString &path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 // The system's description of why the folder cannot be made; nothing when it is there.
 std::optional<QString> makeFolder(const QString &path) {
     std::error_code error;

@@ -18,8 +18,16 @@ QString AppState::albumName(const QDateTime &processingDate) {
 // Returns the receipt, marked when it has been added; a failure goes to `lastError`.
 QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
     const QPointer<AppState> self(this);
+    FileToRead wanted(receipt.filePath);
+    wanted.folder = watchedFolder_;
+    OpenedFile opened = openRegularFile(wanted); // before anything is waited for: the file may be moved
+    if (!opened) {
+        setLastError(tr("Photos export failed: %1").arg(opened.error().description()));
+        co_return receipt;
+    }
+    const std::shared_ptr<QFile> file = std::move(*opened);
     const auto images = co_await ConversionProcess::convertToJPEGs(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), receipt.filePath,
+        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), file, receipt.filePath,
         FileRenamer::baseName(receipt));
     if (!self) {
         co_return receipt;

@@ -1,5 +1,6 @@
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
+#include "pipeline/exception_text.h"
 
 #include <QCoroFuture>
 
@@ -22,7 +23,9 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 
 } // namespace
 
-QCoro::Task<> AppState::runScan(Receipt receipt) {
+// `file` is the one that was seen when the receipt was taken in: another one that has come to its path is not
+// sent.
+QCoro::Task<> AppState::runScan(Receipt receipt, std::optional<FileIdentity> file) {
     const QPointer<AppState> self(this);
     const QString key = (co_await settings_->storedAPIKey()).value_or(QString());
     if (!self) {
@@ -32,7 +35,10 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
         failScan(receipt, tr("API key not configured. Set your Gemini API key in Settings."));
         co_return;
     }
-    const auto result = co_await extract(receipt.filePath, key);
+    FileToRead wanted(receipt.filePath);
+    wanted.folder = watchedFolder_;
+    wanted.identity = file;
+    const auto result = co_await extract(wanted, key);
     if (!self) {
         co_return;
     }
@@ -53,18 +59,27 @@ QCoro::Task<> AppState::runScan(Receipt receipt) {
     }
 }
 
-// From the configured service, or from Fennick's own engine, which runs only while it is needed.
-QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(QString path, QString key) {
+// A failure of any kind is one of this receipt: its row must not wait for ever.
+QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(FileToRead file, QString key) {
+    try {
+        co_return co_await send(file, key);
+    } catch (...) {
+        co_return std::unexpected(ScanError(TransportError{exceptionText(std::current_exception())}));
+    }
+}
+
+// To the configured service, or to Fennick's own engine, which runs only while it is needed.
+QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::send(FileToRead file, QString key) {
     const QString address = configuredServiceAddress();
     if (!isOnDevice(address)) {
-        co_return co_await GeminiClient::scan(path, key, settings_->model(), address);
+        co_return co_await GeminiClient::scan(file, key, settings_->model(), address);
     }
     const auto use = co_await engine_.use();
     if (!use) {
         const QString reason = tr("The on-device engine could not be started: %1").arg(engine_.failure());
         co_return std::unexpected(ScanError(TransportError{reason}));
     }
-    co_return co_await GeminiClient::scan(path, key, settings_->model(), engine_.address());
+    co_return co_await GeminiClient::scan(file, key, settings_->model(), engine_.address());
 }
 
 void AppState::failScan(Receipt receipt, const QString &error) {
@@ -87,11 +102,17 @@ void AppState::renameFile(Receipt &receipt) {
 }
 
 void AppState::retry(const Receipt &receipt) {
+    const FileState file = fileStateAt(receipt.filePath);
+    if (const auto problem = problemOf(file)) {
+        failScan(receipt, problem->description());
+        return;
+    }
+    const bool isThere = file.kind != FileKind::missing;
     Receipt again = receipt;
     again.status = ReceiptStatus::processing;
     again.error.reset();
     store_->update(again);
-    startTask(runScan(again));
+    startTask(runScan(again, isThere ? std::optional(file.identity) : std::nullopt));
 }
 
 } // namespace fennick

@@ -116,7 +116,9 @@ void removeStaging(const QString &library, const QString &staging) {
 }
 
 QList<QJsonObject> entriesOf(const QString &journal) {
-    const OpenedFile file = openRegularFile({.path = journal, .mostBytes = largestJournal});
+    FileToRead wanted(journal);
+    wanted.mostBytes = largestJournal;
+    const OpenedFile file = openRegularFile(wanted);
     const auto content = file ? readWhole(**file) : std::unexpected(file.error());
     QList<QJsonObject> entries;
     if (content) {

@@ -45,12 +45,20 @@ struct FileProblem {
     QString description() const;
 };
 
+// Why a file in this state is no receipt to be read, as far as that shows without opening it: it is a link or
+// too large.
+std::optional<FileProblem> problemOf(const FileState &state);
+
 // A file that is to be read, and what it must be for that.
 struct FileToRead {
     QString path;
-    QString folder = {}; // if the path lies below it, no link between the two is followed
-    std::optional<FileIdentity> identity = {};
+    QString folder;                       // if the path lies below it, no link between the two is followed
+    std::optional<FileIdentity> identity; // of the file that was seen earlier
     qint64 mostBytes = largestReceiptFile;
+
+    // Any regular file of acceptable size.
+    FileToRead(const QString &filePath)
+        : path(filePath) {}
 };
 
 using OpenedFile = std::expected<std::unique_ptr<QFile>, FileProblem>;
@@ -58,6 +66,10 @@ using OpenedFile = std::expected<std::unique_ptr<QFile>, FileProblem>;
 // Opens a regular file for reading, without buffer. Neither follows a link at the path's end nor waits for
 // the other end of a pipe; what has been checked is what was opened. Any thread.
 OpenedFile openRegularFile(const FileToRead &wanted);
+
+// A path by which this process can open the very same file once more, also when it has been renamed or
+// removed. Valid while `file` is open.
+QString reopeningPath(const QFile &file);
 
 // The next `bytes` bytes, all of them: a file that has fewer has changed since its size was asked for, or its
 // disk is failing.

@@ -61,6 +61,16 @@ QString FileProblem::description() const {
     return systemText;
 }
 
+std::optional<FileProblem> problemOf(const FileState &state) {
+    if (state.kind == FileKind::link) {
+        return FileProblem{Kind::link, {}};
+    }
+    if (state.kind == FileKind::regular && state.size > largestReceiptFile) {
+        return FileProblem{Kind::tooLarge, {}};
+    }
+    return std::nullopt;
+}
+
 OpenedFile openRegularFile(const FileToRead &wanted) {
     if (wanted.path.contains(QChar::Null)) {
         return systemProblem(EINVAL); // the system would read another name
@@ -93,6 +103,10 @@ OpenedFile openRegularFile(const FileToRead &wanted) {
     }
     descriptor.release();
     return file;
+}
+
+QString reopeningPath(const QFile &file) {
+    return QStringLiteral("/proc/self/fd/%1").arg(file.handle());
 }
 
 std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes) {
