@@ -4,10 +4,10 @@
 #include "files/private_folder.h"
 #include "platform/child_process.h"
 #include "platform/regular_file.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QCoroSignal>
-#include <QFileInfo>
 #include <QProcess>
 #include <QTimer>
 
@@ -24,7 +24,7 @@ constexpr qint64 mostMemory = 1LL << 30;
 // Paths that the report names outside the folder it was given are none of its business.
 Result trusted(Result result, const QString &folder) {
     if (result && !std::ranges::all_of(
-                      *result, [&folder](const QString &path) { return QFileInfo(path).path() == folder; })) {
+                      *result, [&folder](const QString &path) { return parentFolder(path) == folder; })) {
         return std::unexpected(ConverterError{ConverterError::Kind::renderFailed, {}});
     }
     return result;

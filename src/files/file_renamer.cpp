@@ -9,8 +9,6 @@
 #include "text/unsafe_characters.h"
 #include "text/white_space.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 
@@ -29,14 +27,13 @@ bool isPossible(const QString &name) {
 } // namespace
 
 std::optional<RenamedFile> rename(const Receipt &receipt) {
-    const QFileInfo oldFile(receipt.filePath);
     const QString desired = buildNewFileName(receipt);
-    if (desired == oldFile.fileName()) {
+    if (desired == lastPathComponent(receipt.filePath)) {
         return std::nullopt; // also keeps a second scan from giving the file a number
     }
-    const QDir folder(oldFile.path());
-    const QString name = pickAvailableName(folder.path(), desired);
-    const QString newPath = folder.filePath(name);
+    const QString folder = parentFolder(receipt.filePath);
+    const QString name = pickAvailableName(folder, desired);
+    const QString newPath = joinedPath(folder, name);
     if (newPath == receipt.filePath || !isPossible(name)) {
         return std::nullopt;
     }
@@ -69,9 +66,8 @@ QString baseName(const Receipt &receipt) {
 }
 
 QString pickAvailableName(const QString &folder, const QString &desired) {
-    const QDir directory(folder);
     QString name = desired;
-    for (int number = 2; isTaken(directory.filePath(name)); ++number) {
+    for (int number = 2; isTaken(joinedPath(folder, name)); ++number) {
         name = numberedName(nameWithoutExtension(desired), pathExtension(desired), number);
     }
     return name;

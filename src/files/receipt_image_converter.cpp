@@ -78,7 +78,7 @@ Result convertPdf(QFile &file, const QString &folder, const QString &base, int p
     }
     const int count = pages->count();
     const auto path = [&](int page) {
-        return folder + u'/' + pageName(base, page, count);
+        return joinedPath(folder, pageName(base, page, count));
     };
     std::vector<bool> written(static_cast<std::size_t>(count));
     if (processes > 1 && count > 1) {
@@ -145,7 +145,7 @@ Result ReceiptImageConverter::convertInto(const QString &folder, QFile &file, co
     // No memory for a large picture is a failure of this receipt, not of the program.
     try {
         return isPdf(fileName) ? convertPdf(file, folder, base, processes)
-                               : convertImage(file, folder + u'/' + base + u".jpg"_qs);
+                               : convertImage(file, joinedPath(folder, base + u".jpg"_qs));
     } catch (const std::exception &) {
         return failure(Kind::renderFailed);
     }

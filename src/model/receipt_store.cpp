@@ -3,6 +3,7 @@
 #include "model/data_folder.h"
 #include "model/receipt_json.h"
 #include "text/characters.h"
+#include "text/path_text.h"
 
 #include <algorithm>
 
@@ -19,8 +20,8 @@ bool isNewer(const Receipt &left, const Receipt &right) {
 
 ReceiptStore::ReceiptStore(QObject *parent)
     : QObject(parent)
-    , receiptsFile_(dataFolder() + QStringLiteral("/receipts.json"))
-    , ignoredFile_(dataFolder() + QStringLiteral("/ignored.json")) {
+    , receiptsFile_(joinedPath(dataFolder(), QStringLiteral("receipts.json")))
+    , ignoredFile_(joinedPath(dataFolder(), QStringLiteral("ignored.json"))) {
     load();
 }
 

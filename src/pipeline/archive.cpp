@@ -36,13 +36,13 @@ std::optional<QString> AppState::archiveRoot() const {
     }
     const QString watched = settings_->watchFolderPath().value_or(QString());
     if (!watched.isEmpty()) {
-        return QDir::cleanPath(QDir(watched).filePath(defaultArchiveName));
+        return joinedPath(QDir::cleanPath(watched), defaultArchiveName);
     }
     return std::nullopt;
 }
 
 QString AppState::archiveDestinationPath() const {
-    return archiveRoot().value_or(defaultArchiveName) + u'/' + dateStamp();
+    return joinedPath(archiveRoot().value_or(defaultArchiveName), dateStamp());
 }
 
 QString AppState::dateStamp() {
@@ -50,10 +50,9 @@ QString AppState::dateStamp() {
 }
 
 QString AppState::uniquePath(const QString &folder, const QString &base, const QString &extension) {
-    const QDir directory(folder);
-    QString path = directory.filePath(fullName(base, extension));
+    QString path = joinedPath(folder, fullName(base, extension));
     for (int number = 2; isTaken(path); ++number) {
-        path = directory.filePath(numberedName(base, extension, number));
+        path = joinedPath(folder, numberedName(base, extension, number));
     }
     return path;
 }
@@ -68,7 +67,7 @@ void AppState::archiveAndClear(ExportService::Format format) {
         return;
     }
     const QString stamp = dateStamp();
-    const QString folder = QDir(*root).filePath(stamp);
+    const QString folder = joinedPath(*root, stamp);
     if (const auto problem = makeFolder(folder)) {
         setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
         return;
@@ -88,7 +87,7 @@ void AppState::carryOut(const PendingArchive &archive) {
     if (!isTaken(archive.ledgerPath)) {
         ExportService::writeLedger(store_->receipts(), archive.format, archive.ledgerPath);
     }
-    const QString folder = QFileInfo(archive.ledgerPath).path();
+    const QString folder = parentFolder(archive.ledgerPath);
     for (const Receipt &receipt : store_->receipts()) {
         moveIntoArchive(receipt.filePath, folder);
     }
@@ -103,7 +102,7 @@ void AppState::resumeArchive() {
     if (!archive) {
         return;
     }
-    const QString folder = QFileInfo(archive->ledgerPath).path();
+    const QString folder = parentFolder(archive->ledgerPath);
     if (const auto problem = makeFolder(folder)) {
         setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
     } else {

@@ -2,10 +2,10 @@
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
 #include "pipeline/photos_importer.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QLocale>
 
 namespace fennick {
@@ -51,7 +51,7 @@ QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
     }
     receipt.addedToPhotos = true;
     if (!images->isEmpty()) {
-        QDir(QFileInfo(images->first()).path()).removeRecursively();
+        QDir(parentFolder(images->first())).removeRecursively();
     }
     co_return receipt;
 }

@@ -1,5 +1,7 @@
 #include "platform/descriptor_linux.h"
 
+#include "text/path_text.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -62,7 +64,7 @@ Descriptor openBelow(const QString &folder, const QString &path, int flags) {
 
 Descriptor openParent(const QString &folder, const QString &path) {
     constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
-    const QString parent = path.left(qMax(qsizetype(1), path.lastIndexOf(u'/')));
+    const QString parent = parentFolder(path);
     if (!folder.isEmpty() && isLexicallyBelow(parent, folder)) {
         return openBelow(folder, parent, flags);
     }

@@ -1,4 +1,5 @@
 #include "platform/file_operations.h"
+#include "text/path_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -82,7 +83,7 @@ std::expected<void, QString> moveWithoutReplacing(const QString &source, const Q
     }
     // Under another name first: nobody may take a part of the file for the whole.
     const QString part =
-        QFileInfo(target).path() + u'/' + partPrefix + QUuid::createUuid().toString(QUuid::WithoutBraces);
+        joinedPath(parentFolder(target), partPrefix + QUuid::createUuid().toString(QUuid::WithoutBraces));
     if (const auto copied = copyDurably(source, part); !copied) {
         return copied;
     }
@@ -101,7 +102,7 @@ void removePartsOfMoves(const QString &folder) {
     const QDir directory(folder);
     const QStringList parts = directory.entryList({partPrefix + u'*'}, QDir::Files | QDir::Hidden);
     for (const QString &part : parts) {
-        QFile::remove(directory.filePath(part));
+        QFile::remove(joinedPath(folder, part));
     }
 }
 

@@ -39,15 +39,11 @@ QString systemError() {
 }
 
 QString stagingFolder(const QString &library, const QString &id) {
-    return library + u'/' + stagingPrefix + id;
+    return joinedPath(library, stagingPrefix + id);
 }
 
 QString journalPath(const QString &journalFolder, const QString &id) {
-    return journalFolder + u'/' + journalPrefix + id;
-}
-
-QString folderOf(const QString &path) {
-    return path.left(path.lastIndexOf(u'/'));
+    return joinedPath(journalFolder, journalPrefix + id);
 }
 
 QByteArray nameOf(const QString &path) {
@@ -61,7 +57,7 @@ bool isStagedName(const QByteArray &name) {
 }
 
 bool isStagedPath(const QString &path, const QString &staging) {
-    return folderOf(path) == staging && isStagedName(nameOf(path));
+    return parentFolder(path) == staging && isStagedName(nameOf(path));
 }
 
 // Removes the very file that was moved there: one that is not, or has another size, is somebody else's.
@@ -84,7 +80,7 @@ void takeBackMove(const QJsonObject &entry, const QString &library, const QStrin
 
 // Only while it holds nothing but its title.
 void takeBackAlbum(const QString &path, const QString &library) {
-    if (!isLexicallyBelow(path, library) || folderOf(path) != library) {
+    if (!isLexicallyBelow(path, library) || parentFolder(path) != library) {
         return;
     }
     const QByteArray title = QFile::encodeName(albumTitleFile);
@@ -188,7 +184,7 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
         return std::unexpected(systemError());
     }
     for (const QString &path : imagePaths) {
-        const QString staged = staging_ + u'/' + QString::number(staged_.size());
+        const QString staged = joinedPath(staging_, QString::number(staged_.size()));
         if (const auto copied = FileOperations::copyDurably(path, staged); !copied) {
             return copied;
         }
@@ -200,14 +196,14 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
 std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     const QString safe = withoutUnsafeCharacters(title).trimmed();
     const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? QStringLiteral("Album") : safe;
-    QString path = library_ + u'/' + stem;
+    QString path = joinedPath(library_, stem);
     for (int number = 2; isTaken(path); ++number) {
-        path = library_ + u'/' + numberedName(stem, {}, number);
+        path = joinedPath(library_, numberedName(stem, {}, number));
     }
     if (!record({{albumKey, path}}) || !QDir().mkdir(path)) {
         return std::nullopt;
     }
-    QFile file(path + u'/' + albumTitleFile);
+    QFile file(joinedPath(path, albumTitleFile));
     const QByteArray content = title.toUtf8();
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || file.write(content) != content.size() ||
         !file.flush()) {
@@ -232,7 +228,7 @@ std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &i
     const QString extension = pathExtension(image.name);
     const FileState state = fileStateAt(image.path);
     const QString fileNumber = QString::number(state.identity.number);
-    QString target = folder + u'/' + image.name;
+    QString target = joinedPath(folder, image.name);
     for (int number = 2;; ++number) {
         if (!isTaken(target)) {
             if (!record({{stagedKey, image.path},
@@ -246,7 +242,7 @@ std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &i
                 return moved;
             }
         }
-        target = folder + u'/' + numberedName(stem, extension, number);
+        target = joinedPath(folder, numberedName(stem, extension, number));
     }
 }
 

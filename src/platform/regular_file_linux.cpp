@@ -36,7 +36,10 @@ Descriptor opened(const FileToRead &wanted) {
 
 FileState fileStateAt(const QString &path) {
     struct stat status {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? fileState(status) : FileState{};
+    // With a null character in it the system would look at another path.
+    const bool isThere =
+        !path.contains(QChar::Null) && ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+    return isThere ? fileState(status) : FileState{};
 }
 
 bool isTaken(const QString &path) {

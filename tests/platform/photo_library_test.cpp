@@ -234,6 +234,43 @@ private Q_SLOTS:
         QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
     }
 
+    void albumTitleIsAShortRegularFile_data() {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("link to an endless file") << 0;
+        QTest::newRow("pipe") << 1;
+        QTest::newRow("too long") << 2;
+        QTest::newRow("link to a title") << 3;
+        QTest::newRow("in a linked folder") << 4;
+    }
+    void albumTitleIsAShortRegularFile() {
+        QFETCH(int, kind);
+        const QString title = QStringLiteral("Trip");
+        const QString elsewhere = home_->path(QStringLiteral("elsewhere"));
+        writeFile(elsewhere + QStringLiteral("/.album"), "Trip");
+        const QString album = home_->photoLibrary() + QStringLiteral("/planted");
+        const QString file = album + QStringLiteral("/.album");
+        QVERIFY(QDir().mkpath(kind == 4 ? home_->photoLibrary() : album));
+        switch (kind) {
+        case 0:
+            QVERIFY(QFile::link(QStringLiteral("/dev/zero"), file));
+            break;
+        case 1:
+            QCOMPARE(::mkfifo(QFile::encodeName(file).constData(), 0600), 0);
+            break;
+        case 2:
+            writeFile(file, QByteArray("Trip").leftJustified(4097));
+            break;
+        case 3:
+            QVERIFY(QFile::link(elsewhere + QStringLiteral("/.album"), file));
+            break;
+        default:
+            QVERIFY(QFile::link(elsewhere, album));
+        }
+        QVERIFY(!PhotoLibrary::fetchAlbum(title));
+        QVERIFY(add({{image("a.jpg")}, {}, title}));
+        QCOMPARE(PhotoLibrary::fetchAlbum(title)->folder, home_->photoLibrary() + QStringLiteral("/Trip"));
+    }
+
     void albumReplacedByAFileIsMadeAnew() {
         const QString title = QStringLiteral("Trip");
         writeFile(home_->photoLibrary() + QStringLiteral("/Trip"), "no folder");
