@@ -33,6 +33,11 @@ bool ReceiptStore::hasReceipt(const QString &id) const {
     return rowOf(id) >= 0;
 }
 
+std::optional<Receipt> ReceiptStore::receipt(const QString &id) const {
+    const qsizetype row = rowOf(id);
+    return row < 0 ? std::nullopt : std::optional(receipts_[row]);
+}
+
 void ReceiptStore::add(const Receipt &receipt) {
     const auto place = std::upper_bound(receipts_.cbegin(), receipts_.cend(), receipt, isNewer);
     const qsizetype row = place - receipts_.cbegin();

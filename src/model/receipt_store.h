@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QSet>
 
+#include <optional>
+
 namespace fennick {
 
 // What an operation does to the published list, in rows. `moved` is one row that also changed its content.
@@ -38,6 +40,10 @@ public:
 
     // Whether a receipt with this identifier is (still) listed.
     bool hasReceipt(const QString &id) const;
+
+    // The receipt with this identifier as it is now. Whoever has waited for something changes this one, and
+    // of it only what has come of the waiting: what a user has corrected meanwhile stays.
+    std::optional<Receipt> receipt(const QString &id) const;
 
     // Callers test hasFilePath first: duplicates are not looked for here.
     void add(const Receipt &receipt);

@@ -5,6 +5,7 @@
 #include "extraction/on_device_engine.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
+#include "pipeline/renamed_paths.h"
 #include "platform/regular_file.h"
 #include "settings/settings_store.h"
 
@@ -107,6 +108,9 @@ private:
     void handleEvents(const QList<FileEvent> &events);
     void debounce(const FileEvent &event);
     QCoro::Task<> scanExistingFiles(QString folder);
+    void takeInLater(const QStringList &listed);
+    QCoro::Task<> takeInOneAfterTheOther();
+    bool isHidden(const QString &path) const;
     QCoro::Task<> copyReceipts(QStringList paths, QString folder);
     QCoro::Task<> processFile(QString path);
     QCoro::Task<FileState> waitForFileStability(QString path);
@@ -117,11 +121,11 @@ private:
     QCoro::Task<> runScan(Receipt receipt, std::optional<FileIdentity> file);
     QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(FileToRead file, QString key);
     QCoro::Task<std::expected<GeminiReceiptData, ScanError>> send(FileToRead file, QString key);
-    void failScan(Receipt receipt, const QString &error);
-    void renameFile(Receipt &receipt);
+    void failScan(const QString &id, const QString &error);
+    void renameFile(Receipt receipt);
 
-    QCoro::Task<Receipt> addToPhotos(Receipt receipt);
-    QCoro::Task<> deliverAndUpdate(Receipt receipt);
+    QCoro::Task<bool> addToPhotos(Receipt receipt, std::optional<FileIdentity> file);
+    QCoro::Task<> deliver(Receipt receipt, std::optional<FileIdentity> file = {});
 
     void carryOut(const PendingArchive &archive);
     void resumeArchive();
@@ -138,10 +142,12 @@ private:
     std::optional<QString> lastError_;
     std::unique_ptr<FSEventsWatcher> watcher_;
     QString watchedFolder_;
-    QTimer unreadableNames_;                   // until they are listed again, after an event of one
-    QHash<QString, QTimer *> pendingDebounce_; // by path; the timers are children of this object
-    QSet<QString> recentlyRenamedTo_;          // paths that the pipeline made by renaming, for 5 seconds
-    QSet<QString> inFlight_;                   // paths between admission and the end of their scan run
+    QTimer unreadableNames_;  // until they are listed again, after an event of one
+    QStringList listedFiles_; // found by listing a folder, to be taken in one after the other
+    bool isTakingInListedFiles_ = false;
+    QHash<QString, QTimer *> pendingDebounce_;       // by path; the timers are children of this object
+    RenamedPaths recentlyRenamedTo_;                 // paths that the pipeline made by renaming
+    QSet<QString> inFlight_;                         // paths between admission and the end of their scan run
     QHash<QString, StateReading> stabilityReadings_; // the paths among them whose size is being watched
 };
 

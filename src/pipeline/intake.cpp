@@ -54,6 +54,9 @@ void AppState::startWatchingIfConfigured() {
 
 void AppState::startWatching(const QString &path) {
     const QString folder = QDir::cleanPath(path); // events and listing must spell paths alike
+    if (folder != watchedFolder_) {
+        listedFiles_.clear();
+    }
     watcher_.reset();
     watchedFolder_ = folder;
     watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
@@ -68,11 +71,20 @@ void AppState::startWatching(const QString &path) {
 }
 
 void AppState::handleEvents(const QList<FileEvent> &events) {
+    QStringList listed;
     for (const FileEvent &event : events) {
-        if (isSupported(event.path) && !isInArchive(event.path) && !recentlyRenamedTo_.contains(event.path)) {
+        if (!isSupported(event.path) || isInArchive(event.path) ||
+            recentlyRenamedTo_.contains(event.path, event.at)) {
+            continue;
+        }
+        if (!event.isListed) {
             debounce(event);
+        } else if (!isHidden(event.path) && !pendingDebounce_.contains(event.path)) {
+            listed.append(event.path);
         }
     }
+    listed.sort();
+    takeInLater(listed);
 }
 
 // The interval counts from the event itself: the watcher may have held it back to tell it in a batch.
@@ -95,27 +107,52 @@ bool AppState::isInArchive(const QString &path) const {
     if (path.contains(u"/Receipt Archive/")) {
         return true;
     }
-    QString root = settings_->archiveFolderPath().value_or(QString());
-    if (root.isEmpty()) {
+    const QString configured = settings_->archiveFolderPath().value_or(QString());
+    if (configured.isEmpty()) {
         return false;
     }
-    if (!root.endsWith(u'/')) {
-        root += u'/';
-    }
-    return path.startsWith(root);
+    return path.startsWith(joinedPath(QDir::cleanPath(configured), QString())); // as archiveRoot()
 }
 
 QCoro::Task<> AppState::scanExistingFiles(QString folder) {
     const QPointer<AppState> self(this); // the program may be ending
     const QStringList paths = co_await QtConcurrent::run(existingFiles, folder);
-    for (const QString &path : paths) {
-        if (!self) {
-            co_return;
+    if (self && folder == watchedFolder_) {
+        takeInLater(paths);
+    }
+}
+
+// What lies in the folder is taken in by one rule, whether it is found at the start or later: no hidden
+// files, no folders, and one file after the other, so that a full folder is not sent all at once.
+void AppState::takeInLater(const QStringList &listed) {
+    listedFiles_.append(listed);
+    if (!isTakingInListedFiles_ && !listedFiles_.isEmpty()) {
+        startTask(takeInOneAfterTheOther());
+    }
+}
+
+QCoro::Task<> AppState::takeInOneAfterTheOther() {
+    const QPointer<AppState> self(this);
+    isTakingInListedFiles_ = true;
+    const auto end = qScopeGuard([self] {
+        if (self) {
+            self->isTakingInListedFiles_ = false;
         }
-        if (!isInArchive(path) && !store_->hasFilePath(path)) {
+    });
+    while (self && !listedFiles_.isEmpty()) {
+        const QString path = listedFiles_.takeFirst();
+        const FileKind kind = store_->hasFilePath(path) ? FileKind::missing : fileStateAt(path).kind;
+        if (kind == FileKind::regular || kind == FileKind::link) {
             co_await processFile(path);
+        } else if (mayBeUnreadable(path)) {
+            unreadableNames_.start();
         }
     }
+}
+
+// Whether it is a hidden file, or lies in a hidden folder, as seen from the watched folder.
+bool AppState::isHidden(const QString &path) const {
+    return path.mid(watchedFolder_.size()).contains(u"/.");
 }
 
 QCoro::Task<> AppState::processFile(QString path) {

@@ -13,7 +13,7 @@ void AppState::recoverFromInterruption() {
     const QList<Receipt> receipts = store_->receipts();
     for (const Receipt &receipt : receipts) {
         if (receipt.status == ReceiptStatus::processing) {
-            failScan(receipt, tr("The scan was interrupted. Retry to scan this receipt again."));
+            failScan(receipt.id, tr("The scan was interrupted. Retry to scan this receipt again."));
         } else if (receipt.status == ReceiptStatus::done) {
             adoptRenamedFile(receipt);
         }

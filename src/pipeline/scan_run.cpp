@@ -8,9 +8,6 @@ namespace fennick {
 
 namespace {
 
-// How long the events of the pipeline's own renaming may take to arrive.
-constexpr std::chrono::seconds renameExclusion{5};
-
 void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
     receipt.date = data.date;
     receipt.time = data.time;
@@ -27,15 +24,16 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 // sent.
 QCoro::Task<> AppState::runScan(Receipt receipt, std::optional<FileIdentity> file) {
     const QPointer<AppState> self(this);
+    const QString id = receipt.id;
     const QString key = (co_await settings_->storedAPIKey()).value_or(QString());
     if (!self) {
         co_return;
     }
     if (key.isEmpty()) {
-        failScan(receipt, tr("API key not configured. Set your Gemini API key in Settings."));
+        failScan(id, tr("API key not configured. Set your Gemini API key in Settings."));
         co_return;
     }
-    FileToRead wanted(receipt.filePath);
+    FileToRead wanted(store_->receipt(id).value_or(receipt).filePath);
     wanted.folder = watchedFolder_;
     wanted.identity = file;
     const auto result = co_await extract(wanted, key);
@@ -43,19 +41,21 @@ QCoro::Task<> AppState::runScan(Receipt receipt, std::optional<FileIdentity> fil
         co_return;
     }
     if (!result) {
-        failScan(receipt, errorDescription(result.error()));
+        failScan(id, errorDescription(result.error()));
         co_return;
     }
-    if (!store_->hasReceipt(receipt.id)) {
+    auto scanned = store_->receipt(id);
+    if (!scanned) {
         co_return; // cleared meanwhile: its path is ignored from now on, so the file keeps its name
     }
-    takeFields(receipt, *result);
-    receipt.status = ReceiptStatus::done;
-    receipt.error.reset();
-    store_->update(receipt);
-    renameFile(receipt);
-    if (settings_->addToPhotos() && !receipt.addedToPhotos) {
-        co_await deliverAndUpdate(receipt);
+    takeFields(*scanned, *result);
+    scanned->status = ReceiptStatus::done;
+    scanned->error.reset();
+    store_->update(*scanned);
+    renameFile(*scanned);
+    scanned = store_->receipt(id);
+    if (scanned && settings_->addToPhotos() && !scanned->addedToPhotos) {
+        co_await deliver(*scanned, file);
     }
 }
 
@@ -82,37 +82,40 @@ QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::send(FileToRe
     co_return co_await GeminiClient::scan(file, key, settings_->model(), engine_.address());
 }
 
-void AppState::failScan(Receipt receipt, const QString &error) {
-    receipt.status = ReceiptStatus::error;
-    receipt.error = error;
-    store_->update(receipt);
+void AppState::failScan(const QString &id, const QString &error) {
+    if (auto receipt = store_->receipt(id)) {
+        receipt->status = ReceiptStatus::error;
+        receipt->error = error;
+        store_->update(*receipt);
+    }
 }
 
-void AppState::renameFile(Receipt &receipt) {
+void AppState::renameFile(Receipt receipt) {
     const auto renamed = FileRenamer::rename(receipt);
     if (!renamed) {
         return;
     }
-    recentlyRenamedTo_.insert(renamed->filePath);
-    QTimer::singleShot(renameExclusion, this,
-                       [this, path = renamed->filePath] { recentlyRenamedTo_.remove(path); });
+    recentlyRenamedTo_.insert(renamed->filePath, Clock::now());
     receipt.fileName = renamed->fileName;
     receipt.filePath = renamed->filePath;
     store_->update(receipt);
 }
 
 void AppState::retry(const Receipt &receipt) {
-    const FileState file = fileStateAt(receipt.filePath);
-    if (const auto problem = problemOf(file)) {
-        failScan(receipt, problem->description());
+    auto again = store_->receipt(receipt.id);
+    if (!again) {
         return;
     }
+    const FileState file = fileStateAt(again->filePath);
+    if (const auto problem = problemOf(file)) {
+        failScan(again->id, problem->description());
+        return;
+    }
+    again->status = ReceiptStatus::processing;
+    again->error.reset();
+    store_->update(*again);
     const bool isThere = file.kind != FileKind::missing;
-    Receipt again = receipt;
-    again.status = ReceiptStatus::processing;
-    again.error.reset();
-    store_->update(again);
-    startTask(runScan(again, isThere ? std::optional(file.identity) : std::nullopt));
+    startTask(runScan(*again, isThere ? std::optional(file.identity) : std::nullopt));
 }
 
 } // namespace fennick

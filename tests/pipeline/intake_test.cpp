@@ -1,4 +1,5 @@
 #include "pipeline_under_test.h"
+#include "text/path_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -134,6 +135,8 @@ private Q_SLOTS:
         QTest::newRow("default archive") << QStringLiteral("Receipt Archive/2025-03-03") << false;
         QTest::newRow("configured") << QStringLiteral("Done") << true;
         QTest::newRow("configured with a slash") << QStringLiteral("Done/") << true;
+        QTest::newRow("configured with two slashes") << QStringLiteral("Done//") << true;
+        QTest::newRow("configured with a detour") << QStringLiteral("x/../Done") << true;
     }
     void archivesAreLeftAlone() {
         QFETCH(QString, archive);
@@ -435,12 +438,86 @@ private Q_SLOTS:
     void movedInTreeIsTakenInWhole() {
         pipeline_->start();
         const QString outside = surroundings_.home.path(QStringLiteral("outside"));
-        for (int index = 0; index < 40; ++index) {
+        constexpr int files = 15;
+        for (int index = 0; index < files; ++index) {
             writeFile(outside + QStringLiteral("/sub%1/receipt.pdf").arg(index), QByteArray::number(index));
         }
         QVERIFY(QDir().rename(outside, pipeline_->path(QStringLiteral("moved"))));
-        QVERIFY(pipeline_->waitForRows(40, ReceiptStatus::done));
-        QCOMPARE(pipeline_->server.requests().size(), 40);
+        QVERIFY(waitUntil([&] { return pipeline_->receipts().size() == files; }, 60000));
+        QVERIFY(pipeline_->waitForRows(files, ReceiptStatus::done));
+        QCOMPARE(pipeline_->server.requests().size(), files);
+    }
+
+    void whatIsFoundLaterIsTakenInAsAtTheStart_data() {
+        QTest::addColumn<bool>("isMovedIn");
+        QTest::newRow("a folder is moved in") << true;
+        QTest::newRow("the watched folder was away") << false;
+    }
+    void whatIsFoundLaterIsTakenInAsAtTheStart() {
+        QFETCH(bool, isMovedIn);
+        int underWay = 0;
+        int most = 0;
+        pipeline_->server.setScript([&](const HttpRequest &) {
+            most = std::max(most, ++underWay);
+            QTimer::singleShot(50, pipeline_->appState.get(), [&underWay] { --underWay; });
+            HttpReply reply = answering("{}");
+            reply.delay = milliseconds(60);
+            return reply;
+        });
+        pipeline_->start();
+        const QString outside = surroundings_.home.path(QStringLiteral("outside-again"));
+        const QString watched = QDir::cleanPath(pipeline_->path(QString()));
+        if (!isMovedIn) {
+            QVERIFY(QDir().rename(watched, outside));
+        }
+        for (const char *const name : {"1.pdf", "2.pdf", "sub/3.pdf", "sub/4.pdf"}) {
+            writeFile(joinedPath(outside, QString::fromUtf8(name)), "found");
+        }
+        for (const char *const name : {".5.pdf", ".Trash/6.pdf", "sub/.Trash-1000/files/7.pdf"}) {
+            writeFile(joinedPath(outside, QString::fromUtf8(name)), "hidden");
+        }
+        QVERIFY(QDir().mkpath(joinedPath(outside, QStringLiteral("folder.pdf"))));
+        QVERIFY(QDir().rename(outside, isMovedIn ? pipeline_->path(QStringLiteral("moved")) : watched));
+        QVERIFY(waitUntil([this] { return pipeline_->receipts().size() == 4; }));
+        QVERIFY(pipeline_->waitForRows(4, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>(4, "found"));
+        QCOMPARE(pipeline_->receipts().size(), 4);
+        QCOMPARE(most, 1);
+        QVERIFY(waitUntil([&] { return underWay == 0; }));
+    }
+
+    void eventsOfARenamingAreItsOwn() {
+        pipeline_->start();
+        // The row does not keep the new path, so only the renaming itself keeps the file from being read
+        // again.
+        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [this] {
+            Receipt receipt = pipeline_->receipts().first();
+            if (receipt.fileName == finalName && receipt.filePath.endsWith(finalName)) {
+                receipt.filePath = QStringLiteral("/elsewhere");
+                QTimer::singleShot(0, this, [this, receipt] { pipeline_->store->update(receipt); });
+            }
+        });
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        QVERIFY(waitUntil([this] {
+            return !pipeline_->receipts().isEmpty() &&
+                   pipeline_->receipts().first().filePath == QStringLiteral("/elsewhere");
+        }));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->receipts().size(), 1);
+        QVERIFY(QFile::exists(pipeline_->path(finalName)));
+    }
+
+    void exclusionOfARenamedPathLastsFiveSeconds() {
+        RenamedPaths renamed;
+        const auto start = std::chrono::steady_clock::now();
+        const QString path = QStringLiteral("/w/a.pdf");
+        renamed.insert(path, start);
+        QVERIFY(renamed.contains(path, start + milliseconds(4999)));
+        QVERIFY(!renamed.contains(path, start + milliseconds(5000)));
+        QVERIFY(!renamed.contains(QStringLiteral("/w/A.pdf"), start));
+        renamed.insert(path, start + milliseconds(3000)); // counts anew
+        QVERIFY(renamed.contains(path, start + milliseconds(7999)));
     }
 
 private:
