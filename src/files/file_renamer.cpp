@@ -26,7 +26,7 @@ bool isPossible(const QString &name) {
 
 } // namespace
 
-std::optional<RenamedFile> rename(const Receipt &receipt) {
+std::optional<RenamedFile> rename(const Receipt &receipt, const QString &watched) {
     const QString desired = buildNewFileName(receipt);
     if (desired == lastPathComponent(receipt.filePath)) {
         return std::nullopt; // also keeps a second scan from giving the file a number
@@ -38,7 +38,7 @@ std::optional<RenamedFile> rename(const Receipt &receipt) {
         return std::nullopt;
     }
     // Not QFile::rename(), which copies over a file that has come to have the name in the meantime.
-    if (!FileOperations::moveWithoutReplacing(receipt.filePath, newPath)) {
+    if (!FileOperations::moveWithoutReplacing(receipt.filePath, newPath, watched)) {
         return std::nullopt;
     }
     return RenamedFile{name, newPath};

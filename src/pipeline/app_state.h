@@ -129,7 +129,7 @@ private:
 
     void carryOut(const PendingArchive &archive);
     void resumeArchive();
-    static void moveIntoArchive(const QString &path, const QString &folder);
+    void moveIntoArchive(const QString &path, const QString &folder);
     void adoptRenamedFile(const Receipt &receipt);
 
     void setLastError(const QString &error);

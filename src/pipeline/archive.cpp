@@ -5,10 +5,6 @@
 #include "text/path_text.h"
 
 #include <QDir>
-#include <QFileInfo>
-
-#include <cerrno>
-#include <filesystem>
 
 namespace fennick {
 
@@ -18,13 +14,6 @@ const QString defaultArchiveName = QStringLiteral("Receipt Archive");
 
 QString fullName(const QString &stem, const QString &extension) {
     return extension.isEmpty() ? stem : stem + u'.' + extension;
-}
-
-// The system's description of why the folder cannot be made; nothing when it is there.
-std::optional<QString> makeFolder(const QString &path) {
-    std::error_code error;
-    std::filesystem::create_directories(path.toStdU16String(), error);
-    return error ? std::optional(QString::fromStdString(error.message())) : std::nullopt;
 }
 
 } // namespace
@@ -68,8 +57,8 @@ void AppState::archiveAndClear(ExportService::Format format) {
     }
     const QString stamp = dateStamp();
     const QString folder = joinedPath(*root, stamp);
-    if (const auto problem = makeFolder(folder)) {
-        setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
+    if (const auto made = FileOperations::makeFolder(folder); !made) {
+        setLastError(tr("Couldn't create archive folder: %1").arg(made.error()));
         return;
     }
     const PendingArchive archive{
@@ -103,10 +92,14 @@ void AppState::resumeArchive() {
         return;
     }
     const QString folder = parentFolder(archive->ledgerPath);
-    if (const auto problem = makeFolder(folder)) {
-        setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
+    if (const auto made = FileOperations::makeFolder(folder); !made) {
+        setLastError(tr("Couldn't create archive folder: %1").arg(made.error()));
     } else {
-        FileOperations::removePartsOfMoves(folder);
+        QStringList sources;
+        for (const Receipt &receipt : store_->receipts()) {
+            sources.append(receipt.filePath);
+        }
+        FileOperations::settlePartsOfMoves(folder, sources);
         if (!store_->receipts().isEmpty()) {
             carryOut(*archive);
         }
@@ -116,12 +109,13 @@ void AppState::resumeArchive() {
 
 // A file that is missing or cannot be moved is passed over: it stays where it is, and its path is ignored.
 void AppState::moveIntoArchive(const QString &path, const QString &folder) {
-    if (!QFileInfo::exists(path)) {
+    if (!isTaken(path)) {
         return;
     }
     const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
     // The result is intentionally not looked at.
-    std::ignore = FileOperations::moveWithoutReplacing(path, target);
+    const QString watched = QDir::cleanPath(settings_->watchFolderPath().value_or(QString()));
+    std::ignore = FileOperations::moveWithoutReplacing(path, target, watched);
 }
 
 } // namespace fennick

@@ -91,7 +91,7 @@ void AppState::failScan(const QString &id, const QString &error) {
 }
 
 void AppState::renameFile(Receipt receipt) {
-    const auto renamed = FileRenamer::rename(receipt);
+    const auto renamed = FileRenamer::rename(receipt, watchedFolder_);
     if (!renamed) {
         return;
     }

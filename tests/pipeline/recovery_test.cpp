@@ -3,6 +3,7 @@
 #include "pipeline_under_test.h"
 #include "support/receipts.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QTest>
@@ -114,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(ExportService::writeLedger(store_->receipts(), Format::csv, ledger));
         QVERIFY(
             QFile::rename(folder_ + QStringLiteral("/first.pdf"), archivePath(QStringLiteral("first.pdf"))));
-        writeFile(archivePath(QStringLiteral(".moving-0123")), "half a fi");
+        writeFile(archivePath(partOf(folder_ + QStringLiteral("/second.pdf"))), "half a fi");
         appState_->recoverFromInterruption();
         QCOMPARE(archived(),
                  (QStringList{QStringLiteral("first.pdf"), QStringLiteral("receipts-2024-05-01.csv"),
@@ -123,6 +124,17 @@ private Q_SLOTS:
         QVERIFY(store_->receipts().isEmpty());
         QVERIFY(store_->hasFilePath(folder_ + QStringLiteral("/first.pdf")));
         QVERIFY(!ArchiveJournal().pending());
+    }
+
+    void onlyCopyOfAMovedFileIsKept() {
+        const QString source = folder_ + QStringLiteral("/first.pdf");
+        store_->add(finishedReceipt(source));
+        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01.csv"));
+        ArchiveJournal().begin({ledger, Format::csv});
+        writeFile(archivePath(partOf(source)), "the only copy");
+        appState_->recoverFromInterruption();
+        QCOMPARE(readFile(archivePath(QStringLiteral("first.pdf"))), "the only copy");
+        QVERIFY(store_->receipts().isEmpty());
     }
 
     void archiveWithoutItsLedgerYetGetsOne() {
@@ -162,6 +174,12 @@ private Q_SLOTS:
     }
 
 private:
+    // As a move to another file system that was cut off calls its copy.
+    static QString partOf(const QString &source) {
+        const QByteArray hash = QCryptographicHash::hash(source.toUtf8(), QCryptographicHash::Sha1).toHex();
+        return QStringLiteral(".moving-") + QString::fromLatin1(hash) + QStringLiteral("-1");
+    }
+
     QString file(const QString &name) const {
         const QString path = folder_ + u'/' + name;
         writeFile(path, "a receipt");
