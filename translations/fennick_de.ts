@@ -260,6 +260,10 @@
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
         <translation>Der Name der Datei ist nicht lesbar. Benennen Sie die Datei um, um sie zu scannen.</translation>
     </message>
+    <message>
+        <source>The list could not be saved: %1</source>
+        <translation>Die Liste konnte nicht gespeichert werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>fennick::EmptyState</name>

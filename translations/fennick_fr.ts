@@ -260,6 +260,10 @@
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
         <translation>Le nom du fichier est illisible. Renommez-le pour le numériser.</translation>
     </message>
+    <message>
+        <source>The list could not be saved: %1</source>
+        <translation>La liste n’a pas pu être enregistrée : %1</translation>
+    </message>
 </context>
 <context>
     <name>fennick::EmptyState</name>

@@ -113,11 +113,20 @@ void ReceiptStore::saveReceipts() {
             records_[row] = encodeReceipt(receipts_[row]);
         }
     }
-    receiptsFile_.rewrite(joinReceipts(records_));
+    save(receiptsFile_, joinReceipts(records_));
 }
 
 void ReceiptStore::saveIgnored() {
-    ignoredFile_.rewrite(encodePaths(ignored_));
+    save(ignoredFile_, encodePaths(ignored_));
+}
+
+void ReceiptStore::save(WholeFile &file, const QByteArray &content) {
+    const auto saved = file.rewrite(content);
+    const QString reason = saved ? QString() : saved.error();
+    if (!saved && reason != saveFailure_) {
+        Q_EMIT saveFailed(reason);
+    }
+    saveFailure_ = reason;
 }
 
 qsizetype ReceiptStore::rowOf(const QString &id) const {

@@ -11,6 +11,9 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , store_(store)
     , settings_(settings)
     , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine")) {
+    connect(store_, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
+        setLastError(tr("The list could not be saved: %1").arg(reason));
+    });
     unreadableNames_.setSingleShot(true);
     unreadableNames_.setInterval(std::chrono::milliseconds(500)); // several may come at once
     connect(&unreadableNames_, &QTimer::timeout, this,

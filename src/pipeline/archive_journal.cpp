@@ -32,7 +32,8 @@ std::optional<PendingArchive> ArchiveJournal::pending() const {
 void ArchiveJournal::begin(const PendingArchive &archive) {
     const QJsonObject journal{{ledgerKey, archive.ledgerPath},
                               {formatKey, ExportService::fileExtension(archive.format)}};
-    file_.rewrite(QJsonDocument(journal).toJson());
+    // Without a journal the archive goes on; only a crash in its middle would be noticed.
+    std::ignore = file_.rewrite(QJsonDocument(journal).toJson());
 }
 
 void ArchiveJournal::end() {

@@ -21,6 +21,11 @@ int openAt(const Place &place, int flags) {
     return ::openat(place.folder.number(), place.name.constData(), flags | O_NOFOLLOW | O_CLOEXEC);
 }
 
+Descriptor openNew(const Place &place) {
+    return Descriptor(::openat(place.folder.number(), place.name.constData(),
+                               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+}
+
 std::array<timespec, 2> timesOf(const struct stat &status) {
     return {status.st_atim, status.st_mtim};
 }
@@ -84,9 +89,7 @@ int copyOpenFile(int source, const Place &to) {
     if (::fstat(source, &status) != 0) {
         return errno;
     }
-    const Descriptor target(::openat(to.folder.number(), to.name.constData(),
-                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                                     S_IRUSR | S_IWUSR));
+    const Descriptor target(openNew(to));
     if (!target.isOpen()) {
         return errno;
     }
@@ -95,6 +98,21 @@ int copyOpenFile(int source, const Place &to) {
         // Not every file system has permissions and times.
         std::ignore = ::fchmod(target.number(), status.st_mode & permissions);
         std::ignore = ::futimens(target.number(), timesOf(status).data());
+        error = outcome(::fsync(target.number()));
+    }
+    if (error != 0) {
+        removeEntry(to);
+    }
+    return error;
+}
+
+int writeNewFile(const Place &to, const QByteArray &content) {
+    const Descriptor target(openNew(to));
+    if (!target.isOpen()) {
+        return errno;
+    }
+    int error = writeAll(target.number(), content.constData(), content.size());
+    if (error == 0) {
         error = outcome(::fsync(target.number()));
     }
     if (error != 0) {

@@ -21,6 +21,10 @@ struct Place {
 // when this returns. After a failure nothing is left there.
 int copyOpenFile(int source, const Place &to);
 
+// Makes a file that only the user can read and write, where nothing is; on the disk itself when this returns.
+// After a failure nothing is left there.
+int writeNewFile(const Place &to, const QByteArray &content);
+
 // Removes what is there, a folder with all that is in it; links are not followed.
 int removeEntry(const Place &place);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -12,6 +13,11 @@ namespace fennick::FileOperations {
 // Copies a regular file to a path at which nothing exists; the copy is on the disk itself when this returns.
 // After a failure no part of it is left.
 std::expected<void, QString> copyDurably(const QString &source, const QString &target);
+
+// Replaces the file, or makes one that only the user can read and write. What was there stays until all of
+// the new content is on the disk, and after a failure. It takes the permission to write into the folder, not
+// into the file. If a link stands at the path, its target is replaced.
+std::expected<void, QString> replaceContent(const QString &path, const QByteArray &content);
 
 // Moves what stands at a path, be it a file, a link or a folder, to a path at which nothing exists, also to
 // another file system: the source then stays until its copy, with its times, is complete and on the disk.

@@ -7,6 +7,7 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFileInfo>
 #include <QUuid>
 
 #include <fcntl.h>
@@ -106,6 +107,23 @@ Result copyDurably(const QString &source, const QString &target) {
         if (error != 0) {
             removeEntry(place);
         }
+    }
+    return resultOf(error);
+}
+
+Result replaceContent(const QString &path, const QByteArray &content) {
+    const QString behindLinks = QFileInfo(path).canonicalFilePath(); // empty when nothing is there
+    const QString target = behindLinks.isEmpty() ? path : behindLinks;
+    const Descriptor folder = openParent({}, target);
+    if (!folder.isOpen()) {
+        return resultOf(errno);
+    }
+    const Place part{folder, ".writing-" + QUuid::createUuid().toByteArray(QUuid::Id128)};
+    int error = writeNewFile(part, content);
+    if (error == 0 && ::renameat(folder.number(), part.name.constData(), folder.number(),
+                                 nameOf(target).constData()) != 0) {
+        error = errno;
+        removeEntry(part);
     }
     return resultOf(error);
 }

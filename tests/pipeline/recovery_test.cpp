@@ -6,6 +6,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace fennick;
@@ -135,6 +136,21 @@ private Q_SLOTS:
         appState_->recoverFromInterruption();
         QCOMPARE(readFile(archivePath(QStringLiteral("first.pdf"))), "the only copy");
         QVERIFY(store_->receipts().isEmpty());
+    }
+
+    void listThatCannotBeSavedIsReportedAtOnce() {
+        const QString data = surroundings_.home.path(QStringLiteral("data/Fennick"));
+        QVERIFY(QDir(data).removeRecursively());
+        writeFile(data, "a file where the folder should be");
+        QSignalSpy failures(appState_.get(), &AppState::lastErrorChanged);
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/a.pdf")));
+        QCOMPARE(appState_->lastError(), QStringLiteral("The list could not be saved: Not a directory"));
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/b.pdf")));
+        QCOMPARE(failures.size(), 1); // said once
+        QVERIFY(QFile::remove(data) && QDir().mkpath(data));
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/c.pdf")));
+        QCOMPARE(ReceiptStore().receipts().size(), 3);
+        QCOMPARE(failures.size(), 1);
     }
 
     void archiveWithoutItsLedgerYetGetsOne() {
