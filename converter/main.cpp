@@ -1,29 +1,47 @@
 #include "files/conversion_report.h"
 #include "files/receipt_image_converter.h"
 #include "platform/picture_memory.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
+#include <QFile>
 
 #include <cstdio>
+
+namespace {
 
 // Each page takes a bitmap; more than two at once would take more memory than they save time.
 constexpr int processes = 2;
 
-// convert_receipt FILE FOLDER [NAME]: turns a receipt into JPEG files in FOLDER, named after NAME or else
-// after the file, and tells on standard output what came of it. Fennick runs it for every receipt that it
-// adds to the photo library.
+const QString fromStandardInput = QStringLiteral("--standard-input");
+
+} // namespace
+
+// convert_receipt [--standard-input] FILE FOLDER [NAME]: turns a receipt into JPEG files in FOLDER, named
+// after NAME or else after the file, and tells on standard output what came of it. With the option FILE only
+// says what the receipt is called, and its content is a file that is open as standard input. So Fennick runs
+// it for every receipt that it adds to the photo library: the file that was scanned is the one that is
+// converted, also when it is renamed or moved meanwhile.
 int main(int argc, char **argv) {
     fennick::reusePictureMemory();
     const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
+    QStringList arguments = QCoreApplication::arguments();
+    const bool isOpen = arguments.value(1) == fromStandardInput;
+    if (isOpen) {
+        arguments.removeAt(1);
+    }
     if (arguments.size() < 3 || arguments.size() > 4) {
-        std::fputs("usage: convert_receipt FILE FOLDER [NAME]\n", stderr);
+        std::fputs("usage: convert_receipt [--standard-input] FILE FOLDER [NAME]\n", stderr);
         return 2;
     }
-    const QString name = arguments.value(3, QFileInfo(arguments[1]).completeBaseName());
-    const auto result =
-        fennick::ReceiptImageConverter::convertInto(arguments[2], arguments[1], name, processes);
+    const QString name = arguments.value(3, fennick::nameWithoutExtension(arguments[1]));
+    QFile input;
+    if (isOpen && !input.open(::fileno(stdin), QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return 2;
+    }
+    namespace Converter = fennick::ReceiptImageConverter;
+    const auto result = isOpen ? Converter::convertInto(arguments[2], input, arguments[1], name, processes)
+                               : Converter::convertInto(arguments[2], arguments[1], name, processes);
     const QByteArray report = fennick::encodeReport(result);
     std::fwrite(report.constData(), 1, static_cast<std::size_t>(report.size()), stdout);
     return result ? 0 : 1;

@@ -69,10 +69,44 @@
     </message>
 </context>
 <context>
+    <name>Exception</name>
+    <message>
+        <source>There is not enough memory for this file.</source>
+        <translation>Der Speicher reicht für diese Datei nicht aus.</translation>
+    </message>
+    <message>
+        <source>Something unexpected happened: %1</source>
+        <translation>Etwas Unerwartetes ist passiert: %1</translation>
+    </message>
+    <message>
+        <source>Something unexpected happened.</source>
+        <translation>Etwas Unerwartetes ist passiert.</translation>
+    </message>
+</context>
+<context>
     <name>ExportPanel</name>
     <message>
         <source>Export Receipts</source>
         <translation>Belege exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>FileProblem</name>
+    <message>
+        <source>The file is a link. Put the file itself into the folder to scan it.</source>
+        <translation>Die Datei ist eine Verknüpfung. Legen Sie die Datei selbst in den Ordner, um sie zu scannen.</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>Dies ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The file was changed before it could be read. Retry to scan it as it is now.</source>
+        <translation>Die Datei wurde geändert, bevor sie gelesen werden konnte. Versuchen Sie es erneut, um sie in ihrem jetzigen Zustand zu scannen.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 100 MB.</source>
+        <translation>Die Datei ist größer als 100 MB.</translation>
     </message>
 </context>
 <context>
@@ -217,6 +251,10 @@
     <message>
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
         <translation>Der Name der Datei ist nicht lesbar. Benennen Sie die Datei um, um sie zu scannen.</translation>
+    </message>
+    <message>
+        <source>The list could not be saved: %1</source>
+        <translation>Die Liste konnte nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>

@@ -69,10 +69,44 @@
     </message>
 </context>
 <context>
+    <name>Exception</name>
+    <message>
+        <source>There is not enough memory for this file.</source>
+        <translation>La mémoire ne suffit pas pour ce fichier.</translation>
+    </message>
+    <message>
+        <source>Something unexpected happened: %1</source>
+        <translation>Un événement inattendu s’est produit : %1</translation>
+    </message>
+    <message>
+        <source>Something unexpected happened.</source>
+        <translation>Un événement inattendu s’est produit.</translation>
+    </message>
+</context>
+<context>
     <name>ExportPanel</name>
     <message>
         <source>Export Receipts</source>
         <translation>Exporter les reçus</translation>
+    </message>
+</context>
+<context>
+    <name>FileProblem</name>
+    <message>
+        <source>The file is a link. Put the file itself into the folder to scan it.</source>
+        <translation>Le fichier est un lien. Placez le fichier lui-même dans le dossier pour le numériser.</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>Ce n’est pas un fichier ordinaire.</translation>
+    </message>
+    <message>
+        <source>The file was changed before it could be read. Retry to scan it as it is now.</source>
+        <translation>Le fichier a été modifié avant d’avoir pu être lu. Réessayez pour le numériser tel qu’il est maintenant.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 100 MB.</source>
+        <translation>Le fichier dépasse 100 Mo.</translation>
     </message>
 </context>
 <context>
@@ -217,6 +251,10 @@
     <message>
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
         <translation>Le nom du fichier est illisible. Renommez-le pour le numériser.</translation>
+    </message>
+    <message>
+        <source>The list could not be saved: %1</source>
+        <translation>La liste n’a pas pu être enregistrée : %1</translation>
     </message>
 </context>
 <context>

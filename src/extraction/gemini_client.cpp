@@ -129,16 +129,16 @@ bool keepsBody(const QNetworkReply &reply) {
 
 // TLS must be loaded completely before a request is made: making the first one meanwhile, the main thread
 // would take the library's locks in the opposite order, and both threads could wait for each other forever.
-std::expected<QByteArray, QString> preparedBody(const QString &filePath) {
+std::expected<QByteArray, QString> preparedBody(const FileToRead &file) {
     QSslSocket::supportsSsl();
-    return requestBody(filePath);
+    return requestBody(file);
 }
 
 } // namespace
 
-QCoro::Task<Result> scan(QString filePath, QString apiKey, QString model, QString serviceAddress,
+QCoro::Task<Result> scan(FileToRead file, QString apiKey, QString model, QString serviceAddress,
                          std::stop_token serviceEnd) {
-    const auto body = co_await QtConcurrent::run(preparedBody, filePath);
+    const auto body = co_await QtConcurrent::run(preparedBody, file);
     if (!body) {
         co_return failure(Kind::fileRead, body.error());
     }

@@ -3,6 +3,7 @@
 #include "extraction/gemini_error.h"
 #include "extraction/gemini_receipt_data.h"
 #include "extraction/service_address.h"
+#include "platform/regular_file.h"
 
 #include <QCoroTask>
 #include <QString>
@@ -19,7 +20,7 @@ namespace fennick::GeminiClient {
 // reading and encoding the file happen on a worker thread. The key stays out of every error text.
 // `serviceEnd` is requested on the calling thread when the service has ended: the scan then fails at once.
 QCoro::Task<std::expected<GeminiReceiptData, ScanError>>
-scan(QString filePath, QString apiKey, QString model, QString serviceAddress = configuredServiceAddress(),
+scan(FileToRead file, QString apiKey, QString model, QString serviceAddress = configuredServiceAddress(),
      std::stop_token serviceEnd = {});
 
 // Loads what the first request needs (TLS), so that it is as prompt as the others. Returns at once.

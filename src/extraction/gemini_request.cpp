@@ -4,7 +4,6 @@
 #include "text/characters.h"
 #include "text/path_text.h"
 
-#include <QFile>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -91,20 +90,18 @@ QByteArray compactJson(const QJsonObject &object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-// Appends the rest of the file in base64. Chunks are a multiple of three bytes, so that only the last one is
-// padded; the file never lies in memory beside its encoding.
-bool appendBase64(QByteArray &body, QFile &file) {
+// Appends the file in base64. Chunks are a multiple of three bytes, so that only the last one is padded; the
+// file never lies in memory beside its encoding.
+std::expected<void, FileProblem> appendBase64(QByteArray &body, QFile &file, qint64 size) {
     constexpr qint64 chunkSize = 3 * qint64{64} * 1024;
-    while (true) {
-        const QByteArray chunk = file.read(chunkSize);
-        if (chunk.isEmpty()) {
-            return file.error() == QFileDevice::NoError;
+    for (qint64 done = 0; done < size; done += chunkSize) {
+        const auto chunk = readExactly(file, qMin(chunkSize, size - done));
+        if (!chunk) {
+            return std::unexpected(chunk.error());
         }
-        body.append(chunk.toBase64());
-        if (chunk.size() % 3 != 0) {
-            return true; // only the end of the file comes in less than a chunk
-        }
+        body.append(chunk->toBase64());
     }
+    return expectEnd(file);
 }
 
 } // namespace
@@ -121,22 +118,23 @@ QString mimeType(const QString &filePath) {
     return types.value(lowerCased(pathExtension(filePath)), QStringLiteral("application/octet-stream"));
 }
 
-std::expected<QByteArray, QString> requestBody(const QString &filePath) {
-    QFile file(filePath);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return std::unexpected(file.errorString());
+std::expected<QByteArray, QString> requestBody(const FileToRead &wanted) {
+    const OpenedFile file = openRegularFile(wanted);
+    if (!file) {
+        return std::unexpected(file.error().description());
     }
     // Only the small parts go through a JSON library: it would copy a large document several times over.
     const QByteArray head =
         "{\"generationConfig\":" + compactJson(generationConfig()) + ",\"contents\":[{\"parts\":[" +
         compactJson({{QStringLiteral("text"), instruction}}) + ",{\"inlineData\":{\"mimeType\":\"" +
-        mimeType(filePath).toLatin1() + "\",\"data\":\"";
+        mimeType(wanted.path).toLatin1() + "\",\"data\":\"";
     const QByteArray tail = "\"}}]}]}";
     QByteArray body;
-    body.reserve(head.size() + (file.size() + 2) / 3 * 4 + tail.size());
+    const qint64 size = (*file)->size();
+    body.reserve(head.size() + (size + 2) / 3 * 4 + tail.size());
     body.append(head);
-    if (!appendBase64(body, file)) {
-        return std::unexpected(file.errorString());
+    if (const auto appended = appendBase64(body, **file, size); !appended) {
+        return std::unexpected(appended.error().description());
     }
     body.append(tail);
     return body;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/regular_file.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -12,7 +14,7 @@ namespace fennick::GeminiClient {
 QString mimeType(const QString &filePath);
 
 // The request's JSON body for one receipt file: instruction text, the whole file in base64, answer schema.
-// The error is the system's description of why the file cannot be read.
-std::expected<QByteArray, QString> requestBody(const QString &filePath);
+// The error says why the file cannot be read, or not to its end.
+std::expected<QByteArray, QString> requestBody(const FileToRead &wanted);
 
 } // namespace fennick::GeminiClient

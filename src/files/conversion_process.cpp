@@ -3,10 +3,11 @@
 #include "files/conversion_report.h"
 #include "files/private_folder.h"
 #include "platform/child_process.h"
+#include "platform/regular_file.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QCoroSignal>
-#include <QFileInfo>
 #include <QProcess>
 #include <QTimer>
 
@@ -23,7 +24,7 @@ constexpr qint64 mostMemory = 1LL << 30;
 // Paths that the report names outside the folder it was given are none of its business.
 Result trusted(Result result, const QString &folder) {
     if (result && !std::ranges::all_of(
-                      *result, [&folder](const QString &path) { return QFileInfo(path).path() == folder; })) {
+                      *result, [&folder](const QString &path) { return parentFolder(path) == folder; })) {
         return std::unexpected(ConverterError{ConverterError::Kind::renderFailed, {}});
     }
     return result;
@@ -31,8 +32,8 @@ Result trusted(Result result, const QString &folder) {
 
 } // namespace
 
-QCoro::Task<Result> convertToJPEGs(QString program, QString filePath, QString baseName,
-                                   std::chrono::seconds longestTime) {
+QCoro::Task<Result> convertToJPEGs(QString program, std::shared_ptr<QFile> file, QString fileName,
+                                   QString baseName, std::chrono::seconds longestTime) {
     const auto folder = createPrivateFolder();
     if (!folder) {
         co_return std::unexpected(ConverterError{ConverterError::Kind::platform, folder.error()});
@@ -41,7 +42,9 @@ QCoro::Task<Result> convertToJPEGs(QString program, QString filePath, QString ba
     endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime});
     process.setStandardErrorFile(QProcess::nullDevice());
     QTimer::singleShot(longestTime, &process, &QProcess::kill);
-    process.start(program, {filePath, *folder, baseName}, QIODevice::ReadOnly);
+    process.setStandardInputFile(reopeningPath(*file));
+    process.start(program, {QStringLiteral("--standard-input"), fileName, *folder, baseName},
+                  QIODevice::ReadOnly);
     if (!process.waitForStarted()) {
         const QString reason =
             QCoreApplication::translate("ConverterError", "The converter could not be started: %1")

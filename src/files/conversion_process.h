@@ -7,6 +7,9 @@
 
 #include <chrono>
 #include <expected>
+#include <memory>
+
+class QFile;
 
 namespace fennick {
 
@@ -15,10 +18,11 @@ namespace fennick {
 namespace ConversionProcess {
 
 // As ReceiptImageConverter::convertToJPEGs, without blocking. `program` is the path of the program
-// `convert_receipt`. When it crashes or runs into a limit (1 GiB of memory,
+// `convert_receipt`, `file` the receipt, open and unread; `fileName` says what it is. Whatever becomes of its
+// name meanwhile, this file is converted. When the program crashes or runs into a limit (1 GiB of memory,
 // `longestTime`), that is a renderFailed error.
 QCoro::Task<std::expected<QStringList, ConverterError>>
-convertToJPEGs(QString program, QString filePath, QString baseName,
+convertToJPEGs(QString program, std::shared_ptr<QFile> file, QString fileName, QString baseName,
                std::chrono::seconds longestTime = std::chrono::seconds(60));
 
 } // namespace ConversionProcess

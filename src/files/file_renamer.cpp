@@ -1,6 +1,7 @@
 #include "files/file_renamer.h"
 
 #include "platform/file_operations.h"
+#include "platform/regular_file.h"
 #include "text/characters.h"
 #include "text/number_text.h"
 #include "text/numbered_name.h"
@@ -8,8 +9,6 @@
 #include "text/unsafe_characters.h"
 #include "text/white_space.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 
@@ -19,12 +18,6 @@ namespace fennick::FileRenamer {
 
 namespace {
 
-// A link whose target is gone holds its name as well.
-bool isTaken(const QString &path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 // The system takes a null character for a name's end, and would give the file another name than the wanted
 // one.
 bool isPossible(const QString &name) {
@@ -33,20 +26,19 @@ bool isPossible(const QString &name) {
 
 } // namespace
 
-std::optional<RenamedFile> rename(const Receipt &receipt) {
-    const QFileInfo oldFile(receipt.filePath);
+std::optional<RenamedFile> rename(const Receipt &receipt, const QString &watched) {
     const QString desired = buildNewFileName(receipt);
-    if (desired == oldFile.fileName()) {
+    if (desired == lastPathComponent(receipt.filePath)) {
         return std::nullopt; // also keeps a second scan from giving the file a number
     }
-    const QDir folder(oldFile.path());
-    const QString name = pickAvailableName(folder.path(), desired);
-    const QString newPath = folder.filePath(name);
+    const QString folder = parentFolder(receipt.filePath);
+    const QString name = pickAvailableName(folder, desired);
+    const QString newPath = joinedPath(folder, name);
     if (newPath == receipt.filePath || !isPossible(name)) {
         return std::nullopt;
     }
     // Not QFile::rename(), which copies over a file that has come to have the name in the meantime.
-    if (!FileOperations::moveWithoutReplacing(receipt.filePath, newPath)) {
+    if (!FileOperations::moveWithoutReplacing(receipt.filePath, newPath, watched)) {
         return std::nullopt;
     }
     return RenamedFile{name, newPath};
@@ -74,9 +66,8 @@ QString baseName(const Receipt &receipt) {
 }
 
 QString pickAvailableName(const QString &folder, const QString &desired) {
-    const QDir directory(folder);
     QString name = desired;
-    for (int number = 2; isTaken(directory.filePath(name)); ++number) {
+    for (int number = 2; isTaken(joinedPath(folder, name)); ++number) {
         name = numberedName(nameWithoutExtension(desired), pathExtension(desired), number);
     }
     return name;

@@ -3,6 +3,7 @@
 #include "files/colour_profile.h"
 #include "files/decoded_image.h"
 #include "files/pixel_limits.h"
+#include "platform/regular_file.h"
 
 #include <libheif/heif.h>
 
@@ -35,7 +36,7 @@ bool succeeded(heif_error error) {
 
 QByteArray iccProfileOf(const heif_image_handle *handle) {
     const std::size_t size = heif_image_handle_get_raw_color_profile_size(handle);
-    if (size == 0 || size > maximumFileSize) {
+    if (size == 0 || size > largestReceiptFile) {
         return {};
     }
     QByteArray icc(static_cast<qsizetype>(size), Qt::Uninitialized);

@@ -1,9 +1,6 @@
 #include "files/pdf_media_boxes.h"
 
-#include "files/pixel_limits.h"
-
 #include <QFile>
-#include <QFileInfo>
 // The library wants to be told that its own pointer class of old is not used.
 #define POINTERHOLDER_TRANSITION 4
 #include <qpdf/Buffer.hh>
@@ -11,8 +8,11 @@
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
+#include <unistd.h>
+
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <exception>
 #include <set>
 
@@ -115,16 +115,17 @@ MediaBoxPdf cropped(QPDF &document) {
 
 } // namespace
 
-std::optional<MediaBoxPdf> readWithMediaBoxes(const QString &path) {
-    const QFileInfo info(path);
-    if (!info.isFile() || info.size() > maximumFileSize) {
+std::optional<MediaBoxPdf> readWithMediaBoxes(QFile &file) {
+    const int descriptor = ::dup(file.handle()); // the library closes what it is given
+    std::FILE *const stream = descriptor < 0 ? nullptr : ::fdopen(descriptor, "rb");
+    if (stream == nullptr) {
         return std::nullopt;
     }
     // The library reports every failure by an exception; none goes further than this.
     try {
         QPDF document;
         document.setSuppressWarnings(true);
-        document.processFile(QFile::encodeName(path).constData());
+        document.processFile("receipt", stream, true);
         if (!hasReasonableDepth(document)) {
             return std::nullopt;
         }

@@ -2,10 +2,11 @@
 
 #include <QByteArray>
 #include <QSizeF>
-#include <QString>
 
 #include <optional>
 #include <vector>
+
+class QFile;
 
 namespace fennick {
 
@@ -17,7 +18,8 @@ struct MediaBoxPdf {
     std::vector<QSizeF> pageSizes;
 };
 
-// Nothing for a file that is not a readable PDF, needs a password, or whose page tree has a loop.
-std::optional<MediaBoxPdf> readWithMediaBoxes(const QString &path);
+// Reads an open file. Nothing for one that is not a readable PDF, needs a password, or whose page tree has a
+// loop.
+std::optional<MediaBoxPdf> readWithMediaBoxes(QFile &file);
 
 } // namespace fennick

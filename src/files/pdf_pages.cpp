@@ -38,8 +38,8 @@ QSize pixelSize(QSizeF points) {
 
 } // namespace
 
-std::unique_ptr<PdfPages> PdfPages::open(const QString &path) {
-    std::optional<MediaBoxPdf> pdf = readWithMediaBoxes(path);
+std::unique_ptr<PdfPages> PdfPages::open(QFile &file) {
+    std::optional<MediaBoxPdf> pdf = readWithMediaBoxes(file);
     if (!pdf) {
         return nullptr;
     }

@@ -3,12 +3,12 @@
 #include <QByteArray>
 #include <QImage>
 #include <QSizeF>
-#include <QString>
 
 #include <memory>
 #include <vector>
 
 class QBuffer;
+class QFile;
 class QPdfDocument;
 
 namespace fennick {
@@ -17,8 +17,9 @@ namespace fennick {
 // thread; several objects may be used by several threads, which then take turns in rendering.
 class PdfPages {
 public:
-    // Null when the file cannot be opened: unreadable, not a PDF, or locked by a password.
-    static std::unique_ptr<PdfPages> open(const QString &path);
+    // Null when the file cannot be used: unreadable, not a PDF, or locked by a password. The file is needed
+    // for as long as this takes only.
+    static std::unique_ptr<PdfPages> open(QFile &file);
 
     ~PdfPages();
     Q_DISABLE_COPY_MOVE(PdfPages)

@@ -3,29 +3,12 @@
 #include "files/decoded_image.h"
 #include "files/heic_image.h"
 #include "files/jpeg_decoder.h"
-#include "files/pixel_limits.h"
-
-#include <QFile>
-#include <QFileInfo>
+#include "platform/regular_file.h"
 
 namespace fennick {
 
-namespace {
-
-// Empty when the file cannot be read. Anything but a regular file could keep the reader waiting for ever.
-QByteArray contentOf(const QString &path) {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > maximumFileSize) {
-        return {};
-    }
-    QByteArray content = file.read(file.size()); // as much memory as asked for is taken at once
-    return file.error() == QFileDevice::NoError ? content : QByteArray();
-}
-
-} // namespace
-
-std::optional<StoredPicture> readPictureFile(const QString &path) {
-    const QByteArray content = contentOf(path);
+std::optional<StoredPicture> readPictureFile(QFile &file) {
+    const QByteArray content = readWhole(file).value_or(QByteArray());
     if (content.startsWith("\xFF\xD8\xFF")) {
         return decodeJpeg(content);
     }

@@ -2,14 +2,14 @@
 
 #include "files/yuv_picture.h"
 
-#include <QString>
-
 #include <optional>
+
+class QFile;
 
 namespace fennick {
 
-// Reads and decodes a picture file. What it is shows in its first bytes; its name does not count. Nothing for
-// anything but a readable, whole JPEG, PNG, WebP or HEIC file of acceptable size.
-std::optional<StoredPicture> readPictureFile(const QString &path);
+// Reads and decodes an open picture file. What it is shows in its first bytes; its name does not count.
+// Nothing for anything but a readable, whole JPEG, PNG, WebP or HEIC file of acceptable size.
+std::optional<StoredPicture> readPictureFile(QFile &file);
 
 } // namespace fennick

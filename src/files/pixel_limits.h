@@ -9,9 +9,6 @@ namespace fennick {
 // may claim 14,400 points a side, which at 200 dots per inch would take 6 GB.
 inline constexpr qint64 maximumPixelCount = 200'000'000;
 
-// The largest file read into memory.
-inline constexpr qint64 maximumFileSize = 512LL * 1024 * 1024;
-
 constexpr bool isAcceptablePixelCount(qint64 width, qint64 height) {
     return width > 0 && height > 0 && width <= maximumPixelCount / height;
 }

@@ -1,5 +1,7 @@
 #include "files/private_folder.h"
 
+#include "text/path_text.h"
+
 #include <QDir>
 #include <QFile>
 #include <QUuid>
@@ -64,11 +66,11 @@ std::expected<QString, QString> createPrivateFolder() {
         return failure(error.value());
     }
 
-    const auto parent = ownFolder(temporary + u"/FennickJPEG"_s);
+    const auto parent = ownFolder(joinedPath(temporary, u"FennickJPEG"_s));
     if (!parent) {
         return parent;
     }
-    QString folder = *parent + u'/' + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    QString folder = joinedPath(*parent, QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper());
     if (const int problem = createOwnerOnly(QFile::encodeName(folder)); problem != 0) {
         return failure(problem);
     }

@@ -7,6 +7,7 @@
 #include "files/picture_file.h"
 #include "files/plane_scaling.h"
 #include "files/private_folder.h"
+#include "platform/regular_file.h"
 #include "text/characters.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
@@ -29,6 +30,22 @@ const QStringList imageExtensions{u"png"_s, u"jpg"_s, u"jpeg"_s, u"heic"_s, u"we
 
 std::unexpected<ConverterError> failure(Kind kind, const QString &payload = {}) {
     return std::unexpected(ConverterError{kind, payload});
+}
+
+QString typeOf(const QString &fileName) {
+    return lowerCased(pathExtension(fileName));
+}
+
+bool isPdf(const QString &fileName) {
+    return typeOf(fileName) == u"pdf";
+}
+
+// Nothing for a file of a kind that is converted.
+std::optional<ConverterError> refusal(const QString &fileName) {
+    if (isPdf(fileName) || imageExtensions.contains(typeOf(fileName))) {
+        return std::nullopt;
+    }
+    return ConverterError{Kind::unsupported, typeOf(fileName)};
 }
 
 QString usableBaseName(const QString &baseName) {
@@ -56,14 +73,14 @@ std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const Q
     return {};
 }
 
-Result convertPdf(const QString &filePath, const QString &folder, const QString &base, int processes) {
-    const std::unique_ptr<PdfPages> pages = PdfPages::open(filePath);
+Result convertPdf(QFile &file, const QString &folder, const QString &base, int processes) {
+    const std::unique_ptr<PdfPages> pages = PdfPages::open(file);
     if (!pages) {
         return failure(Kind::pdfLoad);
     }
     const int count = pages->count();
     const auto path = [&](int page) {
-        return folder + u'/' + pageName(base, page, count);
+        return joinedPath(folder, pageName(base, page, count));
     };
     std::vector<bool> written(static_cast<std::size_t>(count));
     if (processes > 1 && count > 1) {
@@ -85,8 +102,8 @@ Result convertPdf(const QString &filePath, const QString &folder, const QString 
     return paths;
 }
 
-Result convertImage(const QString &filePath, const QString &path) {
-    std::optional<StoredPicture> stored = readPictureFile(filePath);
+Result convertImage(QFile &file, const QString &path) {
+    std::optional<StoredPicture> stored = readPictureFile(file);
     if (!stored) {
         return failure(Kind::renderFailed);
     }
@@ -111,16 +128,26 @@ Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QStr
 
 Result ReceiptImageConverter::convertInto(const QString &folder, const QString &filePath,
                                           const QString &baseName, int processes) {
-    const QString extension = lowerCased(pathExtension(filePath));
-    const QString base = usableBaseName(baseName);
-    const bool isPdf = extension == u"pdf";
-    if (!isPdf && !imageExtensions.contains(extension)) {
-        return failure(Kind::unsupported, extension);
+    if (const auto refused = refusal(filePath)) {
+        return std::unexpected(*refused);
     }
+    const OpenedFile file = openRegularFile(filePath);
+    if (!file) {
+        return failure(isPdf(filePath) ? Kind::pdfLoad : Kind::renderFailed);
+    }
+    return convertInto(folder, **file, filePath, baseName, processes);
+}
+
+Result ReceiptImageConverter::convertInto(const QString &folder, QFile &file, const QString &fileName,
+                                          const QString &baseName, int processes) {
+    if (const auto refused = refusal(fileName)) {
+        return std::unexpected(*refused);
+    }
+    const QString base = usableBaseName(baseName);
     // No memory for a large picture is a failure of this receipt, not of the program.
     try {
-        return isPdf ? convertPdf(filePath, folder, base, processes)
-                     : convertImage(filePath, folder + u'/' + base + u".jpg"_s);
+        return isPdf(fileName) ? convertPdf(file, folder, base, processes)
+                               : convertImage(file, joinedPath(folder, base + u".jpg"_s));
     } catch (const std::exception &) {
         return failure(Kind::renderFailed);
     }

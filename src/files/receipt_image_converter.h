@@ -7,6 +7,8 @@
 
 #include <expected>
 
+class QFile;
+
 namespace fennick {
 
 // Turns one receipt file into JPEG files for photo libraries, which take no PDF.
@@ -18,9 +20,15 @@ namespace ReceiptImageConverter {
 // before a failure. Blocks for up to seconds; may be called from any thread, and by several at once.
 std::expected<QStringList, ConverterError> convertToJPEGs(const QString &filePath, const QString &baseName);
 
-// The same into a folder that is there already. A document's pages are shared out to `processes` processes;
+// The same into a folder that is there already, from a file that is open: `fileName` says what it is. A
+// document's pages are shared out to `processes` processes;
 // more than one is only for programs of one thread. Pages behind one that failed may then have been written,
 // too.
+std::expected<QStringList, ConverterError> convertInto(const QString &folder, QFile &file,
+                                                       const QString &fileName, const QString &baseName,
+                                                       int processes = 1);
+
+// The same, opening the file, which must be a regular one.
 std::expected<QStringList, ConverterError> convertInto(const QString &folder, const QString &filePath,
                                                        const QString &baseName, int processes = 1);
 

@@ -1,5 +1,7 @@
 #include "model/data_folder.h"
 
+#include "text/path_text.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -7,9 +9,9 @@
 namespace fennick {
 
 QString dataFolder() {
-    const QDir parent(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    const QString folder = parent.filePath(QStringLiteral("Fennick"));
-    parent.mkpath(folder);
+    const QString parent = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString folder = joinedPath(parent, QStringLiteral("Fennick"));
+    QDir().mkpath(folder);
     QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return folder;
 }

@@ -3,6 +3,7 @@
 #include "model/data_folder.h"
 #include "model/receipt_json.h"
 #include "text/characters.h"
+#include "text/path_text.h"
 
 #include <algorithm>
 
@@ -19,8 +20,8 @@ bool isNewer(const Receipt &left, const Receipt &right) {
 
 ReceiptStore::ReceiptStore(QObject *parent)
     : QObject(parent)
-    , receiptsFile_(dataFolder() + QStringLiteral("/receipts.json"))
-    , ignoredFile_(dataFolder() + QStringLiteral("/ignored.json")) {
+    , receiptsFile_(joinedPath(dataFolder(), QStringLiteral("receipts.json")))
+    , ignoredFile_(joinedPath(dataFolder(), QStringLiteral("ignored.json"))) {
     load();
 }
 
@@ -30,6 +31,11 @@ bool ReceiptStore::hasFilePath(const QString &path) const {
 
 bool ReceiptStore::hasReceipt(const QString &id) const {
     return rowOf(id) >= 0;
+}
+
+std::optional<Receipt> ReceiptStore::receipt(const QString &id) const {
+    const qsizetype row = rowOf(id);
+    return row < 0 ? std::nullopt : std::optional(receipts_[row]);
 }
 
 void ReceiptStore::add(const Receipt &receipt) {
@@ -107,11 +113,20 @@ void ReceiptStore::saveReceipts() {
             records_[row] = encodeReceipt(receipts_[row]);
         }
     }
-    receiptsFile_.rewrite(joinReceipts(records_));
+    save(receiptsFile_, joinReceipts(records_));
 }
 
 void ReceiptStore::saveIgnored() {
-    ignoredFile_.rewrite(encodePaths(ignored_));
+    save(ignoredFile_, encodePaths(ignored_));
+}
+
+void ReceiptStore::save(WholeFile &file, const QByteArray &content) {
+    const auto saved = file.rewrite(content);
+    const QString reason = saved ? QString() : saved.error();
+    if (!saved && reason != saveFailure_) {
+        Q_EMIT saveFailed(reason);
+    }
+    saveFailure_ = reason;
 }
 
 qsizetype ReceiptStore::rowOf(const QString &id) const {

@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QSet>
 
+#include <optional>
+
 namespace fennick {
 
 // What an operation does to the published list, in rows. `moved` is one row that also changed its content.
@@ -20,9 +22,9 @@ struct ReceiptsChange {
 
 // The single owner of the list of receipts and of the set of paths that are never taken in again, and the
 // only code that reads or writes "receipts.json" and "ignored.json". Every change is on disk when the
-// operation returns; file errors are swallowed and the list in memory stays as changed. A file that could not
-// be understood is set aside before it is first overwritten. Created once by the application, which owns it;
-// main thread only.
+// operation returns; after a file error, which is reported, the list in memory stays as changed. A file that
+// could not be understood is set aside before it is first overwritten. Created once by the application, which
+// owns it; main thread only.
 class ReceiptStore : public QObject {
     Q_OBJECT
 
@@ -39,6 +41,10 @@ public:
     // Whether a receipt with this identifier is (still) listed.
     bool hasReceipt(const QString &id) const;
 
+    // The receipt with this identifier as it is now. Whoever has waited for something changes this one, and
+    // of it only what has come of the waiting: what a user has corrected meanwhile stays.
+    std::optional<Receipt> receipt(const QString &id) const;
+
     // Callers test hasFilePath first: duplicates are not looked for here.
     void add(const Receipt &receipt);
 
@@ -53,10 +59,15 @@ Q_SIGNALS:
     void receiptsAboutToChange(const ReceiptsChange &change);
     void receiptsChanged(const ReceiptsChange &change);
 
+    // A change is not on the disk; `reason` is the system's description. Once, until it succeeds or the
+    // reason is another.
+    void saveFailed(const QString &reason);
+
 private:
     void load();
     void saveReceipts();
     void saveIgnored();
+    void save(WholeFile &file, const QByteArray &content);
     qsizetype rowOf(const QString &id) const;
     qsizetype sortedRow(qsizetype row, const Receipt &receipt) const;
     void countPath(const QString &path, int difference);
@@ -67,6 +78,7 @@ private:
     QHash<QString, int> listedPaths_; // how many receipts have each path, so that hasFilePath need not search
     WholeFile receiptsFile_;
     WholeFile ignoredFile_;
+    QString saveFailure_; // the reason that was reported last, until a save succeeds
 };
 
 } // namespace fennick

@@ -1,9 +1,12 @@
 #include "model/whole_file.h"
 
+#include "platform/file_operations.h"
+#include "platform/regular_file.h"
+#include "text/numbered_name.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <filesystem>
 #include <system_error>
@@ -12,14 +15,12 @@ namespace fennick {
 
 namespace {
 
-constexpr QFile::Permissions privateFile = QFile::ReadOwner | QFile::WriteOwner;
-
 // Neither needs space nor replaces a file. A second name keeps the first until the new content takes its
 // place; file systems that know no second names have it renamed.
-bool giveName(const QString &path, const QString &name) {
+std::expected<void, QString> giveName(const QString &path, const QString &name) {
     std::error_code error;
     std::filesystem::create_hard_link(path.toStdU16String(), name.toStdU16String(), error);
-    return !error || QFile::rename(path, name);
+    return error ? FileOperations::moveWithoutReplacing(path, name) : std::expected<void, QString>();
 }
 
 } // namespace
@@ -36,31 +37,28 @@ void WholeFile::setDamaged() {
     isDamaged_ = QFileInfo::exists(path_);
 }
 
-void WholeFile::rewrite(const QByteArray &content) {
-    if (isDamaged_ && !setAside()) {
-        return;
+std::expected<void, QString> WholeFile::rewrite(const QByteArray &content) {
+    if (isDamaged_) {
+        if (auto aside = setAside(); !aside) {
+            return aside;
+        }
+        isDamaged_ = false;
     }
-    isDamaged_ = false;
-    QSaveFile file(path_);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    file.setPermissions(privateFile);
-    if (file.write(content) != content.size()) {
-        file.cancelWriting();
-    }
-    file.commit();
+    return FileOperations::replaceContent(path_, content);
 }
 
 void WholeFile::remove() {
     QFile::remove(path_);
 }
 
-bool WholeFile::setAside() const {
+std::expected<void, QString> WholeFile::setAside() const {
     const QString moment = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH-mm-ss"));
     const QString name = path_ + QStringLiteral(".damaged-") + moment;
-    const QString secondName = name + QStringLiteral(" (2)"); // for another one within a second
-    return giveName(path_, name) || (QFileInfo::exists(name) && giveName(path_, secondName));
+    QString free = name;
+    for (int number = 2; isTaken(free); ++number) { // for others within the second
+        free = numberedName(name, {}, number);
+    }
+    return giveName(path_, free);
 }
 
 } // namespace fennick

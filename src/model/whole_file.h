@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <expected>
+
 namespace fennick {
 
 // A file in the data folder that is only ever read and written as a whole, and is private to the user. What
@@ -19,13 +21,14 @@ public:
     // "<name>.damaged-<date>T<time>".
     void setDamaged();
 
-    // Complete and on the disk or, when that fails, not at all.
-    void rewrite(const QByteArray &content);
+    // Complete and on the disk or, when that fails, not at all; the error is the system's description. A file
+    // that may not be written to is replaced all the same, as its folder allows.
+    [[nodiscard]] std::expected<void, QString> rewrite(const QByteArray &content);
 
     void remove();
 
 private:
-    bool setAside() const;
+    std::expected<void, QString> setAside() const;
 
     QString path_;
     bool isDamaged_ = false;

@@ -5,6 +5,8 @@
 #include "extraction/on_device_engine.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
+#include "pipeline/renamed_paths.h"
+#include "platform/regular_file.h"
 #include "settings/settings_store.h"
 
 #include <QCoroTask>
@@ -98,36 +100,43 @@ Q_SIGNALS:
 private:
     using Clock = std::chrono::steady_clock;
 
-    struct SizeReading {
-        std::optional<qint64> size;
+    struct StateReading {
+        FileState state;
         Clock::time_point at;
     };
 
     void handleEvents(const QList<FileEvent> &events);
     void debounce(const FileEvent &event);
     QCoro::Task<> scanExistingFiles(QString folder);
+    void takeInLater(const QStringList &listed);
+    QCoro::Task<> takeInOneAfterTheOther();
+    bool isHidden(const QString &path) const;
     QCoro::Task<> copyReceipts(QStringList paths, QString folder);
     QCoro::Task<> processFile(QString path);
-    QCoro::Task<bool> waitForFileStability(QString path);
+    QCoro::Task<FileState> waitForFileStability(QString path);
+    QCoro::Task<> takeIn(QString path, FileState file);
     QCoro::Task<> listUnreadableNames(QString folder);
     bool isInArchive(const QString &path) const;
 
-    QCoro::Task<> runScan(Receipt receipt);
-    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(QString path, QString key,
+    QCoro::Task<> runScan(Receipt receipt, std::optional<FileIdentity> file);
+    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> extract(FileToRead file, QString key,
                                                                      QString address);
-    void failScan(Receipt receipt, const QString &error);
-    void renameFile(Receipt &receipt);
+    QCoro::Task<std::expected<GeminiReceiptData, ScanError>> send(FileToRead file, QString key,
+                                                                  QString address);
+    void failScan(const QString &id, const QString &error);
+    void renameFile(Receipt receipt);
 
-    QCoro::Task<Receipt> addToPhotos(Receipt receipt);
-    QCoro::Task<> deliverAndUpdate(Receipt receipt);
+    QCoro::Task<bool> addToPhotos(Receipt receipt, std::optional<FileIdentity> file);
+    QCoro::Task<> deliver(Receipt receipt, std::optional<FileIdentity> file = {});
 
     void carryOut(const PendingArchive &archive);
     void resumeArchive();
-    static void moveIntoArchive(const QString &path, const QString &folder);
+    void moveIntoArchive(const QString &path, const QString &folder);
     void adoptRenamedFile(const Receipt &receipt);
 
     void setLastError(const QString &error);
-    static void startTask(QCoro::Task<> task);
+    void startTask(QCoro::Task<> task);
+    QCoro::Task<> reportFailureOf(QCoro::Task<> task);
 
     ReceiptStore *store_;
     SettingsStore *settings_;
@@ -135,11 +144,13 @@ private:
     std::optional<QString> lastError_;
     std::unique_ptr<FSEventsWatcher> watcher_;
     QString watchedFolder_;
-    QTimer unreadableNames_;                        // until they are listed again, after an event of one
-    QHash<QString, QTimer *> pendingDebounce_;      // by path; the timers are children of this object
-    QSet<QString> recentlyRenamedTo_;               // paths that the pipeline made by renaming, for 5 seconds
-    QSet<QString> inFlight_;                        // paths between admission and the end of their scan run
-    QHash<QString, SizeReading> stabilityReadings_; // the paths among them whose size is being watched
+    QTimer unreadableNames_;  // until they are listed again, after an event of one
+    QStringList listedFiles_; // found by listing a folder, to be taken in one after the other
+    bool isTakingInListedFiles_ = false;
+    QHash<QString, QTimer *> pendingDebounce_;       // by path; the timers are children of this object
+    RenamedPaths recentlyRenamedTo_;                 // paths that the pipeline made by renaming
+    QSet<QString> inFlight_;                         // paths between admission and the end of their scan run
+    QHash<QString, StateReading> stabilityReadings_; // the paths among them whose size is being watched
 };
 
 } // namespace fennick

@@ -5,10 +5,6 @@
 #include "text/path_text.h"
 
 #include <QDir>
-#include <QFileInfo>
-
-#include <cerrno>
-#include <filesystem>
 
 namespace fennick {
 
@@ -20,19 +16,6 @@ QString fullName(const QString &stem, const QString &extension) {
     return extension.isEmpty() ? stem : stem + u'.' + extension;
 }
 
-// A link whose target is gone holds its name as well.
-bool isTaken(const QString &path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
-// The system's description of why the folder cannot be made; nothing when it is there.
-std::optional<QString> makeFolder(const QString &path) {
-    std::error_code error;
-    std::filesystem::create_directories(path.toStdU16String(), error);
-    return error ? std::optional(QString::fromStdString(error.message())) : std::nullopt;
-}
-
 } // namespace
 
 std::optional<QString> AppState::archiveRoot() const {
@@ -42,13 +25,13 @@ std::optional<QString> AppState::archiveRoot() const {
     }
     const QString watched = settings_->watchFolderPath().value_or(QString());
     if (!watched.isEmpty()) {
-        return QDir::cleanPath(QDir(watched).filePath(defaultArchiveName));
+        return joinedPath(QDir::cleanPath(watched), defaultArchiveName);
     }
     return std::nullopt;
 }
 
 QString AppState::archiveDestinationPath() const {
-    return archiveRoot().value_or(defaultArchiveName) + u'/' + dateStamp();
+    return joinedPath(archiveRoot().value_or(defaultArchiveName), dateStamp());
 }
 
 QString AppState::dateStamp() {
@@ -56,10 +39,9 @@ QString AppState::dateStamp() {
 }
 
 QString AppState::uniquePath(const QString &folder, const QString &base, const QString &extension) {
-    const QDir directory(folder);
-    QString path = directory.filePath(fullName(base, extension));
+    QString path = joinedPath(folder, fullName(base, extension));
     for (int number = 2; isTaken(path); ++number) {
-        path = directory.filePath(numberedName(base, extension, number));
+        path = joinedPath(folder, numberedName(base, extension, number));
     }
     return path;
 }
@@ -74,9 +56,9 @@ void AppState::archiveAndClear(ExportService::Format format) {
         return;
     }
     const QString stamp = dateStamp();
-    const QString folder = QDir(*root).filePath(stamp);
-    if (const auto problem = makeFolder(folder)) {
-        setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
+    const QString folder = joinedPath(*root, stamp);
+    if (const auto made = FileOperations::makeFolder(folder); !made) {
+        setLastError(tr("Couldn't create archive folder: %1").arg(made.error()));
         return;
     }
     const PendingArchive archive{
@@ -94,7 +76,7 @@ void AppState::carryOut(const PendingArchive &archive) {
     if (!isTaken(archive.ledgerPath)) {
         ExportService::writeLedger(store_->receipts(), archive.format, archive.ledgerPath);
     }
-    const QString folder = QFileInfo(archive.ledgerPath).path();
+    const QString folder = parentFolder(archive.ledgerPath);
     for (const Receipt &receipt : store_->receipts()) {
         moveIntoArchive(receipt.filePath, folder);
     }
@@ -109,11 +91,15 @@ void AppState::resumeArchive() {
     if (!archive) {
         return;
     }
-    const QString folder = QFileInfo(archive->ledgerPath).path();
-    if (const auto problem = makeFolder(folder)) {
-        setLastError(tr("Couldn't create archive folder: %1").arg(*problem));
+    const QString folder = parentFolder(archive->ledgerPath);
+    if (const auto made = FileOperations::makeFolder(folder); !made) {
+        setLastError(tr("Couldn't create archive folder: %1").arg(made.error()));
     } else {
-        FileOperations::removePartsOfMoves(folder);
+        QStringList sources;
+        for (const Receipt &receipt : store_->receipts()) {
+            sources.append(receipt.filePath);
+        }
+        FileOperations::settlePartsOfMoves(folder, sources);
         if (!store_->receipts().isEmpty()) {
             carryOut(*archive);
         }
@@ -123,12 +109,13 @@ void AppState::resumeArchive() {
 
 // A file that is missing or cannot be moved is passed over: it stays where it is, and its path is ignored.
 void AppState::moveIntoArchive(const QString &path, const QString &folder) {
-    if (!QFileInfo::exists(path)) {
+    if (!isTaken(path)) {
         return;
     }
     const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
     // The result is intentionally not looked at.
-    std::ignore = FileOperations::moveWithoutReplacing(path, target);
+    const QString watched = QDir::cleanPath(settings_->watchFolderPath().value_or(QString()));
+    std::ignore = FileOperations::moveWithoutReplacing(path, target, watched);
 }
 
 } // namespace fennick

@@ -1,8 +1,8 @@
 #include "pipeline/archive_journal.h"
 
 #include "model/data_folder.h"
+#include "text/path_text.h"
 
-#include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -16,12 +16,12 @@ const QString formatKey = QStringLiteral("format");
 } // namespace
 
 ArchiveJournal::ArchiveJournal()
-    : file_(dataFolder() + QStringLiteral("/archiving.json")) {}
+    : file_(joinedPath(dataFolder(), QStringLiteral("archiving.json"))) {}
 
 std::optional<PendingArchive> ArchiveJournal::pending() const {
     const QJsonObject journal = QJsonDocument::fromJson(file_.content()).object();
     const QString ledgerPath = journal.value(ledgerKey).toString();
-    if (!QDir::isAbsolutePath(ledgerPath)) {
+    if (!ledgerPath.startsWith(u'/')) {
         return std::nullopt;
     }
     using ExportService::Format;
@@ -32,7 +32,8 @@ std::optional<PendingArchive> ArchiveJournal::pending() const {
 void ArchiveJournal::begin(const PendingArchive &archive) {
     const QJsonObject journal{{ledgerKey, archive.ledgerPath},
                               {formatKey, ExportService::fileExtension(archive.format)}};
-    file_.rewrite(QJsonDocument(journal).toJson());
+    // Without a journal the archive goes on; only a crash in its middle would be noticed.
+    std::ignore = file_.rewrite(QJsonDocument(journal).toJson());
 }
 
 void ArchiveJournal::end() {

@@ -1,5 +1,6 @@
 #include "pipeline/app_state.h"
 #include "platform/file_operations.h"
+#include "platform/regular_file.h"
 #include "text/path_text.h"
 
 #include <QCoroFuture>
@@ -18,11 +19,18 @@ void AppState::copyIntoWatchFolder(const QStringList &paths) {
 QCoro::Task<> AppState::copyReceipts(QStringList paths, QString folder) {
     const QPointer<AppState> self(this);
     for (const QString &path : paths) {
-        if (!isSupported(path) || !QFileInfo(path).isFile()) {
+        const QFileInfo dropped(path);
+        if (!isSupported(path) || !dropped.isFile()) {
+            continue;
+        }
+        // Who drops a link means the file behind it.
+        const QString source = dropped.isSymLink() ? dropped.canonicalFilePath() : path;
+        if (const auto problem = problemOf(fileStateAt(source))) {
+            setLastError(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), problem->description()));
             continue;
         }
         const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
-        const auto copied = co_await QtConcurrent::run(FileOperations::copyDurably, path, target);
+        const auto copied = co_await QtConcurrent::run(FileOperations::copyDurably, source, target);
         if (!self) {
             co_return;
         }

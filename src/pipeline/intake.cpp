@@ -8,7 +8,7 @@
 #include <QCoroFuture>
 #include <QDir>
 #include <QDirIterator>
-#include <QFileInfo>
+#include <QScopeGuard>
 #include <QtConcurrent>
 
 namespace fennick {
@@ -20,24 +20,20 @@ using std::chrono::milliseconds;
 constexpr milliseconds debounceInterval{300};
 constexpr milliseconds stabilityInterval{500};
 
-// Supported regular files below `folder`, without hidden ones and what lies in hidden folders; links are not
-// followed.
+// Supported regular files and links below `folder`, without hidden ones and what lies in hidden folders;
+// links are not followed.
 QStringList existingFiles(const QString &folder) {
     QStringList paths;
-    QDirIterator entries(folder, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    QDirIterator entries(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString path = entries.next();
-        if (AppState::isSupported(path)) {
+        const FileKind kind = AppState::isSupported(path) ? fileStateAt(path).kind : FileKind::missing;
+        if (kind == FileKind::regular || kind == FileKind::link) {
             paths.append(path);
         }
     }
     paths.sort();
     return paths;
-}
-
-std::optional<qint64> sizeOf(const QString &path) {
-    const QFileInfo file(path);
-    return file.exists() ? std::optional(file.size()) : std::nullopt;
 }
 
 } // namespace
@@ -58,6 +54,9 @@ void AppState::startWatchingIfConfigured() {
 
 void AppState::startWatching(const QString &path) {
     const QString folder = QDir::cleanPath(path); // events and listing must spell paths alike
+    if (folder != watchedFolder_) {
+        listedFiles_.clear();
+    }
     watcher_.reset();
     watchedFolder_ = folder;
     watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
@@ -72,11 +71,20 @@ void AppState::startWatching(const QString &path) {
 }
 
 void AppState::handleEvents(const QList<FileEvent> &events) {
+    QStringList listed;
     for (const FileEvent &event : events) {
-        if (isSupported(event.path) && !isInArchive(event.path) && !recentlyRenamedTo_.contains(event.path)) {
+        if (!isSupported(event.path) || isInArchive(event.path) ||
+            recentlyRenamedTo_.contains(event.path, event.at)) {
+            continue;
+        }
+        if (!event.isListed) {
             debounce(event);
+        } else if (!isHidden(event.path) && !pendingDebounce_.contains(event.path)) {
+            listed.append(event.path);
         }
     }
+    listed.sort();
+    takeInLater(listed);
 }
 
 // The interval counts from the event itself: the watcher may have held it back to tell it in a batch.
@@ -99,27 +107,52 @@ bool AppState::isInArchive(const QString &path) const {
     if (path.contains(u"/Receipt Archive/")) {
         return true;
     }
-    QString root = settings_->archiveFolderPath().value_or(QString());
-    if (root.isEmpty()) {
+    const QString configured = settings_->archiveFolderPath().value_or(QString());
+    if (configured.isEmpty()) {
         return false;
     }
-    if (!root.endsWith(u'/')) {
-        root += u'/';
-    }
-    return path.startsWith(root);
+    return path.startsWith(joinedPath(QDir::cleanPath(configured), QString())); // as archiveRoot()
 }
 
 QCoro::Task<> AppState::scanExistingFiles(QString folder) {
     const QPointer<AppState> self(this); // the program may be ending
     const QStringList paths = co_await QtConcurrent::run(existingFiles, folder);
-    for (const QString &path : paths) {
-        if (!self) {
-            co_return;
+    if (self && folder == watchedFolder_) {
+        takeInLater(paths);
+    }
+}
+
+// What lies in the folder is taken in by one rule, whether it is found at the start or later: no hidden
+// files, no folders, and one file after the other, so that a full folder is not sent all at once.
+void AppState::takeInLater(const QStringList &listed) {
+    listedFiles_.append(listed);
+    if (!isTakingInListedFiles_ && !listedFiles_.isEmpty()) {
+        startTask(takeInOneAfterTheOther());
+    }
+}
+
+QCoro::Task<> AppState::takeInOneAfterTheOther() {
+    const QPointer<AppState> self(this);
+    isTakingInListedFiles_ = true;
+    const auto end = qScopeGuard([self] {
+        if (self) {
+            self->isTakingInListedFiles_ = false;
         }
-        if (!isInArchive(path) && !store_->hasFilePath(path)) {
+    });
+    while (self && !listedFiles_.isEmpty()) {
+        const QString path = listedFiles_.takeFirst();
+        const FileKind kind = store_->hasFilePath(path) ? FileKind::missing : fileStateAt(path).kind;
+        if (kind == FileKind::regular || kind == FileKind::link) {
             co_await processFile(path);
+        } else if (mayBeUnreadable(path)) {
+            unreadableNames_.start();
         }
     }
+}
+
+// Whether it is a hidden file, or lies in a hidden folder, as seen from the watched folder.
+bool AppState::isHidden(const QString &path) const {
+    return path.mid(watchedFolder_.size()).contains(u"/.");
 }
 
 QCoro::Task<> AppState::processFile(QString path) {
@@ -130,46 +163,65 @@ QCoro::Task<> AppState::processFile(QString path) {
         // A change while the size is being watched starts the watch anew: refusing the file now and having
         // refused this event would leave it lying there.
         if (stabilityReadings_.contains(path)) {
-            stabilityReadings_[path] = {sizeOf(path), Clock::now()};
+            stabilityReadings_[path] = {fileStateAt(path), Clock::now()};
         }
         co_return;
     }
     inFlight_.insert(path);
     const QPointer<AppState> self(this);
-    if (co_await waitForFileStability(path)) {
-        const Receipt receipt = freshReceipt(path);
-        store_->add(receipt);
-        co_await runScan(receipt);
-    } else if (self && mayBeUnreadable(path)) {
-        unreadableNames_.start();
+    const auto leaving = qScopeGuard([self, path] {
+        if (self) {
+            self->inFlight_.remove(path);
+        }
+    });
+    const FileState file = co_await waitForFileStability(path);
+    if (!self) {
+        co_return;
     }
-    if (self) {
-        inFlight_.remove(path);
+    if (file.kind != FileKind::missing) {
+        co_await takeIn(path, file);
+    } else if (mayBeUnreadable(path)) {
+        unreadableNames_.start();
     }
 }
 
-// Whether the file exists, is not empty and keeps its size over the interval.
-QCoro::Task<bool> AppState::waitForFileStability(QString path) {
-    SizeReading reading{sizeOf(path), Clock::now()};
-    if (!reading.size) {
-        co_return false;
+// Lists the file and scans it. What is not read is listed all the same: who put it there would wait for it in
+// vain.
+QCoro::Task<> AppState::takeIn(QString path, FileState file) {
+    Receipt receipt = freshReceipt(path);
+    if (const auto problem = problemOf(file)) {
+        receipt.status = ReceiptStatus::error;
+        receipt.error = problem->description();
+        store_->add(receipt);
+        co_return;
+    }
+    store_->add(receipt);
+    co_await runScan(receipt, file.identity);
+}
+
+// What stands at the path, if it is not empty and stays the same over the interval; else nothing.
+QCoro::Task<FileState> AppState::waitForFileStability(QString path) {
+    StateReading reading{fileStateAt(path), Clock::now()};
+    if (reading.state.kind == FileKind::missing) {
+        co_return FileState();
     }
     stabilityReadings_[path] = reading;
     const QPointer<AppState> self(this);
     while (true) {
         co_await sleepUntil(reading.at + stabilityInterval);
         if (!self) {
-            co_return false;
+            co_return FileState();
         }
-        const SizeReading latest = stabilityReadings_.value(path);
+        const StateReading latest = stabilityReadings_.value(path);
         if (latest.at == reading.at) {
             break;
         }
         reading = latest;
     }
     stabilityReadings_.remove(path);
-    const auto size = sizeOf(path);
-    co_return size &&*size > 0 && size == reading.size;
+    const FileState state = fileStateAt(path);
+    const bool isStable = state.size > 0 && state == reading.state;
+    co_return isStable ? state : FileState();
 }
 
 } // namespace fennick

@@ -2,10 +2,10 @@
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
 #include "pipeline/photos_importer.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QLocale>
 
 namespace fennick {
@@ -15,18 +15,27 @@ QString AppState::albumName(const QDateTime &processingDate) {
            QLocale::c().toString(processingDate.toLocalTime(), QStringLiteral("yyyy-MM-dd"));
 }
 
-// Returns the receipt, marked when it has been added; a failure goes to `lastError`.
-QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
+// Whether the receipt has been added; a failure goes to `lastError`.
+QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdentity> file) {
     const QPointer<AppState> self(this);
+    FileToRead wanted(receipt.filePath);
+    wanted.folder = watchedFolder_;
+    wanted.identity = file;
+    OpenedFile opened = openRegularFile(wanted); // before anything is waited for: the file may be moved
+    if (!opened) {
+        setLastError(tr("Photos export failed: %1").arg(opened.error().description()));
+        co_return false;
+    }
+    const std::shared_ptr<QFile> content = std::move(*opened);
     const auto images = co_await ConversionProcess::convertToJPEGs(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), receipt.filePath,
-        FileRenamer::baseName(receipt));
+        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), content,
+        receipt.filePath, FileRenamer::baseName(receipt));
     if (!self) {
-        co_return receipt;
+        co_return false;
     }
     if (!images) {
         setLastError(tr("Photos export failed: %1").arg(images.error().errorDescription()));
-        co_return receipt;
+        co_return false;
     }
     std::optional<QString> album;
     if (settings_->groupIntoAlbum()) {
@@ -34,31 +43,35 @@ QCoro::Task<Receipt> AppState::addToPhotos(Receipt receipt) {
     }
     const auto added = co_await PhotosImporter::add(*images, album);
     if (!self) {
-        co_return receipt;
+        co_return false;
     }
     if (!added) {
         // The images stay where they are: they are what the user may still want to add by hand.
         setLastError(tr("Photos export failed: %1").arg(added.error().errorDescription()));
-        co_return receipt;
+        co_return false;
     }
-    receipt.addedToPhotos = true;
     if (!images->isEmpty()) {
-        QDir(QFileInfo(images->first()).path()).removeRecursively();
+        QDir(parentFolder(images->first())).removeRecursively();
     }
-    co_return receipt;
+    co_return true;
 }
 
-QCoro::Task<> AppState::deliverAndUpdate(Receipt receipt) {
+QCoro::Task<> AppState::deliver(Receipt receipt, std::optional<FileIdentity> file) {
     const QPointer<AppState> self(this);
-    const Receipt delivered = co_await addToPhotos(receipt);
-    if (self) {
-        store_->update(delivered);
+    const bool isAdded = co_await addToPhotos(receipt, file);
+    if (!self || !isAdded) {
+        co_return;
+    }
+    if (auto delivered = store_->receipt(receipt.id)) {
+        delivered->addedToPhotos = true;
+        store_->update(*delivered);
     }
 }
 
 void AppState::pushToPhotos(const Receipt &receipt) {
-    if (settings_->addToPhotos()) {
-        startTask(deliverAndUpdate(receipt));
+    const auto current = store_->receipt(receipt.id);
+    if (current && settings_->addToPhotos()) {
+        startTask(deliver(*current));
     }
 }
 

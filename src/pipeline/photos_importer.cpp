@@ -1,5 +1,6 @@
 #include "pipeline/photos_importer.h"
 
+#include "model/data_folder.h"
 #include "platform/photo_library.h"
 
 #include <QCoreApplication>
@@ -31,7 +32,7 @@ std::expected<void, QString> addToLibrary(const QStringList &jpegPaths,
             additions.newAlbumTitle = albumName;
         }
     }
-    return PhotoLibrary::performChanges(additions);
+    return PhotoLibrary::performChanges(additions, dataFolder());
 }
 
 } // namespace

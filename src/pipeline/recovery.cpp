@@ -1,21 +1,19 @@
 #include "files/file_renamer.h"
+#include "model/data_folder.h"
 #include "pipeline/app_state.h"
 #include "platform/photo_library.h"
 #include "text/numbered_name.h"
 #include "text/path_text.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 namespace fennick {
 
 void AppState::recoverFromInterruption() {
-    PhotoLibrary::undoInterruptedChanges();
+    PhotoLibrary::undoInterruptedChanges(dataFolder());
     resumeArchive();
     const QList<Receipt> receipts = store_->receipts();
     for (const Receipt &receipt : receipts) {
         if (receipt.status == ReceiptStatus::processing) {
-            failScan(receipt, tr("The scan was interrupted. Retry to scan this receipt again."));
+            failScan(receipt.id, tr("The scan was interrupted. Retry to scan this receipt again."));
         } else if (receipt.status == ReceiptStatus::done) {
             adoptRenamedFile(receipt);
         }
@@ -26,16 +24,16 @@ void AppState::recoverFromInterruption() {
 // nowhere, and its file be scanned and paid for once more.
 void AppState::adoptRenamedFile(const Receipt &receipt) {
     const QString name = FileRenamer::buildNewFileName(receipt);
-    if (name == receipt.fileName || QFileInfo::exists(receipt.filePath)) {
+    if (name == receipt.fileName || isTaken(receipt.filePath)) {
         return;
     }
-    const QDir folder(QFileInfo(receipt.filePath).path());
+    const QString folder = parentFolder(receipt.filePath);
     QString candidate = name;
-    for (int number = 2; QFileInfo(folder.filePath(candidate)).isFile(); ++number) {
-        if (!store_->hasFilePath(folder.filePath(candidate))) {
+    for (int number = 2; fileStateAt(joinedPath(folder, candidate)).kind == FileKind::regular; ++number) {
+        if (!store_->hasFilePath(joinedPath(folder, candidate))) {
             Receipt adopted = receipt;
             adopted.fileName = candidate;
-            adopted.filePath = folder.filePath(candidate);
+            adopted.filePath = joinedPath(folder, candidate);
             store_->update(adopted);
             return;
         }

@@ -112,33 +112,38 @@ private:
 
     bool isInNeedOfListing() const { return !tree_.isComplete() || isOnRemoteFileSystem(root_); }
 
-    void list(QList<QByteArray> &paths) {
+    void list(QList<TreeChange> &changes) {
         tree_.watchRoot(); // there may be more watches to be had by now
+        QList<QByteArray> paths;
         listing_.refresh(paths);
+        for (const QByteArray &path : std::as_const(paths)) {
+            changes.append({path, true});
+        }
         nextListing_ = Clock::now() + relisting_;
     }
 
     // Returns whether there were any.
     bool takeEvents() {
-        QList<QByteArray> paths;
+        QList<TreeChange> changes;
         if (!tree_.isWatchingRoot()) {
-            tree_.lookForRoot(paths);
+            tree_.lookForRoot(changes);
         }
-        tree_.readEvents(paths);
+        tree_.readEvents(changes);
         if (Clock::now() >= nextListing_ && isInNeedOfListing()) {
-            list(paths);
+            list(changes);
         }
         const auto now = Clock::now();
-        for (const QByteArray &path : std::as_const(paths)) {
-            append({QFile::decodeName(path), now});
+        for (const TreeChange &change : std::as_const(changes)) {
+            append({QFile::decodeName(change.path), now, change.isListed});
         }
-        return !paths.isEmpty();
+        return !changes.isEmpty();
     }
 
     // A file that is being written tells of itself many times in a row; the latest time is enough.
     void append(const FileEvent &event) {
         if (!pending_.isEmpty() && pending_.last().path == event.path) {
             pending_.last().at = event.at;
+            pending_.last().isListed = pending_.last().isListed && event.isListed;
         } else {
             pending_.append(event);
         }

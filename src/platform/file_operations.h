@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <expected>
 
@@ -8,15 +10,27 @@
 // system's description.
 namespace fennick::FileOperations {
 
-// Copies to a path at which nothing exists; the copy is on the disk itself when this returns. After a failure
-// no part of it is left.
+// Copies a regular file to a path at which nothing exists; the copy is on the disk itself when this returns.
+// After a failure no part of it is left.
 std::expected<void, QString> copyDurably(const QString &source, const QString &target);
 
-// Moves to a path at which nothing exists, also to another file system: the source then stays until its copy
-// is complete and on the disk. After a failure the source is where it was and nothing is at the target.
-std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target);
+// Replaces the file, or makes one that only the user can read and write. What was there stays until all of
+// the new content is on the disk, and after a failure. It takes the permission to write into the folder, not
+// into the file. If a link stands at the path, its target is replaced.
+std::expected<void, QString> replaceContent(const QString &path, const QByteArray &content);
 
-// Removes what a move to another file system has left in `folder` when the program was killed in the middle.
-void removePartsOfMoves(const QString &folder);
+// Moves what stands at a path, be it a file, a link or a folder, to a path at which nothing exists, also to
+// another file system: the source then stays until its copy, with its times, is complete and on the disk.
+// After a failure the source is where it was and nothing is at the target. If the source lies below `folder`,
+// no link between the two is followed.
+std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target,
+                                                  const QString &folder = {});
+
+// Settles what moves of `sources` to another file system have left in `folder` when the program was killed in
+// the middle: removes the copies whose sources are there, and gives their names to those whose are not.
+void settlePartsOfMoves(const QString &folder, const QStringList &sources);
+
+// Makes the folder and those above it that are missing; they are on the disk itself when this returns.
+std::expected<void, QString> makeFolder(const QString &path);
 
 } // namespace fennick::FileOperations

@@ -1,108 +1,201 @@
+#include "platform/copied_entries_linux.h"
+#include "platform/descriptor_linux.h"
 #include "platform/file_operations.h"
+#include "platform/regular_file.h"
+#include "text/numbered_name.h"
+#include "text/path_text.h"
 
+#include <QCryptographicHash>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QUuid>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 
 namespace fennick::FileOperations {
 
 namespace {
 
-const QString partPrefix = QStringLiteral(".moving-");
+using Result = std::expected<void, QString>;
 
-QString systemError(int number) {
-    return QString::fromLocal8Bit(std::strerror(number));
+const QByteArray partPrefix = QByteArrayLiteral(".moving-");
+
+Result resultOf(int error) {
+    return error == 0 ? Result() : std::unexpected(QString::fromLocal8Bit(std::strerror(error)));
 }
 
 // The system would take a name with a null character for the part before it, and so for another one.
 bool isPath(const QString &text) {
-    return !text.contains(QChar::Null);
+    return text.contains(u'/') && !text.contains(QChar::Null);
+}
+
+QByteArray nameOf(const QString &path) {
+    return QFile::encodeName(lastPathComponent(path));
+}
+
+// Says whose copy it is, so that the next start can tell whether the source is still there.
+QByteArray partPrefixOf(const QString &source) {
+    return partPrefix + QCryptographicHash::hash(source.toUtf8(), QCryptographicHash::Sha1).toHex() + '-';
 }
 
 // 0 or the error's number. File systems that cannot refuse to replace by themselves (EINVAL) are asked
 // whether the target exists first.
-int renameWithoutReplacing(const QString &source, const QString &target) {
-    const QByteArray from = QFile::encodeName(source);
-    const QByteArray to = QFile::encodeName(target);
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) {
+int renameWithoutReplacing(const Place &from, const Place &to) {
+    if (::renameat2(from.folder.number(), from.name.constData(), to.folder.number(), to.name.constData(),
+                    RENAME_NOREPLACE) == 0) {
         return 0;
     }
     if (errno != EINVAL) {
         return errno;
     }
-    if (QFileInfo::exists(target)) {
+    if (fileStateIn(to.folder, to.name).kind != FileKind::missing) {
         return EEXIST;
     }
-    return std::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+    return ::renameat(from.folder.number(), from.name.constData(), to.folder.number(), to.name.constData()) ==
+                   0
+               ? 0
+               : errno;
 }
 
-std::expected<void, QString> synchronise(const QString &path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || fsync(file.handle()) != 0) {
-        return std::unexpected(systemError(errno));
+// Under another name first: nobody may take a part of a file for the whole.
+int moveToOtherFileSystem(const Place &from, const Place &to, const QByteArray &partName) {
+    const Place part{to.folder, partName};
+    CopiedEntries copied;
+    int error = copied.copy(from, part);
+    if (error == 0) {
+        error = renameWithoutReplacing(part, to);
     }
-    return {};
+    if (error != 0) {
+        removeEntry(part);
+        return error;
+    }
+    error = synchroniseFolder(to.folder);
+    if (error == 0) {
+        error = copied.removeSource(from);
+    }
+    if (error != 0 && !copied.hasRemovedAny()) {
+        removeEntry(to);
+        return error;
+    }
+    return 0; // what is left of the source, if anything, has come to it since
 }
 
 } // namespace
 
-std::expected<void, QString> copyDurably(const QString &source, const QString &target) {
+Result copyDurably(const QString &source, const QString &target) {
     if (!isPath(target)) {
-        return std::unexpected(systemError(EINVAL));
+        return resultOf(EINVAL);
     }
-    QFile original(source);
-    if (!original.copy(target)) {
-        return std::unexpected(original.errorString());
+    FileToRead wanted(source);
+    wanted.mostBytes = std::numeric_limits<qint64>::max();
+    const OpenedFile original = openRegularFile(wanted);
+    if (!original) {
+        return std::unexpected(original.error().description());
     }
-    const auto synchronised = synchronise(target);
-    if (!synchronised) {
-        QFile::remove(target);
-    }
-    return synchronised;
-}
-
-std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target) {
-    if (!isPath(target)) {
-        return std::unexpected(systemError(EINVAL));
-    }
-    const int error = renameWithoutReplacing(source, target);
+    const Descriptor folder = openParent({}, target);
+    const Place place{folder, nameOf(target)};
+    int error = folder.isOpen() ? copyOpenFile((*original)->handle(), place) : errno;
     if (error == 0) {
-        return {};
+        error = synchroniseFolder(folder);
+        if (error != 0) {
+            removeEntry(place);
+        }
     }
-    if (error != EXDEV) {
-        return std::unexpected(systemError(error));
-    }
-    // Under another name first: nobody may take a part of the file for the whole.
-    const QString part =
-        QFileInfo(target).path() + u'/' + partPrefix + QUuid::createUuid().toString(QUuid::WithoutBraces);
-    if (const auto copied = copyDurably(source, part); !copied) {
-        return copied;
-    }
-    if (const int placed = renameWithoutReplacing(part, target); placed != 0) {
-        QFile::remove(part);
-        return std::unexpected(systemError(placed));
-    }
-    if (!QFile::remove(source)) {
-        QFile::remove(target);
-        return std::unexpected(systemError(EACCES));
-    }
-    return {};
+    return resultOf(error);
 }
 
-void removePartsOfMoves(const QString &folder) {
-    const QDir directory(folder);
-    const QStringList parts = directory.entryList({partPrefix + u'*'}, QDir::Files | QDir::Hidden);
-    for (const QString &part : parts) {
-        QFile::remove(directory.filePath(part));
+Result replaceContent(const QString &path, const QByteArray &content) {
+    const QString behindLinks = QFileInfo(path).canonicalFilePath(); // empty when nothing is there
+    const QString target = behindLinks.isEmpty() ? path : behindLinks;
+    const Descriptor folder = openParent({}, target);
+    if (!folder.isOpen()) {
+        return resultOf(errno);
     }
+    const Place part{folder, ".writing-" + QUuid::createUuid().toByteArray(QUuid::Id128)};
+    int error = writeNewFile(part, content);
+    if (error == 0 && ::renameat(folder.number(), part.name.constData(), folder.number(),
+                                 nameOf(target).constData()) != 0) {
+        error = errno;
+        removeEntry(part);
+    }
+    return resultOf(error);
+}
+
+Result moveWithoutReplacing(const QString &source, const QString &target, const QString &folder) {
+    if (!isPath(source) || !isPath(target)) {
+        return resultOf(EINVAL);
+    }
+    const Descriptor sourceFolder = openParent(folder, source);
+    if (!sourceFolder.isOpen()) {
+        return resultOf(errno);
+    }
+    const Descriptor targetFolder = openParent({}, target);
+    if (!targetFolder.isOpen()) {
+        return resultOf(errno);
+    }
+    const Place from{sourceFolder, nameOf(source)};
+    const Place to{targetFolder, nameOf(target)};
+    int error = renameWithoutReplacing(from, to);
+    if (error == EXDEV) {
+        const QByteArray part = partPrefixOf(source) + QUuid::createUuid().toByteArray(QUuid::Id128);
+        error = moveToOtherFileSystem(from, to, part);
+    }
+    return resultOf(error);
+}
+
+void settlePartsOfMoves(const QString &folder, const QStringList &sources) {
+    const Descriptor directory(
+        ::open(QFile::encodeName(folder).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!directory.isOpen()) {
+        return;
+    }
+    const QByteArrayList names = namesIn(directory);
+    for (const QString &source : sources) {
+        for (const QByteArray &name : names) {
+            if (!name.startsWith(partPrefixOf(source))) {
+                continue;
+            }
+            const Place part{directory, name};
+            if (isTaken(source)) {
+                removeEntry(part);
+                continue;
+            }
+            // The only copy: the source goes only after its copy is complete.
+            QString free = lastPathComponent(source);
+            for (int number = 2; isTaken(joinedPath(folder, free)); ++number) {
+                free = numberedName(nameWithoutExtension(source), pathExtension(source), number);
+            }
+            std::ignore = renameWithoutReplacing(part, {directory, QFile::encodeName(free)});
+        }
+    }
+}
+
+Result makeFolder(const QString &path) {
+    QStringList missing;
+    for (QString folder = QDir::cleanPath(path); !isTaken(folder); folder = parentFolder(folder)) {
+        missing.prepend(folder);
+    }
+    for (const QString &folder : std::as_const(missing)) {
+        constexpr mode_t asTheUserWishes = 0777;
+        if (::mkdir(QFile::encodeName(folder).constData(), asTheUserWishes) != 0 && errno != EEXIST) {
+            return resultOf(errno);
+        }
+        if (const int error = synchroniseFolder(openParent({}, folder)); error != 0) {
+            return resultOf(error);
+        }
+    }
+    struct stat status {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+        return resultOf(errno);
+    }
+    return resultOf(S_ISDIR(status.st_mode) ? 0 : ENOTDIR);
 }
 
 } // namespace fennick::FileOperations

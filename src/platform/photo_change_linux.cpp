@@ -1,17 +1,21 @@
 #include "platform/photo_change_linux.h"
 
+#include "platform/descriptor_linux.h"
 #include "platform/file_operations.h"
+#include "platform/regular_file.h"
 #include "text/numbered_name.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QUuid>
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -20,88 +24,167 @@ namespace fennick {
 namespace {
 
 const QString stagingPrefix = QStringLiteral(".import-");
-const QString journalName = QStringLiteral("journal");
+const QString journalPrefix = QStringLiteral("importing-");
 const QString albumKey = QStringLiteral("album");
 const QString stagedKey = QStringLiteral("staged");
 const QString targetKey = QStringLiteral("target");
 const QString sizeKey = QStringLiteral("size");
+const QString numberKey = QStringLiteral("number");
+const QString keptKey = QStringLiteral("kept");
+
+constexpr qint64 largestJournal = 16'000'000; // bytes, which is a document of some fifty thousand pages
 
 QString systemError() {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
 
-// A file of another size has been put there by somebody else since.
-void takeBackMove(const QJsonObject &entry) {
-    const QFileInfo target(entry.value(targetKey).toString());
-    if (!QFileInfo::exists(entry.value(stagedKey).toString()) && target.isFile() &&
-        target.size() == entry.value(sizeKey).toInteger()) {
-        QFile::remove(target.filePath());
+QString stagingFolder(const QString &library, const QString &id) {
+    return joinedPath(library, stagingPrefix + id);
+}
+
+QString journalPath(const QString &journalFolder, const QString &id) {
+    return joinedPath(journalFolder, journalPrefix + id);
+}
+
+QByteArray nameOf(const QString &path) {
+    return QFile::encodeName(lastPathComponent(path));
+}
+
+// Where an image lies while it is staged: under a number, directly in the folder of its change.
+bool isStagedName(const QByteArray &name) {
+    return !name.isEmpty() &&
+           std::ranges::all_of(name, [](char digit) { return digit >= '0' && digit <= '9'; });
+}
+
+bool isStagedPath(const QString &path, const QString &staging) {
+    return parentFolder(path) == staging && isStagedName(nameOf(path));
+}
+
+// Removes the very file that was moved there: one that is not, or has another size, is somebody else's.
+void takeBackMove(const QJsonObject &entry, const QString &library, const QString &staging) {
+    const QString staged = entry.value(stagedKey).toString();
+    const QString target = entry.value(targetKey).toString();
+    if (!isStagedPath(staged, staging) || !isLexicallyBelow(target, library) || isTaken(staged)) {
+        return;
+    }
+    const Descriptor folder = openParent(library, target);
+    if (!folder.isOpen()) {
+        return;
+    }
+    const FileState found = fileStateIn(folder, nameOf(target));
+    if (found.kind == FileKind::regular && found.size == entry.value(sizeKey).toInteger(-1) &&
+        QString::number(found.identity.number) == entry.value(numberKey).toString()) {
+        ::unlinkat(folder.number(), nameOf(target).constData(), 0);
     }
 }
 
 // Only while it holds nothing but its title.
-void takeBackAlbum(const QString &folder) {
-    const QDir album(folder);
-    const QStringList content =
-        album.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    if (content == QStringList{albumTitleFile} || content.isEmpty()) {
-        QFile::remove(album.filePath(albumTitleFile));
-        QDir().rmdir(folder);
+void takeBackAlbum(const QString &path, const QString &library) {
+    if (!isLexicallyBelow(path, library) || parentFolder(path) != library) {
+        return;
+    }
+    const QByteArray title = QFile::encodeName(albumTitleFile);
+    const Descriptor album = openBelow(library, path, O_RDONLY | O_DIRECTORY);
+    const Descriptor parent = openParent(library, path);
+    if (!album.isOpen() || !parent.isOpen()) {
+        return;
+    }
+    const QByteArrayList content = namesIn(album);
+    if (content.isEmpty() || content == QByteArrayList{title}) {
+        ::unlinkat(album.number(), title.constData(), 0);
+        ::unlinkat(parent.number(), nameOf(path).constData(), AT_REMOVEDIR);
     }
 }
 
-void undo(const QString &staging) {
-    QFile journal(staging + u'/' + journalName);
-    QStringList albums;
-    if (journal.open(QIODevice::ReadOnly)) {
-        while (!journal.atEnd()) {
-            const QJsonObject entry = QJsonDocument::fromJson(journal.readLine()).object();
-            if (entry.contains(albumKey)) {
-                albums.append(entry.value(albumKey).toString());
-            } else {
-                takeBackMove(entry);
-            }
+// The copies that were not moved, and their folder unless somebody has put something else there.
+void removeStaging(const QString &library, const QString &staging) {
+    const Descriptor folder = openBelow(library, staging, O_RDONLY | O_DIRECTORY);
+    const Descriptor parent = openParent(library, staging);
+    if (!folder.isOpen() || !parent.isOpen()) {
+        return;
+    }
+    for (const QByteArray &name : namesIn(folder)) {
+        if (isStagedName(name)) {
+            ::unlinkat(folder.number(), name.constData(), 0);
         }
     }
-    for (const QString &album : std::as_const(albums)) {
-        takeBackAlbum(album);
+    ::unlinkat(parent.number(), nameOf(staging).constData(), AT_REMOVEDIR);
+}
+
+QList<QJsonObject> entriesOf(const QString &journal) {
+    FileToRead wanted(journal);
+    wanted.mostBytes = largestJournal;
+    const OpenedFile file = openRegularFile(wanted);
+    const auto content = file ? readWhole(**file) : std::unexpected(file.error());
+    QList<QJsonObject> entries;
+    if (content) {
+        for (const QByteArray &line : content->split('\n')) {
+            entries.append(QJsonDocument::fromJson(line).object());
+        }
+    }
+    return entries;
+}
+
+void undo(const QString &journal, const QString &library, const QString &staging) {
+    const QList<QJsonObject> entries = entriesOf(journal);
+    if (std::ranges::any_of(entries, [](const QJsonObject &entry) { return entry.contains(keptKey); })) {
+        return;
+    }
+    for (const QJsonObject &entry : entries) {
+        takeBackMove(entry, library, staging);
+    }
+    for (const QJsonObject &entry : entries) {
+        takeBackAlbum(entry.value(albumKey).toString(), library);
     }
 }
 
 } // namespace
 
-void PhotoChange::undoInterrupted(const QString &library) {
-    const QDir folder(library);
+void PhotoChange::undoInterrupted(const QString &library, const QString &journalFolder) {
+    const QDir folder(journalFolder);
     const QStringList names =
-        folder.entryList({stagingPrefix + u'*'}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+        folder.entryList({journalPrefix + u'*'}, QDir::Files | QDir::System | QDir::Hidden);
     for (const QString &name : names) {
-        undo(folder.filePath(name));
-        QDir(folder.filePath(name)).removeRecursively();
+        const QString id = name.mid(journalPrefix.size());
+        const QString staging = stagingFolder(library, id);
+        undo(journalPath(journalFolder, id), library, staging);
+        removeStaging(library, staging);
+        QFile::remove(journalPath(journalFolder, id));
     }
 }
 
-PhotoChange::PhotoChange(const QString &library)
+PhotoChange::PhotoChange(const QString &library, const QString &journalFolder)
+    : PhotoChange(library, journalFolder, QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
+
+PhotoChange::PhotoChange(const QString &library, const QString &journalFolder, const QString &id)
     : library_(library)
-    , staging_(library + u'/' + stagingPrefix + QUuid::createUuid().toString(QUuid::WithoutBraces))
-    , journal_(staging_ + u'/' + journalName) {}
+    , staging_(stagingFolder(library, id))
+    , journal_(journalPath(journalFolder, id)) {}
 
 PhotoChange::~PhotoChange() {
-    journal_.close();
-    if (isKept_) {
-        // Without its journal first: the change is complete, whenever the program ends.
-        journal_.remove();
-    } else {
-        undo(staging_);
+    if (!journal_.isOpen()) {
+        return; // nothing was begun
     }
-    QDir(staging_).removeRecursively();
+    if (isKept_) {
+        // First of all: from here on the change is complete, whenever the program ends.
+        record({{keptKey, true}});
+    } else {
+        undo(journal_.fileName(), library_, staging_);
+    }
+    removeStaging(library_, staging_);
+    journal_.remove();
 }
 
 std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
-    if (!QDir().mkpath(staging_) || !journal_.open(QIODevice::WriteOnly)) {
+    if (!journal_.open(QIODevice::WriteOnly | QIODevice::NewOnly,
+                       QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
+        return std::unexpected(journal_.errorString());
+    }
+    if (!QDir().mkpath(library_) || ::mkdir(QFile::encodeName(staging_).constData(), S_IRWXU) != 0) {
         return std::unexpected(systemError());
     }
     for (const QString &path : imagePaths) {
-        const QString staged = staging_ + u'/' + QString::number(staged_.size());
+        const QString staged = joinedPath(staging_, QString::number(staged_.size()));
         if (const auto copied = FileOperations::copyDurably(path, staged); !copied) {
             return copied;
         }
@@ -113,18 +196,19 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
 std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     const QString safe = withoutUnsafeCharacters(title).trimmed();
     const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? QStringLiteral("Album") : safe;
-    QString path = library_ + u'/' + stem;
-    for (int number = 2; QFileInfo::exists(path); ++number) {
-        path = library_ + u'/' + numberedName(stem, {}, number);
+    QString path = joinedPath(library_, stem);
+    for (int number = 2; isTaken(path); ++number) {
+        path = joinedPath(library_, numberedName(stem, {}, number));
     }
     if (!record({{albumKey, path}}) || !QDir().mkdir(path)) {
         return std::nullopt;
     }
-    QFile file(path + u'/' + albumTitleFile);
+    QFile file(joinedPath(path, albumTitleFile));
     const QByteArray content = title.toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush()) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || file.write(content) != content.size() ||
+        !file.flush()) {
         file.close();
-        takeBackAlbum(path);
+        takeBackAlbum(path, library_);
         return std::nullopt;
     }
     return path;
@@ -142,19 +226,23 @@ std::expected<void, QString> PhotoChange::moveInto(const QString &folder) {
 std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &image, const QString &folder) {
     const QString stem = nameWithoutExtension(image.name);
     const QString extension = pathExtension(image.name);
-    const qint64 size = QFileInfo(image.path).size();
-    QString target = folder + u'/' + image.name;
+    const FileState state = fileStateAt(image.path);
+    const QString fileNumber = QString::number(state.identity.number);
+    QString target = joinedPath(folder, image.name);
     for (int number = 2;; ++number) {
-        if (!QFileInfo::exists(target)) {
-            if (!record({{stagedKey, image.path}, {targetKey, target}, {sizeKey, size}})) {
+        if (!isTaken(target)) {
+            if (!record({{stagedKey, image.path},
+                         {targetKey, target},
+                         {sizeKey, state.size},
+                         {numberKey, fileNumber}})) {
                 return std::unexpected(journal_.errorString());
             }
             const auto moved = FileOperations::moveWithoutReplacing(image.path, target);
-            if (moved || !QFileInfo::exists(target)) {
+            if (moved || !isTaken(target)) {
                 return moved;
             }
         }
-        target = folder + u'/' + numberedName(stem, extension, number);
+        target = joinedPath(folder, numberedName(stem, extension, number));
     }
 }
 

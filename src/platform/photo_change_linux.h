@@ -15,16 +15,17 @@ namespace fennick {
 inline const QString albumTitleFile = QStringLiteral(".album");
 
 // One change of the photo library in the making: images are copied into a hidden folder of the library and
-// moved from there to their places. Until `keep`, its destruction takes back everything; a journal in the
-// hidden folder lets the next start do so when the program is killed. Owned by the operation that makes the
-// change; any thread. Errors are the system's descriptions.
+// moved from there to their places. Until `keep`, its destruction takes back everything; a journal lets the
+// next start do so when the program is killed. The journal lies in a folder that only the user can write, not
+// in the library, which may be shared or synchronised: it says which files are removed. Owned by the
+// operation that makes the change; any thread. Errors are the system's descriptions.
 class PhotoChange {
 public:
-    // Takes back what changes have left in `library` that never came to their end. Only while no change is
-    // being made.
-    static void undoInterrupted(const QString &library);
+    // Takes back what changes have left in `library` that never came to their end, by the journals in
+    // `journalFolder`. Only while no change is being made.
+    static void undoInterrupted(const QString &library, const QString &journalFolder);
 
-    explicit PhotoChange(const QString &library);
+    PhotoChange(const QString &library, const QString &journalFolder);
     ~PhotoChange();
     PhotoChange(const PhotoChange &) = delete;
     PhotoChange &operator=(const PhotoChange &) = delete;
@@ -50,6 +51,8 @@ private:
 
     std::expected<void, QString> moveUnderFreeName(const StagedImage &image, const QString &folder);
     bool record(const QJsonObject &entry);
+
+    PhotoChange(const QString &library, const QString &journalFolder, const QString &id);
 
     QString library_;
     QString staging_;

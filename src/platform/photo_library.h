@@ -7,7 +7,8 @@
 #include <optional>
 
 // The user's photo library: a place for pictures, grouped in albums that have a title. Adding is all or
-// nothing. Callable from any thread; callers have asked for access first.
+// nothing. Callable from any thread; callers have asked for access first. A `journalFolder` is a folder that
+// is there and that nobody but the user can write.
 namespace fennick::PhotoLibrary {
 
 struct Album {
@@ -30,10 +31,11 @@ struct Additions {
 
 // The error is the system's description of what failed; then the library is as it was before. An album that
 // cannot be made is no failure: the images are added without one.
-std::expected<void, QString> performChanges(const Additions &additions);
+// What is being done is kept in `journalFolder` for the next start.
+std::expected<void, QString> performChanges(const Additions &additions, const QString &journalFolder);
 
 // Takes back what changes have left that never came to their end because the program was killed. Once at the
 // program's start, while no change is being made.
-void undoInterruptedChanges();
+void undoInterruptedChanges(const QString &journalFolder);
 
 } // namespace fennick::PhotoLibrary

@@ -1,8 +1,9 @@
 #include "platform/photo_change_linux.h"
 #include "platform/photo_library.h"
+#include "platform/regular_file.h"
+#include "text/path_text.h"
 
 #include <QDir>
-#include <QFile>
 #include <QStandardPaths>
 
 // A folder below the user's Pictures folder; each album is a sub-folder with its exact title in a file
@@ -11,9 +12,16 @@ namespace fennick::PhotoLibrary {
 
 namespace {
 
-QString titleOf(const QString &albumFolder) {
-    QFile file(albumFolder + u'/' + albumTitleFile);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+constexpr qint64 longestTitle = 4096; // bytes
+
+// Absent where there is no title of ours: the library may hold anything, and be written by others.
+std::optional<QString> titleOf(const QString &albumFolder) {
+    FileToRead wanted(joinedPath(albumFolder, albumTitleFile));
+    wanted.folder = folder();
+    wanted.mostBytes = longestTitle;
+    const OpenedFile file = openRegularFile(wanted);
+    const auto title = file ? readWhole(**file) : std::unexpected(file.error());
+    return title ? std::optional(QString::fromUtf8(*title)) : std::nullopt;
 }
 
 QString targetFolder(const Additions &additions, PhotoChange &change) {
@@ -36,9 +44,10 @@ QString folder() {
 
 std::optional<Album> fetchAlbum(const QString &title) {
     const QDir library(folder());
-    const QStringList names = library.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    const QStringList names =
+        library.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot, QDir::Name);
     for (const QString &name : names) {
-        const QString path = library.filePath(name);
+        const QString path = joinedPath(library.path(), name);
         if (titleOf(path) == title) {
             return Album{path};
         }
@@ -46,8 +55,8 @@ std::optional<Album> fetchAlbum(const QString &title) {
     return std::nullopt;
 }
 
-std::expected<void, QString> performChanges(const Additions &additions) {
-    PhotoChange change(folder());
+std::expected<void, QString> performChanges(const Additions &additions, const QString &journalFolder) {
+    PhotoChange change(folder(), journalFolder);
     if (const auto staged = change.stage(additions.imagePaths); !staged) {
         return staged;
     }
@@ -58,8 +67,8 @@ std::expected<void, QString> performChanges(const Additions &additions) {
     return {};
 }
 
-void undoInterruptedChanges() {
-    PhotoChange::undoInterrupted(folder());
+void undoInterruptedChanges(const QString &journalFolder) {
+    PhotoChange::undoInterrupted(folder(), journalFolder);
 }
 
 } // namespace fennick::PhotoLibrary

@@ -45,12 +45,12 @@ void WatchedTree::watchRoot() {
     watchFolder(root_, nullptr);
 }
 
-void WatchedTree::lookForRoot(QList<QByteArray> &changedPaths) {
+void WatchedTree::lookForRoot(QList<TreeChange> &changes) {
     if (descriptor_ < 0) {
         descriptor_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     }
     isComplete_ = true;
-    watchFolder(root_, &changedPaths);
+    watchFolder(root_, &changes);
 }
 
 void WatchedTree::checkRoot() {
@@ -59,7 +59,7 @@ void WatchedTree::checkRoot() {
     }
 }
 
-void WatchedTree::readEvents(QList<QByteArray> &changedPaths) {
+void WatchedTree::readEvents(QList<TreeChange> &changes) {
     alignas(inotify_event) std::array<char, 65536> buffer;
     while (true) {
         const ssize_t length = read(descriptor_, buffer.data(), buffer.size());
@@ -69,7 +69,7 @@ void WatchedTree::readEvents(QList<QByteArray> &changedPaths) {
         const int source = descriptor_;
         for (const char *at = buffer.data(); at < buffer.data() + length;) {
             const auto &event = *reinterpret_cast<const inotify_event *>(at);
-            handleEvent(event, changedPaths);
+            handleEvent(event, changes);
             if (descriptor_ != source) {
                 return; // the root is gone, and with it the meaning of the remaining events
             }
@@ -78,10 +78,10 @@ void WatchedTree::readEvents(QList<QByteArray> &changedPaths) {
     }
 }
 
-void WatchedTree::handleEvent(const inotify_event &event, QList<QByteArray> &changedPaths) {
+void WatchedTree::handleEvent(const inotify_event &event, QList<TreeChange> &changes) {
     if (event.mask & IN_Q_OVERFLOW) {
         // Events were lost: whatever lies in the tree now is told instead.
-        watchFolder(root_, &changedPaths);
+        watchFolder(root_, &changes);
         return;
     }
     if (event.wd == rootWatch_ && event.mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED | IN_UNMOUNT)) {
@@ -97,7 +97,7 @@ void WatchedTree::handleEvent(const inotify_event &event, QList<QByteArray> &cha
         return;
     }
     const std::string path = known->second + '/' + event.name;
-    changedPaths.append(toBytes(path));
+    changes.append({toBytes(path), false});
     if (!(event.mask & IN_ISDIR)) {
         return;
     }
@@ -105,12 +105,12 @@ void WatchedTree::handleEvent(const inotify_event &event, QList<QByteArray> &cha
         forgetFolder(path);
     }
     if (event.mask & (IN_CREATE | IN_MOVED_TO)) {
-        watchFolder(path, &changedPaths);
+        watchFolder(path, &changes);
     }
 }
 
 // Watches `folder` and every folder below it; appends all that lies in them to `found` if it is given.
-void WatchedTree::watchFolder(const std::string &folder, QList<QByteArray> *found) {
+void WatchedTree::watchFolder(const std::string &folder, QList<TreeChange> *found) {
     std::vector<std::string> waiting{folder};
     while (!waiting.empty()) {
         const std::string current = std::move(waiting.back());
@@ -126,7 +126,7 @@ void WatchedTree::watchFolder(const std::string &folder, QList<QByteArray> *foun
                 waiting.push_back(entry->path().native());
             }
             if (found != nullptr) {
-                found->append(toBytes(entry->path().native()));
+                found->append({toBytes(entry->path().native()), true});
             }
         }
     }

@@ -14,6 +14,12 @@ struct inotify_event;
 
 namespace fennick {
 
+// A path at which something changed, or that was found by listing a folder.
+struct TreeChange {
+    QByteArray path;
+    bool isListed;
+};
+
 // An inotify watch on every folder of a tree. inotify watches single folders, so the tree keeps itself
 // complete: a folder that appears is watched first and listed then, which tells the files that were in it
 // before the watch. Owned and used by the thread of one event stream after it has been set up.
@@ -40,15 +46,15 @@ public:
     // mounting something there.
     void checkRoot();
 
-    // Watches the tree if its root has (re)appeared, and appends what lies in it to `changedPaths`.
-    void lookForRoot(QList<QByteArray> &changedPaths);
+    // Watches the tree if its root has (re)appeared, and appends what lies in it to `changes`.
+    void lookForRoot(QList<TreeChange> &changes);
 
     // Appends the paths of all events that wait, without blocking.
-    void readEvents(QList<QByteArray> &changedPaths);
+    void readEvents(QList<TreeChange> &changes);
 
 private:
-    void handleEvent(const inotify_event &event, QList<QByteArray> &changedPaths);
-    void watchFolder(const std::string &folder, QList<QByteArray> *found);
+    void handleEvent(const inotify_event &event, QList<TreeChange> &changes);
+    void watchFolder(const std::string &folder, QList<TreeChange> *found);
     int addWatch(const std::string &folder);
     void forgetWatch(int watch);
     void forgetFolder(const std::string &folder);

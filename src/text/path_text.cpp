@@ -12,6 +12,15 @@ qsizetype extensionDot(const QString &name) {
 
 } // namespace
 
+QString joinedPath(const QString &folder, const QString &name) {
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+}
+
+QString parentFolder(const QString &path) {
+    const qsizetype slash = path.lastIndexOf(u'/');
+    return slash == 0 ? QStringLiteral("/") : path.left(slash);
+}
+
 QString lastPathComponent(const QString &path) {
     return path.mid(path.lastIndexOf(u'/') + 1);
 }

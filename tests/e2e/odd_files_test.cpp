@@ -78,12 +78,29 @@ private Q_SLOTS:
         QDir(session_.folder()).mkpath(u"a/b"_s);
         QFile::link(session_.folder(), session_.path(u"a/b/up"_s));
         QFile::link(u"loop"_s, session_.path(u"loop"_s));
-        QFile::link(u"self.pdf"_s, session_.path(u"self.pdf"_s));
         session_.drop(u"a/b/1.pdf"_s, "1");
         QVERIFY(session_.start());
         session_.drop(u"a/b/2.pdf"_s, "2");
         QVERIFY(session_.waitForRows(2, u"done"_s));
         QCOMPARE(session_.server.requests().size(), 2);
+    }
+
+    void linksNamedLikeReceiptsAreListedAndNotFollowed() {
+        writeFile(session_.home.path(u"id_rsa"_s), "a key");
+        const auto makeLinks = [this](const QString &when) {
+            QFile::link(session_.home.path(u"id_rsa"_s), session_.path(when + u"key.pdf"_s));
+            QFile::link(u"nowhere.pdf"_s, session_.path(when + u"nothing.pdf"_s));
+            QFile::link(when + u"self.pdf"_s, session_.path(when + u"self.pdf"_s));
+        };
+        makeLinks(u"early-"_s);
+        QVERIFY(session_.start());
+        makeLinks(u"late-"_s);
+        QVERIFY(session_.waitForRows(6, u"error"_s));
+        for (const QJsonObject &row : session_.rows()) {
+            QCOMPARE(row.value(u"error"),
+                     u"The file is a link. Put the file itself into the folder to scan it."_s);
+        }
+        QVERIFY(session_.server.requests().isEmpty());
     }
 
     void twentyThousandFoldersAreWatched() {

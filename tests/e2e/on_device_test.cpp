@@ -84,7 +84,7 @@ private Q_SLOTS:
         PrivateSession::clearKey();
         QVERIFY(session_.start());
         session_.drop(u"IMG_2041.jpg"_s, sample());
-        QVERIFY(session_.waitForRows(1, u"done"_s, 60000));
+        QVERIFY(session_.waitForRows(1, u"done"_s));
     }
 
     void storedKeyIsNotSentToTheEngine() {

@@ -58,13 +58,6 @@ private Q_SLOTS:
         checkOnlyAcceptedIsListed();
     }
 
-    void linksToNothing() {
-        lieThereAndArrive([this](const QString &when) {
-            QFile::link(session_.path(u"nowhere.pdf"_s), session_.path(when + u"link.pdf"_s));
-        });
-        checkOnlyAcceptedIsListed();
-    }
-
     void ignoredFiles() {
         QByteArray ignored = "[\"" + session_.path(early + u"cleared.pdf"_s).toUtf8() + "\",\"" +
                              session_.path(late + u"cleared.pdf"_s).toUtf8() + "\"]";

@@ -54,7 +54,7 @@ class ProgramGuardTest : public QObject {
                      {u"-c"_s, u"exec 3<>/dev/tcp/127.0.0.1/%1; cat >&3; cat <&3"_s.arg(engine_->port())});
         caller.write(request);
         caller.closeWriteChannel();
-        caller.waitForFinished();
+        caller.waitForFinished(fennick::test::patience);
         return caller.readAllStandardOutput();
     }
 
@@ -164,12 +164,12 @@ private Q_SLOTS:
         stranger.start(u"/bin/bash"_s,
                        {u"-c"_s, u"for n in {10..59}; do eval \"exec $n<>/dev/tcp/127.0.0.1/%1\"; done; "
                                  "echo connected; sleep 100"_s.arg(engine_->port())});
-        QVERIFY(stranger.waitForReadyRead(20'000));
+        QVERIFY(stranger.waitForReadyRead(fennick::test::patience));
         const QByteArray json = "Content-Type: application/json\r\n";
         QVERIFY(answerTo("POST", ownHost() + json).startsWith("HTTP/1.1 200 OK\r\n"));
         QVERIFY(test::waitUntil([&] { return engine_->connections() <= 8; }));
         stranger.kill();
-        stranger.waitForFinished();
+        stranger.waitForFinished(fennick::test::patience);
     }
 
     void permitsNothingToOtherSites() {

@@ -1,6 +1,7 @@
 #include "files/conversion_process.h"
 #include "files/conversion_report.h"
 #include "files/receipt_image_converter.h"
+#include "platform/regular_file.h"
 #include "support/conditions.h"
 #include "support/striped_pdf.h"
 #include "support/temporary_home.h"
@@ -51,6 +52,18 @@ private Q_SLOTS:
         }
     }
 
+    void fileIsConvertedThatWasOpenedWhateverItsNameIsByThen() {
+        const QString path = home_->path(QStringLiteral("scan.pdf"));
+        writeFile(path, stripedPdf(2));
+        OpenedFile opened = openRegularFile(path);
+        QVERIFY(opened);
+        QVERIFY(QFile::remove(path));
+        QVERIFY(QFile::link(home_->path(QStringLiteral("secret")), path));
+        const Result result = convert(converter, std::move(*opened), path);
+        QVERIFY2(result.has_value(), result ? "" : qPrintable(result.error().errorDescription()));
+        QCOMPARE(result->size(), 2);
+    }
+
     void errorsComeBackAsTheyAre() {
         const QString damaged = home_->path(QStringLiteral("damaged.pdf"));
         writeFile(damaged, "no PDF");
@@ -68,11 +81,11 @@ private Q_SLOTS:
         QTest::newRow("no report") << QByteArray("exit 0");
         QTest::newRow("a file that is not its own") << QByteArray("echo '{\"paths\":[\"/etc/hostname\"]}'");
         QTest::newRow("a file outside its folder")
-            << QByteArray("echo \"{\\\"paths\\\":[\\\"$2/../x.jpg\\\"]}\"");
+            << QByteArray("echo \"{\\\"paths\\\":[\\\"$3/../x.jpg\\\"]}\"");
     }
     void converterThatFailsIsAnErrorOfTheReceipt() {
         QFETCH(QByteArray, script);
-        const Result result = convert(program(script), QStringLiteral("/w/scan.pdf"));
+        const Result result = convert(program(script), anyReceipt());
         QVERIFY(!result);
         QCOMPARE(result.error().errorDescription(), QStringLiteral("Could not render page image"));
     }
@@ -84,7 +97,7 @@ private Q_SLOTS:
     }
     void converterThatHangsIsEnded() {
         QFETCH(QByteArray, script);
-        const Result result = convert(program(script), QStringLiteral("/w/scan.pdf"), 1s);
+        const Result result = convert(program(script), anyReceipt(), 1s);
         QCOMPARE(result.error().kind, Kind::renderFailed);
     }
 
@@ -93,16 +106,16 @@ private Q_SLOTS:
         QSKIP("Programs with the sanitizer are not limited.");
 #endif
         const QByteArray report = R"(print q({"paths":[]}))";
-        const Result small = convert(program("exec perl -e '$x = q(a) x 1_000_000; " + report + '\''), {});
+        const Result small =
+            convert(program("exec perl -e '$x = q(a) x 1_000_000; " + report + '\''), anyReceipt());
         QVERIFY(small && small->isEmpty());
         const Result large =
-            convert(program("exec perl -e '$x = q(a) x 1_200_000_000; " + report + '\''), {});
+            convert(program("exec perl -e '$x = q(a) x 1_200_000_000; " + report + '\''), anyReceipt());
         QVERIFY(!large);
     }
 
     void missingConverterIsNamed() {
-        const Result result =
-            convert(QStringLiteral("/nowhere/convert_receipt"), QStringLiteral("/w/scan.pdf"));
+        const Result result = convert(QStringLiteral("/nowhere/convert_receipt"), anyReceipt());
         QCOMPARE(result.error().kind, Kind::platform);
         QVERIFY(result.error().errorDescription().startsWith(u"The converter could not be started: "));
     }
@@ -122,11 +135,27 @@ private:
     const QString converter = QString::fromUtf8(converterPath);
 
     static Result convert(const QString &program, const QString &file, std::chrono::seconds longest = 60s) {
+        OpenedFile opened = openRegularFile(file);
+        if (!opened) {
+            return std::unexpected(ConverterError{Kind::platform, opened.error().description()});
+        }
+        return convert(program, std::move(*opened), file, longest);
+    }
+
+    static Result convert(const QString &program, std::shared_ptr<QFile> content, const QString &name,
+                          std::chrono::seconds longest = 60s) {
         std::optional<Result> result;
-        QCoro::connect(ConversionProcess::convertToJPEGs(program, file, QStringLiteral("Lunch"), longest),
+        QCoro::connect(ConversionProcess::convertToJPEGs(program, std::move(content), name,
+                                                         QStringLiteral("Lunch"), longest),
                        QCoreApplication::instance(), [&result](Result given) { result = std::move(given); });
         waitUntil([&result] { return result.has_value(); });
         return *result;
+    }
+
+    QString anyReceipt() const {
+        const QString path = home_->path(QStringLiteral("scan.pdf"));
+        writeFile(path, "a receipt");
+        return path;
     }
 
     QString program(const QByteArray &script) const {

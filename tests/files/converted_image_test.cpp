@@ -95,7 +95,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, format);
         QFETCH(QSize, size);
         const QImage source = fourCorners(size);
-        const QImage result = scratch_.converted(u"a.png"_s, encoded(source, format.constData(), 95));
+        const int quality = format == "png" ? 50 : 95; // Qt does not compress PNG files of a higher one
+        const QImage result = scratch_.converted(u"a.png"_s, encoded(source, format.constData(), quality));
         QTEST(result.size(), "expected");
         if (result.width() >= 100) // too narrow a corner takes on its neighbours' colour
             QCOMPARE(cornersOf(result), u"RGBY"_s);

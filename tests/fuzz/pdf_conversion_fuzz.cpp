@@ -22,7 +22,8 @@ bool isSmall(const QByteArray &content) {
     fuzz::require(file.open(QIODevice::WriteOnly) && file.write(content) == content.size(),
                   "a file is written");
     file.close();
-    const auto document = readWithMediaBoxes(path);
+    fuzz::require(file.open(QIODevice::ReadOnly), "the file is opened");
+    const auto document = readWithMediaBoxes(file);
     if (!document) {
         return true;
     }

@@ -7,11 +7,40 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <unistd.h>
+
 #include <memory>
 
 using namespace fennick;
 using test::readFile;
 using test::writeFile;
+
+namespace {
+
+// The administrator may do anything; for as long as this lives the test is somebody else, who owns `folder`.
+class OrdinaryUser {
+public:
+    explicit OrdinaryUser(const QString &folder) {
+        constexpr uid_t nobody = 65534;
+        isAdministrator_ = ::geteuid() == 0;
+        if (isAdministrator_) {
+            const QByteArray path = QFile::encodeName(folder);
+            if (::chown(path.constData(), nobody, nobody) != 0 || ::setresuid(nobody, nobody, 0) != 0) {
+                qFatal("the test cannot become another user");
+            }
+        }
+    }
+    ~OrdinaryUser() {
+        if (isAdministrator_ && ::setresuid(0, 0, 0) != 0) {
+            qFatal("the test cannot become the administrator again");
+        }
+    }
+
+private:
+    bool isAdministrator_ = false;
+};
+
+} // namespace
 
 class WholeFileTest : public QObject {
     Q_OBJECT
@@ -26,7 +55,7 @@ private Q_SLOTS:
         WholeFile file(path_);
         QVERIFY(file.content().isEmpty());
         file.setDamaged(); // there is nothing to keep
-        file.rewrite("new");
+        QVERIFY(file.rewrite("new"));
         QCOMPARE(names(), QStringList{QStringLiteral("list.json")});
         QCOMPARE(readFile(path_), "new");
         QCOMPARE(QFileInfo(path_).permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
@@ -36,7 +65,7 @@ private Q_SLOTS:
         writeFile(path_, "damaged");
         WholeFile file(path_);
         file.setDamaged();
-        file.rewrite("new");
+        QVERIFY(file.rewrite("new"));
         QCOMPARE(names().size(), 2);
         static const QRegularExpression name(
             QStringLiteral("^list\\.json\\.damaged-\\d{4}-\\d\\d-\\d\\dT\\d\\d-\\d\\d-\\d\\d$"));
@@ -45,19 +74,49 @@ private Q_SLOTS:
         QCOMPARE(readFile(path_), "new");
     }
 
-    void secondDamageWithinASecondReplacesNothing() {
-        for (const char *const content : {"first", "second"}) {
+    void furtherDamageWithinASecondReplacesNothing() {
+        for (const char *const content : {"first", "second", "third", "fourth"}) {
             writeFile(path_, content);
             WholeFile file(path_);
             file.setDamaged();
-            file.rewrite("new");
+            QVERIFY(file.rewrite("new"));
         }
-        QCOMPARE(names().size(), 3);
+        QCOMPARE(names().size(), 5);
         QSet<QByteArray> kept;
         for (const QString &name : names().mid(1)) {
             kept.insert(readFile(folder_->filePath(name)));
         }
-        QCOMPARE(kept, (QSet<QByteArray>{"first", "second"}));
+        QCOMPARE(kept, (QSet<QByteArray>{"first", "second", "third", "fourth"}));
+    }
+
+    void fileWithoutWritePermissionIsReplaced() {
+        writeFile(path_, "old");
+        QVERIFY(QFile::setPermissions(path_, QFile::ReadOwner));
+        const OrdinaryUser user(folder_->path());
+        WholeFile file(path_);
+        QVERIFY(file.rewrite("new"));
+        QCOMPARE(readFile(path_), "new");
+        QCOMPARE(names(), QStringList{QStringLiteral("list.json")});
+    }
+
+    void fileInAFolderThatMayNotBeWrittenStays() {
+        writeFile(path_, "old");
+        const OrdinaryUser user(folder_->path());
+        QVERIFY(QFile::setPermissions(folder_->path(), QFile::ReadOwner | QFile::ExeOwner));
+        const auto saved = WholeFile(path_).rewrite("new");
+        QVERIFY(
+            QFile::setPermissions(folder_->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QCOMPARE(saved.error(), QStringLiteral("Permission denied"));
+        QCOMPARE(readFile(path_), "old");
+    }
+
+    void targetOfALinkIsReplaced() {
+        const QString target = folder_->filePath(QStringLiteral("target.json"));
+        writeFile(target, "old");
+        QVERIFY(QFile::link(target, path_));
+        QVERIFY(WholeFile(path_).rewrite("new"));
+        QCOMPARE(readFile(target), "new");
+        QVERIFY(QFileInfo(path_).isSymLink());
     }
 
     void damagedFileThatCannotBeSetAsideIsNotOverwritten() {
@@ -66,7 +125,7 @@ private Q_SLOTS:
         writeFile(path_, "damaged");
         WholeFile file(path_);
         file.setDamaged();
-        file.rewrite("new");
+        QVERIFY(!file.rewrite("new"));
         QCOMPARE(names(), QStringList{longName});
         QCOMPARE(readFile(path_), "damaged");
     }

@@ -2,6 +2,7 @@
 #include "pipeline_under_test.h"
 #include "support/receipts.h"
 #include "support/test_program.h"
+#include "text/path_text.h"
 
 #include <QApplication>
 #include <QDir>
@@ -91,6 +92,30 @@ private Q_SLOTS:
         QCOMPARE(archived(), (QStringList{QStringLiteral("name"), QStringLiteral("name (2)"),
                                           QStringLiteral("name (2).pdf"), QStringLiteral("name.pdf"),
                                           ledgerName(".csv")}));
+    }
+
+    void nameThatBeginsWithAColonStaysInItsFolder_data() {
+        QTest::addColumn<QString>("name");
+        for (const char *const name : {":receipt.pdf", "::.pdf", ":", ":/a.pdf"}) {
+            QTest::newRow(name) << QString::fromUtf8(name);
+        }
+    }
+    void nameThatBeginsWithAColonStaysInItsFolder() {
+        QFETCH(QString, name);
+        list(name.toUtf8().constData());
+        list(QStringLiteral("other/%1").arg(name).toUtf8().constData());
+        appState().archiveAndClear(Format::csv);
+        QCOMPARE(archived().size(), 3); // with the ledger
+        QCOMPARE(readFile(archivePath(lastPathComponent(name))), "content");
+    }
+
+    void droppedNameThatBeginsWithAColonIsCopiedIntoTheFolder() {
+        const QString dropped = surroundings_.home.path(QStringLiteral("desktop/:receipt.pdf"));
+        writeFile(dropped, "dropped");
+        appState().copyIntoWatchFolder({dropped});
+        const QString copy = pipeline_->path(QStringLiteral(":receipt.pdf"));
+        QVERIFY(waitUntil([&] { return QFile::exists(copy) && !readFile(copy).isEmpty(); }));
+        QVERIFY(!QFile::exists(QStringLiteral(":receipt.pdf")));
     }
 
     void missingFileIsPassedOverButListedInTheLedger() {

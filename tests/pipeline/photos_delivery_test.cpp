@@ -75,6 +75,52 @@ private Q_SLOTS:
                                         baseName + QStringLiteral(" (p2).jpg")}));
     }
 
+    void archivedWhileItsPicturesAreMadeIsStillDelivered() {
+        startWithPhotos(false);
+        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [this] {
+            const auto &receipts = pipeline_->receipts();
+            if (!receipts.isEmpty() && receipts.first().fileName.startsWith(baseName)) {
+                QTimer::singleShot(
+                    0, this, [this] { pipeline_->appState->archiveAndClear(ExportService::Format::csv); });
+            }
+        });
+        pipeline_->drop(QStringLiteral("a.pdf"), stripedPdf(2));
+        QVERIFY(waitUntil([this] { return photos().size() == 2; }));
+        QVERIFY(pipeline_->receipts().isEmpty());
+        QVERIFY(!pipeline_->appState->lastError());
+        QVERIFY(waitUntil([&] { return QDir(surroundings_.home.temporaryImages()).isEmpty(); }));
+    }
+
+    void whatIsChangedWhilePicturesAreMadeStays() {
+        startWithPhotos(false);
+        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [this] {
+            Receipt receipt = pipeline_->receipts().first();
+            if (receipt.fileName.startsWith(baseName) && receipt.summary == QStringLiteral("Lunch.")) {
+                receipt.summary = QStringLiteral("corrected");
+                QTimer::singleShot(0, this, [this, receipt] { pipeline_->store->update(receipt); });
+            }
+        });
+        pipeline_->drop(QStringLiteral("a.pdf"), stripedPdf(2));
+        QVERIFY(waitForDelivery());
+        QCOMPARE(pipeline_->receipts().first().summary, QStringLiteral("corrected"));
+    }
+
+    void linkInPlaceOfAFinishedReceiptIsNotDelivered() {
+        pipeline_->start();
+        pipeline_->settings->setGroupIntoAlbum(false);
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        const QString path = pipeline_->receipts().first().filePath;
+        const QString secret = surroundings_.home.path(QStringLiteral("secret.png"));
+        QVERIFY(QFile::rename(path, secret) && QFile::link(secret, path));
+        pipeline_->settings->setAddToPhotos(true);
+        pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
+        QVERIFY(waitUntil([this] { return pipeline_->appState->lastError().has_value(); }));
+        QVERIFY2(pipeline_->appState->lastError()->contains(u"is a link"),
+                 qPrintable(*pipeline_->appState->lastError()));
+        QVERIFY(photos().isEmpty());
+    }
+
     void temporaryImagesAreRemovedAfterwards() {
         startWithPhotos(true);
         pipeline_->drop(QStringLiteral("a.png"), picture());

@@ -6,8 +6,10 @@
 #include "support/test_program.h"
 
 #include <QApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QSignalSpy>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -117,7 +119,7 @@ private Q_SLOTS:
         QVERIFY(ExportService::writeLedger(store_->receipts(), Format::csv, ledger));
         QVERIFY(
             QFile::rename(folder_ + QStringLiteral("/first.pdf"), archivePath(QStringLiteral("first.pdf"))));
-        writeFile(archivePath(QStringLiteral(".moving-0123")), "half a fi");
+        writeFile(archivePath(partOf(folder_ + QStringLiteral("/second.pdf"))), "half a fi");
         appState_->recoverFromInterruption();
         QCOMPARE(archived(),
                  (QStringList{QStringLiteral("first.pdf"), QStringLiteral("receipts-2024-05-01.csv"),
@@ -126,6 +128,32 @@ private Q_SLOTS:
         QVERIFY(store_->receipts().isEmpty());
         QVERIFY(store_->hasFilePath(folder_ + QStringLiteral("/first.pdf")));
         QVERIFY(!ArchiveJournal().pending());
+    }
+
+    void onlyCopyOfAMovedFileIsKept() {
+        const QString source = folder_ + QStringLiteral("/first.pdf");
+        store_->add(finishedReceipt(source));
+        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01.csv"));
+        ArchiveJournal().begin({ledger, Format::csv});
+        writeFile(archivePath(partOf(source)), "the only copy");
+        appState_->recoverFromInterruption();
+        QCOMPARE(readFile(archivePath(QStringLiteral("first.pdf"))), "the only copy");
+        QVERIFY(store_->receipts().isEmpty());
+    }
+
+    void listThatCannotBeSavedIsReportedAtOnce() {
+        const QString data = surroundings_.home.path(QStringLiteral("data/Fennick"));
+        QVERIFY(QDir(data).removeRecursively());
+        writeFile(data, "a file where the folder should be");
+        QSignalSpy failures(appState_.get(), &AppState::lastErrorChanged);
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/a.pdf")));
+        QCOMPARE(appState_->lastError(), QStringLiteral("The list could not be saved: Not a directory"));
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/b.pdf")));
+        QCOMPARE(failures.size(), 1); // said once
+        QVERIFY(QFile::remove(data) && QDir().mkpath(data));
+        store_->add(finishedReceipt(folder_ + QStringLiteral("/c.pdf")));
+        QCOMPARE(ReceiptStore().receipts().size(), 3);
+        QCOMPARE(failures.size(), 1);
     }
 
     void archiveWithoutItsLedgerYetGetsOne() {
@@ -165,6 +193,12 @@ private Q_SLOTS:
     }
 
 private:
+    // As a move to another file system that was cut off calls its copy.
+    static QString partOf(const QString &source) {
+        const QByteArray hash = QCryptographicHash::hash(source.toUtf8(), QCryptographicHash::Sha1).toHex();
+        return QStringLiteral(".moving-") + QString::fromLatin1(hash) + QStringLiteral("-1");
+    }
+
     QString file(const QString &name) const {
         const QString path = folder_ + u'/' + name;
         writeFile(path, "a receipt");

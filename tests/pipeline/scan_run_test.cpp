@@ -115,6 +115,26 @@ private Q_SLOTS:
         QCOMPARE(ReceiptStore().receipts(), pipeline_->receipts());
     }
 
+    void correctionBeforeTheRetryStaysAlsoInAnOldCopy() {
+        pipeline_->server.setScript([](const HttpRequest &) { return failing(429, "slow down"); });
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        const Receipt old = pipeline_->receipts().first();
+        Receipt corrected = old;
+        corrected.summary = QStringLiteral("corrected");
+        pipeline_->store->update(corrected);
+        pipeline_->server.forgetRequests();
+        pipeline_->appState->retry(old);
+        QCOMPARE(pipeline_->receipts().first().summary, QStringLiteral("corrected"));
+        QVERIFY(waitUntil([this] { return pipeline_->server.requests().size() == 1; }));
+        corrected = pipeline_->receipts().first();
+        corrected.summary = QStringLiteral("corrected once more");
+        pipeline_->store->update(corrected);
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
+        QCOMPARE(pipeline_->receipts().first().summary, QStringLiteral("corrected once more"));
+    }
+
     void failedScanKeepsNameAndPath() {
         pipeline_->server.setScript([](const HttpRequest &) { return failing(429, "slow down"); });
         const QString path = pipeline_->drop(QStringLiteral("a.pdf"));

@@ -1,10 +1,16 @@
 #include "platform/file_operations.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
+
+#include <sys/stat.h>
 
 #include <memory>
 
@@ -55,13 +61,102 @@ private Q_SLOTS:
         QCOMPARE(readFile(path("source.pdf")), "source");
     }
 
-    void partsOfMovesAreRemovedAndNothingElse() {
-        for (const char *const name : {".moving-0123", ".other", "moving-1"}) {
-            writeFile(path(name), "x");
+    void partsOfMovesAreRemovedWhileTheirSourcesAreThere() {
+        for (const QString &name : {partOf("source.pdf"), QStringLiteral(".moving-0123"),
+                                    QStringLiteral(".other"), QStringLiteral("moving-1")}) {
+            writeFile(folder_->filePath(name), "x");
         }
-        FileOperations::removePartsOfMoves(folder_->path());
-        QCOMPARE(entries(folder_->path()), (QStringList{QStringLiteral(".other"), QStringLiteral("moving-1"),
-                                                        QStringLiteral("source.pdf")}));
+        FileOperations::settlePartsOfMoves(folder_->path(), {path("source.pdf"), path("other.pdf")});
+        QCOMPARE(entries(folder_->path()),
+                 (QStringList{QStringLiteral(".moving-0123"), QStringLiteral(".other"),
+                              QStringLiteral("moving-1"), QStringLiteral("source.pdf")}));
+    }
+
+    void partThatIsTheOnlyCopyGetsItsName() {
+        const QString archive = place(false);
+        writeFile(joinedPath(archive, partOf("gone.pdf")), "the only copy");
+        writeFile(joinedPath(archive, QStringLiteral("gone.pdf")), "another");
+        FileOperations::settlePartsOfMoves(archive, {path("source.pdf"), path("gone.pdf")});
+        QCOMPARE(entries(archive), (QStringList{QStringLiteral("gone (2).pdf"), QStringLiteral("gone.pdf")}));
+        QCOMPARE(readFile(joinedPath(archive, QStringLiteral("gone (2).pdf"))), "the only copy");
+    }
+
+    void timeOfTheLastChangeIsKept_data() { addPlaces(); }
+    void timeOfTheLastChangeIsKept() {
+        QFETCH(bool, isElsewhere);
+        const QDateTime moment(QDate(2020, 2, 29), QTime(12, 30, 15));
+        {
+            QFile file(path("source.pdf"));
+            QVERIFY(file.open(QIODevice::ReadWrite) &&
+                    file.setFileTime(moment, QFileDevice::FileModificationTime));
+        }
+        const QString target = place(isElsewhere) + QStringLiteral("/target.pdf");
+        QVERIFY(FileOperations::moveWithoutReplacing(path("source.pdf"), target));
+        QCOMPARE(QFileInfo(target).lastModified(), moment);
+    }
+
+    void linkIsMovedAsALink_data() { addPlaces(); }
+    void linkIsMovedAsALink() {
+        QFETCH(bool, isElsewhere);
+        const QString target = place(isElsewhere) + QStringLiteral("/target.pdf");
+        QVERIFY(QFile::link(path("source.pdf"), path("link.pdf")));
+        QVERIFY(FileOperations::moveWithoutReplacing(path("link.pdf"), target));
+        QCOMPARE(QFileInfo(target).symLinkTarget(), path("source.pdf"));
+        QVERIFY(!QFileInfo(path("link.pdf")).isSymLink());
+        QCOMPARE(readFile(path("source.pdf")), "source");
+    }
+
+    void folderIsMovedWithAllThatIsInIt_data() { addPlaces(); }
+    void folderIsMovedWithAllThatIsInIt() {
+        QFETCH(bool, isElsewhere);
+        const QString target = place(isElsewhere) + QStringLiteral("/folder.pdf");
+        writeFile(path("folder.pdf/a.txt"), "a");
+        writeFile(path("folder.pdf/.hidden/b.txt"), "b");
+        QVERIFY(QFile::link(QStringLiteral("a.txt"), path("folder.pdf/link")));
+        QVERIFY(FileOperations::moveWithoutReplacing(path("folder.pdf"), target));
+        QCOMPARE(readFile(target + QStringLiteral("/a.txt")), "a");
+        QCOMPARE(readFile(target + QStringLiteral("/.hidden/b.txt")), "b");
+        QVERIFY(QFileInfo(target + QStringLiteral("/link")).isSymLink());
+        QVERIFY(!QFileInfo::exists(path("folder.pdf")));
+    }
+
+    void folderThatCannotBeCopiedWholeStays() {
+        writeFile(path("folder.pdf/a.txt"), "a");
+        QCOMPARE(::mkfifo(QFile::encodeName(path("folder.pdf/pipe")).constData(), 0600), 0);
+        const QString target = elsewhere_->filePath(QStringLiteral("folder.pdf"));
+        QVERIFY(!FileOperations::moveWithoutReplacing(path("folder.pdf"), target));
+        QCOMPARE(readFile(path("folder.pdf/a.txt")), "a");
+        QVERIFY(QDir(elsewhere_->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    }
+
+    void sourceBehindALinkIsNotMoved_data() { addPlaces(); }
+    void sourceBehindALinkIsNotMoved() {
+        QFETCH(bool, isElsewhere);
+        writeFile(path("documents/thesis.pdf"), "my thesis");
+        QDir().mkpath(path("watched"));
+        QVERIFY(QFile::link(path("documents"), path("watched/sub")));
+        QVERIFY(!FileOperations::moveWithoutReplacing(
+            path("watched/sub/thesis.pdf"), place(isElsewhere) + QStringLiteral("/x.pdf"), path("watched")));
+        QCOMPARE(readFile(path("documents/thesis.pdf")), "my thesis");
+    }
+
+    void onlyRegularFilesAreCopied() {
+        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe.pdf")).constData(), 0600), 0);
+        QVERIFY(QFile::link(path("source.pdf"), path("link.pdf")));
+        for (const char *const name : {"pipe.pdf", "link.pdf", "missing.pdf"}) {
+            QVERIFY(!FileOperations::copyDurably(path(name), path("copy.pdf")));
+            QVERIFY(!QFileInfo::exists(path("copy.pdf")));
+        }
+    }
+
+    void foldersAreMadeWithThoseAboveThem() {
+        const QString deep = path("one/two/three");
+        QVERIFY(FileOperations::makeFolder(deep));
+        QVERIFY(FileOperations::makeFolder(deep + u'/'));
+        QVERIFY(QFileInfo(deep).isDir());
+        QCOMPARE(FileOperations::makeFolder(path("source.pdf/below")).error(),
+                 QStringLiteral("Not a directory"));
+        QVERIFY(!FileOperations::makeFolder(path("source.pdf")));
     }
 
 private:
@@ -69,6 +164,13 @@ private:
         QTest::addColumn<bool>("isElsewhere");
         QTest::newRow("in the same file system") << false;
         QTest::newRow("on another file system") << true;
+    }
+
+    // As a move that was cut off calls its copy.
+    QString partOf(const char *source) const {
+        const QByteArray hash =
+            QCryptographicHash::hash(path(source).toUtf8(), QCryptographicHash::Sha1).toHex();
+        return QStringLiteral(".moving-") + QString::fromLatin1(hash) + QStringLiteral("-1");
     }
 
     QString path(const char *name) const { return folder_->filePath(QString::fromUtf8(name)); }

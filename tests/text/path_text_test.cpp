@@ -32,6 +32,22 @@ private Q_SLOTS:
         QTEST(pathExtension(path), "extension");
     }
 
+    void joinedNameStaysInItsFolder_data() {
+        QTest::addColumn<QString>("name");
+        for (const char *const name : {"a.pdf", ":a.pdf", "::.pdf", ":", "~", " "}) {
+            QTest::newRow(name) << QString::fromUtf8(name);
+        }
+    }
+    void joinedNameStaysInItsFolder() {
+        QFETCH(QString, name);
+        QCOMPARE(joinedPath(QStringLiteral("/w"), name), QStringLiteral("/w/") + name);
+        QCOMPARE(joinedPath(QStringLiteral("/w/"), name), QStringLiteral("/w/") + name);
+        QCOMPARE(joinedPath(QStringLiteral("/"), name), u'/' + name);
+        QCOMPARE(lastPathComponent(joinedPath(QStringLiteral("/w"), name)), name);
+        QCOMPARE(parentFolder(joinedPath(QStringLiteral("/w"), name)), QStringLiteral("/w"));
+        QCOMPARE(parentFolder(u'/' + name), QStringLiteral("/"));
+    }
+
     void lastComponentIsWhatFollowsTheLastSlash() {
         QCOMPARE(lastPathComponent(QStringLiteral("/a/b.pdf")), QStringLiteral("b.pdf"));
         QCOMPARE(lastPathComponent(QStringLiteral("b.pdf")), QStringLiteral("b.pdf"));

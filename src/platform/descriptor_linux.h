@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/regular_file.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QString>
+
+#include <utility>
+
+struct stat;
+
+namespace fennick {
+
+// A file descriptor that is closed with its owner. Negative: the system gave none, and errno says why.
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1)
+        : number_(number) {}
+    ~Descriptor() { reset(); }
+    Descriptor(Descriptor &&other) noexcept
+        : number_(other.release()) {}
+    Descriptor &operator=(Descriptor &&other) noexcept {
+        reset(other.release());
+        return *this;
+    }
+    Q_DISABLE_COPY(Descriptor)
+
+    bool isOpen() const { return number_ >= 0; }
+    int number() const { return number_; }
+    int release() { return std::exchange(number_, -1); }
+    void reset(int number = -1);
+
+private:
+    int number_;
+};
+
+// Opens what lies at `path`, which begins with `folder` and a slash. Below the folder no link is followed and
+// no "..": what is opened lies in it. The folder itself may be a link. Where the kernel cannot promise this,
+// only a link at the end is refused. `flags` are those of open(2).
+Descriptor openBelow(const QString &folder, const QString &path, int flags);
+
+// Opens the folder in which `path` lies, as openBelow; without a `folder` links on the way are followed.
+Descriptor openParent(const QString &folder, const QString &path);
+
+// Whether `path` begins with `folder` and names something below it, without empty, "." and ".." pieces.
+bool isLexicallyBelow(const QString &path, const QString &folder);
+
+// What an open folder holds, without "." and "..", in no particular order.
+QByteArrayList namesIn(const Descriptor &folder);
+
+FileState fileState(const struct stat &status);
+
+// What `name` is in an open folder; a link is not followed.
+FileState fileStateIn(const Descriptor &folder, const QByteArray &name);
+
+} // namespace fennick
