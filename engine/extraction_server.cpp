@@ -5,6 +5,7 @@
 #include "engine/receipt_reader.h"
 #include "engine/service_answer.h"
 #include "platform/connection_owner.h"
+#include "platform/listening_socket.h"
 
 #include <QCoreApplication>
 #include <QFuture>
@@ -107,6 +108,7 @@ std::expected<quint16, QString> ExtractionServer::listenOn(int socket) {
     if (!listener_.setSocketDescriptor(socket)) {
         return std::unexpected(listener_.errorString());
     }
+    keepFromChildren(socket); // one that draws a hostile document has no business with requests
     return listener_.serverPort();
 }
 
