@@ -20,12 +20,13 @@ bool looksLikePdf(const QByteArray &bytes) {
 } // namespace
 
 std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough,
-                                                      const std::stop_token &stop) {
+                                                      const std::stop_token &stop,
+                                                      const PdfReading &pagesOf) {
     if (stop.stop_requested()) {
         return std::unexpected(ReadError::Abandoned);
     }
     if (looksLikePdf(bytes)) {
-        const std::expected<QList<PdfPage>, ReadError> pages = readPdf(bytes, pageLimit, stop);
+        const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, pageLimit, stop);
         if (!pages) {
             return std::unexpected(pages.error());
         }

@@ -1,10 +1,13 @@
 #include "engine/extraction_server.h"
 
 #include "engine/http_connection.h"
+#include "engine/pdf_process.h"
 #include "engine/receipt_reader.h"
 #include "engine/service_answer.h"
 #include "platform/connection_owner.h"
+#include "platform/listening_socket.h"
 
+#include <QCoreApplication>
 #include <QFuture>
 #include <QJsonDocument>
 #include <QPointer>
@@ -48,6 +51,11 @@ std::expected<QByteArray, ServiceError> unpacked(QByteArray body) {
     return inlineDocument(std::move(body));
 }
 
+std::expected<QList<PdfPage>, ReadError> pagesOf(const QByteArray &bytes, int pageLimit,
+                                                 const std::stop_token &stop) {
+    return readPdfApart(QCoreApplication::applicationFilePath(), bytes, pageLimit, stop);
+}
+
 Answer answerTo(QByteArray body, const QString &model, const std::stop_token &stop) {
     if (stop.stop_requested()) {
         return refusal(serviceError(ReadError::Abandoned));
@@ -57,7 +65,7 @@ Answer answerTo(QByteArray body, const QString &model, const std::stop_token &st
         return refusal(document.error());
     }
     const std::expected<ReceiptFields, ReadError> fields =
-        readReceiptFile(*document, QDate::currentDate(), stop);
+        readReceiptFile(*document, QDate::currentDate(), stop, pagesOf);
     if (!fields) {
         return refusal(serviceError(fields.error()));
     }
@@ -100,6 +108,7 @@ std::expected<quint16, QString> ExtractionServer::listenOn(int socket) {
     if (!listener_.setSocketDescriptor(socket)) {
         return std::unexpected(listener_.errorString());
     }
+    keepFromChildren(socket); // one that draws a hostile document has no business with requests
     return listener_.serverPort();
 }
 

@@ -1,5 +1,6 @@
 #include "engine/command_line.h"
 #include "engine/extraction_server.h"
+#include "engine/pdf_process.h"
 
 #include <QCoreApplication>
 
@@ -36,6 +37,9 @@ int main(int argc, char *argv[]) {
                     "system choose one.\n",
                     static_cast<int>(fennick::defaultPort));
         return 0;
+    }
+    if (application.arguments().value(1) == fennick::readPdfArgument) {
+        return fennick::serveReadPdfApart(application.arguments().value(2).toInt());
     }
     const std::expected<fennick::ListeningPlace, QString> place =
         fennick::requestedPlace(application.arguments().mid(1));

@@ -1,5 +1,6 @@
 #include "engine/pdf_checker.h"
 
+#include "documents/pdf_page_tree.h"
 #include "engine/pdf_page_size.h"
 #include "engine/pdf_table_check.h"
 #include "engine/picture_size.h"
@@ -65,6 +66,9 @@ QByteArray written(QPDF &pdf) {
 }
 
 std::expected<CheckedPdf, ReadError> checked(QPDF &pdf, int pageLimit) {
+    if (!hasReasonablePageTree(pdf)) {
+        return std::unexpected(ReadError::UnreadablePdf);
+    }
     std::vector<QPDFPageObjectHelper> pages = QPDFPageDocumentHelper(pdf).getAllPages();
     if (pages.empty()) {
         return std::unexpected(ReadError::EmptyPdf);

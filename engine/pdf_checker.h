@@ -17,8 +17,8 @@ struct CheckedPdf {
 };
 
 // A repaired, decrypted copy of a PDF that the page renderer can be trusted with. The renderer never returns
-// from a page tree that loops and allocates whatever an image claims to need or a stream unpacks to; libqpdf
-// finds all three first.
+// from a page tree that loops, runs out of stack in one that is too deep, and allocates whatever an image
+// claims to need or a stream unpacks to; all of it is found first.
 // Only the first `pageLimit` pages are looked into.
 std::expected<CheckedPdf, ReadError> checkedPdf(const QByteArray &bytes, int pageLimit);
 

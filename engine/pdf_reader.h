@@ -8,6 +8,7 @@
 #include <QList>
 
 #include <expected>
+#include <functional>
 #include <stop_token>
 
 namespace fennick {
@@ -23,5 +24,9 @@ struct PdfPage {
 // for one thread of a process only. Ends after the page in hand when `stop` is requested.
 std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
                                                  const std::stop_token &stop = {});
+
+// A way to read a PDF: as above, or in a process of its own.
+using PdfReading = std::function<std::expected<QList<PdfPage>, ReadError>(
+    const QByteArray &bytes, int pageLimit, const std::stop_token &stop)>;
 
 } // namespace fennick

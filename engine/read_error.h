@@ -13,7 +13,8 @@ enum class ReadError {
     LockedPdf,
     EmptyPdf,
     RecogniserMissing,
-    Abandoned, // nobody waits for the answer any more
+    TookTooMuch, // memory or time
+    Abandoned,   // nobody waits for the answer any more
 };
 
 // One English sentence for the caller.

@@ -15,13 +15,14 @@ QSemaphore documentsAtOnce(2);
 } // namespace
 
 std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today,
-                                                        const std::stop_token &stop) {
+                                                        const std::stop_token &stop,
+                                                        const PdfReading &pagesOf) {
     documentsAtOnce.acquire();
     const QSemaphoreReleaser document(documentsAtOnce);
     const auto isEnough = [today](const QList<Reading> &readings) {
         return isBeyondDoubt(readings, today);
     };
-    const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough, stop);
+    const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough, stop, pagesOf);
     if (!readings) {
         return std::unexpected(readings.error());
     }

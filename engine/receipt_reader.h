@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/pdf_reader.h"
 #include "engine/read_error.h"
 #include "engine/receipt_fields.h"
 
@@ -12,8 +13,9 @@
 namespace fennick {
 
 // What the receipt in `bytes` (PDF, JPEG, PNG, WebP or HEIC) says. May take seconds, unless `stop` is
-// requested; callable from any thread.
+// requested; callable from any thread. `pagesOf` reads a PDF's pages.
 std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today,
-                                                        const std::stop_token &stop = {});
+                                                        const std::stop_token &stop = {},
+                                                        const PdfReading &pagesOf = readPdf);
 
 } // namespace fennick

@@ -1,5 +1,7 @@
 #include "files/pdf_media_boxes.h"
 
+#include "documents/pdf_page_tree.h"
+
 #include <QFile>
 // The library wants to be told that its own pointer class of old is not used.
 #define POINTERHOLDER_TRANSITION 4
@@ -14,7 +16,6 @@
 #include <cmath>
 #include <cstdio>
 #include <exception>
-#include <set>
 
 namespace fennick {
 
@@ -50,37 +51,6 @@ Box mediaBoxOf(QPDFPageObjectHelper &page) {
 bool standsOnItsSide(QPDFPageObjectHelper &page) {
     QPDFObjectHandle rotation = page.getAttribute("/Rotate", false);
     return rotation.isInteger() && rotation.getIntValue() / 90 % 2 != 0;
-}
-
-// Whether the page tree is no deeper than any real one. The library walks it by recursion, which a tree of
-// some ten thousand levels turns into a stack overflow. Loops are left for the library to report.
-bool hasReasonableDepth(QPDF &document) {
-    constexpr int mostLevels = 500;
-    struct Node {
-        QPDFObjectHandle object;
-        int level;
-    };
-    std::set<QPDFObjGen> visited;
-    std::vector<Node> waiting{{document.getRoot().getKey("/Pages"), 1}};
-    while (!waiting.empty()) {
-        Node node = waiting.back();
-        waiting.pop_back();
-        if (node.level > mostLevels) {
-            return false;
-        }
-        if (!node.object.isDictionary()) {
-            continue;
-        }
-        if (node.object.isIndirect() && !visited.insert(node.object.getObjGen()).second) {
-            continue;
-        }
-        QPDFObjectHandle kids = node.object.getKey("/Kids");
-        const int kidCount = kids.isArray() ? kids.getArrayNItems() : 0;
-        for (int index = 0; index < kidCount; ++index) {
-            waiting.push_back({kids.getArrayItem(index), node.level + 1});
-        }
-    }
-    return true;
 }
 
 QPDFObjectHandle pdfArray(const Box &box) {
@@ -126,7 +96,7 @@ std::optional<MediaBoxPdf> readWithMediaBoxes(QFile &file) {
         QPDF document;
         document.setSuppressWarnings(true);
         document.processFile("receipt", stream, true);
-        if (!hasReasonableDepth(document)) {
+        if (!hasReasonablePageTree(document)) {
             return std::nullopt;
         }
         return cropped(document);

@@ -29,4 +29,7 @@ private:
     quint16 port_;
 };
 
+// For the child that a socket was handed to: its own children do not get it.
+void keepFromChildren(int descriptor);
+
 } // namespace fennick

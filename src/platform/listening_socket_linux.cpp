@@ -1,5 +1,6 @@
 #include "platform/listening_socket.h"
 
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -45,6 +46,10 @@ ListeningSocket::ListeningSocket(int descriptor, quint16 port)
 
 ListeningSocket::~ListeningSocket() {
     ::close(descriptor_);
+}
+
+void keepFromChildren(int descriptor) {
+    ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
 }
 
 } // namespace fennick

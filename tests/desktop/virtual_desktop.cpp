@@ -50,7 +50,7 @@ void end(QProcess &process) {
 QStringList windows(const QString &title) {
     static const QRegularExpression identifier(u"0x[0-9a-f]+"_s);
     QStringList found;
-    const QString list = VirtualDesktop::property(u"-root"_s, u"_NET_CLIENT_LIST"_s);
+    const QString list = outputOf(u"xprop"_s, {u"-root"_s, u"_NET_CLIENT_LIST"_s});
     for (auto match = identifier.globalMatch(list); match.hasNext();) {
         const QString window = match.next().captured();
         if (VirtualDesktop::property(window, u"_NET_WM_NAME"_s) == u'"' + title + u'"') {
@@ -156,8 +156,7 @@ qsizetype VirtualDesktop::windowCount(const QString &title) {
 }
 
 QString VirtualDesktop::property(const QString &window, const QString &name) {
-    const QString line = outputOf(u"xprop"_s, window == u"-root"_s ? QStringList{window, name}
-                                                                   : QStringList{u"-id"_s, window, name});
+    const QString line = outputOf(u"xprop"_s, {u"-id"_s, window, name});
     const qsizetype equals = line.indexOf(u'=');
     return equals < 0 ? QString() : line.mid(equals + 1).trimmed();
 }

@@ -46,6 +46,19 @@ qsizetype EngineProcess::connections() const {
     return sockets - 1; // the one that listens
 }
 
+qsizetype EngineProcess::children() const {
+    qsizetype count = 0;
+    const QDir threads(u"/proc/%1/task"_s.arg(process_.processId()));
+    const QStringList names = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &name : names) {
+        QFile file(threads.filePath(name + u"/children"_s));
+        if (file.open(QIODevice::ReadOnly)) {
+            count += file.readAll().count(' ');
+        }
+    }
+    return count;
+}
+
 std::optional<int> EngineProcess::peakMemory() const {
     const qint64 process = process_.processId();
     return test::isSanitized(process) ? std::nullopt : test::peakMemory(process);

@@ -25,6 +25,8 @@ public:
     quint16 port() const { return port_; }
     // How many callers it has accepted and not yet let go.
     qsizetype connections() const;
+    // How many processes work for it.
+    qsizetype children() const;
     // The most memory it has held so far, in MB; nothing for a build with sanitizers, which hold much more.
     std::optional<int> peakMemory() const;
     // The processor time that it has used so far, in milliseconds.

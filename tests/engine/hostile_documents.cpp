@@ -82,6 +82,41 @@ QByteArray pdfWithPageBox(const QByteArray &box) {
     return pdfOf(onePage + page("/MediaBox[" + box + ']'));
 }
 
+QByteArray pdfOfForms(int levels) {
+    QByteArray forms;
+    for (int level = 0; level < levels; ++level) {
+        const QByteArray next = QByteArray::number(level + 6);
+        const bool isLast = level + 1 == levels;
+        const QByteArray resources = isLast ? QByteArray() : "/Resources<</XObject<</F " + next + " 0 R>>>>";
+        forms += stream(level + 5, "/Type/XObject/Subtype/Form/BBox[0 0 600 800]" + resources,
+                        isLast ? QByteArray("0 0 m 600 800 l S") : QByteArray("/F Do ").repeated(10));
+    }
+    return pdfOf(onePage + page("/MediaBox[0 0 600 800]/Contents 4 0 R/Resources<</XObject<</F 5 0 R>>>>") +
+                 stream(4, {}, QByteArray("/F Do ").repeated(10)) + forms);
+}
+
+QByteArray pdfWithTreeOf(int levels) {
+    QByteArray nodes;
+    for (int level = 0; level < levels; ++level) {
+        const QByteArray number = QByteArray::number(level + 2);
+        const QByteArray next = QByteArray::number(level + 3);
+        nodes += number + " 0 obj\n<</Type/Pages/Kids[" + next + " 0 R]/Count 1>>\nendobj\n";
+    }
+    return pdfOf(nodes + QByteArray::number(levels + 2) +
+                 " 0 obj\n<</Type/Page/MediaBox[0 0 9 9]>>\nendobj\n");
+}
+
+QByteArray pdfWithSharedChildren(int count) {
+    QByteArray nodes = "2 0 obj\n<</Type/Pages/Kids 3 0 R/Count 1>>\nendobj\n";
+    QByteArray children = "3 0 obj\n[";
+    for (int node = 4; node < count + 4; ++node) {
+        const QByteArray number = QByteArray::number(node);
+        nodes += number + " 0 obj\n<</Type/Pages/Kids 3 0 R/Count 1>>\nendobj\n";
+        children += number + " 0 R ";
+    }
+    return pdfOf(nodes + children + "]\nendobj\n");
+}
+
 QByteArray pdfWithPages(int count) {
     constexpr int firstPage = 10;
     QByteArray kids;

@@ -14,6 +14,12 @@ QByteArray pngClaiming(quint32 width, quint32 height);
 QByteArray pdfDrawing(const QByteArray &instructions, int times);
 QByteArray pdfWithPageBox(const QByteArray &box);
 QByteArray pdfWithPages(int count);
+// One page that draws a form ten times, which draws another one ten times, and so on.
+QByteArray pdfOfForms(int levels);
+// One page, so many levels down the page tree.
+QByteArray pdfWithTreeOf(int levels);
+// So many nodes of a page tree that share one list of as many children.
+QByteArray pdfWithSharedChildren(int count);
 // A PDF whose cross-reference stream, or whose objects' stream, unpacks to `size` bytes.
 QByteArray pdfWithCrossReferences(qsizetype size);
 QByteArray pdfWithObjectStream(qsizetype size);

@@ -84,6 +84,9 @@ private Q_SLOTS:
             << pdfRequest(pdfDrawing(QByteArray("0 0 m 1 1 l S\n").repeated(1'000'000), 1));
         QTest::newRow("cross-references of 200 MB") << pdfRequest(pdfWithCrossReferences(200 * megabyte));
         QTest::newRow("objects of 200 MB") << pdfRequest(pdfWithObjectStream(200 * megabyte));
+        QTest::newRow("page tree of 50,000 levels") << pdfRequest(pdfWithTreeOf(50'000));
+        QTest::newRow("page tree of 3,000 levels") << pdfRequest(pdfWithTreeOf(3'000));
+        QTest::newRow("page tree of shared children") << pdfRequest(pdfWithSharedChildren(20'000));
         QTest::newRow("broken JSON") << QByteArray(30 * megabyte, '[');
         QTest::newRow("broken base64")
             << requestFor(QByteArray(30 * megabyte, 'x'), u"image/png"_s).replace("eHh4", "eH*4");
@@ -137,6 +140,28 @@ private Q_SLOTS:
             replies.append(engine_->send("POST", engine_->generatePath(), body));
         for (QNetworkReply *reply : std::as_const(replies))
             QCOMPARE(finished(reply).status, 200);
+    }
+
+    void endlessPdfsKeepOthersWaitingForALimitedTime() {
+        const QByteArray endless = pdfRequest(pdfOfForms(9));
+        QList<QNetworkReply *> hostile;
+        for (int count = 0; count < 2; ++count)
+            hostile.append(engine_->send("POST", engine_->generatePath(), endless));
+        const QByteArray next = requestFor(sampleBytes(u"invoice.pdf"_s), u"application/pdf"_s);
+        QCOMPARE(engine_->answerTo("POST", engine_->generatePath(), next).status, 200);
+        for (QNetworkReply *reply : std::as_const(hostile)) {
+            const HttpAnswer answer = finished(reply);
+            QCOMPARE(answer.status, 400);
+            QCOMPARE(answer.body.value("error"_L1).toObject().value("message"_L1).toString(),
+                     u"The document takes too much time or memory to read."_s);
+        }
+    }
+
+    void endlessPdfIsGivenUpWithItsCaller() {
+        const std::unique_ptr<QTcpSocket> caller = sent(*engine_, pdfRequest(pdfOfForms(9)));
+        QVERIFY(fennick::test::waitUntil([&] { return engine_->children() == 1; }));
+        caller->abort();
+        QVERIFY(fennick::test::waitUntil([&] { return engine_->children() == 0; }));
     }
 
     // Counted in processor time, which other work on the machine does not add to.

@@ -5,12 +5,14 @@
 #include "support/test_program.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTcpSocket>
 #include <QThread>
 #include <QUrl>
 
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -196,6 +198,27 @@ private Q_SLOTS:
         attempt->use.reset();
         QVERIFY(waitUntil([process] { return ::kill(process, 0) != 0; }));
         QVERIFY(succeeds(tryToUse(engine)));
+    }
+
+    void enginesOwnChildrenDoNotGetItsSockets() {
+        OnDeviceEngine engine(program);
+        const auto attempt = tryToUse(engine);
+        QVERIFY(succeeds(attempt));
+        const QString process = QStringLiteral("/proc/%1/").arg(engine.processId());
+        const QStringList files =
+            QDir(process + QStringLiteral("fd")).entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+        int sockets = 0;
+        for (const QString &file : files) {
+            if (!QFile::symLinkTarget(process + QStringLiteral("fd/") + file).contains(u"socket:")) {
+                continue;
+            }
+            ++sockets;
+            const QByteArray about = readFile(process + QStringLiteral("fdinfo/") + file);
+            const qsizetype flags = about.indexOf("flags:\t") + 7;
+            const int value = about.mid(flags, about.indexOf('\n', flags) - flags).toInt(nullptr, 8);
+            QVERIFY2(value & O_CLOEXEC, about.constData());
+        }
+        QVERIFY(sockets >= 1);
     }
 
     void engineEndsWithItsOwner() {
