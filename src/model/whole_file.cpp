@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 namespace fennick {
@@ -29,8 +30,10 @@ WholeFile::WholeFile(const QString &path)
     : path_(path) {}
 
 QByteArray WholeFile::content() const {
-    QFile file(path_);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    FileToRead wanted(QFileInfo(path_).canonicalFilePath()); // the user may keep it elsewhere by a link
+    wanted.mostBytes = std::numeric_limits<qint64>::max();
+    const OpenedFile file = openRegularFile(wanted);
+    return file ? readWhole(**file).value_or(QByteArray()) : QByteArray();
 }
 
 void WholeFile::setDamaged() {

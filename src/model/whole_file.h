@@ -14,7 +14,7 @@ class WholeFile {
 public:
     explicit WholeFile(const QString &path);
 
-    // Empty when the file is missing or cannot be read.
+    // Empty when the file is missing, is no regular one or cannot be read to its end.
     QByteArray content() const;
 
     // Tells that the content was not understood. Before the first rewrite the file then gets the name

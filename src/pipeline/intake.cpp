@@ -143,7 +143,7 @@ QCoro::Task<> AppState::takeInOneAfterTheOther() {
         const QString path = listedFiles_.takeFirst();
         const FileKind kind = store_->hasFilePath(path) ? FileKind::missing : fileStateAt(path).kind;
         if (kind == FileKind::regular || kind == FileKind::link) {
-            co_await processFile(path);
+            co_await reportFailureOf(processFile(path)); // the others are taken in all the same
         } else if (mayBeUnreadable(path)) {
             unreadableNames_.start();
         }

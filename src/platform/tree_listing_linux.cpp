@@ -39,11 +39,13 @@ void TreeListing::refresh(QList<QByteArray> &changedPaths) {
     for (fs::recursive_directory_iterator entry(root_, options, error), end; !error && entry != end;
          entry.increment(error)) {
         std::error_code vanished;
-        if (entry->symlink_status(vanished).type() != fs::file_type::regular) {
-            continue;
+        const fs::file_type type = entry->symlink_status(vanished).type();
+        State state{};
+        if (type == fs::file_type::regular) {
+            state = {entry->file_size(vanished), entry->last_write_time(vanished).time_since_epoch().count()};
+        } else if (type != fs::file_type::symlink) {
+            continue; // a link is told once, what is behind it does not count
         }
-        const State state{entry->file_size(vanished),
-                          entry->last_write_time(vanished).time_since_epoch().count()};
         const std::string &path = entry->path().native();
         const auto known = files_.find(path);
         if (known == files_.end() || known->second != state) {

@@ -18,6 +18,9 @@ namespace {
 
 constexpr int muchTime = 60000;
 
+// Files; those of a tree are taken in one after the other.
+constexpr int treeSize = 30;
+
 // Longer than debounce, stability wait and one batch of the watcher together.
 constexpr int longEnoughToBeTakenIn = 1500;
 
@@ -66,24 +69,24 @@ private Q_SLOTS:
     void treeMovedInIsTakenInWhole() {
         QVERIFY(session_.start());
         const QString outside = session_.home.path(u"outside"_s);
-        for (int number = 0; number < 80; ++number) {
+        for (int number = 0; number < treeSize; ++number) {
             writeFile(outside + u"/%1/%2/scan.pdf"_s.arg(number / 2).arg(number), documentNumbered(number));
         }
         QVERIFY(QDir().rename(outside, session_.path(u"moved"_s)));
-        QVERIFY(session_.waitForRows(80, u"done"_s, muchTime));
+        QVERIFY(session_.waitForRows(treeSize, u"done"_s, muchTime));
         waitUntilQuiet();
-        checkNumbered(80, u"moved/%1/%2/"_s);
+        checkNumbered(treeSize, u"moved/%1/%2/"_s);
     }
 
     // A new folder's first files are there before anybody watches it.
     void treeCopiedInIsTakenInWhole() {
         QVERIFY(session_.start());
-        for (int number = 0; number < 80; ++number) {
+        for (int number = 0; number < treeSize; ++number) {
             session_.drop(u"copied/%1/%2/scan.pdf"_s.arg(number / 2).arg(number), documentNumbered(number));
         }
-        QVERIFY(session_.waitForRows(80, u"done"_s, muchTime));
+        QVERIFY(session_.waitForRows(treeSize, u"done"_s, muchTime));
         waitUntilQuiet();
-        checkNumbered(80, u"copied/%1/%2/"_s);
+        checkNumbered(treeSize, u"copied/%1/%2/"_s);
     }
 
     void filesThatGetTheSameNameAreNumbered() {

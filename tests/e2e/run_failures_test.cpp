@@ -36,7 +36,7 @@ private Q_SLOTS:
         QDir().mkpath(session_.path(u"folder.pdf"_s));
         QFile::setPermissions(session_.drop(u"locked.pdf"_s), {});
         QVERIFY(session_.waitForRows(2, u"error"_s));
-        QCOMPARE(error(u"folder.pdf"_s), u"Failed to read file: file to open is a directory"_s);
+        QCOMPARE(error(u"folder.pdf"_s), u"Failed to read file: Is a directory"_s);
         QCOMPARE(error(u"locked.pdf"_s), u"Failed to read file: Permission denied"_s);
         QVERIFY(session_.server.requests().isEmpty());
     }

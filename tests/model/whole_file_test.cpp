@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <memory>
@@ -110,10 +111,16 @@ private Q_SLOTS:
         QCOMPARE(readFile(path_), "old");
     }
 
+    void pipeIsNotWaitedFor() {
+        QCOMPARE(::mkfifo(QFile::encodeName(path_).constData(), 0600), 0);
+        QVERIFY(WholeFile(path_).content().isEmpty());
+    }
+
     void targetOfALinkIsReplaced() {
         const QString target = folder_->filePath(QStringLiteral("target.json"));
         writeFile(target, "old");
         QVERIFY(QFile::link(target, path_));
+        QCOMPARE(WholeFile(path_).content(), "old");
         QVERIFY(WholeFile(path_).rewrite("new"));
         QCOMPARE(readFile(target), "new");
         QVERIFY(QFileInfo(path_).isSymLink());

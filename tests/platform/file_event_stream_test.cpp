@@ -65,6 +65,8 @@ private Q_SLOTS:
             writeFile(folder_->filePath(name), "x");
             QVERIFY2(waitFor(name), qPrintable(name));
         }
+        QVERIFY(QFile::link(QStringLiteral("/nowhere"), folder_->filePath(QStringLiteral("d/link.pdf"))));
+        QVERIFY(waitFor(QStringLiteral("d/link.pdf")));
     }
 
     void withoutAnyWatchTheFolderIsListed() {
@@ -105,7 +107,8 @@ private Q_SLOTS:
         writeFile(folder_->filePath(QStringLiteral("a/1.pdf")), "x");
         writeFile(folder_->filePath(QStringLiteral("2.pdf")), "x");
         QFile::link(folder_->path(), folder_->filePath(QStringLiteral("a/loop")));
-        QCOMPARE(refreshed(listing), (QStringList{QStringLiteral("2.pdf"), QStringLiteral("a/1.pdf")}));
+        QCOMPARE(refreshed(listing),
+                 (QStringList{QStringLiteral("2.pdf"), QStringLiteral("a/1.pdf"), QStringLiteral("a/loop")}));
         QCOMPARE(refreshed(listing), QStringList());
         writeFile(folder_->filePath(QStringLiteral("2.pdf")), "longer");
         QCOMPARE(refreshed(listing), QStringList{QStringLiteral("2.pdf")});
