@@ -146,11 +146,12 @@ QCoro::Task<Result> scan(FileToRead file, QString apiKey, QString model, QString
     if (!url) {
         co_return failure(Kind::http, QStringLiteral("Invalid endpoint URL"));
     }
-    // A session of its own: a shared one queues all but six requests to a host, and their time-out with them.
-    const SessionPointer session(new QNetworkAccessManager);
     QNetworkRequest next = request(*url);
     bool hasBody = true;
     for (int redirections = 0;; ++redirections) {
+        // A session of its own: a shared one queues all but six requests to a host, and their time-out with
+        // them. One for each redirection, for the connection of the one before may be closing.
+        const SessionPointer session(new QNetworkAccessManager);
         const ReplyPointer reply(hasBody ? session->post(next, *body) : session->get(next));
         AnswerGuard guard(*reply);
         const auto giveUp = [&guard] {

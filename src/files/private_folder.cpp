@@ -37,7 +37,7 @@ int createOwnerOnly(const QByteArray &path) {
 // In a temporary directory shared by all users, somebody else's folder of that name (or a link) would let
 // them exchange what is written below it.
 bool isOwnFolder(const QByteArray &path) {
-    struct stat status {};
+    struct stat status{};
     return ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid();
 }
 

@@ -79,7 +79,7 @@ bool isTransparent(const QRgb *run) {
 } // namespace
 
 void Plane::Release::operator()(std::uint8_t *samples) const {
-    ::operator delete (samples, std::align_val_t{alignment});
+    ::operator delete(samples, std::align_val_t{alignment});
 }
 
 Plane::Plane(int width, int height, int allocatedWidth, int allocatedHeight)
@@ -87,7 +87,7 @@ Plane::Plane(int width, int height, int allocatedWidth, int allocatedHeight)
     , height_(height)
     , stride_(alignedUp(allocatedWidth))
     , samples_(static_cast<std::uint8_t *>(
-          ::operator new (byteCount(stride_, allocatedHeight), std::align_val_t{alignment}))) {}
+          ::operator new(byteCount(stride_, allocatedHeight), std::align_val_t{alignment}))) {}
 
 void Plane::extendByOne() {
     for (int y = 0; y < height_; ++y) {

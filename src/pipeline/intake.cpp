@@ -61,8 +61,7 @@ void AppState::startWatching(const QString &path) {
     watchedFolder_ = folder;
     watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
         // On the watcher's thread, which ends before this object does.
-        QMetaObject::invokeMethod(
-            this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
     });
     watcher_->start();
     GeminiClient::prepare();

@@ -85,7 +85,7 @@ int copyLink(const Place &from, const Place &to, const struct stat &status) {
 } // namespace
 
 int copyOpenFile(int source, const Place &to) {
-    struct stat status {};
+    struct stat status{};
     if (::fstat(source, &status) != 0) {
         return errno;
     }
@@ -146,14 +146,14 @@ CopiedEntries::Stamp CopiedEntries::stampOf(const struct stat &status) {
 }
 
 int CopiedEntries::copy(const Place &from, const Place &to) {
-    struct stat status {};
+    struct stat status{};
     if (::fstatat(from.folder.number(), from.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
         return errno;
     }
     int error = ENOTSUP;
     if (S_ISREG(status.st_mode)) {
         const Descriptor source(openAt(from, O_RDONLY | O_NONBLOCK));
-        struct stat opened {};
+        struct stat opened{};
         if (!source.isOpen() || ::fstat(source.number(), &opened) != 0) {
             return errno;
         }
@@ -189,7 +189,7 @@ int CopiedEntries::copyFolder(const Place &from, const Place &to, const struct s
 }
 
 int CopiedEntries::removeSource(const Place &from) {
-    struct stat status {};
+    struct stat status{};
     if (::fstatat(from.folder.number(), from.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
         return errno;
     }

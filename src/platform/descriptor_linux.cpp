@@ -94,7 +94,7 @@ FileState fileState(const struct stat &status) {
 }
 
 FileState fileStateIn(const Descriptor &folder, const QByteArray &name) {
-    struct stat status {};
+    struct stat status{};
     if (::fstatat(folder.number(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
         return {};
     }

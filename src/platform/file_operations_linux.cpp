@@ -191,7 +191,7 @@ Result makeFolder(const QString &path) {
             return resultOf(error);
         }
     }
-    struct stat status {};
+    struct stat status{};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
         return resultOf(errno);
     }

@@ -35,7 +35,7 @@ Descriptor opened(const FileToRead &wanted) {
 } // namespace
 
 FileState fileStateAt(const QString &path) {
-    struct stat status {};
+    struct stat status{};
     // With a null character in it the system would look at another path.
     const bool isThere =
         !path.contains(QChar::Null) && ::lstat(QFile::encodeName(path).constData(), &status) == 0;
@@ -82,7 +82,7 @@ OpenedFile openRegularFile(const FileToRead &wanted) {
     if (!descriptor.isOpen()) {
         return errno == ELOOP ? problem(Kind::link) : systemProblem(errno);
     }
-    struct stat status {};
+    struct stat status{};
     if (::fstat(descriptor.number(), &status) != 0) {
         return systemProblem(errno);
     }

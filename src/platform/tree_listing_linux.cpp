@@ -57,7 +57,7 @@ void TreeListing::refresh(QList<QByteArray> &changedPaths) {
 }
 
 bool isOnRemoteFileSystem(const std::string &folder) {
-    struct statfs status {};
+    struct statfs status{};
     return statfs(folder.c_str(), &status) == 0 &&
            std::ranges::find(remoteFileSystems, static_cast<std::uint32_t>(status.f_type)) !=
                remoteFileSystems.end();

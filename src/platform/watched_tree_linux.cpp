@@ -23,7 +23,7 @@ QByteArray toBytes(const std::string &path) {
 }
 
 std::pair<dev_t, ino_t> identityOf(const std::string &folder) {
-    struct stat status {};
+    struct stat status{};
     stat(folder.c_str(), &status);
     return {status.st_dev, status.st_ino};
 }

@@ -46,7 +46,7 @@ void FennickProgram::start(const QProcessEnvironment &environment, const QString
 }
 
 bool FennickProgram::isWatching(const QString &folder) const {
-    struct stat folderStatus {};
+    struct stat folderStatus{};
     if (stat(QFile::encodeName(folder).constData(), &folderStatus) != 0) {
         return false;
     }

@@ -157,7 +157,7 @@ private Q_SLOTS:
             u"^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"_s);
         QVERIFY2(upperCaseUuid.match(folder.fileName()).hasMatch(), qPrintable(folder.fileName()));
         for (const QString &path : {folder.filePath(), folder.path()}) {
-            struct stat status {};
+            struct stat status{};
             QCOMPARE(::stat(qPrintable(path), &status), 0);
             QCOMPARE(status.st_mode & 0777u, 0700u);
         }

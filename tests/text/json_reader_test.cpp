@@ -1,5 +1,5 @@
-#include "text/json_reader.h"
 #include "support/test_program.h"
+#include "text/json_reader.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
