@@ -9,6 +9,8 @@ namespace fennick {
 namespace {
 
 constexpr qsizetype largestHead = 64 * 1024;
+// Of a body, so much must come within its time.
+constexpr qsizetype bodyShare = 8 * 1024 * 1024;
 
 QByteArray statusText(int status) {
     switch (status) {
@@ -126,6 +128,9 @@ void HttpConnection::readHead() {
 
 void HttpConnection::readBody() {
     const QByteArray piece = socket_->read(head_.contentLength - bodyReceived_);
+    if (bodyReceived_ / bodyShare < (bodyReceived_ + piece.size()) / bodyShare) {
+        patience_.start(limits_.bodyTime);
+    }
     bodyReceived_ += piece.size();
     if (refusal_) {
         buffer_.clear();
