@@ -10,7 +10,7 @@ namespace {
 
 constexpr qsizetype largestHead = 64 * 1024;
 // Of a body, so much must come within its time.
-constexpr qsizetype bodyShare = 8 * 1024 * 1024;
+constexpr qsizetype bodyShare = 1024 * 1024;
 
 QByteArray statusText(int status) {
     switch (status) {

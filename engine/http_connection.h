@@ -13,7 +13,7 @@
 namespace fennick {
 
 // What one caller may take of the engine. The times are long for a program on the same machine, and end the
-// patience with one that sends a byte now and then. A large body has its time for each 8 MiB.
+// patience with one that sends a byte now and then. A large body has its time for each MiB.
 struct ConnectionLimits {
     qsizetype largestBody;
     std::chrono::milliseconds headTime = std::chrono::seconds(10);

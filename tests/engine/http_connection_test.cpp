@@ -161,7 +161,7 @@ private Q_SLOTS:
     // Altogether this takes longer than the time of a body. A busy machine may hold a piece back for as long.
     void largeBodyHasItsTimeForEachShare() {
         constexpr int pieces = 5;
-        const QByteArray piece(8 * 1024 * 1024, 'x');
+        const QByteArray piece(1024 * 1024, 'x');
         for (int attempt = 0; attempt < 20 && refused_->isEmpty(); ++attempt) {
             cleanup();
             init();
