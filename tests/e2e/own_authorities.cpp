@@ -79,6 +79,10 @@ int lstat64(const char *path, struct stat64 *status) {
     return next<int(const char *, struct stat64 *)>("lstat64")(redirected(path).c_str(), status);
 }
 
+char *realpath(const char *path, char *resolved) {
+    return next<char *(const char *, char *)>("realpath")(redirected(path).c_str(), resolved);
+}
+
 int statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) {
     return next<int(int, const char *, int, unsigned, struct statx *)>("statx")(
         folder, redirected(path).c_str(), flags, mask, status);

@@ -91,7 +91,7 @@ private Q_SLOTS:
     // As after a read error in its middle: what was read before it is not the receipt.
     void fileShorterThanItsSizeIsAnError() {
         const QString file = QStringLiteral("/sys/devices/system/cpu/online"); // claims a page, has less
-        if (QFileInfo(file).size() <= readFile(file).size()) {
+        if (!QFileInfo::exists(file) || QFileInfo(file).size() <= readFile(file).size()) {
             QSKIP("This system has no file that claims more than it holds");
         }
         QVERIFY(!GeminiClient::requestBody(file));
