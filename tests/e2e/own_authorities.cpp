@@ -83,6 +83,12 @@ char *realpath(const char *path, char *resolved) {
     return next<char *(const char *, char *)>("realpath")(redirected(path).c_str(), resolved);
 }
 
+// What realpath is in a library that was compiled with checked buffers.
+char *__realpath_chk(const char *path, char *resolved, size_t size) {
+    return next<char *(const char *, char *, size_t)>("__realpath_chk")(redirected(path).c_str(), resolved,
+                                                                        size);
+}
+
 int statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) {
     return next<int(int, const char *, int, unsigned, struct statx *)>("statx")(
         folder, redirected(path).c_str(), flags, mask, status);
