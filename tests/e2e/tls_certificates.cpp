@@ -3,6 +3,7 @@
 #include "support/conditions.h"
 #include "support/temporary_home.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -57,6 +58,14 @@ QString TlsCertificates::trustedFolder() const {
     QFile::copy(path(u"authority.pem"_s), folder + u"/authority.pem"_s);
     QFile::link(u"authority.pem"_s, folder + u'/' + QString::fromLatin1(hash) + u".0"_s);
     return folder;
+}
+
+// openssl makes none that ends before it begins.
+QSslConfiguration TlsCertificates::expired() const {
+    const QSslConfiguration expired = signedFor(u"IP:127.0.0.1"_s, 0);
+    const QDateTime end = expired.localCertificate().expiryDate();
+    waitUntil([&end] { return end.secsTo(QDateTime::currentDateTimeUtc()) > 1; });
+    return expired;
 }
 
 QSslConfiguration TlsCertificates::selfSigned() const {
