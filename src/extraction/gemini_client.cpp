@@ -54,9 +54,11 @@ QString transportDescription(const QNetworkReply &reply) {
     if (reply.error() == QNetworkReply::OperationCanceledError) {
         return QCoreApplication::translate("TransportError", "The request timed out.");
     }
-    // The library announces a reason and gives none when a compressed answer is damaged.
+    // The library announces a reason when a compressed answer is damaged, and gives none or names a function
+    // of its own.
     const QString description = reply.errorString();
-    return description.endsWith(u": ") ? description.chopped(2) : description;
+    const bool hasReason = !description.endsWith(u": ") && !description.contains(u"QNetworkRequest::");
+    return hasReason ? description : description.section(QStringLiteral(": "), 0, 0);
 }
 
 bool isErrorStatus(int status) {
