@@ -17,11 +17,11 @@ const QString fromStandardInput = QStringLiteral("--standard-input");
 
 } // namespace
 
-// convert_receipt [--standard-input] FILE FOLDER [NAME]: turns a receipt into JPEG files in FOLDER, named
-// after NAME or else after the file, and tells on standard output what came of it. With the option FILE only
-// says what the receipt is called, and its content is a file that is open as standard input. So Fennick runs
-// it for every receipt that it adds to the photo library: the file that was scanned is the one that is
-// converted, also when it is renamed or moved meanwhile.
+// convert_receipt [--standard-input] FILE FOLDER [NAME]: converts a receipt to JPEG files in FOLDER, named
+// after NAME or, without it, after the file, and writes a report of the result to standard output. With the
+// option, FILE is only the receipt's name, and its content is the file that is open as standard input.
+// Fennick uses the option for every receipt that it adds to the photo library, so that the scanned file is
+// the one converted, even if it is renamed or moved meanwhile.
 int main(int argc, char **argv) {
     fennick::reusePictureMemory();
     const QCoreApplication application(argc, argv);

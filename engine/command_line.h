@@ -19,8 +19,7 @@ struct ListeningPlace {
 };
 
 // The place that `arguments` (without the program's name) ask for: "--port N", or "--socket N" for the open
-// file of that number, which a parent uses that keeps the port to itself. Otherwise one line that says what
-// is wrong.
+// descriptor N, which a parent passes that keeps the port to itself. The error is one line for the user.
 std::expected<ListeningPlace, QString> requestedPlace(const QStringList &arguments);
 
 } // namespace fennick

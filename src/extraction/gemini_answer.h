@@ -9,8 +9,8 @@
 
 namespace fennick::GeminiClient {
 
-// The result that the service's HTTP answer holds, or the failure that it tells. Where a failure repeats the
-// key, however it is spelled, "[API key]" stands. Pure.
+// The result in the service's HTTP answer, or the failure that it reports. In a failure's text, "[API key]"
+// replaces the key, however it is spelled. Pure.
 std::expected<GeminiReceiptData, GeminiError> readAnswer(int statusCode, const QByteArray &body,
                                                          const QString &apiKey = {});
 

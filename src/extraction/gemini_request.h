@@ -14,7 +14,7 @@ namespace fennick::GeminiClient {
 QString mimeType(const QString &filePath);
 
 // The request's JSON body for one receipt file: instruction text, the whole file in base64, answer schema.
-// The error says why the file cannot be read, or not to its end.
+// The error is the reason why the file cannot be read to its end.
 std::expected<QByteArray, QString> requestBody(const FileToRead &wanted);
 
 } // namespace fennick::GeminiClient

@@ -20,10 +20,9 @@ namespace ReceiptImageConverter {
 // before a failure. Blocks for up to seconds; may be called from any thread, and by several at once.
 std::expected<QStringList, ConverterError> convertToJPEGs(const QString &filePath, const QString &baseName);
 
-// The same into a folder that is there already, from a file that is open: `fileName` says what it is. A
-// document's pages are shared out to `processes` processes;
-// more than one is only for programs of one thread. Pages behind one that failed may then have been written,
-// too.
+// The same into an existing folder, from an open file; the extension of `fileName` determines its kind. A
+// document's pages are divided among `processes` processes; more than one requires a program with one thread.
+// Pages after one that failed may then have been written, too.
 std::expected<QStringList, ConverterError> convertInto(const QString &folder, QFile &file,
                                                        const QString &fileName, const QString &baseName,
                                                        int processes = 1);

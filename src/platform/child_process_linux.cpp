@@ -29,15 +29,15 @@ void setLimit(decltype(RLIMIT_DATA) resource, rlim_t value) {
 void endWithThisProgram(QProcess &child, const std::optional<ChildLimits> &limits,
                         const std::optional<int> &descriptor) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
-    // Otherwise the new process waits for a word of this one, for ever if this one is killed before: it then
-    // keeps what it has inherited, such as the connection that holds the program's name on the session bus,
-    // and no other instance can start. What follows makes system calls only, as it must then.
+    // Otherwise the child waits for a message from this process before it runs its program, and waits forever
+    // if this process is killed first. It then keeps the inherited connection that holds the program's name
+    // on the session bus, and no other instance can start. A vfork child may only make system calls.
     child.setUnixProcessParameters(QProcess::UnixProcessFlag::UseVFork);
 #endif
     child.setChildProcessModifier([limits, descriptor, parent = ::getpid()] {
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (::getppid() != parent) {
-            ::_exit(1); // it has ended before the system was asked to tell
+            ::_exit(1); // the parent ended before the signal was requested
         }
         if (descriptor) {
             ::fcntl(*descriptor, F_SETFD, 0);

@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// Whether the program at the other end of this accepted connection over 127.0.0.1 is one of this program's
-// user, as the system's list of sockets says. False when the list does not say whose it is.
+// Whether the other end of this accepted connection over 127.0.0.1 belongs to this process's user, according
+// to the system's list of sockets. False if the list does not contain it.
 bool comesFromOwnUser(qintptr connection);
 
 } // namespace fennick

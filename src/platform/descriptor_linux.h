@@ -12,7 +12,7 @@ struct stat;
 
 namespace fennick {
 
-// A file descriptor that is closed with its owner. Negative: the system gave none, and errno says why.
+// Owns a file descriptor and closes it. A negative number means that opening failed; errno has the reason.
 class Descriptor {
 public:
     explicit Descriptor(int number = -1)

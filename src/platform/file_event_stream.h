@@ -13,7 +13,7 @@ namespace fennick {
 struct FileEvent {
     QString path;
     std::chrono::steady_clock::time_point at;
-    bool isListed = false; // found by listing a folder; nothing says that it changed just now
+    bool isListed = false; // found by listing a folder; it may have changed long ago
 };
 
 // The system's events for one folder and everything below it, from creation to destruction. Events are told

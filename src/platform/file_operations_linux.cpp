@@ -40,7 +40,7 @@ QByteArray nameOf(const QString &path) {
     return QFile::encodeName(lastPathComponent(path));
 }
 
-// Says whose copy it is, so that the next start can tell whether the source is still there.
+// Names the source of the copy, so that the next start can check whether it still exists.
 QByteArray partPrefixOf(const QString &source) {
     return partPrefix + QCryptographicHash::hash(source.toUtf8(), QCryptographicHash::Sha1).toHex() + '-';
 }

@@ -17,7 +17,7 @@ inline const QString albumTitleFile = QStringLiteral(".album");
 // One change of the photo library in the making: images are copied into a hidden folder of the library and
 // moved from there to their places. Until `keep`, its destruction takes back everything; a journal lets the
 // next start do so when the program is killed. The journal lies in a folder that only the user can write, not
-// in the library, which may be shared or synchronised: it says which files are removed. Owned by the
+// in the library, which may be shared or synchronised, because it names the files to remove. Owned by the
 // operation that makes the change; any thread. Errors are the system's descriptions.
 class PhotoChange {
 public:

@@ -44,7 +44,7 @@ void TreeListing::refresh(QList<QByteArray> &changedPaths) {
         if (type == fs::file_type::regular) {
             state = {entry->file_size(vanished), entry->last_write_time(vanished).time_since_epoch().count()};
         } else if (type != fs::file_type::symlink) {
-            continue; // a link is told once, what is behind it does not count
+            continue; // a link is reported once; changes behind it are not
         }
         const std::string &path = entry->path().native();
         const auto known = files_.find(path);

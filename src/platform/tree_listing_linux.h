@@ -16,8 +16,8 @@ class TreeListing {
 public:
     explicit TreeListing(std::string root);
 
-    // Appends the files that are new or changed since the last listing to `changedPaths`; links are told
-    // once, and what lies behind them is left out. Waits as long as the file system does.
+    // Appends the files that are new or changed since the last listing to `changedPaths`. Links are reported
+    // once; what lies behind them is ignored. Waits as long as the file system does.
     void refresh(QList<QByteArray> &changedPaths);
 
 private:

@@ -53,7 +53,7 @@ bool StoredKey::finish(std::chrono::milliseconds patience) {
     bool isStored = writesUnderWay_ == 0;
     if (!isStored) {
         wait(patience);
-        // A store does not say what has become of a key: only a look tells.
+        // The store does not report whether a key was saved, so it is read back.
         const auto found = QtConcurrent::run(
             &thread_, [stop = writeEnd_.get_token()] { return KeychainHelper::apiKey(stop); });
         wait(std::chrono::milliseconds(deadline.remainingTime()));

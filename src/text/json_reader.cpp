@@ -40,7 +40,7 @@ void appendUtf8(std::string &text, char32_t character) {
     text += static_cast<char>(0x80 | (character & 0x3F));
 }
 
-// Of nothing or of "e" and a number; beyond any that counts when it is too large to be told.
+// The exponent in "" or "e" and a number; a value beyond every exponent of a double if it does not fit.
 qint64 exponentAt(std::string_view text) {
     if (text.empty()) {
         return 0;

@@ -32,8 +32,8 @@ public:
 
     void showSettings();
 
-    // To be called when the event loop has ended: waits for what is still being stored, and tells the user
-    // when it could not be.
+    // Call after the event loop has ended: waits until a pending key is stored, and informs the user if that
+    // fails.
     void finish();
 
 private:

@@ -46,7 +46,7 @@ class ProgramGuardTest : public QObject {
                                     "\r\n\r\n" + body_);
     }
 
-    // What a program of that user is told.
+    // The answer that a program of that user gets.
     QByteArray answerOfUser(uid_t user, const QByteArray &request) const {
         QProcess caller;
         become(caller, user);
