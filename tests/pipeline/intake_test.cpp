@@ -5,11 +5,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QThread>
 
-#include <sys/resource.h>
-#include <sys/stat.h>
+#include <algorithm>
+#include <memory>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -19,17 +17,6 @@ namespace {
 
 // Longer than debounce, stability wait and one batch of the watcher together.
 constexpr int longEnoughToBeTakenIn = 1500;
-
-const QString finalName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50.pdf");
-
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-// Bytes, as the limit counts them.
-rlim_t dataOfThisProcess() {
-    const QByteArray status = readFile(QStringLiteral("/proc/self/status"));
-    const qsizetype start = status.indexOf("VmData:") + 7;
-    return status.mid(start, status.indexOf("kB", start) - start).trimmed().toULongLong() * 1024;
-}
-#endif
 
 } // namespace
 
@@ -171,22 +158,14 @@ private Q_SLOTS:
     }
 
     void initialScanTakesFilesInOneAfterTheOther() {
-        int underWay = 0;
-        int most = 0;
-        pipeline_->server.setScript([&](const HttpRequest &) {
-            most = std::max(most, ++underWay);
-            QTimer::singleShot(50, pipeline_->appState.get(), [&underWay] { --underWay; });
-            HttpReply reply = answering("{}");
-            reply.delay = milliseconds(60);
-            return reply;
-        });
+        countRequestsUnderWay();
         for (int index = 0; index < 4; ++index) {
             pipeline_->drop(QString::number(index) + QStringLiteral(".pdf"));
         }
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(4, ReceiptStatus::done));
-        QCOMPARE(most, 1);
-        QVERIFY(waitUntil([&] { return underWay == 0; }));
+        QCOMPARE(mostUnderWay_, 1);
+        QVERIFY(waitUntil([this] { return underWay_ == 0; }));
     }
 
     void filesThatArriveTogetherAreUnderWayTogether() {
@@ -272,170 +251,6 @@ private Q_SLOTS:
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
     }
 
-    void folderNamedLikeAReceiptBecomesAFailedRow() {
-        pipeline_->start();
-        QDir().mkpath(pipeline_->path(QStringLiteral("folder.pdf")));
-        if (QFileInfo(pipeline_->path(QStringLiteral("folder.pdf"))).size() == 0) {
-            QSKIP("Folders have no size on this file system");
-        }
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QVERIFY(pipeline_->receipts().first().error->startsWith(u"Failed to read file: "));
-    }
-
-    void linkNamedLikeAReceiptBecomesAFailedRow_data() {
-        QTest::addColumn<bool>("isDangling");
-        QTest::addColumn<bool>("isThereBefore");
-        QTest::newRow("arrives") << false << false;
-        QTest::newRow("lies there") << false << true;
-        QTest::newRow("arrives, to nothing") << true << false;
-        QTest::newRow("lies there, to nothing") << true << true;
-    }
-    void linkNamedLikeAReceiptBecomesAFailedRow() {
-        QFETCH(bool, isDangling);
-        QFETCH(bool, isThereBefore);
-        const QString secret = surroundings_.home.path(QStringLiteral("id_rsa"));
-        writeFile(secret, "a key");
-        const auto makeLink = [&] {
-            QFile::link(isDangling ? QStringLiteral("/nowhere/a.pdf") : secret,
-                        pipeline_->path(QStringLiteral("x.pdf")));
-        };
-        if (isThereBefore) {
-            makeLink();
-        }
-        pipeline_->start();
-        if (!isThereBefore) {
-            makeLink();
-        }
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error,
-                 QStringLiteral("The file is a link. Put the file itself into the folder to scan it."));
-        pipeline_->appState->retry(pipeline_->receipts().first());
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QVERIFY(pipeline_->server.requests().isEmpty());
-
-        pipeline_->drop(QStringLiteral("y.pdf"), "itself");
-        QVERIFY(QFile::remove(pipeline_->path(QStringLiteral("x.pdf"))));
-        pipeline_->drop(QStringLiteral("x.pdf"), "itself");
-        pipeline_->appState->retry(pipeline_->receipts().first());
-        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
-    }
-
-    void fileExchangedAfterItsIntakeIsNotSent_data() {
-        QTest::addColumn<int>("exchange");
-        QTest::newRow("for a link") << 0;
-        QTest::newRow("for a pipe") << 1;
-        QTest::newRow("for another file") << 2;
-        QTest::newRow("its folder for a link") << 3;
-        QTest::newRow("for a giant") << 4;
-    }
-    void fileExchangedAfterItsIntakeIsNotSent() {
-        QFETCH(int, exchange);
-        const QString secret = surroundings_.home.path(QStringLiteral("secret/a.pdf"));
-        writeFile(secret, "a receipt");
-        pipeline_->start();
-        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [&](const auto &change) {
-            if (change.kind != ReceiptsChange::Kind::inserted || pipeline_->receipts().size() != 1) {
-                return;
-            }
-            const QString path = pipeline_->receipts().first().filePath;
-            if (exchange != 4) {
-                QVERIFY(QFile::rename(path, pipeline_->path(QStringLiteral("kept"))));
-            }
-            switch (exchange) {
-            case 0:
-                QVERIFY(QFile::link(secret, path));
-                return;
-            case 1:
-                QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-                return;
-            case 2:
-                writeFile(path, "a receipt");
-                return;
-            case 3:
-                QVERIFY(QDir().rmdir(QFileInfo(path).path()));
-                QVERIFY(QFile::link(QFileInfo(secret).path(), QFileInfo(path).path()));
-                return;
-            default:
-                QVERIFY(QFile::resize(path, 3LL << 30));
-            }
-        });
-        pipeline_->drop(QStringLiteral("sub/a.pdf"));
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QVERIFY2(pipeline_->receipts().first().error->startsWith(u"Failed to read file: "),
-                 qPrintable(*pipeline_->receipts().first().error));
-        QVERIFY(pipeline_->server.requests().isEmpty());
-        pipeline_->drop(QStringLiteral("next.pdf"), "the next");
-        QVERIFY(waitUntil([this] { return !pipeline_->server.requests().isEmpty(); }));
-        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"the next"});
-        QVERIFY(waitUntil([this] { return pipeline_->listedNames().contains(finalName); }));
-    }
-
-    void pipesInPlaceOfFilesDoNotStopTheScanning() {
-        pipeline_->start();
-        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [&](const auto &change) {
-            if (change.kind == ReceiptsChange::Kind::inserted) {
-                const QString path = pipeline_->receipts().at(change.to).filePath;
-                if (path.contains(u"pipe")) {
-                    QVERIFY(QFile::remove(path));
-                    QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-                }
-            }
-        });
-        const int pipes = QThread::idealThreadCount() + 1;
-        for (int pipe = 0; pipe < pipes; ++pipe) {
-            pipeline_->drop(QStringLiteral("pipe-%1.pdf").arg(pipe));
-        }
-        QVERIFY(pipeline_->waitForRows(pipes, ReceiptStatus::error));
-        pipeline_->drop(QStringLiteral("a.pdf"));
-        QVERIFY(waitUntil([this] { return pipeline_->listedNames().contains(finalName); }));
-    }
-
-    void giantBecomesAFailedRow_data() {
-        QTest::addColumn<qint64>("size");
-        QTest::newRow("a byte too much") << qint64(100'000'001);
-        QTest::newRow("3 GiB") << (qint64(3) << 30);
-        QTest::newRow("1 TiB") << (qint64(1) << 40);
-    }
-    void giantBecomesAFailedRow() {
-        QFETCH(qint64, size);
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
-        if (!QFile::resize(path, size)) {
-            QSKIP("This file system has no files of this size");
-        }
-        pipeline_->start();
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("The file is larger than 100 MB."));
-        pipeline_->appState->retry(pipeline_->receipts().first());
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("The file is larger than 100 MB."));
-        QVERIFY(pipeline_->server.requests().isEmpty());
-    }
-
-    // A file that is taken in needs memory for its request.
-    void fileForWhichThereIsNoMemoryBecomesAFailedRow() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-        QSKIP("Programs with the sanitizer cannot be limited.");
-#else
-        pipeline_->start();
-        rlimit usual{};
-        QCOMPARE(::getrlimit(RLIMIT_DATA, &usual), 0);
-        connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [&](const auto &change) {
-            if (change.kind == ReceiptsChange::Kind::inserted) {
-                constexpr rlim_t enoughForTheRest = 60'000'000;
-                const rlimit little{dataOfThisProcess() + enoughForTheRest, usual.rlim_max};
-                QCOMPARE(::setrlimit(RLIMIT_DATA, &little), 0);
-            }
-        });
-        const QString path = pipeline_->path(QStringLiteral("a.pdf"));
-        QVERIFY(QFile(path).open(QIODevice::WriteOnly) && QFile::resize(path, 99'000'000));
-        const bool hasFailed = pipeline_->waitForRows(1, ReceiptStatus::error);
-        ::setrlimit(RLIMIT_DATA, &usual);
-        QVERIFY(hasFailed);
-        QCOMPARE(pipeline_->receipts().first().error,
-                 QStringLiteral("There is not enough memory for this file."));
-#endif
-    }
-
     void movedInTreeIsTakenInWhole() {
         pipeline_->start();
         const QString outside = surroundings_.home.path(QStringLiteral("outside"));
@@ -456,15 +271,7 @@ private Q_SLOTS:
     }
     void whatIsFoundLaterIsTakenInAsAtTheStart() {
         QFETCH(bool, isMovedIn);
-        int underWay = 0;
-        int most = 0;
-        pipeline_->server.setScript([&](const HttpRequest &) {
-            most = std::max(most, ++underWay);
-            QTimer::singleShot(50, pipeline_->appState.get(), [&underWay] { --underWay; });
-            HttpReply reply = answering("{}");
-            reply.delay = milliseconds(60);
-            return reply;
-        });
+        countRequestsUnderWay();
         pipeline_->start();
         const QString outside = surroundings_.home.path(QStringLiteral("outside-again"));
         const QString watched = QDir::cleanPath(pipeline_->path(QString()));
@@ -484,8 +291,8 @@ private Q_SLOTS:
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>(4, "found"));
         QCOMPARE(pipeline_->receipts().size(), 4);
-        QCOMPARE(most, 1);
-        QVERIFY(waitUntil([&] { return underWay == 0; }));
+        QCOMPARE(mostUnderWay_, 1);
+        QVERIFY(waitUntil([this] { return underWay_ == 0; }));
     }
 
     void eventsOfARenamingAreItsOwn() {
@@ -509,21 +316,24 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(pipeline_->path(finalName)));
     }
 
-    void exclusionOfARenamedPathLastsFiveSeconds() {
-        RenamedPaths renamed;
-        const auto start = std::chrono::steady_clock::now();
-        const QString path = QStringLiteral("/w/a.pdf");
-        renamed.insert(path, start);
-        QVERIFY(renamed.contains(path, start + milliseconds(4999)));
-        QVERIFY(!renamed.contains(path, start + milliseconds(5000)));
-        QVERIFY(!renamed.contains(QStringLiteral("/w/A.pdf"), start));
-        renamed.insert(path, start + milliseconds(3000)); // counts anew
-        QVERIFY(renamed.contains(path, start + milliseconds(7999)));
+private:
+    // Lets the service take a little for each answer.
+    void countRequestsUnderWay() {
+        underWay_ = 0;
+        mostUnderWay_ = 0;
+        pipeline_->server.setScript([this](const HttpRequest &) {
+            mostUnderWay_ = std::max(mostUnderWay_, ++underWay_);
+            QTimer::singleShot(50, pipeline_->appState.get(), [this] { --underWay_; });
+            HttpReply reply = answering("{}");
+            reply.delay = milliseconds(60);
+            return reply;
+        });
     }
 
-private:
     Surroundings surroundings_;
     std::unique_ptr<PipelineUnderTest> pipeline_;
+    int underWay_ = 0;
+    int mostUnderWay_ = 0;
 };
 
 int intake_test(int argc, char **argv) {

@@ -5,6 +5,8 @@
 
 namespace fennick::test {
 
+const QString finalName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50.pdf");
+
 namespace {
 
 int folderNumber = 0;

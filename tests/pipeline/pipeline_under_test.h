@@ -45,4 +45,7 @@ private:
     QString folder_;
 };
 
+// The name that a PDF gets by the service's usual answer.
+extern const QString finalName;
+
 } // namespace fennick::test

@@ -11,8 +11,6 @@ using namespace fennick::test;
 
 namespace {
 
-const QString finalName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50.pdf");
-
 HttpReply failing(int status, const QByteArray &body = {}) {
     return HttpReply{.status = status, .body = body, .headers = {}};
 }
@@ -55,13 +53,13 @@ private Q_SLOTS:
     }
 
     void endInTheMiddleOfATaskDoesNoHarm_data() {
-        QTest::addColumn<int>("milliseconds");
+        QTest::addColumn<int>("time");
         QTest::newRow("while the folder is read") << 0;
         QTest::newRow("while the size is watched") << 250;
         QTest::newRow("while the service works") << 900;
     }
     void endInTheMiddleOfATaskDoesNoHarm() {
-        QFETCH(int, milliseconds);
+        QFETCH(int, time);
         pipeline_->server.setScript([](const HttpRequest &) {
             HttpReply reply = answering("{}");
             reply.delay = std::chrono::milliseconds(500);
@@ -69,7 +67,7 @@ private Q_SLOTS:
         });
         const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
         pipeline_->start();
-        letTimePass(milliseconds);
+        letTimePass(time);
         pipeline_->appState.reset();
         letTimePass(1500); // everything that was under way comes to its end
         QVERIFY(QFileInfo::exists(path));
