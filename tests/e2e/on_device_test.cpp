@@ -1,3 +1,4 @@
+#include "support/process_status.h"
 #include "support/test_program.h"
 #include "user_session.h"
 
@@ -11,23 +12,6 @@ using namespace fennick;
 using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// The engines that run with the program's file, as the system lists them.
-QList<pid_t> engines() {
-    QList<pid_t> found;
-    const QStringList processes = QDir(u"/proc"_s).entryList(QDir::Dirs);
-    for (const QString &process : processes) {
-        const QString file = QFile::symLinkTarget(u"/proc/"_s + process + u"/exe"_s);
-        if (file == QStringLiteral(FENNICK_BIN_DIR "/fennick-engine")) {
-            found.append(process.toInt());
-        }
-    }
-    return found;
-}
-
-} // namespace
-
 // The program with its own engine: nothing to start, nothing to choose a port for.
 class OnDeviceTest : public QObject {
     Q_OBJECT
@@ -36,13 +20,12 @@ private Q_SLOTS:
     void init() {
         session_.renew();
         session_.setPreference("geminiEndpoint", "on-device");
-        others_ = engines();
     }
     void cleanup() { session_.program.kill(); }
 
     void receiptIsReadByTheEngineThatTheProgramStarts() {
         QVERIFY(session_.start());
-        QVERIFY(own().isEmpty());
+        QVERIFY(engines().isEmpty());
         session_.drop(u"IMG_2041.jpg"_s, sample());
         QVERIFY(session_.waitForRows(1, u"done"_s));
         const QJsonObject row = session_.rows().first();
@@ -50,24 +33,26 @@ private Q_SLOTS:
         QCOMPARE(row.value(u"amount").toDouble(), 42.01);
         QCOMPARE(row.value(u"currency").toString(), u"USD"_s);
         QVERIFY(session_.server.requests().isEmpty());
-        QCOMPARE(own().size(), 1);
+        const QList<qint64> started = engines();
+        QCOMPARE(started.size(), 1);
         QVERIFY(session_.end());
-        QVERIFY(waitUntil([this] { return own().isEmpty(); }));
+        QVERIFY(waitUntil([&] { return !isRunning(started.first()); }));
     }
 
     void engineEndsAlsoWhenTheProgramIsKilled() {
         QVERIFY(session_.start());
         session_.drop(u"IMG_2041.jpg"_s, sample());
-        QVERIFY(session_.waitFor([this] { return !own().isEmpty(); }));
+        QVERIFY(session_.waitFor([this] { return !engines().isEmpty(); }));
+        const qint64 engine = engines().first();
         session_.program.kill();
-        QVERIFY(waitUntil([this] { return own().isEmpty(); }));
+        QVERIFY(waitUntil([&] { return !isRunning(engine); }));
     }
 
     void scanWhoseEngineCrashesFailsAndCanBeRetried() {
         QVERIFY(session_.start());
         session_.drop(u"IMG_2041.jpg"_s, sample());
-        QVERIFY(session_.waitFor([this] { return !own().isEmpty(); }));
-        ::kill(own().first(), SIGKILL);
+        QVERIFY(session_.waitFor([this] { return !engines().isEmpty(); }));
+        ::kill(static_cast<pid_t>(engines().first()), SIGKILL);
         QVERIFY(session_.waitForRows(1, u"error"_s));
         QVERIFY(!session_.rows().first().value(u"error").toString().isEmpty());
         session_.drop(u"IMG_2042.jpg"_s, sample()); // with an engine started anew
@@ -111,14 +96,10 @@ private:
         return readFile(QStringLiteral(FENNICK_SOURCE_DIR "/samples/receipts/IMG_2041.jpg"));
     }
 
-    QList<pid_t> own() const {
-        QList<pid_t> own = engines();
-        own.removeIf([this](pid_t process) { return others_.contains(process); });
-        return own;
-    }
+    // Those of this test's program: others may run beside it.
+    QList<qint64> engines() const { return childrenNamed("fennick-engine", session_.program.processId()); }
 
     UserSession session_;
-    QList<pid_t> others_; // another test's
 };
 
 int on_device_test(int argc, char **argv) {

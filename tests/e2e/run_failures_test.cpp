@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString missingKey = u"API key not configured. Set your Gemini API key in Settings."_s;
-
 QByteArray addressNobodyListensAt() {
     QTcpServer server;
     server.listen(QHostAddress::LocalHost);

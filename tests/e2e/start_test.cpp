@@ -18,8 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString missingKey = u"API key not configured. Set your Gemini API key in Settings."_s;
-
 // A D-Bus session that knows no services: nothing in it can start a secret store.
 class BareBus {
 public:

@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 const QByteArray lunchAnswer = R"({"date": "2024-05-01", "time": "12:30", "amount": 23.5, "currency": "USD",)"
                                R"( "location": "Dockside Deli", "category": "lunch", "summary": "Lunch."})";
 const QString lunchName = u"2024-05-01 Lunch - Dockside Deli $23.50.pdf"_s;
+const QString missingKey = u"API key not configured. Set your Gemini API key in Settings."_s;
 const QByteArray UserSession::key = "AIzaSyE2e-test_key-0123456789";
 
 namespace {
@@ -129,8 +130,11 @@ QMap<QString, QByteArray> UserSession::files() const {
     QMap<QString, QByteArray> files;
     QDirIterator entries(folder_, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
-        const QString path = entries.next();
-        files.insert(QDir(folder_).relativeFilePath(path), readFile(path));
+        QFile file(entries.next());
+        if (!file.open(QIODevice::ReadOnly)) {
+            return this->files(); // renamed since it was listed
+        }
+        files.insert(QDir(folder_).relativeFilePath(file.fileName()), file.readAll());
     }
     return files;
 }

@@ -67,4 +67,7 @@ private:
 extern const QByteArray lunchAnswer;
 extern const QString lunchName;
 
+// What is told of a receipt when no key is stored.
+extern const QString missingKey;
+
 } // namespace fennick::test

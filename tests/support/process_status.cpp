@@ -41,15 +41,21 @@ bool isSanitized(qint64 process) {
     return libraries.contains("libasan") || libraries.contains("libtsan");
 }
 
-std::optional<qint64> childNamed(const QByteArray &name) {
-    const QByteArray parent = "PPid:\t" + QByteArray::number(QCoreApplication::applicationPid()) + '\n';
+QList<qint64> childrenNamed(const QByteArray &name, qint64 parent) {
+    const QByteArray parentLine = "PPid:\t" + QByteArray::number(parent) + '\n';
+    QList<qint64> children;
     for (const QString &process : QDir(u"/proc"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         const QByteArray status = contents(process.toLongLong(), u"status"_s);
-        if (status.startsWith("Name:\t" + name + '\n') && status.contains(parent)) {
-            return process.toLongLong();
+        if (status.startsWith("Name:\t" + name + '\n') && status.contains(parentLine)) {
+            children.append(process.toLongLong());
         }
     }
-    return std::nullopt;
+    return children;
+}
+
+bool isRunning(qint64 process) {
+    const QByteArray status = contents(process, u"status"_s);
+    return !status.isEmpty() && !status.contains("\nState:\tZ");
 }
 
 } // namespace fennick::test

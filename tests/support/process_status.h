@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 
 #include <optional>
 
@@ -16,7 +17,10 @@ qint64 processorTime(qint64 process);
 // Whether it was built with the address or the thread sanitizer, with which a process holds much more memory.
 bool isSanitized(qint64 process);
 
-// This process's child whose program has this name; nothing when there is none.
-std::optional<qint64> childNamed(const QByteArray &name);
+// The children of `parent` whose program has this name.
+QList<qint64> childrenNamed(const QByteArray &name, qint64 parent);
+
+// Whether the process is there and has not ended.
+bool isRunning(qint64 process);
 
 } // namespace fennick::test
