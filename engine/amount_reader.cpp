@@ -18,14 +18,14 @@ constexpr double leastUnrivalledScore = 1;
 constexpr double unrivalledLead = 2;
 // How far the best must be ahead: two totals that are nearly as good are the same one, read in two ways.
 constexpr double leastLead = 1.06;
-constexpr double certainScore = 7;
-constexpr double certainLead = 4;
+constexpr double certainAmountScore = 7;
+constexpr double certainAmountLead = 4;
 // What an amount that only follows from others counts before their support: more when it is printed without a
 // label that was understood; a share of the label's score when a total differs from it in a single digit.
 constexpr double derivedOnly = 0.3;
 constexpr double derivedAndPrinted = 1;
 constexpr double misreadShare = 0.5;
-constexpr double repeatedShare = 0.3;
+constexpr double repeatedAmountShare = 0.3;
 
 double labelScore(AmountRole role) {
     switch (role) {
@@ -113,7 +113,7 @@ QMap<qint64, double> scoredCandidates(const QList<LabelledAmount> &amounts) {
     for (auto candidate = best.cbegin(); candidate != best.cend(); ++candidate) {
         const double further = std::min(sum[candidate.key()] - candidate.value(), candidate.value());
         scores[candidate.key()] =
-            candidate.value() + repeatedShare * further + arithmeticSupport(candidate.key(), amounts);
+            candidate.value() + repeatedAmountShare * further + arithmeticSupport(candidate.key(), amounts);
     }
     for (const qint64 cents : derivedTotals(amounts)) {
         if (cents > 0 && !scores.contains(cents)) {
@@ -168,7 +168,8 @@ std::optional<FoundAmount> readAmount(const QList<Reading> &readings) {
         return std::nullopt;
     }
     return FoundAmount{.amount = static_cast<double>(best) / 100,
-                       .isCertain = bestScore >= certainScore && bestScore - second >= certainLead};
+                       .isCertain =
+                           bestScore >= certainAmountScore && bestScore - second >= certainAmountLead};
 }
 
 } // namespace fennick

@@ -26,7 +26,7 @@ struct Mark {
 // recognition takes the tax letter S for a dollar. What else tells the country counts once for each kind of
 // evidence.
 constexpr int sure = 4;
-constexpr int plain = 2;
+constexpr int plainMark = 2;
 constexpr int perEvidence = 3;
 constexpr qsizetype mostPlain = 2;
 
@@ -40,19 +40,19 @@ constexpr std::array marks = {
     Mark{"BRL"_L1, u"(?<!\\p{L})(?:BRL|R\\$)", sure},
     // Not "$S21/1A" or "$521/1A": an address whose S was misread.
     Mark{"USD"_L1, u"(?<![\\p{L}])\\$(?=\\s?\\d[\\d,.]*(?![\\d/\\p{L}\\-]))|(?:\\d|,\\d{2}\\s)\\$(?!\\S)",
-         plain},
+         plainMark},
     Mark{"EUR"_L1, u"€|(?<!\\p{L})(?:EUR|Euro|EURO)(?!\\p{L})", sure},
     Mark{"GBP"_L1, u"£(?=\\s?\\d+(?![\\d.,]*\\p{L}))|(?<!\\p{L})GBP(?!\\p{L})", sure},
     Mark{"CNY"_L1, u"(?<!\\p{L})(?:CNY(?!\\p{L})|RMB(?=\\s\\d))", sure},
     Mark{"JPY"_L1, u"(?<!\\p{L})JPY(?!\\p{L})", sure},
-    Mark{"JPY"_L1, u"[¥￥]|\\d円", plain},
+    Mark{"JPY"_L1, u"[¥￥]|\\d円", plainMark},
     Mark{"CHF"_L1, u"(?<!\\p{L})(?:CHF|SFr\\.?)(?!\\p{L})", sure},
     Mark{"MYR"_L1, u"(?<!\\p{L})(?:MYR|RM(?=[\\s:.]{0,2}\\d))|\\(RM\\)", sure},
-    Mark{"MYR"_L1, u"(?<!\\S)RM(?!\\S)", plain}, // the heading of a column
+    Mark{"MYR"_L1, u"(?<!\\S)RM(?!\\S)", plainMark}, // the heading of a column
     Mark{"NOK"_L1, u"(?<!\\p{L})NOK(?!\\p{L})", sure},
     Mark{"DKK"_L1, u"(?<!\\p{L})DKK(?!\\p{L})", sure},
     Mark{"SEK"_L1, u"(?<!\\p{L})SEK(?!\\p{L})", sure},
-    Mark{"SEK"_L1, u"\\d\\s?kr(?!\\p{L})|(?<!\\p{L})kr\\.?\\s?\\d", plain},
+    Mark{"SEK"_L1, u"\\d\\s?kr(?!\\p{L})|(?<!\\p{L})kr\\.?\\s?\\d", plainMark},
     Mark{"INR"_L1, u"₹|(?<!\\p{L})(?:INR|Rs\\.?(?=\\s?\\d))", sure},
     Mark{"PLN"_L1, u"(?<!\\p{L})(?:PLN|zł)(?!\\p{L})", sure},
     Mark{"CZK"_L1, u"(?<!\\p{L})(?:CZK|Kč)(?!\\p{L})", sure},
@@ -95,7 +95,7 @@ std::optional<QString> readCurrency(const Reading &lines) {
             named.insert(QString(mark.code));
         }
         scores[QString(mark.code)] +=
-            mark.weight * (mark.weight == plain ? std::min(count, mostPlain) : count);
+            mark.weight * (mark.weight == plainMark ? std::min(count, mostPlain) : count);
     }
     const QHash<QString, int> evidence = countryEvidence(lines);
     for (auto country = evidence.cbegin(); country != evidence.cend(); ++country) {

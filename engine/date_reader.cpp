@@ -49,21 +49,21 @@ bool hasClockTime(const QString &line) {
 }
 
 // The shares of a date's score: a time beside it is the surest sign of a till's own line.
-constexpr double plain = 1;
+constexpr double plainDate = 1;
 constexpr double labelled = 2;
 constexpr double besideTime = 2;
 constexpr double ofOtherEvent = 0.1;
 constexpr double garbledShare = 0.3;
-constexpr double repeatedShare = 0.2;
+constexpr double repeatedDateShare = 0.2;
 // What being one line further up is worth between equals.
 constexpr double perLine = 0.001;
 // All readings have it, or nearly.
-constexpr double certainScore = 1.5;
-constexpr double certainLead = 8;
+constexpr double certainDateScore = 1.5;
+constexpr double certainDateLead = 8;
 
 double score(const TextLine &line, qsizetype start) {
     const QString before = wordsOf(line.text.left(start));
-    double points = plain;
+    double points = plainDate;
     if (containsAnyPhrase(before, labels())) {
         points += labelled;
     }
@@ -104,10 +104,10 @@ private:
             const double points = share * score(line, printed.start) - perLine * static_cast<double>(index);
             Candidate &candidate = candidates_[printed.date];
             if (points > candidate.score) {
-                candidate.score = points + repeatedShare * candidate.score;
+                candidate.score = points + repeatedDateShare * candidate.score;
                 candidate.line = index;
             } else {
-                candidate.score += repeatedShare * points;
+                candidate.score += repeatedDateShare * points;
             }
         }
     }
@@ -137,8 +137,9 @@ std::optional<FoundDate> readDate(const QList<Reading> &readings, DayMonthOrder 
         second = other == best ? second : std::max(second, *other);
     }
 
-    FoundDate found{
-        .date = best.key(), .lines = {}, .isCertain = *best >= certainScore && *best >= certainLead * second};
+    FoundDate found{.date = best.key(),
+                    .lines = {},
+                    .isCertain = *best >= certainDateScore && *best >= certainDateLead * second};
     for (const QMap<QDate, Candidate> &candidates : std::as_const(byReading)) {
         const auto own = candidates.constFind(best.key());
         found.lines.append(own == candidates.cend() ? std::nullopt : std::optional(own->line));

@@ -10,7 +10,7 @@ namespace fennick {
 
 namespace {
 
-constexpr int pageLimit = 5;
+constexpr int mostPages = 5;
 
 // The header may follow up to a kilobyte of other bytes (PDF 1.7, annex H, note 13).
 bool looksLikePdf(const QByteArray &bytes) {
@@ -26,7 +26,7 @@ std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, c
         return std::unexpected(ReadError::Abandoned);
     }
     if (looksLikePdf(bytes)) {
-        const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, pageLimit, stop);
+        const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, mostPages, stop);
         if (!pages) {
             return std::unexpected(pages.error());
         }

@@ -1,8 +1,8 @@
 #include "engine/letter_size.h"
 
-#include <QList>
+#include "engine/leptonica_owners.h"
 
-#include <allheaders.h>
+#include <QList>
 
 #include <algorithm>
 
@@ -11,19 +11,15 @@ namespace fennick {
 namespace {
 
 // Of 256: low enough to leave paper out, high enough that the print of a tired ribbon stays in one piece.
-constexpr int inkBelow = 180;
+constexpr int letterBelow = 180;
 constexpr int lowestLetter = 6;
 constexpr int fewestLetters = 8;
 
-struct BoxListDeleter {
-    void operator()(Boxa *boxes) const { boxaDestroy(&boxes); }
-};
-
 QList<QRect> marks(const GreyPicture &picture) {
-    const GreyPicture ink(pixThresholdToBinary(picture.get(), inkBelow));
+    const GreyPicture ink(pixThresholdToBinary(picture.get(), letterBelow));
     const GreyPicture inner(ink ? pixRemoveBorderConnComps(ink.get(), 8) : nullptr);
     const GreyPicture closed(inner ? pixCloseSafeBrick(nullptr, inner.get(), 2, 2) : nullptr);
-    const std::unique_ptr<Boxa, BoxListDeleter> boxes(closed ? pixConnCompBB(closed.get(), 8) : nullptr);
+    const BoxList boxes(closed ? pixConnCompBB(closed.get(), 8) : nullptr);
     QList<QRect> found;
     for (int index = 0; boxes && index < boxaGetCount(boxes.get()); ++index) {
         int left = 0;

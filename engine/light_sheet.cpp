@@ -1,6 +1,6 @@
 #include "engine/light_sheet.h"
 
-#include <allheaders.h>
+#include "engine/leptonica_owners.h"
 
 #include <algorithm>
 
@@ -14,21 +14,9 @@ constexpr int printCovered = 9;
 // Grey levels that a sheet's paper is lighter than what it lies on.
 constexpr float leastContrast = 45;
 
-struct BoxListDeleter {
-    void operator()(Boxa *boxes) const { boxaDestroy(&boxes); }
-};
-
-struct PictureListDeleter {
-    void operator()(Pixa *pictures) const { pixaDestroy(&pictures); }
-};
-
-struct NumberListDeleter {
-    void operator()(Numa *numbers) const { numaDestroy(&numbers); }
-};
-
 // The grey level between paper and table; none when the picture is not of two such things.
 std::optional<int> levelBetween(const GreyPicture &picture) {
-    const std::unique_ptr<Numa, NumberListDeleter> histogram(pixGetGrayHistogram(picture.get(), 1));
+    const NumberList histogram(pixGetGrayHistogram(picture.get(), 1));
     int level = 0;
     float darkMean = 0;
     float lightMean = 0;
@@ -51,8 +39,8 @@ GreyPicture lightParts(const GreyPicture &picture, int level) {
 // The largest of the connected parts of `parts`, its holes filled, in a picture of the same size.
 GreyPicture largestPart(const GreyPicture &parts) {
     Pixa *found = nullptr;
-    const std::unique_ptr<Boxa, BoxListDeleter> boxes(pixConnComp(parts.get(), &found, 4));
-    const std::unique_ptr<Pixa, PictureListDeleter> pictures(found);
+    const BoxList boxes(pixConnComp(parts.get(), &found, 4));
+    const PictureList pictures(found);
     int best = -1;
     int bestArea = 0;
     for (int index = 0; pictures && index < pixaGetCount(pictures.get()); ++index) {

@@ -1,8 +1,8 @@
 #include "engine/page_cutter.h"
 
-#include <QList>
+#include "engine/leptonica_owners.h"
 
-#include <allheaders.h>
+#include <QList>
 
 #include <algorithm>
 
@@ -10,24 +10,15 @@ namespace fennick {
 
 namespace {
 
-constexpr int inkBelow = 150;
+constexpr int printBelow = 150;
 // Where a heading may end, in heights of a letter and in shares of the page.
 constexpr int shortestHeading = 8;
 constexpr int longestHeading = 20;
 constexpr double largestShare = 0.4;
 
-struct NumberListDeleter {
-    void operator()(Numa *numbers) const { numaDestroy(&numbers); }
-};
-
-struct BoxDeleter {
-    void operator()(Box *box) const { boxDestroy(&box); }
-};
-
 QList<int> inkPerRow(const GreyPicture &page) {
-    const GreyPicture ink(pixThresholdToBinary(page.get(), inkBelow));
-    const std::unique_ptr<Numa, NumberListDeleter> counts(ink ? pixCountPixelsByRow(ink.get(), nullptr)
-                                                              : nullptr);
+    const GreyPicture ink(pixThresholdToBinary(page.get(), printBelow));
+    const NumberList counts(ink ? pixCountPixelsByRow(ink.get(), nullptr) : nullptr);
     QList<int> rows;
     for (int row = 0; counts && row < numaGetCount(counts.get()); ++row) {
         int count = 0;
@@ -53,7 +44,7 @@ int widestGap(const QList<int> &rows, int from, int to, int specks) {
 }
 
 PageStrip strip(const GreyPicture &page, int top, int bottom) {
-    const std::unique_ptr<Box, BoxDeleter> box(boxCreate(0, top, pixGetWidth(page.get()), bottom - top));
+    const BoxPointer box(boxCreate(0, top, pixGetWidth(page.get()), bottom - top));
     return {GreyPicture(box ? pixClipRectangle(page.get(), box.get(), nullptr) : nullptr), top};
 }
 

@@ -1,11 +1,10 @@
 #include "engine/paper_finder.h"
 
+#include "engine/leptonica_owners.h"
 #include "engine/light_sheet.h"
 
 #include <QLineF>
 #include <QPolygonF>
-
-#include <allheaders.h>
 
 #include <algorithm>
 #include <cmath>
@@ -29,16 +28,6 @@ constexpr double clearOfEdge = 1.5;
 constexpr double largestTurn = 40;
 constexpr double turnLeftToStraightener = 8;
 constexpr double leastConvergence = 1.5;
-
-struct PointListDeleter {
-    void operator()(Pta *points) const { ptaDestroy(&points); }
-};
-
-struct BoxDeleter {
-    void operator()(Box *box) const { boxDestroy(&box); }
-};
-
-using PointList = std::unique_ptr<Pta, PointListDeleter>;
 
 // The points of the outline that reach furthest to the four diagonals: the corners of a sheet that is turned
 // by less than 45 degrees.
@@ -180,8 +169,7 @@ GreyPicture warped(GreyPicture picture, const PaperCorners &corners) {
     const PointList to = pointList({QPointF(0, 0), QPointF(size.width(), 0),
                                     QPointF(size.width(), size.height()), QPointF(0, size.height())});
     const GreyPicture above(pixProjectivePta(picture.get(), to.get(), from.get(), L_BRING_IN_WHITE));
-    const std::unique_ptr<Box, BoxDeleter> sheet(
-        boxCreate(0, 0, static_cast<int>(size.width()), static_cast<int>(size.height())));
+    const BoxPointer sheet(boxCreate(0, 0, static_cast<int>(size.width()), static_cast<int>(size.height())));
     GreyPicture cut(above ? pixClipRectangle(above.get(), sheet.get(), nullptr) : nullptr);
     return cut ? std::move(cut) : std::move(picture);
 }

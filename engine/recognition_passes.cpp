@@ -1,10 +1,9 @@
 #include "engine/recognition_passes.h"
 
+#include "engine/leptonica_owners.h"
 #include "engine/letter_size.h"
 #include "engine/paper_finder.h"
 #include "engine/paper_straightener.h"
-
-#include <allheaders.h>
 
 #include <algorithm>
 #include <cmath>
@@ -18,15 +17,10 @@ constexpr double smallestEnlargement = 0.3;
 constexpr double mostPixels = 12e6;
 constexpr double scaledInOneStep = 0.7;
 
-struct BoxDeleter {
-    void operator()(Box *box) const { boxDestroy(&box); }
-};
-
 GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
     const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
     const QRect wanted = area.adjusted(-margin, -margin, margin, margin) & whole;
-    const std::unique_ptr<Box, BoxDeleter> box(
-        boxCreate(wanted.x(), wanted.y(), wanted.width(), wanted.height()));
+    const BoxPointer box(boxCreate(wanted.x(), wanted.y(), wanted.width(), wanted.height()));
     GreyPicture cut(box ? pixClipRectangle(picture.get(), box.get(), nullptr) : nullptr);
     return cut ? std::move(cut) : std::move(picture);
 }

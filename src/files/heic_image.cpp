@@ -129,7 +129,6 @@ std::optional<YuvPicture> usualPlanesOf(const heif_image_handle *handle) {
         }
         picture.planes.push_back(std::move(*plane));
     }
-    constexpr int perChroma = 2;
     picture.width = picture.planes.front().width();
     picture.height = picture.planes.front().height();
     picture.lumaPerChromaX = picture.lumaPerChromaY = perChroma;

@@ -11,8 +11,6 @@ namespace fennick {
 
 namespace {
 
-constexpr int perChroma = 2;
-
 zimg_image_format greyFormat(int width, int height) {
     zimg_image_format format;
     zimg_image_format_default(&format, ZIMG_API_VERSION);

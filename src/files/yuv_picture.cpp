@@ -24,8 +24,6 @@ std::size_t byteCount(int stride, int rows) {
 // The converter refuses sides over 65,500 pixels, which a picture may have before it is scaled.
 constexpr int tileSide = 32768;
 
-constexpr int perChroma = 2;
-
 YuvPicture emptyPicture(QSize size) {
     YuvPicture picture{size.width(), size.height(), perChroma, perChroma, {}};
     picture.planes.emplace_back(size.width(), size.height());

@@ -47,6 +47,9 @@ private:
     std::unique_ptr<std::uint8_t, Release> samples_;
 };
 
+// Pixels that share a chroma sample across, and down, in a picture as it is written (4:2:0).
+constexpr int perChroma = 2;
+
 // A picture in the colour model of JPEG files (full range, BT.601 weights): either brightness alone or
 // brightness and two chroma planes, of which one sample covers `lumaPerChromaX` by `lumaPerChromaY` pixels.
 struct YuvPicture {

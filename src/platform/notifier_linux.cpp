@@ -12,19 +12,19 @@ namespace fennick {
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.Notifications");
-const QString path = QStringLiteral("/org/freedesktop/Notifications");
+const QString serverPath = QStringLiteral("/org/freedesktop/Notifications");
 const QString defaultAction = QStringLiteral("default"); // a click on the notice itself
 constexpr int usualTime = -1;
 
 QDBusMessage call(const QString &method) {
-    return QDBusMessage::createMethodCall(service, path, service, method);
+    return QDBusMessage::createMethodCall(service, serverPath, service, method);
 }
 
 } // namespace
 
 Notifier::Notifier(QObject *parent)
     : QObject(parent) {
-    QDBusConnection::sessionBus().connect(service, path, service, QStringLiteral("ActionInvoked"), this,
+    QDBusConnection::sessionBus().connect(service, serverPath, service, QStringLiteral("ActionInvoked"), this,
                                           SLOT(handleAction(uint, QString)));
     askForCapabilities();
 }

@@ -18,9 +18,6 @@ const QString defaultModel = QStringLiteral("gemini-2.5-flash");
 // A store that works answers well within this; the window shall not wait longer for one that does not.
 constexpr std::chrono::milliseconds promptAnswer{500};
 
-// And the user who ends the program no longer than this for a key that was saved a moment before.
-constexpr std::chrono::seconds longestEnd{10};
-
 } // namespace
 
 SettingsStore::SettingsStore(QObject *parent)
@@ -109,7 +106,7 @@ void SettingsStore::setAPIKey(const QString &key) {
 }
 
 bool SettingsStore::finishStoringAPIKey() {
-    return storedKey_.finish(longestEnd);
+    return storedKey_.finish(StoredKey::longestEnd);
 }
 
 void SettingsStore::storePath(const QString &key, const std::optional<QString> &path) {

@@ -16,6 +16,9 @@ namespace fennick {
 // by SettingsStore; its end gives up reads, and waits some seconds for a key that is still being stored.
 class StoredKey {
 public:
+    // The user who ends the program waits no longer than this for a key that was saved a moment before.
+    static constexpr std::chrono::seconds longestEnd{10};
+
     StoredKey();
     ~StoredKey();
     StoredKey(const StoredKey &) = delete;

@@ -9,7 +9,7 @@ namespace fennick {
 
 namespace {
 
-constexpr int symbolSize = 16;
+constexpr int captionSymbolSize = 16;
 constexpr double captionScale = 0.9; // of the desktop's font
 
 } // namespace
@@ -24,7 +24,7 @@ CaptionLabel::CaptionLabel(const QString &text, Tint tint, std::optional<Symbol>
     if (symbol) {
         icon_ = symbolIcon(*symbol, tint);
         symbolLabel_ = new QLabel(this);
-        symbolLabel_->setFixedSize(symbolSize, symbolSize);
+        symbolLabel_->setFixedSize(captionSymbolSize, captionSymbolSize);
         layout->addWidget(symbolLabel_, 0, Qt::AlignVCenter);
     }
     textLabel_->setTextFormat(Qt::PlainText);
@@ -60,7 +60,8 @@ void CaptionLabel::applyTint() {
     tinted.setColor(QPalette::WindowText, tintColor(tint_, QGuiApplication::palette()));
     textLabel_->setPalette(tinted);
     if (symbolLabel_ != nullptr) {
-        symbolLabel_->setPixmap(icon_.pixmap(QSize(symbolSize, symbolSize), devicePixelRatio()));
+        symbolLabel_->setPixmap(
+            icon_.pixmap(QSize(captionSymbolSize, captionSymbolSize), devicePixelRatio()));
     }
 }
 

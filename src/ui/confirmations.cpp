@@ -14,7 +14,7 @@ namespace fennick::Confirmations {
 
 namespace {
 
-constexpr int symbolSize = 32;
+constexpr int messageSymbolSize = 32;
 constexpr int textWidth = 420; // wide enough for a path
 
 // QMessageBox makes its text as narrow as it can; and its title is no more than a line of the text.
@@ -33,7 +33,8 @@ bool ask(QWidget *parent, const QString &objectName, Symbol symbol, const QStrin
          const QString &message, const QString &confirmText, QMessageBox::ButtonRole confirmRole) {
     QMessageBox box(parent);
     box.setObjectName(objectName);
-    box.setIconPixmap(symbolIcon(symbol).pixmap(QSize(symbolSize, symbolSize), parent->devicePixelRatio()));
+    box.setIconPixmap(
+        symbolIcon(symbol).pixmap(QSize(messageSymbolSize, messageSymbolSize), parent->devicePixelRatio()));
     box.setWindowTitle(QStringLiteral("Fennick"));
     box.setTextFormat(Qt::PlainText); // paths may look like markup
     box.setText(title);

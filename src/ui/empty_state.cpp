@@ -12,7 +12,7 @@ namespace fennick {
 
 namespace {
 
-constexpr int symbolSize = 44;
+constexpr int largeSymbolSize = 44;
 constexpr double titleScale = 1.25; // of the desktop's font
 
 } // namespace
@@ -25,7 +25,7 @@ EmptyState::EmptyState(QWidget *parent)
              "renamed, and added to Photos for Workday mobile."),
           this))
     , choose_(new QPushButton(tr("Choose Folder…"), this)) {
-    symbol_->setFixedSize(symbolSize, symbolSize);
+    symbol_->setFixedSize(largeSymbolSize, largeSymbolSize);
     auto *const title = new QLabel(tr("No receipts yet"), this);
     title->setObjectName(QStringLiteral("emptyTitle"));
     QFont large = title->font();
@@ -58,7 +58,7 @@ void EmptyState::changeEvent(QEvent *event) {
 
 void EmptyState::applyTints() {
     symbol_->setPixmap(symbolIcon(Symbol::receipts, Tint::secondary)
-                           .pixmap(QSize(symbolSize, symbolSize), devicePixelRatio()));
+                           .pixmap(QSize(largeSymbolSize, largeSymbolSize), devicePixelRatio()));
     QPalette secondary = explanation_->palette();
     secondary.setColor(QPalette::WindowText, tintColor(Tint::secondary, QGuiApplication::palette()));
     explanation_->setPalette(secondary);

@@ -14,12 +14,12 @@ namespace fennick {
 
 namespace {
 
-constexpr int symbolSize = 16;
+constexpr int headerSymbolSize = 16;
 
 QLabel *makeFolderSymbol(QWidget *parent) {
     auto *const symbol = new QLabel(parent);
     symbol->setPixmap(symbolIcon(Symbol::chooseFolder, Tint::secondary)
-                          .pixmap(QSize(symbolSize, symbolSize), parent->devicePixelRatio()));
+                          .pixmap(QSize(headerSymbolSize, headerSymbolSize), parent->devicePixelRatio()));
     return symbol;
 }
 

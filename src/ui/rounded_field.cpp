@@ -7,7 +7,7 @@ namespace fennick {
 namespace {
 
 constexpr QMargins textMargin(6, 4, 6, 4);
-constexpr double cornerRadius = 5;
+constexpr double fieldRadius = 5;
 constexpr float restOpacity = 0.5F; // of the text colour
 
 } // namespace
@@ -27,7 +27,7 @@ void RoundedField::paintEvent(QPaintEvent *event) {
     color.setAlphaF(hasFocus() ? 1 : restOpacity);
     painter.setPen(QPen(color, width));
     const QRectF border = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
-    painter.drawRoundedRect(border, cornerRadius, cornerRadius);
+    painter.drawRoundedRect(border, fieldRadius, fieldRadius);
 }
 
 } // namespace fennick

@@ -13,12 +13,12 @@ namespace fennick {
 namespace {
 
 constexpr int buttonSize = 20;
-constexpr int symbolSize = 16;
+constexpr int actionSymbolSize = 16;
 
 QToolButton *makeButton(QWidget *parent, const QString &objectName, const QString &name) {
     auto *const button = new QToolButton(parent);
     button->setObjectName(objectName);
-    button->setIconSize({symbolSize, symbolSize});
+    button->setIconSize({actionSymbolSize, actionSymbolSize});
     button->setFixedSize(buttonSize, buttonSize);
     button->setAutoRaise(true);
     button->setAccessibleName(name);

@@ -12,7 +12,7 @@ namespace {
 constexpr int cardPadding = 14;
 constexpr int rowSpacing = 6;
 constexpr int groupSpacing = 4; // on top of the spacing of rows
-constexpr int cornerRadius = 9;
+constexpr int cardRadius = 9;
 constexpr int headerGap = 5;
 constexpr float borderOpacity = 0.18F;
 
@@ -53,7 +53,7 @@ void SettingsSection::paintEvent(QPaintEvent *) {
     border.setAlphaF(borderOpacity);
     painter.setPen(border);
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(card, cornerRadius, cornerRadius);
+    painter.drawRoundedRect(card, cardRadius, cardRadius);
 
     QFont bold = font();
     bold.setBold(true);

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString mainTitle = u"Fennick"_s;
-const QString settingsTitle = u"Fennick Settings"_s;
 const QString skipTaskBar = u"_NET_WM_STATE_SKIP_TASKBAR"_s;
 const QString hidden = u"_NET_WM_STATE_HIDDEN"_s;
 const QStringList menuBelowTheCount = {u"-"_s, u"Settings…"_s, u"-"_s, u"Quit Fennick"_s};

@@ -16,9 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString mainTitle = u"Fennick"_s;
-const QString settingsTitle = u"Fennick Settings"_s;
-
 QByteArray listOfOne(const QString &path) {
     return QJsonDocument(QJsonArray{QJsonObject{{u"id"_s, u"00000000-0000-4000-8000-000000000001"_s},
                                                 {u"fileName"_s, u"a.pdf"_s},

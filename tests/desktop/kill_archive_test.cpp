@@ -18,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString mainWindow = u"Fennick"_s;
 const QStringList names = {u"one.txt"_s, u"two.txt"_s, u"three.txt"_s}; // which intake does not look at
 
 } // namespace
@@ -124,12 +123,12 @@ private:
         const auto isGone = [this] {
             return !session().program.isRunning();
         };
-        session().waitFor([] { return VirtualDesktop::window(mainWindow).has_value(); });
+        session().waitFor([] { return VirtualDesktop::window(mainTitle).has_value(); });
         if (isGone()) {
             return;
         }
-        user_->chooseFromMenu(mainWindow, u"Archive & Clear"_s, 1);
-        user_->click(mainWindow, u"push button"_s, u"Export, Archive & Clear"_s);
+        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
     }
 
     // Each file's content is there, whole.

@@ -24,7 +24,6 @@ Q_DECLARE_METATYPE(NetworkFault)
 
 namespace {
 
-const QString mainWindow = u"Fennick"_s;
 constexpr int retryButton = 46;      // pixels from the left edge of a row's buttons
 constexpr int buttonsFromStatus = 7; // columns
 constexpr qint64 megabyte = 1024 * 1024;
@@ -305,7 +304,7 @@ private Q_SLOTS:
         QVERIFY(session().program.terminate());
         QVERIFY(session().start());
         QVERIFY(!errorOf(file).isEmpty()); // interrupted
-        user_->waitForWindow(mainWindow);
+        user_->waitForWindow(mainTitle);
         retry(errorOf(file));
     }
 
@@ -358,7 +357,7 @@ private:
 
     // Presses the button of the newest row that shows the error.
     void retry(const QString &error) {
-        user_->clickCell(mainWindow, error, buttonsFromStatus, retryButton);
+        user_->clickCell(mainTitle, error, buttonsFromStatus, retryButton);
         QVERIFY(waitForDone(++done_));
     }
 

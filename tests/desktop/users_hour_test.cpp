@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString mainWindow = u"Fennick"_s;
-const QString settingsWindow = u"Fennick Settings"_s;
 const QString warning = u"Set your Gemini API key in Settings (⌘,) to start scanning."_s;
 const QString button = u"push button"_s;
 constexpr int secondRowButton = 46; // pixels from the left edge of a row's buttons
@@ -79,34 +77,34 @@ private Q_SLOTS:
 
     void firstStartSaysWhatToDo() {
         startProgram();
-        user_->waitToSee(mainWindow, u"label"_s, u"No receipts yet"_s);
-        user_->waitToSee(mainWindow, u"label"_s, u"No folder selected"_s);
-        user_->waitToSee(mainWindow, u"label"_s, warning);
+        user_->waitToSee(mainTitle, u"label"_s, u"No receipts yet"_s);
+        user_->waitToSee(mainTitle, u"label"_s, u"No folder selected"_s);
+        user_->waitToSee(mainTitle, u"label"_s, warning);
     }
 
     void folderIsChosen() {
-        user_->click(mainWindow, button, u"Choose Folder…"_s);
+        user_->click(mainTitle, button, u"Choose Folder…"_s);
         user_->answerFileDialog(u"Choose a Folder"_s, surroundings_->session.folder());
         QVERIFY(surroundings_->session.waitFor(
             [this] { return surroundings_->session.program.isWatching(surroundings_->session.folder()); }));
-        user_->waitToSee(mainWindow, u"label"_s, surroundings_->session.folder());
+        user_->waitToSee(mainTitle, u"label"_s, surroundings_->session.folder());
     }
 
     void keyIsSaved() {
-        user_->press(mainWindow, u"ctrl+comma"_s);
-        user_->waitForWindow(settingsWindow);
-        user_->click(settingsWindow, u"text"_s, u"API Key"_s);
-        user_->type(settingsWindow, QString::fromLatin1(UserSession::key));
-        user_->click(settingsWindow, button, u"Save Key"_s);
-        user_->waitToSee(settingsWindow, u"label"_s, u"Key saved"_s);
-        QVERIFY(!user_->sees(mainWindow, u"label"_s, warning));
+        user_->press(mainTitle, u"ctrl+comma"_s);
+        user_->waitForWindow(settingsTitle);
+        user_->click(settingsTitle, u"text"_s, u"API Key"_s);
+        user_->type(settingsTitle, QString::fromLatin1(UserSession::key));
+        user_->click(settingsTitle, button, u"Save Key"_s);
+        user_->waitToSee(settingsTitle, u"label"_s, u"Key saved"_s);
+        QVERIFY(!user_->sees(mainTitle, u"label"_s, warning));
         QCOMPARE(PrivateSession::lookUpKey(), UserSession::key);
-        user_->click(settingsWindow, u"check box"_s, u"Add receipts to Photos"_s); // off
+        user_->click(settingsTitle, u"check box"_s, u"Add receipts to Photos"_s); // off
         QVERIFY(surroundings_->session.waitFor([this] {
             return readFile(surroundings_->session.home.preferencesFile()).contains("addToPhotos=false");
         }));
-        outputOf(u"wmctrl"_s, {u"-c"_s, settingsWindow});
-        user_->waitUntilGone(settingsWindow);
+        outputOf(u"wmctrl"_s, {u"-c"_s, settingsTitle});
+        user_->waitUntilGone(settingsTitle);
     }
 
     void twelveReceiptsAreReadAndOneFails() {
@@ -115,31 +113,31 @@ private Q_SLOTS:
         }
         QVERIFY(surroundings_->session.waitFor(
             [this] { return count(u"done"_s) == 11 && count(u"error"_s) == 1; }));
-        user_->waitToSee(mainWindow, u"cell"_s, shop(12));
-        user_->waitToSee(mainWindow, u"cell"_s, u"Gemini API error: 503"_s);
+        user_->waitToSee(mainTitle, u"cell"_s, shop(12));
+        user_->waitToSee(mainTitle, u"cell"_s, u"Gemini API error: 503"_s);
         QCOMPARE(surroundings_->session.files().size(), 12);
     }
 
     void failedReceiptIsRetried() {
-        user_->clickCell(mainWindow, u"Gemini API error: 503"_s, 7, secondRowButton);
+        user_->clickCell(mainTitle, u"Gemini API error: 503"_s, 7, secondRowButton);
         QVERIFY(surroundings_->session.waitForRows(12, u"done"_s));
-        user_->waitToSee(mainWindow, u"cell"_s, shop(7));
+        user_->waitToSee(mainTitle, u"cell"_s, shop(7));
         QVERIFY(surroundings_->session.files().contains(u"2024-05-07 Lunch - Shop 7 $7.50.png"_s));
         QCOMPARE(surroundings_->session.server.requests().size(), 13);
     }
 
     void receiptIsAddedToPhotosByHand() {
-        user_->press(mainWindow, u"ctrl+comma"_s);
-        user_->waitForWindow(settingsWindow);
-        user_->click(settingsWindow, u"check box"_s, u"Add receipts to Photos"_s); // on
+        user_->press(mainTitle, u"ctrl+comma"_s);
+        user_->waitForWindow(settingsTitle);
+        user_->click(settingsTitle, u"check box"_s, u"Add receipts to Photos"_s); // on
         user_->click(u"Photos Access"_s, button, u"Allow"_s);
-        user_->waitToSee(settingsWindow, u"label"_s, u"Photos access granted"_s);
-        outputOf(u"wmctrl"_s, {u"-c"_s, settingsWindow});
-        user_->waitUntilGone(settingsWindow);
-        user_->clickCell(mainWindow, shop(3), 4, secondRowButton);
+        user_->waitToSee(settingsTitle, u"label"_s, u"Photos access granted"_s);
+        outputOf(u"wmctrl"_s, {u"-c"_s, settingsTitle});
+        user_->waitUntilGone(settingsTitle);
+        user_->clickCell(mainTitle, shop(3), 4, secondRowButton);
         QVERIFY(surroundings_->session.waitFor(
             [this] { return filesBelow(surroundings_->session.home.photoLibrary()) > 0; }));
-        user_->waitToSee(mainWindow, u"cell"_s, u"Added to Photos"_s);
+        user_->waitToSee(mainTitle, u"cell"_s, u"Added to Photos"_s);
         const QString album = surroundings_->session.home.photoLibrary() + u'/' +
                               QDir(surroundings_->session.home.photoLibrary()).entryList(QDir::Dirs).last();
         QVERIFY2(QFileInfo::exists(album + u"/2024-05-03 Lunch - Shop 3 $3.50.jpg"_s), qPrintable(album));
@@ -147,7 +145,7 @@ private Q_SLOTS:
 
     void ledgersAreExported() {
         const QString csv = surroundings_->session.home.path(u"ledger.csv"_s);
-        user_->press(mainWindow, u"ctrl+e"_s);
+        user_->press(mainTitle, u"ctrl+e"_s);
         user_->answerFileDialog(u"Export Receipts"_s, csv);
         QVERIFY(surroundings_->session.waitFor([&csv] { return QFile::exists(csv); }));
         const QList<QByteArray> lines = readFile(csv).split('\n');
@@ -161,7 +159,7 @@ private Q_SLOTS:
                                }),
                  1);
         const QString html = surroundings_->session.home.path(u"ledger.html"_s);
-        user_->press(mainWindow, u"ctrl+shift+e"_s);
+        user_->press(mainTitle, u"ctrl+shift+e"_s);
         user_->answerFileDialog(u"Export Receipts"_s, html);
         QVERIFY(surroundings_->session.waitFor([&html] { return QFile::exists(html); }));
         QVERIFY(readFile(html).contains("12 receipts"));
@@ -188,21 +186,21 @@ private Q_SLOTS:
         surroundings_->session.drop(u"scan 16.png"_s, picture(16));
         surroundings_->session.drop(u"scan 17.png"_s, picture(17));
         QVERIFY(surroundings_->session.waitForRows(2, u"done"_s));
-        user_->click(mainWindow, button, u"Clear All"_s);
-        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 2; }));
+        user_->click(mainTitle, button, u"Clear All"_s);
+        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
         VirtualDesktop::pressForMenu({u"Return"_s}); // the safe answer is the default one
-        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 1; }));
+        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 1; }));
         QCOMPARE(surroundings_->session.rows().size(), 2);
-        user_->click(mainWindow, button, u"Clear All"_s);
-        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainWindow) == 2; }));
+        user_->click(mainTitle, button, u"Clear All"_s);
+        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
         VirtualDesktop::pressForMenu({u"Tab"_s, u"Return"_s});
         QVERIFY(surroundings_->session.waitForRows(0, u"done"_s));
-        user_->waitToSee(mainWindow, u"label"_s, u"No receipts yet"_s);
+        user_->waitToSee(mainTitle, u"label"_s, u"No receipts yet"_s);
         QCOMPARE(filesBelow(surroundings_->session.folder()), 19);
     }
 
     void nothingComesBackAfterARestart() {
-        user_->press(mainWindow, u"ctrl+q"_s);
+        user_->press(mainTitle, u"ctrl+q"_s);
         QVERIFY(surroundings_->session.program.endsWithSuccess());
         const QMap<QString, QByteArray> files = surroundings_->session.files();
         const qsizetype requests = surroundings_->session.server.requests().size();
@@ -240,7 +238,7 @@ private:
 
     void startProgram() {
         surroundings_->session.program.start();
-        user_->waitForWindow(mainWindow);
+        user_->waitForWindow(mainTitle);
     }
 
     qsizetype count(const QString &status) const {
@@ -250,8 +248,8 @@ private:
     }
 
     void archive() {
-        user_->chooseFromMenu(mainWindow, u"Archive & Clear"_s, 1); // with a CSV ledger
-        user_->click(mainWindow, button, u"Export, Archive & Clear"_s);
+        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1); // with a CSV ledger
+        user_->click(mainTitle, button, u"Export, Archive & Clear"_s);
         QVERIFY(surroundings_->session.waitForRows(0, u"done"_s));
     }
 

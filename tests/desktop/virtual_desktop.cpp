@@ -14,6 +14,9 @@ namespace fennick::test {
 
 using namespace Qt::StringLiterals;
 
+const QString mainTitle = u"Fennick"_s;
+const QString settingsTitle = u"Fennick Settings"_s;
+
 namespace {
 
 // Without key and mouse bindings of the window manager's own: every key reaches the program.

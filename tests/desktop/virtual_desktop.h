@@ -10,6 +10,10 @@
 
 namespace fennick::test {
 
+// The titles of the program's windows.
+extern const QString mainTitle;
+extern const QString settingsTitle;
+
 // An X server of the test's own with a window manager in it and, while asked for, a panel with a system tray.
 // Windows are looked at and driven as another program does it; a window is named by its X identifier. Sets
 // DISPLAY and QT_QPA_PLATFORM of the test process, so that programs started afterwards appear here. Needs a

@@ -16,8 +16,6 @@ using std::chrono::milliseconds;
 
 namespace {
 
-constexpr int muchTime = 60000;
-
 // Files; those of a tree are taken in one after the other.
 constexpr int treeSize = 30;
 
@@ -61,7 +59,7 @@ private Q_SLOTS:
         for (int number = 0; number < 100; ++number) {
             session_.drop(u"scan-%1.pdf"_s.arg(number), documentNumbered(number));
         }
-        QVERIFY(session_.waitForRows(100, u"done"_s, muchTime));
+        QVERIFY(session_.waitForRows(100, u"done"_s));
         waitUntilQuiet();
         checkNumbered(100, QString());
     }
@@ -73,7 +71,7 @@ private Q_SLOTS:
             writeFile(outside + u"/%1/%2/scan.pdf"_s.arg(number / 2).arg(number), documentNumbered(number));
         }
         QVERIFY(QDir().rename(outside, session_.path(u"moved"_s)));
-        QVERIFY(session_.waitForRows(treeSize, u"done"_s, muchTime));
+        QVERIFY(session_.waitForRows(treeSize, u"done"_s));
         waitUntilQuiet();
         checkNumbered(treeSize, u"moved/%1/%2/"_s);
     }
@@ -84,7 +82,7 @@ private Q_SLOTS:
         for (int number = 0; number < treeSize; ++number) {
             session_.drop(u"copied/%1/%2/scan.pdf"_s.arg(number / 2).arg(number), documentNumbered(number));
         }
-        QVERIFY(session_.waitForRows(treeSize, u"done"_s, muchTime));
+        QVERIFY(session_.waitForRows(treeSize, u"done"_s));
         waitUntilQuiet();
         checkNumbered(treeSize, u"copied/%1/%2/"_s);
     }
@@ -97,7 +95,7 @@ private Q_SLOTS:
             contents.insert(documentNumbered(number));
             session_.drop(u"scan-%1.pdf"_s.arg(number), documentNumbered(number));
         }
-        QVERIFY(session_.waitForRows(30, u"done"_s, muchTime));
+        QVERIFY(session_.waitForRows(30, u"done"_s));
         waitUntilQuiet();
         const QMap<QString, QByteArray> files = session_.files();
         QCOMPARE(files.size(), 30);

@@ -21,7 +21,6 @@ using std::chrono::milliseconds;
 namespace {
 
 constexpr milliseconds answerDelay{30};
-constexpr int muchTime = 60000;
 
 // No two are alike, and each is converted for Photos without complaint.
 QByteArray document(int number) {
@@ -78,7 +77,7 @@ private Q_SLOTS:
             letTimePass(afterTheRequest ? 8 : 0); // so that the files are at different stages
         }
         if (afterTheRequest) {
-            QVERIFY(session_.waitFor([this] { return !session_.server.requests().isEmpty(); }, muchTime));
+            QVERIFY(session_.waitFor([this] { return !session_.server.requests().isEmpty(); }));
         }
         letTimePass(delay);
         session_.program.kill();
@@ -136,7 +135,7 @@ private:
     void checkNextStart() {
         QVERIFY(session_.start());
         const QByteArray content = dropAnother();
-        QVERIFY(session_.waitFor([&] { return isDelivered(content) && isEveryFileListed(); }, muchTime));
+        QVERIFY(session_.waitFor([&] { return isDelivered(content) && isEveryFileListed(); }));
     }
 
     bool isDelivered(const QByteArray &content) const {

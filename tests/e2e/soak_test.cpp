@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int usualCount = 200;
+constexpr int usualReceipts = 200;
 constexpr int atOnce = 20;
 constexpr int mostHandles = 100; // a scan has up to three while it is under way
 constexpr int mostThreads = 50;
@@ -25,8 +25,8 @@ struct Usage {
 
 // Each receipt gets a name of its own.
 QByteArray answer(int number) {
-    QByteArray lunch = lunchAnswer;
-    return lunch.replace("Dockside Deli", "Deli " + QByteArray::number(number));
+    QByteArray usual = lunchAnswer;
+    return usual.replace("Dockside Deli", "Deli " + QByteArray::number(number));
 }
 
 } // namespace
@@ -41,7 +41,7 @@ private Q_SLOTS:
     void everyReceiptIsOneRowAndOneFileAndNothingGrows() {
         const int count = qEnvironmentVariableIsSet("FENNICK_SOAK")
                               ? qEnvironmentVariableIntValue("FENNICK_SOAK")
-                              : usualCount;
+                              : usualReceipts;
         session_.renew();
         session_.server.setScript([this](const HttpRequest &) { return answering(answer(++answered_)); });
         QVERIFY(session_.start());

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QImage turned(const QImage &page, double degrees) {
+QImage askewPage(const QImage &page, double degrees) {
     QImage paper(page.size() + QSize(200, 200), QImage::Format_RGB32);
     paper.fill(Qt::white);
     QPainter painter(&paper);
@@ -53,7 +53,7 @@ private Q_SLOTS:
     }
     void levelsTheLines() {
         QFETCH(double, degrees);
-        const GreyPicture askew = greyPicture(turned(drawnPage(rows_, 30), degrees));
+        const GreyPicture askew = greyPicture(askewPage(drawnPage(rows_, 30), degrees));
         QVERIFY(std::abs(slantOf(askew)) > 0.5);
         QVERIFY(std::abs(slantOf(straightened(GreyPicture(pixCopy(nullptr, askew.get()))))) < 0.3);
     }

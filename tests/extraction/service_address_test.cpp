@@ -9,9 +9,9 @@ using test::writeFile;
 
 namespace {
 
-QString location(const char *address, const char *model = "m", const char *key = "k") {
+QString location(const char *address, const char *model = "m", const char *apiKey = "k") {
     const auto url =
-        endpointUrl(QString::fromUtf8(address), QString::fromUtf8(model), QString::fromUtf8(key));
+        endpointUrl(QString::fromUtf8(address), QString::fromUtf8(model), QString::fromUtf8(apiKey));
     return url ? url->toString(QUrl::FullyEncoded) : QStringLiteral("refused");
 }
 

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Well inside every gamut, and far from the same numbers in another colour space.
-constexpr QRgb wanted = qRgb(200, 60, 40);
+constexpr QRgb wantedColour = qRgb(200, 60, 40);
 
 QImage filled(QRgb colour, const QColorSpace &space = QColorSpace::SRgb) {
     QImage image(QSize(64, 48), QImage::Format_RGB32);
@@ -27,9 +27,9 @@ QImage filled(QRgb colour, const QColorSpace &space = QColorSpace::SRgb) {
     return image;
 }
 
-// A picture that shows `wanted`, with its numbers in another colour space.
+// A picture that shows `wantedColour`, with its numbers in another colour space.
 QImage wantedIn(const QColorSpace &space) {
-    QImage image = filled(wanted);
+    QImage image = filled(wantedColour);
     image.convertToColorSpace(space);
     return image;
 }
@@ -149,13 +149,13 @@ private Q_SLOTS:
 
     void showsTheSameColoursFromEveryColourSpace() {
         QFETCH(QByteArray, content);
-        const int distance = shownDistance(content, wanted);
+        const int distance = shownDistance(content, wantedColour);
         QVERIFY2(distance <= 5, qPrintable(QString::number(distance)));
     }
 
     void keepsTheProfileOfAScaledJpeg() {
         const QImage large = wantedIn(QColorSpace::DisplayP3).scaled(3200, 100);
-        const int distance = shownDistance(encoded(large, "jpeg", 95), wanted);
+        const int distance = shownDistance(encoded(large, "jpeg", 95), wantedColour);
         QVERIFY2(distance <= 5, qPrintable(QString::number(distance)));
     }
 
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QImage plain = wantedIn(QColorSpace::DisplayP3);
         plain.setColorSpace({});
         const QByteArray jpeg = withJpegProfile(encoded(plain, "jpeg", 95), large);
-        const int distance = shownDistance(jpeg, wanted);
+        const int distance = shownDistance(jpeg, wantedColour);
         QVERIFY2(distance <= 5, qPrintable(QString::number(distance)));
     }
 
@@ -214,15 +214,15 @@ private Q_SLOTS:
     void takesABrokenProfileForNone() {
         const QByteArray jpeg = withJpegProfile(cmykJpeg({0, 255, 255, 0}), "no profile at all");
         QVERIFY(shownDistance(jpeg, qRgb(255, 0, 0)) <= 4);
-        QImage plain = filled(wanted);
+        QImage plain = filled(wantedColour);
         plain.setColorSpace({});
-        QVERIFY(shownDistance(withPngProfile(encoded(plain, "png"), "no profile at all"), wanted) <= 5);
+        QVERIFY(shownDistance(withPngProfile(encoded(plain, "png"), "no profile at all"), wantedColour) <= 5);
     }
 
     void takesAProfileForOtherPicturesForNone() {
-        QImage plain = filled(wanted);
+        QImage plain = filled(wantedColour);
         plain.setColorSpace({});
-        QVERIFY(shownDistance(withPngProfile(encoded(plain, "png"), oddInksProfile()), wanted) <= 5);
+        QVERIFY(shownDistance(withPngProfile(encoded(plain, "png"), oddInksProfile()), wantedColour) <= 5);
         const QByteArray p3 = QColorSpace(QColorSpace::DisplayP3).iccProfile();
         QVERIFY(shownDistance(withJpegProfile(cmykJpeg({0, 255, 255, 0}), p3), qRgb(255, 0, 0)) <= 4);
     }

@@ -19,7 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString cannotOpen = QStringLiteral("Could not open PDF");
-const QString cannotRender = QStringLiteral("Could not render page image");
 
 QByteArray encrypted(const QByteArray &pdf, const char *userPassword) {
     QPDF document;

@@ -15,6 +15,8 @@
 
 namespace fennick::testing {
 
+const QString cannotRender = QStringLiteral("Could not render page image");
+
 namespace {
 
 constexpr const char *temporaryFolderVariable = "TMPDIR";

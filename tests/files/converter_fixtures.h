@@ -33,6 +33,9 @@ private:
     QByteArray formerTemporaryFolder_;
 };
 
+// What is told of a file that cannot be read.
+extern const QString cannotRender;
+
 QByteArray contentOf(const QString &path);
 
 // --- Pictures

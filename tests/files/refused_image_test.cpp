@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString cannotRender = QStringLiteral("Could not render page image");
-
 // `jpeg` claiming another size in its frame header.
 QByteArray withClaimedSize(QByteArray jpeg, quint16 width, quint16 height) {
     const qsizetype frame = jpeg.indexOf("\xFF\xC0");
