@@ -1,6 +1,7 @@
 #include "model/data_folder_lock.h"
 #include "platform/application_id.h"
 #include "platform/single_instance.h"
+#include "text/money_locale.h"
 #include "ui/fennick_app.h"
 #include "ui/interface_language.h"
 
@@ -39,6 +40,7 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Fennick"));
     QApplication::setDesktopFileName(fennick::applicationId);
+    QLocale::setDefault(fennick::moneyLocale()); // only money is written in it
     const fennick::InterfaceLanguage language(QLocale::system().uiLanguages());
 
     fennick::SingleInstance instance;

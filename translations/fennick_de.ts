@@ -89,6 +89,10 @@
         <source>Export Receipts</source>
         <translation>Belege exportieren</translation>
     </message>
+    <message>
+        <source>“%1” already exists. Do you want to replace it?</source>
+        <translation>„%1“ gibt es schon. Soll die Datei ersetzt werden?</translation>
+    </message>
 </context>
 <context>
     <name>FileProblem</name>

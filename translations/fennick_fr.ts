@@ -89,6 +89,10 @@
         <source>Export Receipts</source>
         <translation>Exporter les reçus</translation>
     </message>
+    <message>
+        <source>“%1” already exists. Do you want to replace it?</source>
+        <translation>« %1 » existe déjà. Faut-il le remplacer ?</translation>
+    </message>
 </context>
 <context>
     <name>FileProblem</name>

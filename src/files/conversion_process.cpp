@@ -21,6 +21,9 @@ using Result = std::expected<QStringList, ConverterError>;
 
 constexpr qint64 mostMemory = 1LL << 30;
 
+// Other programs use the processor too. This only ends what waits for something that does not come.
+constexpr int wallTimePerProcessorTime = 5;
+
 // Paths that the report names outside the folder it was given are none of its business.
 Result trusted(Result result, const QString &folder) {
     if (result && !std::ranges::all_of(
@@ -41,7 +44,7 @@ QCoro::Task<Result> convertToJPEGs(QString program, std::shared_ptr<QFile> file,
     QProcess process;
     endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime});
     process.setStandardErrorFile(QProcess::nullDevice());
-    QTimer::singleShot(longestTime, &process, &QProcess::kill);
+    QTimer::singleShot(longestTime * wallTimePerProcessorTime, &process, &QProcess::kill);
     process.setStandardInputFile(reopeningPath(*file));
     process.start(program, {QStringLiteral("--standard-input"), fileName, *folder, baseName},
                   QIODevice::ReadOnly);

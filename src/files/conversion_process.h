@@ -20,7 +20,7 @@ namespace ConversionProcess {
 // As ReceiptImageConverter::convertToJPEGs, without blocking. `program` is the path of the program
 // `convert_receipt`, `file` the receipt, open and unread; `fileName` is its name. This file is converted even
 // if it is renamed meanwhile. When the program crashes or runs into a limit (1 GiB of memory,
-// `longestTime`), that is a renderFailed error.
+// `longestTime` of processor time, five times that on the clock), that is a renderFailed error.
 QCoro::Task<std::expected<QStringList, ConverterError>>
 convertToJPEGs(QString program, std::shared_ptr<QFile> file, QString fileName, QString baseName,
                std::chrono::seconds longestTime = std::chrono::seconds(60));

@@ -8,6 +8,7 @@
 #include <QColorSpace>
 #include <QImageReader>
 
+#include <algorithm>
 #include <mutex>
 
 namespace fennick {
@@ -32,6 +33,23 @@ std::optional<YuvPicture> yuvPicture(const QImage &image) {
     return picture;
 }
 
+// Counts the picture as it is read together with the one of 32 bits that it is turned into, or that one
+// together with its planes.
+bool isAcceptable(const QImageReader &reader) {
+    const QSize size = reader.size();
+    if (!isAcceptablePixelCount(size.width(), size.height())) {
+        return false;
+    }
+    const QImage::Format format = reader.imageFormat();
+    const qint64 bitsAsRead =
+        format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
+    const bool isConverted = format != QImage::Format_RGB32 && format != QImage::Format_ARGB32;
+    constexpr qint64 bitsConverted = 32;
+    constexpr qint64 bitsOfPlanes = 12;
+    const qint64 bits = std::max(isConverted ? bitsAsRead + bitsConverted : 0, bitsConverted + bitsOfPlanes);
+    return qint64(size.width()) * size.height() * bits / 8 <= mostPictureMemory;
+}
+
 std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
     raiseAllocationLimit();
     QBuffer buffer;
@@ -39,8 +57,7 @@ std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
     reader.setAutoTransform(false);
-    const QSize size = reader.size();
-    if (!isAcceptablePixelCount(size.width(), size.height())) {
+    if (!isAcceptable(reader)) {
         return std::nullopt;
     }
 
@@ -77,6 +94,11 @@ std::optional<StoredPicture> decodePng(const QByteArray &file) {
 
 std::optional<StoredPicture> decodeWebp(const QByteArray &file) {
     return stored(decoded(file, "webp"), webpOrientation(file));
+}
+
+std::optional<StoredPicture> decodePlain(const QByteArray &file, const char *format) {
+    constexpr int upright = 1;
+    return stored(decoded(file, format), upright);
 }
 
 } // namespace fennick

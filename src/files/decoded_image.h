@@ -13,6 +13,9 @@ namespace fennick {
 std::optional<StoredPicture> decodePng(const QByteArray &file);
 std::optional<StoredPicture> decodeWebp(const QByteArray &file);
 
+// The same for a kind without orientation, by the name that Qt gives it.
+std::optional<StoredPicture> decodePlain(const QByteArray &file, const char *format);
+
 // The last steps of every decoder to packed pixels. `image` has the format ARGB32 and is in sRGB.
 std::optional<YuvPicture> yuvPictureOnWhite(QImage image);
 

@@ -26,6 +26,8 @@ using Box = std::array<double, 4>;
 // US Letter, which PDF readers take for a page without a usable media box.
 constexpr Box fallbackBox{0, 0, 612, 792};
 
+constexpr double mostDegrees = 1e9; // whatever is written, it must fit an int
+
 Box mediaBoxOf(QPDFPageObjectHelper &page) {
     QPDFObjectHandle array = page.getAttribute("/MediaBox", false);
     Box box{};
@@ -50,7 +52,10 @@ Box mediaBoxOf(QPDFPageObjectHelper &page) {
 
 bool standsOnItsSide(QPDFPageObjectHelper &page) {
     QPDFObjectHandle rotation = page.getAttribute("/Rotate", false);
-    return rotation.isInteger() && rotation.getIntValue() / 90 % 2 != 0;
+    if (!rotation.isNumber() || std::abs(rotation.getNumericValue()) > mostDegrees) {
+        return false;
+    }
+    return static_cast<int>(rotation.getNumericValue()) / 90 % 2 != 0; // also when it is written as 90.0
 }
 
 QPDFObjectHandle pdfArray(const Box &box) {

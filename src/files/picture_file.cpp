@@ -18,6 +18,13 @@ std::optional<StoredPicture> readPictureFile(QFile &file) {
     if (content.startsWith("RIFF") && content.mid(8, 4) == QByteArrayView("WEBP")) {
         return decodeWebp(content);
     }
+    // No kinds that are taken in, but a camera or a scanner may give them a name that is.
+    if (content.startsWith("BM")) {
+        return decodePlain(content, "bmp");
+    }
+    if (content.startsWith("GIF8")) {
+        return decodePlain(content, "gif");
+    }
     if (looksLikeHeif(content)) {
         return decodeHeif(content);
     }

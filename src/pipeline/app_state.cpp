@@ -3,6 +3,9 @@
 #include "pipeline/exception_text.h"
 
 #include <QCoreApplication>
+#include <QThread>
+
+#include <algorithm>
 
 namespace fennick {
 
@@ -10,7 +13,8 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     : QObject(parent)
     , store_(store)
     , settings_(settings)
-    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine")) {
+    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine"))
+    , conversions_(std::make_shared<Turns>(std::max(1, QThread::idealThreadCount()))) {
     connect(store_, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
         setLastError(tr("The list could not be saved: %1").arg(reason));
     });

@@ -3,9 +3,11 @@
 #include "export/export_service.h"
 #include "extraction/gemini_client.h"
 #include "extraction/on_device_engine.h"
+#include "files/converter_error.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
 #include "pipeline/renamed_paths.h"
+#include "pipeline/turns.h"
 #include "platform/regular_file.h"
 #include "settings/settings_store.h"
 
@@ -113,7 +115,8 @@ private:
     bool isHidden(const QString &path) const;
     QCoro::Task<> copyReceipts(QStringList paths, QString folder);
     QCoro::Task<> processFile(QString path);
-    QCoro::Task<FileState> waitForFileStability(QString path);
+    QCoro::Task<> takeInWhenStable(QString path, StateReading reading);
+    QCoro::Task<std::optional<FileState>> waitForFileStability(QString path, StateReading reading);
     QCoro::Task<> takeIn(QString path, FileState file);
     QCoro::Task<> listUnreadableNames(QString folder);
     bool isInArchive(const QString &path) const;
@@ -126,6 +129,8 @@ private:
     void failScan(const QString &id, const QString &error);
     void renameFile(Receipt receipt);
 
+    QCoro::Task<std::expected<QStringList, ConverterError>> convert(std::shared_ptr<QFile> content,
+                                                                    Receipt receipt);
     QCoro::Task<bool> addToPhotos(Receipt receipt, std::optional<FileIdentity> file);
     QCoro::Task<> deliver(Receipt receipt, std::optional<FileIdentity> file = {});
 
@@ -141,6 +146,7 @@ private:
     ReceiptStore *store_;
     SettingsStore *settings_;
     OnDeviceEngine engine_;
+    std::shared_ptr<Turns> conversions_;
     std::optional<QString> lastError_;
     std::unique_ptr<FSEventsWatcher> watcher_;
     QString watchedFolder_;

@@ -167,18 +167,26 @@ QCoro::Task<> AppState::processFile(QString path) {
         co_return;
     }
     inFlight_.insert(path);
+    co_await takeInWhenStable(path, {fileStateAt(path), Clock::now()});
+}
+
+QCoro::Task<> AppState::takeInWhenStable(QString path, StateReading reading) {
     const QPointer<AppState> self(this);
-    const auto leaving = qScopeGuard([self, path] {
+    auto leaving = qScopeGuard([self, path] {
         if (self) {
             self->inFlight_.remove(path);
         }
     });
-    const FileState file = co_await waitForFileStability(path);
+    const auto file = co_await waitForFileStability(path, reading);
     if (!self) {
         co_return;
     }
-    if (file.kind != FileKind::missing) {
-        co_await takeIn(path, file);
+    if (!file) {
+        // The watch goes on in a task of its own, so that whoever waits for this one can turn to other files.
+        leaving.dismiss();
+        startTask(takeInWhenStable(path, stabilityReadings_.take(path)));
+    } else if (file->kind != FileKind::missing) {
+        co_await takeIn(path, *file);
     } else if (mayBeUnreadable(path)) {
         unreadableNames_.start();
     }
@@ -198,24 +206,20 @@ QCoro::Task<> AppState::takeIn(QString path, FileState file) {
     co_await runScan(receipt, file.identity);
 }
 
-// What stands at the path, if it is not empty and stays the same over the interval; else nothing.
-QCoro::Task<FileState> AppState::waitForFileStability(QString path) {
-    StateReading reading{fileStateAt(path), Clock::now()};
+// What stands at the path, if it is not empty and has stayed the same since `reading` for the interval; else
+// a missing file. Nothing when the watch has to begin anew, from the reading that has been made meanwhile.
+QCoro::Task<std::optional<FileState>> AppState::waitForFileStability(QString path, StateReading reading) {
     if (reading.state.kind == FileKind::missing) {
         co_return FileState();
     }
     stabilityReadings_[path] = reading;
     const QPointer<AppState> self(this);
-    while (true) {
-        co_await sleepUntil(reading.at + stabilityInterval);
-        if (!self) {
-            co_return FileState();
-        }
-        const StateReading latest = stabilityReadings_.value(path);
-        if (latest.at == reading.at) {
-            break;
-        }
-        reading = latest;
+    co_await sleepUntil(reading.at + stabilityInterval);
+    if (!self) {
+        co_return FileState();
+    }
+    if (stabilityReadings_.value(path).at != reading.at) {
+        co_return std::nullopt;
     }
     stabilityReadings_.remove(path);
     const FileState state = fileStateAt(path);

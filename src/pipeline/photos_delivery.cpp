@@ -15,6 +15,15 @@ QString AppState::albumName(const QDateTime &processingDate) {
            QLocale::c().toString(processingDate.toLocalTime(), QStringLiteral("yyyy-MM-dd"));
 }
 
+// As many at once as there are processors: more would only take each other's time.
+QCoro::Task<std::expected<QStringList, ConverterError>> AppState::convert(std::shared_ptr<QFile> content,
+                                                                          Receipt receipt) {
+    const Turns::Turn turn = co_await conversions_->next();
+    co_return co_await ConversionProcess::convertToJPEGs(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), content,
+        receipt.filePath, FileRenamer::baseName(receipt));
+}
+
 // Whether the receipt has been added; a failure goes to `lastError`.
 QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdentity> file) {
     const QPointer<AppState> self(this);
@@ -26,10 +35,7 @@ QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdent
         setLastError(tr("Photos export failed: %1").arg(opened.error().description()));
         co_return false;
     }
-    const std::shared_ptr<QFile> content = std::move(*opened);
-    const auto images = co_await ConversionProcess::convertToJPEGs(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), content,
-        receipt.filePath, FileRenamer::baseName(receipt));
+    const auto images = co_await convert(std::move(*opened), receipt);
     if (!self) {
         co_return false;
     }

@@ -1,4 +1,6 @@
 #include "platform/file_event_stream.h"
+#include "platform/mount_points_linux.h"
+#include "platform/path_watch_linux.h"
 #include "platform/tree_listing_linux.h"
 #include "platform/watched_tree_linux.h"
 
@@ -13,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace fennick {
@@ -36,6 +39,7 @@ public:
     Worker(const QString &folder, milliseconds latency, milliseconds relisting, Deliver deliver)
         : root_(QFile::encodeName(folder).toStdString())
         , tree_(QFile::encodeName(folder))
+        , path_(root_)
         , listing_(root_)
         , latency_(latency)
         , relisting_(relisting)
@@ -59,6 +63,8 @@ public:
 
     void start(const QString &threadName) {
         tree_.watchRoot();
+        path_.renew();
+        mountPoints_ = mountPointsBelow(root_);
         thread_.reset(QThread::create([this] { run(); }));
         thread_->setObjectName(threadName);
         thread_->start();
@@ -81,14 +87,16 @@ private:
         poll(&stop, 1, static_cast<int>(gathering.count()));
     }
 
-    // Returns when events can be read, file systems were mounted or unmounted, or a step is due; false =
-    // stop.
+    // Returns when events can be read, file systems were mounted or unmounted, the root's path may lead to
+    // another folder, or a step is due; false = stop.
     bool waitForEvents() {
-        std::array<pollfd, 3> sources{pollfd{stop_, POLLIN, 0}, pollfd{tree_.descriptor(), POLLIN, 0},
-                                      pollfd{mounts_, POLLPRI, 0}};
+        std::array<pollfd, 4> sources{pollfd{stop_, POLLIN, 0}, pollfd{tree_.descriptor(), POLLIN, 0},
+                                      pollfd{mounts_, POLLPRI, 0}, pollfd{path_.descriptor(), POLLIN, 0}};
         poll(sources.data(), sources.size(), static_cast<int>(timeUntilNextStep().count()));
-        if (sources[2].revents != 0) {
+        haveMountsChanged_ = sources[2].revents != 0;
+        if (haveMountsChanged_ || sources[3].revents != 0) {
             tree_.checkRoot();
+            path_.renew();
         }
         return (sources[0].revents & POLLIN) == 0;
     }
@@ -126,7 +134,10 @@ private:
     bool takeEvents() {
         QList<TreeChange> changes;
         if (!tree_.isWatchingRoot()) {
-            tree_.lookForRoot(changes);
+            lookForRoot(changes);
+        }
+        if (haveMountsChanged_) {
+            watchMountedFolders(changes);
         }
         tree_.readEvents(changes);
         if (Clock::now() >= nextListing_ && isInNeedOfListing()) {
@@ -137,6 +148,22 @@ private:
             append({QFile::decodeName(change.path), now, change.isListed});
         }
         return !changes.isEmpty();
+    }
+
+    void lookForRoot(QList<TreeChange> &changes) {
+        tree_.lookForRoot(changes);
+        if (tree_.isWatchingRoot()) {
+            path_.renew();
+        }
+    }
+
+    // Only what is mounted in the tree is worth a walk through it.
+    void watchMountedFolders(QList<TreeChange> &changes) {
+        std::set<std::string> points = mountPointsBelow(root_);
+        if (points != mountPoints_) {
+            mountPoints_ = std::move(points);
+            tree_.watchWhatIsNew(changes);
+        }
     }
 
     // A file that is being written tells of itself many times in a row; the latest time is enough.
@@ -160,12 +187,15 @@ private:
 
     std::string root_;
     WatchedTree tree_;
+    PathWatch path_;
     TreeListing listing_;
     milliseconds latency_;
     milliseconds relisting_;
     Deliver deliver_;
     int stop_;
     int mounts_; // turns readable as an exception when the table of mounted file systems changes
+    bool haveMountsChanged_ = false;
+    std::set<std::string> mountPoints_;
     Clock::time_point nextListing_;
     std::unique_ptr<QThread> thread_;
     QList<FileEvent> pending_;

@@ -59,6 +59,12 @@ void WatchedTree::checkRoot() {
     }
 }
 
+void WatchedTree::watchWhatIsNew(QList<TreeChange> &changes) {
+    if (isWatchingRoot()) {
+        watchFolder(root_, &changes, Telling::whatIsNew);
+    }
+}
+
 void WatchedTree::readEvents(QList<TreeChange> &changes) {
     alignas(inotify_event) std::array<char, 65536> buffer;
     while (true) {
@@ -104,20 +110,26 @@ void WatchedTree::handleEvent(const inotify_event &event, QList<TreeChange> &cha
     if (event.mask & IN_MOVED_FROM) {
         forgetFolder(path);
     }
-    if (event.mask & (IN_CREATE | IN_MOVED_TO)) {
+    // Also where one was moved away: two folders may have changed places, and their events come one after the
+    // other.
+    if (event.mask & (IN_CREATE | IN_MOVED_FROM | IN_MOVED_TO)) {
         watchFolder(path, &changes);
     }
 }
 
 // Watches `folder` and every folder below it; appends all that lies in them to `found` if it is given.
-void WatchedTree::watchFolder(const std::string &folder, QList<TreeChange> *found) {
+void WatchedTree::watchFolder(const std::string &folder, QList<TreeChange> *found, Telling telling) {
     std::vector<std::string> waiting{folder};
     while (!waiting.empty()) {
         const std::string current = std::move(waiting.back());
         waiting.pop_back();
-        if (addWatch(current) < 0) {
+        const auto known = watchOfFolder_.find(current);
+        const int earlier = known == watchOfFolder_.end() ? -1 : known->second;
+        const int watch = addWatch(current);
+        if (watch < 0) {
             continue;
         }
+        const bool tells = found != nullptr && (telling == Telling::everything || watch != earlier);
         std::error_code error;
         for (fs::directory_iterator entry(current, error), end; !error && entry != end;
              entry.increment(error)) {
@@ -125,7 +137,7 @@ void WatchedTree::watchFolder(const std::string &folder, QList<TreeChange> *foun
             if (entry->symlink_status(unreadable).type() == fs::file_type::directory) {
                 waiting.push_back(entry->path().native());
             }
-            if (found != nullptr) {
+            if (tells) {
                 found->append({toBytes(entry->path().native()), true});
             }
         }

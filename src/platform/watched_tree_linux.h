@@ -43,8 +43,12 @@ public:
     bool isComplete() const { return isWatchingRoot() && isComplete_; }
 
     // Gives the watches up when another folder than the watched one stands at the root's path, as after
-    // mounting something there.
+    // mounting something there, or when none does.
     void checkRoot();
+
+    // Watches what has come to stand in the tree unseen, as by mounting, and appends what lies there to
+    // `changes`.
+    void watchWhatIsNew(QList<TreeChange> &changes);
 
     // Watches the tree if its root has (re)appeared, and appends what lies in it to `changes`.
     void lookForRoot(QList<TreeChange> &changes);
@@ -54,7 +58,9 @@ public:
 
 private:
     void handleEvent(const inotify_event &event, QList<TreeChange> &changes);
-    void watchFolder(const std::string &folder, QList<TreeChange> *found);
+    enum class Telling { everything, whatIsNew };
+    void watchFolder(const std::string &folder, QList<TreeChange> *found,
+                     Telling telling = Telling::everything);
     int addWatch(const std::string &folder);
     void forgetWatch(int watch);
     void forgetFolder(const std::string &folder);

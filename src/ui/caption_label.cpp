@@ -1,5 +1,8 @@
 #include "ui/caption_label.h"
 
+#include "ui/symbol_label.h"
+#include "ui/text_style.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -10,7 +13,6 @@ namespace fennick {
 namespace {
 
 constexpr int captionSymbolSize = 16;
-constexpr double captionScale = 0.9; // of the desktop's font
 
 } // namespace
 
@@ -22,15 +24,10 @@ CaptionLabel::CaptionLabel(const QString &text, Tint tint, std::optional<Symbol>
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(6);
     if (symbol) {
-        icon_ = symbolIcon(*symbol, tint);
-        symbolLabel_ = new QLabel(this);
-        symbolLabel_->setFixedSize(captionSymbolSize, captionSymbolSize);
-        layout->addWidget(symbolLabel_, 0, Qt::AlignVCenter);
+        layout->addWidget(new SymbolLabel(*symbol, tint, captionSymbolSize, this), 0, Qt::AlignVCenter);
     }
     textLabel_->setTextFormat(Qt::PlainText);
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * captionScale);
-    textLabel_->setFont(small);
+    textLabel_->setFont(styledFont(font(), TextStyle::caption));
     layout->addWidget(textLabel_, 1);
     setText(text);
     applyTint();
@@ -50,7 +47,7 @@ void CaptionLabel::setWordWrap(bool wraps) {
 
 void CaptionLabel::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) {
         applyTint();
     }
 }
@@ -59,10 +56,6 @@ void CaptionLabel::applyTint() {
     QPalette tinted = textLabel_->palette();
     tinted.setColor(QPalette::WindowText, tintColor(tint_, QGuiApplication::palette()));
     textLabel_->setPalette(tinted);
-    if (symbolLabel_ != nullptr) {
-        symbolLabel_->setPixmap(
-            icon_.pixmap(QSize(captionSymbolSize, captionSymbolSize), devicePixelRatio()));
-    }
 }
 
 } // namespace fennick

@@ -2,7 +2,6 @@
 
 #include "ui/symbols.h"
 
-#include <QIcon>
 #include <QWidget>
 
 class QLabel;
@@ -28,8 +27,6 @@ private:
     void applyTint();
 
     Tint tint_;
-    QIcon icon_;
-    QLabel *symbolLabel_ = nullptr;
     QLabel *textLabel_;
 };
 

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QSpacerItem>
 
+#include <functional>
+
 namespace fennick::Confirmations {
 
 namespace {
@@ -29,17 +31,30 @@ void widen(QMessageBox *box) {
     }
 }
 
-bool ask(QWidget *parent, const QString &objectName, Symbol symbol, const QString &title,
-         const QString &message, const QString &confirmText, QMessageBox::ButtonRole confirmRole) {
+struct Question {
+    QString objectName;
+    Symbol symbol;
+    QString title;
+    std::function<QString()> message; // of the moment
+    QString confirmText;
+    QMessageBox::ButtonRole confirmRole;
+};
+
+// The message follows `list`, if there is one, while the question is open.
+bool ask(QWidget *parent, const Question &question, const ReceiptStore *list = nullptr) {
     QMessageBox box(parent);
-    box.setObjectName(objectName);
-    box.setIconPixmap(
-        symbolIcon(symbol).pixmap(QSize(messageSymbolSize, messageSymbolSize), parent->devicePixelRatio()));
+    box.setObjectName(question.objectName);
+    box.setIconPixmap(symbolIcon(question.symbol)
+                          .pixmap(QSize(messageSymbolSize, messageSymbolSize), parent->devicePixelRatio()));
     box.setWindowTitle(QStringLiteral("Fennick"));
     box.setTextFormat(Qt::PlainText); // paths may look like markup
-    box.setText(title);
-    box.setInformativeText(message);
-    const QPushButton *const confirm = box.addButton(confirmText, confirmRole);
+    box.setText(question.title);
+    box.setInformativeText(question.message());
+    if (list != nullptr) {
+        QObject::connect(list, &ReceiptStore::receiptsChanged, &box,
+                         [&box, &question] { box.setInformativeText(question.message()); });
+    }
+    const QPushButton *const confirm = box.addButton(question.confirmText, question.confirmRole);
     QPushButton *const cancel =
         box.addButton(QCoreApplication::translate("Confirmations", "Cancel"), QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
@@ -67,23 +82,33 @@ QString archiveMessage(int receipts) {
 } // namespace
 
 bool confirmClear(QWidget *parent) {
-    return ask(parent, QStringLiteral("clearConfirmation"), Symbol::clear,
-               QCoreApplication::translate("Confirmations", "Clear all receipts from the list?"),
-               QCoreApplication::translate(
-                   "Confirmations",
-                   "This empties the list. Your renamed files stay in the folder and won't be "
-                   "re-scanned."),
-               QCoreApplication::translate("Confirmations", "Clear All"), QMessageBox::DestructiveRole);
+    const Question question{
+        QStringLiteral("clearConfirmation"),
+        Symbol::clear,
+        QCoreApplication::translate("Confirmations", "Clear all receipts from the list?"),
+        [] {
+            return QCoreApplication::translate(
+                "Confirmations", "This empties the list. Your renamed files stay in the folder and won't be "
+                                 "re-scanned.");
+        },
+        QCoreApplication::translate("Confirmations", "Clear All"),
+        QMessageBox::DestructiveRole};
+    return ask(parent, question);
 }
 
-bool confirmArchive(QWidget *parent, const QString &formatName, qsizetype receipts,
+bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
                     const QString &destination) {
-    const QString message =
-        archiveMessage(static_cast<int>(receipts)).arg(formatName, displayText(destination));
-    return ask(parent, QStringLiteral("archiveConfirmation"), Symbol::archive,
-               QCoreApplication::translate("Confirmations", "Export, archive, and clear this batch?"),
-               message, QCoreApplication::translate("Confirmations", "Export, Archive && Clear"),
-               QMessageBox::AcceptRole);
+    const Question question{
+        QStringLiteral("archiveConfirmation"),
+        Symbol::archive,
+        QCoreApplication::translate("Confirmations", "Export, archive, and clear this batch?"),
+        [&] {
+            return archiveMessage(static_cast<int>(store->receipts().size()))
+                .arg(formatName, displayText(destination));
+        },
+        QCoreApplication::translate("Confirmations", "Export, Archive && Clear"),
+        QMessageBox::AcceptRole};
+    return ask(parent, question, store);
 }
 
 } // namespace fennick::Confirmations

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/receipt_store.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -8,8 +10,9 @@ namespace fennick::Confirmations {
 
 bool confirmClear(QWidget *parent);
 
-// `formatName` is "CSV" or "HTML"; `receipts` counts all of them, whatever their status.
-bool confirmArchive(QWidget *parent, const QString &formatName, qsizetype receipts,
+// `formatName` is "CSV" or "HTML". The number of all receipts that is shown follows the list, whatever their
+// status.
+bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
                     const QString &destination);
 
 } // namespace fennick::Confirmations

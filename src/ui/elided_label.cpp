@@ -37,7 +37,7 @@ void ElidedLabel::resizeEvent(QResizeEvent *event) {
 
 void ElidedLabel::changeEvent(QEvent *event) {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) {
         applyTint();
     }
     if (event->type() == QEvent::FontChange) {

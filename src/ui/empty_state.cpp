@@ -1,6 +1,7 @@
 #include "ui/empty_state.h"
 
-#include "ui/symbols.h"
+#include "ui/symbol_label.h"
+#include "ui/text_style.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -13,27 +14,24 @@ namespace fennick {
 namespace {
 
 constexpr int largeSymbolSize = 44;
-constexpr double titleScale = 1.25; // of the desktop's font
 
 } // namespace
 
 EmptyState::EmptyState(QWidget *parent)
     : QWidget(parent)
-    , symbol_(new QLabel(this))
     , explanation_(new QLabel(
           tr("Choose a folder to watch, then drop in receipt PDFs or photos.\nEach one is scanned, "
              "renamed, and added to Photos for Workday mobile."),
           this))
     , choose_(new QPushButton(tr("Choose Folder…"), this)) {
-    symbol_->setFixedSize(largeSymbolSize, largeSymbolSize);
     auto *const title = new QLabel(tr("No receipts yet"), this);
     title->setObjectName(QStringLiteral("emptyTitle"));
-    QFont large = title->font();
-    large.setPointSizeF(large.pointSizeF() * titleScale);
+    QFont large = styledFont(title->font(), TextStyle::title);
     large.setWeight(QFont::Medium);
     title->setFont(large);
     explanation_->setObjectName(QStringLiteral("emptyExplanation"));
     explanation_->setAlignment(Qt::AlignCenter);
+    explanation_->setFont(styledFont(explanation_->font(), TextStyle::callout));
     choose_->setObjectName(QStringLiteral("emptyChooseFolder"));
     choose_->setDefault(true);
     connect(choose_, &QPushButton::clicked, this, &EmptyState::chooseFolderRequested);
@@ -41,7 +39,8 @@ EmptyState::EmptyState(QWidget *parent)
     auto *const layout = new QVBoxLayout(this);
     layout->setSpacing(12);
     layout->addStretch();
-    layout->addWidget(symbol_, 0, Qt::AlignHCenter);
+    layout->addWidget(new SymbolLabel(Symbol::receipts, Tint::secondary, largeSymbolSize, this), 0,
+                      Qt::AlignHCenter);
     layout->addWidget(title, 0, Qt::AlignHCenter);
     layout->addWidget(explanation_, 0, Qt::AlignHCenter);
     layout->addWidget(choose_, 0, Qt::AlignHCenter);
@@ -51,14 +50,12 @@ EmptyState::EmptyState(QWidget *parent)
 
 void EmptyState::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) {
         applyTints();
     }
 }
 
 void EmptyState::applyTints() {
-    symbol_->setPixmap(symbolIcon(Symbol::receipts, Tint::secondary)
-                           .pixmap(QSize(largeSymbolSize, largeSymbolSize), devicePixelRatio()));
     QPalette secondary = explanation_->palette();
     secondary.setColor(QPalette::WindowText, tintColor(Tint::secondary, QGuiApplication::palette()));
     explanation_->setPalette(secondary);

@@ -23,7 +23,6 @@ protected:
 private:
     void applyTints();
 
-    QLabel *symbol_;
     QLabel *explanation_;
     QPushButton *choose_;
 };

@@ -4,6 +4,8 @@
 #include "ui/elided_label.h"
 #include "ui/empty_state.h"
 #include "ui/receipts_table.h"
+#include "ui/symbol_label.h"
+#include "ui/text_style.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,13 +17,6 @@ namespace fennick {
 namespace {
 
 constexpr int headerSymbolSize = 16;
-
-QLabel *makeFolderSymbol(QWidget *parent) {
-    auto *const symbol = new QLabel(parent);
-    symbol->setPixmap(symbolIcon(Symbol::chooseFolder, Tint::secondary)
-                          .pixmap(QSize(headerSymbolSize, headerSymbolSize), parent->devicePixelRatio()));
-    return symbol;
-}
 
 QFrame *makeDivider(QWidget *parent) {
     auto *const divider = new QFrame(parent);
@@ -45,6 +40,7 @@ HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWi
     , table_(new ReceiptsTable(store, this))
     , list_(new QStackedWidget(this)) {
     folder_->setObjectName(QStringLiteral("watchFolder"));
+    folder_->setFont(styledFont(folder_->font(), TextStyle::callout));
     photosBadge_->setObjectName(QStringLiteral("photosBadge"));
     missingKey_->setObjectName(QStringLiteral("missingKey"));
     layOut();
@@ -72,7 +68,9 @@ QWidget *HomeView::makeHeader() {
     auto *const header = new QWidget(this);
     auto *const firstLine = new QHBoxLayout;
     firstLine->setSpacing(8);
-    firstLine->addWidget(makeFolderSymbol(header));
+    auto *const symbol = new SymbolLabel(Symbol::watchedFolder, Tint::secondary, headerSymbolSize, header);
+    symbol->setObjectName(QStringLiteral("folderSymbol"));
+    firstLine->addWidget(symbol);
     firstLine->addWidget(folder_, 1);
     firstLine->addWidget(photosBadge_);
 

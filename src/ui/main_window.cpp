@@ -202,8 +202,7 @@ void MainWindow::chooseFolder() {
 
 void MainWindow::archive(Format format) {
     const QString name = format == Format::html ? QStringLiteral("HTML") : QStringLiteral("CSV");
-    if (Confirmations::confirmArchive(this, name, store_->receipts().size(),
-                                      appState_->archiveDestinationPath())) {
+    if (Confirmations::confirmArchive(this, name, store_, appState_->archiveDestinationPath())) {
         appState_->archiveAndClear(format);
     }
 }

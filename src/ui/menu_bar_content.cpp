@@ -1,5 +1,9 @@
 #include "ui/menu_bar_content.h"
 
+#include "ui/text_style.h"
+
+#include <QKeyEvent>
+
 namespace fennick {
 
 MenuBarContent::MenuBarContent(const ReceiptStore *store)
@@ -10,17 +14,28 @@ MenuBarContent::MenuBarContent(const ReceiptStore *store)
     count_ = addAction(QString());
     count_->setObjectName(QStringLiteral("count"));
     count_->setEnabled(false);
+    count_->setFont(styledFont(font(), TextStyle::caption));
     addSeparator();
     QAction *const settings = addAction(tr("Settings…"));
     settings->setObjectName(QStringLiteral("menuSettings"));
     connect(settings, &QAction::triggered, this, &MenuBarContent::settingsRequested);
     addSeparator();
-    QAction *const quit = addAction(tr("Quit Fennick"));
-    quit->setObjectName(QStringLiteral("menuQuit"));
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    connect(quit, &QAction::triggered, this, &MenuBarContent::quitRequested);
+    quit_ = addAction(tr("Quit Fennick"));
+    quit_->setObjectName(QStringLiteral("menuQuit"));
+    quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit_, &QAction::triggered, this, &MenuBarContent::quitRequested);
     connect(store, &ReceiptStore::receiptsChanged, this, &MenuBarContent::showCount);
     showCount();
+}
+
+// Qt leaves the shortcuts of a menu's entries alone while the menu is open.
+void MenuBarContent::keyPressEvent(QKeyEvent *event) {
+    if (quit_->shortcut().matches(QKeySequence(event->keyCombination())) != QKeySequence::ExactMatch) {
+        QMenu::keyPressEvent(event);
+        return;
+    }
+    close();
+    quit_->trigger();
 }
 
 // "1 receipts" is intended: English has no singular form here. Other languages have theirs.

@@ -19,11 +19,15 @@ Q_SIGNALS:
     void settingsRequested();
     void quitRequested();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void showCount();
 
     const ReceiptStore *store_;
     QAction *count_;
+    QAction *quit_;
 };
 
 } // namespace fennick

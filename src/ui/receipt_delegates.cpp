@@ -2,6 +2,7 @@
 
 #include "ui/receipts_table_model.h"
 #include "ui/symbols.h"
+#include "ui/text_style.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -17,14 +18,16 @@ constexpr int spokes = 8;
 constexpr int indicatorSize = 14;
 constexpr int lineSpacing = 2;
 constexpr int verticalMargin = 6;
-constexpr double smallestScale = 0.82; // of the desktop's font
 
-QFont smallest(QFont font) {
-    font.setPointSizeF(font.pointSizeF() * smallestScale);
-    return font;
+} // namespace
+
+void CellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state &= ~QStyle::State_HasFocus;
 }
 
-void paintBackground(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) {
+void CellDelegate::paintCellBackground(QPainter *painter, const QStyleOptionViewItem &option,
+                                       const QModelIndex &index) {
     QStyleOptionViewItem background = option;
     background.index = index;
     background.state &= ~QStyle::State_HasFocus;
@@ -34,11 +37,15 @@ void paintBackground(QPainter *painter, const QStyleOptionViewItem &option, cons
     style->drawControl(QStyle::CE_ItemViewItem, &background, painter, option.widget);
 }
 
-} // namespace
+QRect CellDelegate::textArea(const QStyleOptionViewItem &option) {
+    const QStyle *const style = option.widget == nullptr ? QApplication::style() : option.widget->style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+    return option.rect.adjusted(margin, 0, -margin, 0);
+}
 
-void CellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->state &= ~QStyle::State_HasFocus;
+QColor CellDelegate::textColor(const QStyleOptionViewItem &option) {
+    const bool isSelected = option.state & QStyle::State_Selected;
+    return option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
 }
 
 void SymbolDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -48,7 +55,7 @@ void SymbolDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
         CellDelegate::paint(painter, option, index);
         return;
     }
-    paintBackground(painter, option, index);
+    paintCellBackground(painter, option, index);
     const QRect place =
         QStyle::alignedRect(option.direction, Qt::AlignCenter, option.decorationSize, option.rect);
     symbol.paint(painter, place, Qt::AlignCenter,
@@ -69,7 +76,7 @@ void StatusDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
         SymbolDelegate::paint(painter, option, index);
         return;
     }
-    paintBackground(painter, option, index);
+    paintCellBackground(painter, option, index);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(QRectF(option.rect).center());
@@ -88,24 +95,21 @@ void StatusDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 
 void SummaryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                             const QModelIndex &index) const {
-    paintBackground(painter, option, index);
+    paintCellBackground(painter, option, index);
     const bool isSelected = option.state & QStyle::State_Selected;
-    // As far from the column's edges as the text of the other cells.
-    const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option) + 1;
-    const QRect area = option.rect.adjusted(margin, 0, -margin, 0);
-    const QFont small = smallest(option.font);
+    const QRect area = textArea(option);
+    const QFont small = styledFont(option.font, TextStyle::smallestCaption);
     const int firstHeight = option.fontMetrics.height();
     const int secondHeight = QFontMetrics(small).height();
     const int top = area.top() + (area.height() - firstHeight - lineSpacing - secondHeight) / 2;
 
     painter->save();
     painter->setFont(option.font);
-    painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->setPen(textColor(option));
     painter->drawText(QRect(area.left(), top, area.width(), firstHeight), Qt::AlignLeft | Qt::AlignVCenter,
                       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
     painter->setFont(small);
-    painter->setPen(isSelected ? option.palette.color(QPalette::HighlightedText)
-                               : tintColor(Tint::secondary, option.palette));
+    painter->setPen(isSelected ? textColor(option) : tintColor(Tint::secondary, option.palette));
     painter->drawText(QRect(area.left(), top + firstHeight + lineSpacing, area.width(), secondHeight),
                       Qt::AlignLeft | Qt::AlignVCenter,
                       QFontMetrics(small).elidedText(index.data(ReceiptsTableModel::fileNameRole).toString(),
@@ -114,8 +118,8 @@ void SummaryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 }
 
 int SummaryDelegate::rowHeight(const QFont &font) {
-    return QFontMetrics(font).height() + lineSpacing + QFontMetrics(smallest(font)).height() +
-           2 * verticalMargin;
+    return QFontMetrics(font).height() + lineSpacing +
+           QFontMetrics(styledFont(font, TextStyle::smallestCaption)).height() + 2 * verticalMargin;
 }
 
 } // namespace fennick

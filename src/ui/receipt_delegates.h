@@ -14,6 +14,12 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
+    // For cells that draw their text themselves, at the place and in the colour that the style would give it.
+    static void paintCellBackground(QPainter *painter, const QStyleOptionViewItem &option,
+                                    const QModelIndex &index);
+    static QRect textArea(const QStyleOptionViewItem &option);
+    static QColor textColor(const QStyleOptionViewItem &option);
 };
 
 // A cell that shows a symbol in its middle, or text where the model has no symbol.
@@ -44,11 +50,11 @@ private:
 };
 
 // The summary cell: the summary, and under it the file's name in small secondary text.
-class SummaryDelegate : public QStyledItemDelegate {
+class SummaryDelegate : public CellDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using CellDelegate::CellDelegate;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;

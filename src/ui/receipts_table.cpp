@@ -3,6 +3,7 @@
 #include "ui/receipt_delegates.h"
 #include "ui/receipts_table_model.h"
 #include "ui/row_actions.h"
+#include "ui/tabular_digits_delegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -22,15 +23,17 @@ struct ColumnWidth {
     int ideal;
 };
 
-// In pixels. The summary takes what the others leave, but never less than its minimum.
-constexpr std::array<ColumnWidth, 5> resizableColumns = {{{Model::dateColumn, 90, 100},
+// In pixels. The summary takes what the others leave, but never less than its minimum: before that, the
+// others give way, down to theirs.
+constexpr std::array<ColumnWidth, 4> resizableColumns = {{{Model::dateColumn, 90, 100},
                                                           {Model::amountColumn, 80, 90},
                                                           {Model::locationColumn, 120, 160},
-                                                          {Model::categoryColumn, 90, 100},
-                                                          {Model::summaryColumn, 180, 260}}};
+                                                          {Model::categoryColumn, 90, 100}}};
+constexpr int summaryMinimum = 180;
 constexpr int statusWidth = 24;
 constexpr int photosWidth = 56;
 constexpr int actionsWidth = 64;
+constexpr int fixedWidth = statusWidth + photosWidth + actionsWidth;
 
 } // namespace
 
@@ -41,6 +44,9 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     setAccessibleName(tr("Receipts"));
     setModel(model_);
     setItemDelegate(new CellDelegate(this));
+    for (const Model::Column column : {Model::dateColumn, Model::amountColumn}) {
+        setItemDelegateForColumn(column, new TabularDigitsDelegate(this));
+    }
     setItemDelegateForColumn(Model::statusColumn, new StatusDelegate(viewport()));
     setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
     setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
@@ -81,27 +87,60 @@ void ReceiptsTable::layOutColumns() {
     header->setSectionsClickable(false);
     header->setMinimumSectionSize(statusWidth);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    fixColumns();
+    fitColumns();
+    connect(header, &QHeaderView::sectionResized, this,
+            [this](int column, int, int width) { takeChosenWidth(column, width); });
+}
+
+// What the user may resize, and what not.
+void ReceiptsTable::fixColumns() {
+    QHeaderView *const header = horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Interactive);
-    for (const auto &[column, minimum, ideal] : resizableColumns) {
-        header->resizeSection(column, ideal);
-    }
-    header->setSectionResizeMode(Model::summaryColumn, QHeaderView::Stretch);
+    header->setSectionResizeMode(Model::summaryColumn, QHeaderView::Fixed);
     for (const auto &[column, width] :
          {std::pair{Model::statusColumn, statusWidth}, std::pair{Model::photosColumn, photosWidth},
           std::pair{Model::actionsColumn, actionsWidth}}) {
         header->setSectionResizeMode(column, QHeaderView::Fixed);
         header->resizeSection(column, width);
     }
-    connect(header, &QHeaderView::sectionResized, this,
-            [this](int column, int, int width) { keepMinimumWidth(column, width); });
 }
 
-void ReceiptsTable::keepMinimumWidth(int column, int width) {
+void ReceiptsTable::takeChosenWidth(int column, int width) {
+    if (isFitting_) {
+        return;
+    }
     for (const auto &[resizable, minimum, ideal] : resizableColumns) {
-        if (resizable == column && column != Model::summaryColumn && width < minimum) {
-            horizontalHeader()->resizeSection(column, minimum);
+        if (resizable == column) {
+            chosenWidths_[column] = std::max(width, minimum);
         }
     }
+    fitColumns();
+}
+
+// Columns whose width the user has chosen keep it; then a narrow window scrolls.
+void ReceiptsTable::fitColumns() {
+    int ideal = 0;
+    int least = 0;
+    for (const ColumnWidth &column : resizableColumns) {
+        ideal += chosenWidths_.value(column.column, column.ideal);
+        least += chosenWidths_.value(column.column, column.minimum);
+    }
+    const int room = viewport()->width() - fixedWidth;
+    const int missing = std::clamp(ideal + summaryMinimum - room, 0, ideal - least);
+    int used = 0;
+    isFitting_ = true;
+    for (const ColumnWidth &column : resizableColumns) {
+        int width = chosenWidths_.value(column.column, column.ideal);
+        if (missing > 0 && !chosenWidths_.contains(column.column)) {
+            const int all = ideal - least;
+            width -= ((column.ideal - column.minimum) * missing + all - 1) / all;
+        }
+        horizontalHeader()->resizeSection(column.column, width);
+        used += width;
+    }
+    horizontalHeader()->resizeSection(Model::summaryColumn, std::max(summaryMinimum, room - used));
+    isFitting_ = false;
 }
 
 void ReceiptsTable::setPhotosExportOn(bool isOn) {
@@ -115,16 +154,36 @@ std::optional<Receipt> ReceiptsTable::selectedReceipt() const {
     return rows.isEmpty() ? std::nullopt : std::optional(model_->receipt(rows.first().row()));
 }
 
-QByteArray ReceiptsTable::columnState() const {
-    return horizontalHeader()->saveState();
+// With the ideal width of a column that only gives way at the moment.
+QByteArray ReceiptsTable::columnState() {
+    isFitting_ = true;
+    for (const ColumnWidth &column : resizableColumns) {
+        horizontalHeader()->resizeSection(column.column, chosenWidths_.value(column.column, column.ideal));
+    }
+    const QByteArray state = horizontalHeader()->saveState();
+    isFitting_ = false;
+    fitColumns();
+    return state;
 }
 
+// What was stored may come from another version, or from another hand.
 void ReceiptsTable::restoreColumnState(const QByteArray &state) {
+    isFitting_ = true;
     horizontalHeader()->restoreState(state);
+    fixColumns();
+    for (const ColumnWidth &column : resizableColumns) {
+        const int width = horizontalHeader()->sectionSize(column.column);
+        if (width != column.ideal) {
+            chosenWidths_[column.column] = std::max(width, column.minimum);
+        }
+    }
+    isFitting_ = false;
+    fitColumns();
 }
 
 void ReceiptsTable::resizeEvent(QResizeEvent *event) {
     QTableView::resizeEvent(event);
+    fitColumns();
     scheduleRowActions();
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/receipt_store.h"
 
+#include <QMap>
 #include <QPersistentModelIndex>
 #include <QTableView>
 #include <QTimer>
@@ -27,7 +28,7 @@ public:
     std::optional<Receipt> selectedReceipt() const;
 
     // The widths that the user has given the columns.
-    QByteArray columnState() const;
+    QByteArray columnState();
     void restoreColumnState(const QByteArray &state);
 
 Q_SIGNALS:
@@ -45,7 +46,9 @@ protected:
 
 private:
     void layOutColumns();
-    void keepMinimumWidth(int column, int width);
+    void fixColumns();
+    void takeChosenWidth(int column, int width);
+    void fitColumns();
     void scheduleRowActions();
     void showRowActions();
     void selectFirstVisibleRow();
@@ -53,7 +56,9 @@ private:
 
     ReceiptsTableModel *model_;
     QList<QPersistentModelIndex> placesWithActions_;
-    QTimer rowActionsUpdate_; // gathers many changes into one look at the visible rows
+    QTimer rowActionsUpdate_;     // gathers many changes into one look at the visible rows
+    QMap<int, int> chosenWidths_; // by the user, of columns
+    bool isFitting_ = false;
     bool isPhotosExportOn_ = false;
 };
 

@@ -26,23 +26,25 @@ QString drawingOf(Symbol symbol) {
     case Symbol::clear:
         return QStringLiteral("trash-2");
     case Symbol::done:
-        return QStringLiteral("circle-check");
+        return QStringLiteral("circle-check-filled");
     case Symbol::exportLedger:
         return QStringLiteral("share");
     case Symbol::keySaved:
-        return QStringLiteral("badge-check");
+        return QStringLiteral("badge-check-filled");
     case Symbol::photos:
         return QStringLiteral("images");
     case Symbol::receipts:
         return QStringLiteral("file-search");
     case Symbol::refused:
-        return QStringLiteral("circle-x");
+        return QStringLiteral("circle-x-filled");
     case Symbol::retry:
         return QStringLiteral("rotate-cw");
     case Symbol::reveal:
         return QStringLiteral("search");
     case Symbol::warning:
-        return QStringLiteral("triangle-alert");
+        return QStringLiteral("triangle-alert-filled");
+    case Symbol::watchedFolder:
+        return QStringLiteral("folder-filled");
     }
     Q_UNREACHABLE();
 }

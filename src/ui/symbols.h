@@ -21,6 +21,7 @@ enum class Symbol {
     retry,
     reveal,
     warning,
+    watchedFolder,
 };
 
 enum class Tint { primary, secondary, success, warning, failure, selection };

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QImage>
 
 #include <memory>
 
@@ -112,6 +113,20 @@ private Q_SLOTS:
         const Result large =
             convert(program("exec perl -e '$x = q(a) x 1_200_000_000; " + report + '\''), anyReceipt());
         QVERIFY(!large);
+    }
+
+    void largestAcceptedPictureFitsIntoTheMemory() {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        QSKIP("Programs with the sanitizer are not limited.");
+#endif
+        QImage picture(QSize(12'600, 12'600), QImage::Format_Grayscale8); // 159 megapixels
+        picture.fill(90);
+        const QString file = home_->path(QStringLiteral("large.png"));
+        writeFile(file, ""); // makes its folder
+        QVERIFY(picture.save(file));
+        const Result result = convert(converter, file);
+        QVERIFY2(result.has_value(), result ? "" : qPrintable(result.error().errorDescription()));
+        QCOMPARE(QImage(result->first()).size(), QSize(3000, 3000));
     }
 
     void missingConverterIsNamed() {

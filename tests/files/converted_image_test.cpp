@@ -276,6 +276,11 @@ private Q_SLOTS:
         QCOMPARE(cornersOf(scratch_.converted(u"a.jpg"_s, encoded(source, "png"))), u"RGBY"_s);
         QCOMPARE(cornersOf(scratch_.converted(u"a.png"_s, encoded(source, "jpeg", 95))), u"RGBY"_s);
         QCOMPARE(cornersOf(scratch_.converted(u"a.heic"_s, encoded(source, "webp", 100))), u"RGBY"_s);
+        QCOMPARE(cornersOf(scratch_.converted(u"b.jpg"_s, encoded(source, "bmp"))), u"RGBY"_s);
+        // One red pixel.
+        const QByteArray gif = QByteArray::fromHex("474946383961010001008000 00ff0000000000"
+                                                   "2c00000000010001000002024401003b");
+        QVERIFY(distanceInMiddle(scratch_.converted(u"c.png"_s, gif), qRgb(255, 0, 0)) <= 6);
     }
 
     void takesTheFirstPictureOfAnAnimation() {

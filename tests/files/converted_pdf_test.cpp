@@ -108,6 +108,7 @@ private Q_SLOTS:
         QTest::newRow("180") << QByteArray("180") << QSize(200, 100) << u"YBGR"_s;
         QTest::newRow("270") << QByteArray("270") << QSize(100, 200) << u"GYRB"_s;
         QTest::newRow("-90") << QByteArray("-90") << QSize(100, 200) << u"GYRB"_s;
+        QTest::newRow("90.0") << QByteArray("90.0") << QSize(100, 200) << u"BRYG"_s;
         QTest::newRow("450") << QByteArray("450") << QSize(100, 200) << u"BRYG"_s;
     }
 

@@ -131,6 +131,24 @@ private Q_SLOTS:
         QCOMPARE(readFile(path(stem + QStringLiteral(" (2).pdf"))), QByteArray("content of b.pdf"));
     }
 
+    // On a file system that tells them apart, as Linux's own do.
+    void namesThatDifferInCaseOrNormalFormOnlyAreOthers() {
+        const QString name = QStringLiteral("2024-05-01 Lunch - Caf\u00E9 $23.50.pdf");
+        const QString upper = name.toUpper();
+        const QString decomposed = name.normalized(QString::NormalizationForm_D);
+        writeFile(path(upper), "upper");
+        writeFile(path(decomposed), "decomposed");
+        if (QFile::exists(path(name))) {
+            QSKIP("This file system does not tell such names apart");
+        }
+        Receipt receipt = receiptOf("a.pdf");
+        receipt.location = QStringLiteral("Caf\u00E9");
+        QCOMPARE(FileRenamer::rename(receipt)->fileName, name);
+        QCOMPARE(readFile(path(upper)), QByteArray("upper"));
+        QCOMPARE(readFile(path(decomposed)), QByteArray("decomposed"));
+        QCOMPARE(readFile(path(name)), QByteArray("content of a.pdf"));
+    }
+
     void numberOfANameWithoutExtensionStandsAtItsEnd() {
         writeFile(path(QStringLiteral("Undated Misc")), "");
         QCOMPARE(FileRenamer::pickAvailableName(folder_->path(), QStringLiteral("Undated Misc")),

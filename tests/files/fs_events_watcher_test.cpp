@@ -9,7 +9,10 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <fcntl.h>
+
 #include <algorithm>
+#include <cstdio>
 #include <memory>
 
 using namespace fennick;
@@ -160,6 +163,62 @@ private Q_SLOTS:
         write("after/deep/a.pdf");
         QVERIFY(waitUntil([&] { return isTold("after/deep/a.pdf"); }));
         QVERIFY(!isTold("before/deep/a.pdf"));
+    }
+
+    void foldersThatChangePlacesAreWatchedUnderTheirNewNames() {
+        QDir().mkpath(path("one/deep"));
+        QDir().mkpath(path("two/other"));
+        start();
+        QCOMPARE(::renameat2(AT_FDCWD, QFile::encodeName(path("one")).constData(), AT_FDCWD,
+                             QFile::encodeName(path("two")).constData(), RENAME_EXCHANGE),
+                 0);
+        write("one/other/a.pdf");
+        write("two/deep/b.pdf");
+        QVERIFY(waitUntil([&] { return isTold("one/other/a.pdf") && isTold("two/deep/b.pdf"); }));
+        write("one/c.pdf"); // also when the exchange is long over
+        write("two/d.pdf");
+        QVERIFY(waitUntil([&] { return isTold("one/c.pdf") && isTold("two/d.pdf"); }));
+        QVERIFY(!isTold("one/deep/b.pdf"));
+        QVERIFY(!isTold("two/other/a.pdf"));
+    }
+
+    void folderAboveThatIsMovedAndMadeAgainIsNoticed() {
+        root_ = folder_->filePath(QStringLiteral("above/between/watched"));
+        QDir().mkpath(root_);
+        start();
+        QVERIFY(QDir().rename(folder_->filePath(QStringLiteral("above")),
+                              folder_->filePath(QStringLiteral("elsewhere"))));
+        write("a.pdf");
+        QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
+        write("sub/b.pdf");
+        QVERIFY(waitUntil([&] { return isTold("sub/b.pdf"); }));
+    }
+
+    void linkThatLeadsElsewhereIsNoticed_data() {
+        QTest::addColumn<bool>("isRelative");
+        QTest::newRow("absolute") << false;
+        QTest::newRow("relative") << true;
+    }
+    void linkThatLeadsElsewhereIsNoticed() {
+        QFETCH(bool, isRelative);
+        for (const char *const name : {"first/watched", "second/watched"}) {
+            QDir().mkpath(folder_->filePath(QString::fromLatin1(name)));
+        }
+        const QString link = folder_->filePath(QStringLiteral("current"));
+        const QString prefix = isRelative ? QString() : folder_->path() + u'/';
+        QVERIFY(QFile::link(prefix + QStringLiteral("first"), link));
+        root_ = link + QStringLiteral("/watched");
+        start();
+        write("before.pdf");
+        QVERIFY(waitUntil([&] { return isTold("before.pdf"); }));
+        QVERIFY(QFile::link(prefix + QStringLiteral("second"), link + QStringLiteral(".new")));
+        QCOMPARE(std::rename(QFile::encodeName(link + QStringLiteral(".new")).constData(),
+                             QFile::encodeName(link).constData()),
+                 0);
+        writeFile(folder_->filePath(QStringLiteral("second/watched/after.pdf")), "x");
+        QVERIFY(waitUntil([&] { return isTold("after.pdf"); }));
+        write("later.pdf");
+        QVERIFY(waitUntil([&] { return isTold("later.pdf"); }));
     }
 
     void rootThatIsRemovedAndMadeAgainIsWatchedAgain() {

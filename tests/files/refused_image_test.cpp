@@ -85,6 +85,12 @@ private Q_SLOTS:
         QCOMPARE(failureOf(encoded(picture, "png")), cannotRender);
     }
 
+    void refusesPicturesThatTakeMoreMemoryThanThereIs() {
+        QImage picture(QSize(14'900, 13'300), QImage::Format_Grayscale8); // 198 megapixels
+        picture.fill(90);
+        QCOMPARE(failureOf(encoded(picture, "png")), cannotRender);
+    }
+
     void refusesWhatIsNotThereOrNoFile() {
         const auto missing = ReceiptImageConverter::convertToJPEGs(u"/nowhere/a.jpg"_s, u"A"_s);
         QVERIFY(!missing);

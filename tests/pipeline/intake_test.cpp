@@ -106,6 +106,25 @@ private Q_SLOTS:
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"first half, second half"});
     }
 
+    void fileThatKeepsGrowingHoldsUpNoOther() {
+        const QString growing = pipeline_->drop(QStringLiteral("a.pdf"), "x");
+        pipeline_->drop(QStringLiteral("b.pdf"), "small");
+        QTimer writer;
+        connect(&writer, &QTimer::timeout, this, [&] {
+            QFile file(growing);
+            QVERIFY(file.open(QIODevice::Append));
+            file.write("x");
+        });
+        writer.start(400); // so that each change comes to its end before the next
+        pipeline_->start();
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"small"});
+        writer.stop();
+        const QByteArray whole = readFile(growing);
+        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
+        QCOMPARE(pipeline_->sentDocuments(), (QList<QByteArray>{"small", whole}));
+    }
+
     void vanishedFileIsForgotten() {
         pipeline_->start();
         QFile::remove(pipeline_->drop(QStringLiteral("a.pdf")));
@@ -230,6 +249,27 @@ private Q_SLOTS:
         pipeline_->drop(QStringLiteral("a.pdf"));
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QVERIFY(!pipeline_->receipts().first().filePath.contains(u"//"));
+    }
+
+    void fileThatIsWaitedForIsTakenInThoughTheWatchStartsAnew() {
+        pipeline_->start();
+        const QString elsewhere = pipeline_->path(QString()) + QStringLiteral("../elsewhere");
+        QDir().mkpath(QDir::cleanPath(elsewhere));
+        pipeline_->drop(QStringLiteral("a.pdf"));
+        letTimePass(150); // told, and not yet taken in
+        QVERIFY(pipeline_->receipts().isEmpty());
+        pipeline_->appState->startWatching(QDir::cleanPath(elsewhere));
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QDir(QDir::cleanPath(elsewhere)).removeRecursively();
+    }
+
+    void hiddenFilesAreSkippedByListingsOnly() {
+        pipeline_->drop(QStringLiteral(".before.pdf"));
+        pipeline_->start();
+        pipeline_->drop(QStringLiteral(".arrives.pdf"), "hidden");
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        letTimePass(longEnoughToBeTakenIn);
+        QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"hidden"});
     }
 
     void withoutAFolderTheRunningWatchGoesOn() {

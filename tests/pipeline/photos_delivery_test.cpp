@@ -1,4 +1,5 @@
 #include "pipeline_under_test.h"
+#include "support/process_status.h"
 #include "support/striped_pdf.h"
 #include "support/test_program.h"
 
@@ -9,14 +10,16 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QSignalSpy>
+#include <QThread>
+#include <QTimer>
 
 using namespace fennick;
 using namespace fennick::test;
 
 namespace {
 
-QByteArray picture() {
-    QImage image(60, 80, QImage::Format_RGB32);
+QByteArray picture(QSize size = {60, 80}) {
+    QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::white);
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -47,6 +50,25 @@ private Q_SLOTS:
                           QStringLiteral("/.album")),
                  QByteArray("Expenses: " + day.toUtf8()));
         QVERIFY(ReceiptStore().receipts().first().addedToPhotos);
+    }
+
+    void asManyConversionsRunAsThereAreProcessors() {
+        startWithPhotos(false);
+        qsizetype most = 0;
+        QTimer look;
+        connect(&look, &QTimer::timeout, this, [&most] {
+            const auto running = childrenNamed("convert_receipt", QCoreApplication::applicationPid()).size();
+            most = std::max(most, running);
+        });
+        look.start(1);
+        const QByteArray content = picture({3000, 3000});
+        const qsizetype count = 4 * QThread::idealThreadCount();
+        for (qsizetype index = 0; index < count; ++index) {
+            pipeline_->drop(QString::number(index) + QStringLiteral(".png"), content);
+        }
+        QVERIFY(waitUntil([&] { return photos().size() == count; }));
+        QVERIFY(most > 0);
+        QVERIFY2(most <= QThread::idealThreadCount(), qPrintable(QString::number(most)));
     }
 
     void twoReceiptsOfADayShareTheAlbum() {
@@ -164,6 +186,20 @@ private Q_SLOTS:
         QCOMPARE(photos(),
                  (QStringList{baseName + QStringLiteral(" (2).jpg"), baseName + QStringLiteral(".jpg")}));
         QVERIFY(waitUntil([&] { return QDir(surroundings_.home.temporaryImages()).isEmpty(); }));
+    }
+
+    void failedPushIsToldAndChangesNothingElse() {
+        pipeline_->start();
+        pipeline_->drop(QStringLiteral("a.png"), picture());
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        QVERIFY(QFile::remove(pipeline_->receipts().first().filePath));
+        pipeline_->settings->setAddToPhotos(true);
+        pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
+        QVERIFY(waitUntil([this] { return pipeline_->appState->lastError().has_value(); }));
+        QVERIFY(pipeline_->appState->lastError()->startsWith(u"Photos export failed: "));
+        QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::done);
+        QVERIFY(!pipeline_->receipts().first().error);
+        QVERIFY(!pipeline_->receipts().first().addedToPhotos);
     }
 
     void failedConversionIsToldAndChangesNothingElse() {

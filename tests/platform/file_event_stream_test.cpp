@@ -101,6 +101,21 @@ private Q_SLOTS:
         QVERIFY(waitFor(QStringLiteral("later.pdf")));
     }
 
+    void fileSystemMountedOnASubFolderIsTold() {
+        if (!allowed.canMount) {
+            QSKIP("Nothing can be mounted here.");
+        }
+        const QString sub = folder_->filePath(QStringLiteral("sub"));
+        QDir().mkpath(sub);
+        start();
+        QVERIFY(mountSmallFileSystem(sub, 64));
+        writeFile(sub + QStringLiteral("/mounted.pdf"), "x");
+        QVERIFY(waitFor(QStringLiteral("sub/mounted.pdf")));
+        QVERIFY(unmount(sub));
+        writeFile(sub + QStringLiteral("/below.pdf"), "x");
+        QVERIFY(waitFor(QStringLiteral("sub/below.pdf")));
+    }
+
     void listingTellsNewAndChangedFilesOnce() {
         TreeListing listing(folder_->path().toStdString());
         QCOMPARE(refreshed(listing), QStringList());

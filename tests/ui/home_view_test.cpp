@@ -6,10 +6,12 @@
 #include "ui/caption_label.h"
 #include "ui/elided_label.h"
 #include "ui/home_view.h"
+#include "ui/symbol_label.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
@@ -109,6 +111,78 @@ private Q_SLOTS:
         QVERIFY(!title->isVisible());
         store.clearAll();
         QVERIFY(title->isVisible());
+    }
+
+    void partsStandAsFarApartAsTheyShould() {
+        SettingsStore settings;
+        ReceiptStore store;
+        const HomeView view(&store, &settings);
+        QCOMPARE(view.layout()->spacing(), 0);
+        const auto *const header = view.findChild<ElidedLabel *>()->parentWidget()->layout();
+        QCOMPARE(header->contentsMargins(), QMargins(16, 10, 16, 10));
+        QCOMPARE(header->spacing(), 6);
+        QCOMPARE(header->itemAt(0)->layout()->spacing(), 8);
+        const auto *const title = view.findChild<QLabel *>(QStringLiteral("emptyTitle"));
+        QCOMPARE(title->parentWidget()->layout()->spacing(), 12);
+    }
+
+    void folderIsPrimaryAndItsAbsenceSecondary() {
+        SettingsStore settings;
+        ReceiptStore store;
+        const HomeView view(&store, &settings);
+        const auto *const folder = view.findChild<ElidedLabel *>();
+        const QPalette palette = QApplication::palette();
+        QCOMPARE(folder->palette().color(QPalette::WindowText), tintColor(Tint::secondary, palette));
+        settings.setWatchFolderPath(QStringLiteral("/w"));
+        QCOMPARE(folder->palette().color(QPalette::WindowText), tintColor(Tint::primary, palette));
+    }
+
+    void textsHaveTheirSizes() {
+        SettingsStore settings;
+        ReceiptStore store;
+        const HomeView view(&store, &settings);
+        const double body = view.font().pointSizeF();
+        const auto size = [&view](const char *name) {
+            return view.findChild<QLabel *>(QString::fromLatin1(name))->font().pointSizeF();
+        };
+        const auto captionSize = [&view](const char *name) {
+            const auto *const label = view.findChild<CaptionLabel *>(QString::fromLatin1(name));
+            QLabel *text = nullptr;
+            for (QLabel *const part : label->findChildren<QLabel *>()) {
+                text = part->text().isEmpty() ? text : part;
+            }
+            return text->font().pointSizeF();
+        };
+        QVERIFY(size("emptyTitle") > body);
+        QCOMPARE(view.findChild<QLabel *>(QStringLiteral("emptyTitle"))->font().weight(), QFont::Medium);
+        QVERIFY(size("watchFolder") < body);
+        QCOMPARE(size("emptyExplanation"), size("watchFolder"));
+        QVERIFY(captionSize("photosBadge") < size("watchFolder"));
+        QCOMPARE(captionSize("missingKey"), captionSize("photosBadge"));
+    }
+
+    void symbolsFollowThePalette() {
+        SettingsStore settings;
+        ReceiptStore store;
+        HomeView view(&store, &settings);
+        view.show();
+        const auto *const symbol = view.findChild<SymbolLabel *>(QStringLiteral("folderSymbol"));
+        const QPalette light = QApplication::palette();
+        const auto *const warning = view.findChild<CaptionLabel *>(QStringLiteral("missingKey"));
+        const QImage symbolBefore = symbol->pixmap().toImage();
+        const QImage warningBefore = warning->findChild<SymbolLabel *>()->pixmap().toImage();
+        QPalette dark = light;
+        dark.setColor(QPalette::Base, QColor(30, 30, 30));
+        QApplication::setPalette(dark);
+        QVERIFY(waitUntil([&] {
+            return symbol->pixmap().toImage() != symbolBefore &&
+                   warning->findChild<SymbolLabel *>()->pixmap().toImage() != warningBefore;
+        }));
+        QApplication::setPalette(light);
+        QVERIFY(waitUntil([&] {
+            return symbol->pixmap().toImage() == symbolBefore &&
+                   warning->findChild<SymbolLabel *>()->pixmap().toImage() == warningBefore;
+        }));
     }
 
     void everyReceiptIsARow() {

@@ -54,6 +54,16 @@ void clickButton(const QMessageBox *box, const QString &text) {
     QFAIL(qPrintable(QStringLiteral("no button ") + text));
 }
 
+QMessageBox::ButtonRole roleOf(const QMessageBox *box, const QString &text) {
+    const auto buttons = box->buttons();
+    for (QAbstractButton *const button : buttons) {
+        if (button->text() == text) {
+            return box->buttonRole(button);
+        }
+    }
+    return QMessageBox::InvalidRole;
+}
+
 } // namespace
 
 class MainWindowTest : public QObject {
@@ -182,6 +192,39 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(appState_->archiveDestinationPath()));
     }
 
+    void buttonsOfTheQuestionsHaveTheirRoles() {
+        settings_->setWatchFolderPath(watched_);
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        onNextDialog<QMessageBox>([](QMessageBox *box) {
+            QCOMPARE(roleOf(box, QStringLiteral("Clear All")), QMessageBox::DestructiveRole);
+            QCOMPARE(roleOf(box, QStringLiteral("Cancel")), QMessageBox::RejectRole);
+            clickButton(box, QStringLiteral("Cancel"));
+        });
+        action("clearAll")->trigger();
+        onNextDialog<QMessageBox>([](QMessageBox *box) {
+            QCOMPARE(roleOf(box, QStringLiteral("Export, Archive && Clear")), QMessageBox::AcceptRole);
+            QCOMPARE(roleOf(box, QStringLiteral("Cancel")), QMessageBox::RejectRole);
+            clickButton(box, QStringLiteral("Cancel"));
+        });
+        action("archiveCsv")->trigger();
+        QCOMPARE(store_->receipts().size(), 1);
+    }
+
+    void archiveQuestionFollowsTheList() {
+        settings_->setWatchFolderPath(watched_);
+        store_->add(finishedReceipt(addFile(QStringLiteral("a.pdf"))));
+        onNextDialog<QMessageBox>([this](QMessageBox *box) {
+            QVERIFY(box->informativeText().contains(u"moves 1 receipt file into"));
+            store_->add(finishedReceipt(addFile(QStringLiteral("b.pdf"))));
+            QVERIFY(box->informativeText().contains(u"moves 2 receipt files into"));
+            clickButton(box, QStringLiteral("Export, Archive && Clear"));
+        });
+        action("archiveCsv")->trigger();
+        QVERIFY(store_->receipts().isEmpty());
+        QCOMPARE(QDir(appState_->archiveDestinationPath()).entryList({QStringLiteral("*.pdf")}, QDir::Files),
+                 (QStringList{QStringLiteral("a.pdf"), QStringLiteral("b.pdf")}));
+    }
+
     void confirmedArchiveMovesAndClears() {
         settings_->setWatchFolderPath(watched_);
         const QString path = watched_ + QStringLiteral("/a.pdf");
@@ -210,13 +253,61 @@ private Q_SLOTS:
         const QString proposed = QStringLiteral("receipts-") + AppState::dateStamp() + ending;
         onNextDialog<QFileDialog>([target, proposed](QFileDialog *panel) {
             QCOMPARE(panel->windowTitle(), QStringLiteral("Export Receipts"));
-            auto *const name = panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-            QCOMPARE(name->text(), proposed);
-            name->setText(target);
-            QTest::keyClick(name, Qt::Key_Return);
+            QCOMPARE(panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(), proposed);
+            confirmSaving(panel, target);
         });
         action(actionName.constData())->trigger();
         QVERIFY(!readFile(target).isEmpty());
+    }
+
+    void ledgerIsTheListAsItWasAtTheClick() {
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        const QString target = home_.path(QStringLiteral("as-clicked.csv"));
+        onNextDialog<QFileDialog>([this, target](QFileDialog *panel) {
+            store_->add(finishedReceipt(QStringLiteral("/w/later.pdf")));
+            confirmSaving(panel, target);
+        });
+        action("exportCsv")->trigger();
+        QVERIFY(readFile(target).contains("a.pdf"));
+        QVERIFY(!readFile(target).contains("later.pdf"));
+    }
+
+    void ledgerKeepsItsTypeWhateverNameIsTyped_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("another type") << QStringLiteral("other.txt") << QStringLiteral("other.txt.csv");
+        QTest::newRow("none") << QStringLiteral("other") << QStringLiteral("other.csv");
+        QTest::newRow("its own") << QStringLiteral("own.csv") << QStringLiteral("own.csv");
+        QTest::newRow("its own, shouted") << QStringLiteral("OWN.CSV") << QStringLiteral("OWN.CSV");
+    }
+    void ledgerKeepsItsTypeWhateverNameIsTyped() {
+        QFETCH(QString, typed);
+        QFETCH(QString, saved);
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        const QString folder = home_.path(QStringLiteral("ledgers-") + saved);
+        QDir().mkpath(folder);
+        onNextDialog<QFileDialog>([&](QFileDialog *panel) { confirmSaving(panel, folder + u'/' + typed); });
+        action("exportCsv")->trigger();
+        QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList{saved});
+    }
+
+    void fileThatTheTypeLeadsToIsNotReplacedUnasked() {
+        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        const QString taken = home_.path(QStringLiteral("taken.txt.csv"));
+        const QString free = home_.path(QStringLiteral("free.csv"));
+        writeFile(taken, "precious");
+        onNextDialog<QFileDialog>([&](QFileDialog *panel) {
+            onNextDialog<QMessageBox>([&](QMessageBox *question) {
+                QCOMPARE(question->text(),
+                         QStringLiteral("“taken.txt.csv” already exists. Do you want to replace it?"));
+                onNextDialog<QFileDialog>([&](QFileDialog *again) { confirmSaving(again, free); });
+                question->button(QMessageBox::No)->click();
+            });
+            confirmSaving(panel, home_.path(QStringLiteral("taken.txt")));
+        });
+        action("exportCsv")->trigger();
+        QCOMPARE(readFile(taken), QByteArray("precious"));
+        QVERIFY(readFile(free).contains("a.pdf"));
     }
 
     void cancelledPanelWritesNothing() {
@@ -319,6 +410,18 @@ private Q_SLOTS:
     }
 
 private:
+    static void confirmSaving(QFileDialog *panel, const QString &path) {
+        auto *const name = panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    }
+
+    QString addFile(const QString &name) const {
+        const QString path = watched_ + u'/' + name;
+        writeFile(path, "x");
+        return path;
+    }
+
     QAction *action(const char *name) const {
         return window_->findChild<QAction *>(QString::fromLatin1(name));
     }

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QSignalSpy>
+#include <QTest>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -54,6 +55,26 @@ private Q_SLOTS:
         QCOMPARE(show.size(), 1);
         QCOMPARE(settings.size(), 1);
         QCOMPARE(quit.size(), 1);
+    }
+
+    void controlQQuitsWhileTheMenuIsOpen() {
+        const ReceiptStore store;
+        MenuBarContent menu(&store);
+        QSignalSpy quit(&menu, &MenuBarContent::quitRequested);
+        menu.popup(QPoint(0, 0));
+        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        QTest::keyClick(&menu, Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(quit.size(), 0);
+        QTest::keyClick(&menu, Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quit.size(), 1);
+        QVERIFY(!menu.isVisible());
+    }
+
+    void countIsACaption() {
+        const ReceiptStore store;
+        const MenuBarContent menu(&store);
+        const auto *const entry = menu.findChild<QAction *>(QStringLiteral("count"));
+        QVERIFY(entry->font().pointSizeF() < menu.font().pointSizeF());
     }
 
 private:

@@ -2,6 +2,7 @@
 #include "support/temporary_home.h"
 #include "support/test_program.h"
 #include "ui/receipts_table_model.h"
+#include "ui/symbols.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -103,6 +104,52 @@ private Q_SLOTS:
         receipt.error = QStringLiteral("Gemini API error: 500");
         store_->update(receipt);
         QCOMPARE(accessibleStatus(), QStringLiteral("Gemini API error: 500"));
+    }
+
+    void symbolsTellStatusAndPhotos() {
+        const auto picture = [](const QIcon &icon) {
+            return icon.pixmap(16).toImage();
+        };
+        const auto shown = [&](int row, int column) {
+            return picture(model_->index(row, column).data(Qt::DecorationRole).value<QIcon>());
+        };
+        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        failed.status = ReceiptStatus::error;
+        failed.scannedAt = QStringLiteral("2025-01-01T00:00:03Z");
+        Receipt done = finishedReceipt(QStringLiteral("/w/b.pdf"));
+        done.scannedAt = QStringLiteral("2025-01-01T00:00:02Z");
+        done.addedToPhotos = true;
+        Receipt processing = finishedReceipt(QStringLiteral("/w/c.pdf"));
+        processing.status = ReceiptStatus::processing;
+        processing.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
+        for (const Receipt &receipt : {failed, done, processing}) {
+            store_->add(receipt);
+        }
+        const QImage check = picture(symbolIcon(Symbol::done, Tint::success));
+        const QImage warning = picture(symbolIcon(Symbol::warning, Tint::warning));
+        QVERIFY(check != warning);
+        QCOMPARE(shown(0, ReceiptsTableModel::statusColumn), warning);
+        QCOMPARE(shown(1, ReceiptsTableModel::statusColumn), check);
+        QVERIFY(!model_->index(2, ReceiptsTableModel::statusColumn).data(Qt::DecorationRole).isValid());
+        QCOMPARE(shown(1, ReceiptsTableModel::photosColumn), check);
+        QVERIFY(!model_->index(0, ReceiptsTableModel::photosColumn).data(Qt::DecorationRole).isValid());
+        QCOMPARE(model_->index(0, ReceiptsTableModel::photosColumn).data(Qt::ForegroundRole).value<QColor>(),
+                 tintColor(Tint::secondary, QApplication::palette()));
+    }
+
+    // Filled drawings: their ink covers most of the symbol, not its outline alone.
+    void symbolsOfStatesAreFilled() {
+        for (const Symbol symbol :
+             {Symbol::done, Symbol::warning, Symbol::keySaved, Symbol::refused, Symbol::watchedFolder}) {
+            const QImage picture = symbolIcon(symbol).pixmap(48).toImage();
+            int ink = 0;
+            for (int y = 0; y < picture.height(); ++y) {
+                for (int x = 0; x < picture.width(); ++x) {
+                    ink += qAlpha(picture.pixel(x, y)) > 128 ? 1 : 0;
+                }
+            }
+            QVERIFY2(ink > 48 * 48 * 2 / 5, qPrintable(QString::number(ink)));
+        }
     }
 
     void onlyReceiptsInPhotosSayThatTheyAreThere() {

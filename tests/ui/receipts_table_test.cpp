@@ -61,6 +61,76 @@ private Q_SLOTS:
         }
     }
 
+    void summaryHasItsMinimumAtEveryWidth_data() {
+        QTest::addColumn<int>("width");
+        for (const int width : {300, 700, 720, 760, 900, 1600}) {
+            QTest::addRow("%d", width) << width;
+        }
+    }
+    void summaryHasItsMinimumAtEveryWidth() {
+        QFETCH(int, width);
+        table_->resize(width, 400);
+        QVERIFY(waitUntil([this] { return table_->columnWidth(Model::summaryColumn) >= 180; }));
+        const int room = table_->viewport()->width();
+        QCOMPARE(widthOfAllColumns(), std::max(room, 704)); // 704: every column at its minimum
+        QVERIFY(table_->columnWidth(Model::dateColumn) >= 90);
+        QCOMPARE(table_->columnWidth(Model::dateColumn) == 100, room >= 774);
+    }
+
+    void chosenWidthIsKeptWhereTheOthersGiveWay() {
+        table_->setColumnWidth(Model::locationColumn, 300);
+        QCOMPARE(table_->columnWidth(Model::locationColumn), 300);
+        table_->resize(720, 400);
+        QVERIFY(waitUntil([this] { return table_->viewport()->width() <= 720; }));
+        QCOMPARE(table_->columnWidth(Model::locationColumn), 300);
+        QCOMPARE(table_->columnWidth(Model::dateColumn), 90);
+        QCOMPARE(table_->columnWidth(Model::summaryColumn), 180);
+    }
+
+    void storedWidthsObeyTheMinimaToo() {
+        QHeaderView foreign(Qt::Horizontal);
+        foreign.setModel(table_->model());
+        foreign.setMinimumSectionSize(1);
+        for (int column = 0; column < Model::columns; ++column) {
+            foreign.resizeSection(column, 7);
+        }
+        foreign.setSectionResizeMode(Model::summaryColumn, QHeaderView::Stretch);
+        table_->restoreColumnState(foreign.saveState());
+        QCOMPARE(table_->columnWidth(Model::statusColumn), 24);
+        QCOMPARE(table_->columnWidth(Model::dateColumn), 90);
+        QCOMPARE(table_->columnWidth(Model::amountColumn), 80);
+        QCOMPARE(table_->columnWidth(Model::locationColumn), 120);
+        QCOMPARE(table_->columnWidth(Model::categoryColumn), 90);
+        QVERIFY(table_->columnWidth(Model::summaryColumn) >= 180);
+        QCOMPARE(table_->columnWidth(Model::photosColumn), 56);
+        QCOMPARE(table_->columnWidth(Model::actionsColumn), 64);
+    }
+
+    void narrowWindowIsNotRemembered() {
+        const QByteArray before = table_->columnState();
+        table_->resize(704, 400);
+        QVERIFY(waitUntil([this] { return table_->columnWidth(Model::dateColumn) == 90; }));
+        ReceiptsTable again(store_.get());
+        again.resize(900, 400);
+        again.show();
+        again.restoreColumnState(table_->columnState());
+        QCOMPARE(again.columnWidth(Model::dateColumn), 100);
+        QCOMPARE(again.columnState(), before);
+    }
+
+    void digitsHaveOneWidthInAnyFont() {
+        const QFont font(QStringLiteral("Cantarell"), 20);
+        if (QFontInfo(font).family() != u"Cantarell") {
+            QSKIP("Needs the font Cantarell, whose digits differ in width");
+        }
+        const QFontMetrics metrics(font);
+        QVERIFY(metrics.horizontalAdvance(QStringLiteral("11111111")) <
+                metrics.horizontalAdvance(QStringLiteral("00000000")));
+        table_->setFont(font);
+        table_->setColumnWidth(Model::dateColumn, 300);
+        QCOMPARE(placeOfTheX(QStringLiteral("1111-11-11x")), placeOfTheX(QStringLiteral("0000-00-00x")));
+    }
+
     void rowOffersWhatItsStatusAllows_data() {
         QTest::addColumn<int>("status");
         QTest::addColumn<bool>("isAdded");
@@ -171,6 +241,32 @@ private Q_SLOTS:
     }
 
 private:
+    int widthOfAllColumns() const {
+        int width = 0;
+        for (int column = 0; column < Model::columns; ++column) {
+            width += table_->columnWidth(column);
+        }
+        return width;
+    }
+
+    // The right end of the ink in the date's cell.
+    int placeOfTheX(const QString &date) {
+        store_->clearAll();
+        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        receipt.date = date;
+        store_->add(receipt);
+        const QRect cell = table_->visualRect(table_->model()->index(0, Model::dateColumn));
+        const QImage picture = table_->viewport()->grab(cell.adjusted(2, 2, -2, -2)).toImage();
+        for (int x = picture.width() - 1; x >= 0; --x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                if (qGray(picture.pixel(x, y)) < 128) {
+                    return x;
+                }
+            }
+        }
+        return -1;
+    }
+
     void loadManyReceipts(int count) {
         QList<Receipt> receipts;
         for (int index = 0; index < count; ++index) {

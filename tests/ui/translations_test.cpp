@@ -142,9 +142,12 @@ private Q_SLOTS:
         const QString folder = home_.path(QStringLiteral("Receipts"));
         onNextDialog(look);
         Confirmations::confirmClear(&window);
-        for (const int receipts : {1, 12345}) {
+        for (const int receipts : {1, 12}) {
+            while (store_->receipts().size() < receipts) {
+                store_->add(finishedReceipt(QStringLiteral("/w/%1.pdf").arg(store_->receipts().size())));
+            }
             onNextDialog(look);
-            Confirmations::confirmArchive(&window, QStringLiteral("HTML"), receipts, folder);
+            Confirmations::confirmArchive(&window, QStringLiteral("HTML"), store_.get(), folder);
         }
         onNextDialog(look);
         chooseFolder(&window, QCoreApplication::translate("WatchFolderChooser", "Watch This Folder"), folder,

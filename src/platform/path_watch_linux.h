@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace fennick {
+
+// Tells when a path may lead to another folder than before: a folder above it was moved or removed, or a link
+// on the way was changed. It watches those folders and links themselves, not what happens in them, and so
+// wakes nobody otherwise. Owned and used by the thread of one event stream after it has been set up.
+class PathWatch {
+public:
+    explicit PathWatch(std::string path);
+    ~PathWatch();
+    PathWatch(const PathWatch &) = delete;
+    PathWatch &operator=(const PathWatch &) = delete;
+
+    // Watches what the path leads over now.
+    void renew();
+
+    // The descriptor that turns readable after such a change; negative when inotify is not to be had.
+    int descriptor() const { return descriptor_; }
+
+private:
+    std::string path_;
+    int descriptor_ = -1;
+};
+
+} // namespace fennick
