@@ -214,6 +214,10 @@
         <source>The service has ended unexpectedly.</source>
         <translation>Der Dienst wurde unerwartet beendet.</translation>
     </message>
+    <message>
+        <source>The on-device engine could not be started: %1</source>
+        <translation>Die lokale Texterkennung konnte nicht gestartet werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>WatchFolderChooser</name>
@@ -247,10 +251,6 @@
     <message>
         <source>API key not configured. Set your Gemini API key in Settings.</source>
         <translation>Kein API-Schlüssel eingerichtet. Tragen Sie Ihren Gemini-API-Schlüssel in den Einstellungen ein.</translation>
-    </message>
-    <message>
-        <source>The on-device engine could not be started: %1</source>
-        <translation>Die lokale Texterkennung konnte nicht gestartet werden: %1</translation>
     </message>
     <message>
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
@@ -459,11 +459,6 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>it does not answer</source>
         <extracomment>Follows &quot;The on-device engine could not be started: &quot;.</extracomment>
         <translation>sie antwortet nicht</translation>
-    </message>
-    <message>
-        <source>%1 is missing</source>
-        <extracomment>%1 is a program&apos;s path.</extracomment>
-        <translation>%1 fehlt</translation>
     </message>
     <message>
         <source>it has ended unexpectedly</source>

@@ -214,6 +214,10 @@
         <source>The service has ended unexpectedly.</source>
         <translation>Le service s’est arrêté de façon inattendue.</translation>
     </message>
+    <message>
+        <source>The on-device engine could not be started: %1</source>
+        <translation>Le moteur local n’a pas pu être démarré&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>WatchFolderChooser</name>
@@ -247,10 +251,6 @@
     <message>
         <source>API key not configured. Set your Gemini API key in Settings.</source>
         <translation>Clé API non configurée. Saisissez votre clé API Gemini dans les paramètres.</translation>
-    </message>
-    <message>
-        <source>The on-device engine could not be started: %1</source>
-        <translation>Le moteur local n’a pas pu être démarré&#xa0;: %1</translation>
     </message>
     <message>
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
@@ -459,11 +459,6 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>it does not answer</source>
         <extracomment>Follows &quot;The on-device engine could not be started: &quot;.</extracomment>
         <translation>il ne répond pas</translation>
-    </message>
-    <message>
-        <source>%1 is missing</source>
-        <extracomment>%1 is a program&apos;s path.</extracomment>
-        <translation>%1 est introuvable</translation>
     </message>
     <message>
         <source>it has ended unexpectedly</source>

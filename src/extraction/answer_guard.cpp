@@ -1,5 +1,6 @@
 #include "extraction/answer_guard.h"
 
+#include "extraction/gemini_error.h"
 #include "platform/connection_limit.h"
 
 #include <QCoreApplication>
@@ -30,8 +31,7 @@ QByteArray withoutBrokenEnd(const QByteArray &bytes) {
 }
 
 QString tooLarge(qint64 limit) {
-    return QCoreApplication::translate("TransportError", "The answer is larger than %1 MB.")
-        .arg(limit / (1024LL * 1024));
+    return QString::fromUtf8(answerTooLargeText).arg(limit / (1024LL * 1024));
 }
 
 quint16 portOf(const QUrl &url) {
@@ -44,8 +44,9 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
     : reply_(reply) {
     patience_.setSingleShot(true);
     patience_.setInterval(limits.longestTime);
-    connect(&patience_, &QTimer::timeout, this,
-            [this] { end(QCoreApplication::translate("TransportError", "The request timed out.")); });
+    connect(&patience_, &QTimer::timeout, this, [this] {
+        end(QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "The request timed out.")));
+    });
     connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { patience_.start(); });
     connect(&reply, &QNetworkReply::readyRead, this, [this, limit = limits.largestSize] {
         if (reply_.bytesAvailable() > limit) {

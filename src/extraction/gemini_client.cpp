@@ -52,7 +52,7 @@ QNetworkRequest request(const QUrl &url) {
 
 QString transportDescription(const QNetworkReply &reply) {
     if (reply.error() == QNetworkReply::OperationCanceledError) {
-        return QCoreApplication::translate("TransportError", "The request timed out.");
+        return QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "The request timed out."));
     }
     // The library announces a reason when a compressed answer is damaged, and gives none or names a function
     // of its own.
@@ -108,7 +108,8 @@ Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &a
     }
     const QByteArray body = reply.readAll();
     if (isCut(reply, body.size())) {
-        return transportFailure(QCoreApplication::translate("TransportError", "Connection closed"), apiKey);
+        return transportFailure(QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "Connection closed")),
+                                apiKey);
     }
     return answerIn(status, body, apiKey);
 }
@@ -157,7 +158,8 @@ QCoro::Task<Result> scan(FileToRead file, QString apiKey, QString model, QString
         const ReplyPointer reply(hasBody ? session->post(next, *body) : session->get(next));
         AnswerGuard guard(*reply);
         const auto giveUp = [&guard] {
-            guard.end(QCoreApplication::translate("TransportError", "The service has ended unexpectedly."));
+            guard.end(QString::fromUtf8(
+                QT_TRANSLATE_NOOP("TransportError", "The service has ended unexpectedly.")));
         };
         const std::stop_callback atServiceEnd(serviceEnd, giveUp);
         co_await qCoro(reply.get()).waitForFinished();

@@ -27,35 +27,59 @@ constexpr const char *parseText =
 constexpr const char *noCandidatesText =
     QT_TRANSLATE_NOOP("GeminiError", "Gemini API returned no candidates in response");
 
-// The longer of two that begin alike comes first.
-constexpr std::array texts = {fileReadText, httpBodyText, httpText,        apiText,
-                              noTextText,   parseText,    noCandidatesText};
+// Whose texts are stored, some of them inside of another.
+constexpr std::array contexts = {"GeminiError", "TransportError", "FileProblem", "fennick::AppState",
+                                 "fennick::OnDeviceEngine"};
 
-QString translated(const char *text) {
-    return QCoreApplication::translate("GeminiError", text);
+struct Pattern {
+    const char *context;
+    const char *text;
+};
+
+// The longer of two that begin alike comes first.
+constexpr std::array patterns = {Pattern{"GeminiError", fileReadText},
+                                 Pattern{"GeminiError", httpBodyText},
+                                 Pattern{"GeminiError", httpText},
+                                 Pattern{"GeminiError", apiText},
+                                 Pattern{"GeminiError", noTextText},
+                                 Pattern{"GeminiError", parseText},
+                                 Pattern{"TransportError", answerTooLargeText},
+                                 Pattern{"TransportError", engineNotStartedText}};
+
+// The translation of a text without places; the text itself where there is none.
+QString translatedWhole(const QString &text) {
+    if (text.isEmpty()) {
+        return text; // which stands for the whole list of translations
+    }
+    for (const char *const context : contexts) {
+        const QString translation = QCoreApplication::translate(context, text.toUtf8().constData());
+        if (translation != text) {
+            return translation;
+        }
+    }
+    return text;
 }
 
-// The translation of `stored` if it is one of `text`, with whatever stands there for %1 and %2.
-std::optional<QString> translationOf(const QString &stored, const char *text) {
-    const QString source = QString::fromUtf8(text);
+// The translation of `stored` if it is one of the pattern's, with whatever stands there for %1 and %2.
+std::optional<QString> translationOf(const QString &stored, const Pattern &pattern) {
+    const QString source = QString::fromUtf8(pattern.text);
+    const QString translation = QCoreApplication::translate(pattern.context, pattern.text);
     const qsizetype first = source.indexOf(u"%1");
-    if (first < 0) {
-        return stored == source ? std::optional(translated(text)) : std::nullopt;
-    }
-    if (!stored.startsWith(source.first(first))) {
+    const qsizetype second = source.indexOf(u"%2");
+    const QString after = source.sliced((second < 0 ? first : second) + 2);
+    if (!stored.startsWith(source.first(first)) || !stored.endsWith(after)) {
         return std::nullopt;
     }
-    const QString rest = stored.sliced(first);
-    const qsizetype second = source.indexOf(u"%2");
+    const QString rest = stored.sliced(first).chopped(after.size());
     if (second < 0) {
-        return translated(text).arg(rest);
+        return translation.arg(translatedWhole(rest));
     }
     const QString between = source.sliced(first + 2, second - first - 2);
     const qsizetype place = rest.indexOf(between);
     if (place < 0) {
         return std::nullopt;
     }
-    return translated(text).arg(rest.first(place), rest.sliced(place + between.size()));
+    return translation.arg(rest.first(place), rest.sliced(place + between.size()));
 }
 
 } // namespace
@@ -86,12 +110,12 @@ QString errorDescription(const ScanError &error) {
 }
 
 QString inUsersLanguage(const QString &stored) {
-    for (const char *const text : texts) {
-        if (const auto translation = translationOf(stored, text)) {
+    for (const Pattern &pattern : patterns) {
+        if (const auto translation = translationOf(stored, pattern)) {
             return *translation;
         }
     }
-    return stored;
+    return translatedWhole(stored);
 }
 
 } // namespace fennick

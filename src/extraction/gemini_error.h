@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 
 #include <optional>
 #include <variant>
@@ -33,7 +34,13 @@ using ScanError = std::variant<GeminiError, TransportError>;
 // At most 2,000 characters: whatever a service sends, it must not bloat the list.
 QString errorDescription(const ScanError &error);
 
-// A stored description of a GeminiError as the user is shown it; any other text as it stands.
+// Stored with a number of megabytes, and with a reason.
+inline constexpr const char *answerTooLargeText =
+    QT_TRANSLATE_NOOP("TransportError", "The answer is larger than %1 MB.");
+inline constexpr const char *engineNotStartedText =
+    QT_TRANSLATE_NOOP("TransportError", "The on-device engine could not be started: %1");
+
+// A receipt's stored error as the user is shown it; what the program does not know, as it stands.
 QString inUsersLanguage(const QString &stored);
 
 } // namespace fennick

@@ -33,7 +33,7 @@ OnDeviceEngine::OnDeviceEngine(QString program, std::chrono::milliseconds idleTi
     connect(&idle_, &QTimer::timeout, this, &OnDeviceEngine::end);
     connect(&patience_, &QTimer::timeout, this, [this] {
         //: Follows "The on-device engine could not be started: ".
-        fail(tr("it does not answer"));
+        fail(QString::fromUtf8(QT_TR_NOOP("it does not answer")));
         process_.kill();
     });
     connect(&process_, &QProcess::readyReadStandardOutput, this, &OnDeviceEngine::readAnnouncement);
@@ -85,8 +85,7 @@ QCoro::Task<OnDeviceEngine::Use> OnDeviceEngine::use() {
 void OnDeviceEngine::start() {
     failure_.clear();
     if (!QFileInfo(program_).isExecutable()) {
-        //: %1 is a program's path.
-        failure_ = tr("%1 is missing").arg(program_);
+        failure_ = QStringLiteral("%1 is missing").arg(program_);
         return;
     }
     if (!openSocket()) {
@@ -141,7 +140,8 @@ void OnDeviceEngine::fail(const QString &reason) {
 
 void OnDeviceEngine::handleEnd() {
     const QByteArray complaint = process_.readAllStandardError().trimmed();
-    fail(complaint.isEmpty() ? tr("it has ended unexpectedly") : QString::fromUtf8(complaint));
+    fail(complaint.isEmpty() ? QString::fromUtf8(QT_TR_NOOP("it has ended unexpectedly"))
+                             : QString::fromUtf8(complaint));
     patience_.stop();
     state_ = State::ended;
     address_.clear();

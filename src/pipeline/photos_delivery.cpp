@@ -1,3 +1,4 @@
+#include "extraction/gemini_error.h"
 #include "files/conversion_process.h"
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
@@ -32,7 +33,7 @@ QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdent
     wanted.identity = file;
     OpenedFile opened = openRegularFile(wanted); // before anything is waited for: the file may be moved
     if (!opened) {
-        setLastError(tr("Photos export failed: %1").arg(opened.error().description()));
+        setLastError(tr("Photos export failed: %1").arg(inUsersLanguage(opened.error().description())));
         co_return false;
     }
     const auto images = co_await convert(std::move(*opened), receipt);

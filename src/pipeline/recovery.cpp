@@ -13,7 +13,8 @@ void AppState::recoverFromInterruption() {
     const QList<Receipt> receipts = store_->receipts();
     for (const Receipt &receipt : receipts) {
         if (receipt.status == ReceiptStatus::processing) {
-            failScan(receipt.id, tr("The scan was interrupted. Retry to scan this receipt again."));
+            failScan(receipt.id, QString::fromUtf8(QT_TR_NOOP(
+                                     "The scan was interrupted. Retry to scan this receipt again.")));
         } else if (receipt.status == ReceiptStatus::done) {
             adoptRenamedFile(receipt);
         }

@@ -87,7 +87,7 @@ QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::send(FileToRe
     }
     const auto use = co_await engine_.use();
     if (!use) {
-        const QString reason = tr("The on-device engine could not be started: %1").arg(engine_.failure());
+        const QString reason = QString::fromUtf8(engineNotStartedText).arg(engine_.failure());
         co_return std::unexpected(ScanError(TransportError{reason}));
     }
     co_return co_await GeminiClient::scan(file, OnDeviceEngine::key, settings_->model(), engine_.address(),

@@ -18,7 +18,8 @@ QCoro::Task<> AppState::listUnreadableNames(QString folder) {
         if (isSupported(path) && !isInArchive(path) && !store_->hasFilePath(path)) {
             Receipt receipt = freshReceipt(path);
             receipt.status = ReceiptStatus::error;
-            receipt.error = tr("The file's name cannot be read. Rename the file to scan it.");
+            receipt.error =
+                QString::fromUtf8(QT_TR_NOOP("The file's name cannot be read. Rename the file to scan it."));
             store_->add(receipt);
         }
     }

@@ -41,7 +41,7 @@ struct FileProblem {
     Kind kind;
     QString systemText; // for `system`: the system's description
 
-    // A sentence for the user.
+    // A sentence for the user, in English: it may be stored.
     QString description() const;
 };
 

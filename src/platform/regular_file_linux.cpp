@@ -49,15 +49,15 @@ bool isTaken(const QString &path) {
 QString FileProblem::description() const {
     switch (kind) {
     case Kind::link:
-        return QCoreApplication::translate(
-            "FileProblem", "The file is a link. Put the file itself into the folder to scan it.");
+        return QString::fromUtf8(QT_TRANSLATE_NOOP(
+            "FileProblem", "The file is a link. Put the file itself into the folder to scan it."));
     case Kind::notRegular:
-        return QCoreApplication::translate("FileProblem", "This is not a regular file.");
+        return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "This is not a regular file."));
     case Kind::replaced:
-        return QCoreApplication::translate(
-            "FileProblem", "The file was changed before it could be read. Retry to scan it as it is now.");
+        return QString::fromUtf8(QT_TRANSLATE_NOOP(
+            "FileProblem", "The file was changed before it could be read. Retry to scan it as it is now."));
     case Kind::tooLarge:
-        return QCoreApplication::translate("FileProblem", "The file is larger than 100 MB.");
+        return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "The file is larger than 100 MB."));
     case Kind::system:
         break;
     }

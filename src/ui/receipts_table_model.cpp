@@ -1,9 +1,9 @@
 #include "ui/receipts_table_model.h"
 
+#include "extraction/gemini_error.h"
 #include "text/currency_text.h"
 #include "text/display_text.h"
 #include "ui/plain_tool_tip.h"
-#include "ui/shown_error.h"
 #include "ui/symbols.h"
 
 #include <QGuiApplication>
@@ -21,7 +21,7 @@ QString statusText(const Receipt &receipt) {
     case ReceiptStatus::done:
         return ReceiptsTableModel::tr("Done");
     case ReceiptStatus::error:
-        return receipt.error ? shownError(*receipt.error) : ReceiptsTableModel::tr("Error");
+        return receipt.error ? inUsersLanguage(*receipt.error) : ReceiptsTableModel::tr("Error");
     }
     Q_UNREACHABLE();
 }

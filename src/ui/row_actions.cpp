@@ -1,8 +1,8 @@
 #include "ui/row_actions.h"
 
+#include "extraction/gemini_error.h"
 #include "ui/focus_frame.h"
 #include "ui/plain_tool_tip.h"
-#include "ui/shown_error.h"
 #include "ui/symbols.h"
 
 #include <QHBoxLayout>
@@ -52,7 +52,7 @@ void RowActions::show(const Receipt &receipt, bool isPhotosExportOn) {
     addToPhotos_->setVisible(receipt.status == ReceiptStatus::done && !receipt.addedToPhotos &&
                              isPhotosExportOn);
     retry_->setVisible(receipt.status == ReceiptStatus::error);
-    retry_->setToolTip(plainToolTip(receipt.error ? shownError(*receipt.error) : tr("Retry")));
+    retry_->setToolTip(plainToolTip(receipt.error ? inUsersLanguage(*receipt.error) : tr("Retry")));
 }
 
 void RowActions::setSelected(bool isSelected) {

@@ -1,5 +1,6 @@
 #include "extraction/gemini_error.h"
 #include "model/data_folder_lock.h"
+#include "platform/regular_file.h"
 #include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/receipts.h"
@@ -126,6 +127,28 @@ private Q_SLOTS:
         const QString shown = inUsersLanguage(stored);
         QVERIFY(shown != stored);
         QVERIFY(shown.endsWith(error.text));
+    }
+
+    void ownReasonsAreStoredInEnglishToo_data() {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("shown");
+        using Kind = FileProblem::Kind;
+        QTest::newRow("whole") << FileProblem{Kind::tooLarge, {}}.description() << u"Die Datei"_s;
+        QTest::newRow("in another text")
+            << GeminiError{GeminiError::Kind::fileRead, 0, FileProblem{Kind::link, {}}.description()}
+                   .errorDescription()
+            << u"Verknüpfung"_s;
+        QTest::newRow("with a number") << QString::fromUtf8(answerTooLargeText).arg(64) << u"größer als 64"_s;
+        QTest::newRow("interrupted") << u"The scan was interrupted. Retry to scan this receipt again."_s
+                                     << u"unterbrochen"_s;
+    }
+    void ownReasonsAreStoredInEnglishToo() {
+        QFETCH(QString, stored);
+        QFETCH(QString, shown);
+        QVERIFY(stored.startsWith(u"The ") || stored.startsWith(u"Failed to read file: The file is a link"));
+        const InterfaceLanguage german({u"de"_s});
+        QVERIFY2(inUsersLanguage(stored).contains(shown), qPrintable(inUsersLanguage(stored)));
+        QVERIFY(!inUsersLanguage(stored).contains(u"The "));
     }
 
     void otherTextsAreShownAsTheyStand() {
