@@ -251,18 +251,6 @@ private Q_SLOTS:
         QVERIFY(!pipeline_->receipts().first().filePath.contains(u"//"));
     }
 
-    void fileThatIsWaitedForIsTakenInThoughTheWatchStartsAnew() {
-        pipeline_->start();
-        const QString elsewhere = pipeline_->path(QString()) + QStringLiteral("../elsewhere");
-        QDir().mkpath(QDir::cleanPath(elsewhere));
-        pipeline_->drop(QStringLiteral("a.pdf"));
-        letTimePass(150); // told, and not yet taken in
-        QVERIFY(pipeline_->receipts().isEmpty());
-        pipeline_->appState->startWatching(QDir::cleanPath(elsewhere));
-        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        QDir(QDir::cleanPath(elsewhere)).removeRecursively();
-    }
-
     void hiddenFilesAreSkippedByListingsOnly() {
         pipeline_->drop(QStringLiteral(".before.pdf"));
         pipeline_->drop(QStringLiteral("a.pdf"), "listed");
