@@ -67,7 +67,8 @@ std::optional<QString> translationOf(const QString &stored, const Pattern &patte
     const qsizetype first = source.indexOf(u"%1");
     const qsizetype second = source.indexOf(u"%2");
     const QString after = source.sliced((second < 0 ? first : second) + 2);
-    if (!stored.startsWith(source.first(first)) || !stored.endsWith(after)) {
+    if (stored.size() < first + after.size() || !stored.startsWith(source.first(first)) ||
+        !stored.endsWith(after)) {
         return std::nullopt;
     }
     const QString rest = stored.sliced(first).chopped(after.size());

@@ -4,9 +4,9 @@
 
 namespace fennick {
 
-// Tells when a path may lead to another folder than before: a folder above it was moved or removed, or a link
-// on the way was changed. It watches those folders and links themselves, not what happens in them, and so
-// wakes nobody otherwise. Owned and used by the thread of one event stream after it has been set up.
+// Detects that a path may now resolve to a different folder: a folder above it was moved or removed, or a
+// link on the way was changed. It watches those folders and links themselves, not what happens in them, and
+// so wakes nobody otherwise. Owned and used by the thread of one event stream after it has been set up.
 class PathWatch {
 public:
     explicit PathWatch(std::string path);
@@ -17,7 +17,7 @@ public:
     // Watches what the path leads over now.
     void renew();
 
-    // The descriptor that turns readable after such a change; negative when inotify is not to be had.
+    // The descriptor that becomes readable after such a change; negative if inotify is unavailable.
     int descriptor() const { return descriptor_; }
 
 private:

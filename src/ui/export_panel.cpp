@@ -48,7 +48,7 @@ std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &recei
         const QString chosen = panel.selectedFiles().first();
         const QString path = withExtension(chosen, extension);
         if (path == chosen || !isTaken(path) || mayReplace(parent, path)) {
-            // The result is intentionally not looked at: the caller is told the place in any case.
+            // Failure is ignored on purpose: the caller gets the path in any case.
             ExportService::writeLedger(listed, format, path);
             return path;
         }

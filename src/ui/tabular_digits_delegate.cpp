@@ -27,10 +27,11 @@ double widestDigit(QChar digit, const QFontMetricsF &metrics) {
 
 QList<Piece> piecesOf(const QString &text, const QFontMetricsF &metrics) {
     QList<Piece> pieces;
+    double column = 0; // one script's digits stand in a text
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start + 1;
         if (text.at(start).isDigit()) {
-            const double column = widestDigit(text.at(start), metrics);
+            column = column > 0 ? column : widestDigit(text.at(start), metrics);
             pieces.append(
                 {text.mid(start, 1), column, (column - metrics.horizontalAdvance(text.at(start))) / 2});
         } else {

@@ -67,7 +67,7 @@ private:
 extern const QByteArray lunchAnswer;
 extern const QString lunchName;
 
-// What is told of a receipt when no key is stored.
+// The error of a receipt that is scanned while no API key is stored.
 extern const QString missingKey;
 
 } // namespace fennick::test

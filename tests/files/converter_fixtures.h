@@ -33,7 +33,7 @@ private:
     QByteArray formerTemporaryFolder_;
 };
 
-// What is told of a file that cannot be read.
+// The description of the error for a file that cannot be rendered.
 extern const QString cannotRender;
 
 QByteArray contentOf(const QString &path);

@@ -131,7 +131,7 @@ private Q_SLOTS:
         QCOMPARE(readFile(path(stem + QStringLiteral(" (2).pdf"))), QByteArray("content of b.pdf"));
     }
 
-    // On a file system that tells them apart, as Linux's own do.
+    // Only on case-sensitive file systems, such as Linux's own.
     void namesThatDifferInCaseOrNormalFormOnlyAreOthers() {
         const QString name = QStringLiteral("2024-05-01 Lunch - Caf\u00E9 $23.50.pdf");
         const QString upper = name.toUpper();

@@ -155,6 +155,8 @@ private Q_SLOTS:
         const InterfaceLanguage german({u"de"_s});
         QCOMPARE(inUsersLanguage(u"Connection refused"_s), u"Connection refused"_s);
         QCOMPARE(inUsersLanguage({}), QString());
+        const QString overlapping = u"The answer is larger than MB."_s; // of a damaged list
+        QCOMPARE(inUsersLanguage(overlapping), overlapping);
     }
 
     void formatsStayTheUsers() {
