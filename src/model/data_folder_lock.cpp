@@ -6,9 +6,6 @@
 namespace fennick {
 
 DataFolderLock::DataFolderLock()
-    : file_(joinedPath(dataFolder(), QStringLiteral("lock"))) {
-    file_.setStaleLockTime(0); // however long a program runs: its lock is stale when it has ended
-    isTaken_ = !file_.tryLock(0) && file_.error() == QLockFile::LockFailedError;
-}
+    : lock_(joinedPath(dataFolder(), QStringLiteral("lock"))) {}
 
 } // namespace fennick

@@ -1,22 +1,20 @@
 #pragma once
 
-#include <QLockFile>
+#include "platform/file_lock.h"
 
 namespace fennick {
 
 // Keeps a second program of the user's from working on the same list: where the two do not share a session
-// bus they know nothing of each other, and each would overwrite what the other has written. Held from its
-// creation to its end; what a crash leaves of it holds nobody up. Owned by main().
+// bus they know nothing of each other, and each would overwrite what the other has written. Owned by main().
 class DataFolderLock {
 public:
     DataFolderLock();
 
     // Whether another running program holds the lock. A folder that takes no lock file is not locked.
-    bool isTaken() const { return isTaken_; }
+    bool isTaken() const { return lock_.isTaken(); }
 
 private:
-    QLockFile file_;
-    bool isTaken_;
+    FileLock lock_;
 };
 
 } // namespace fennick

@@ -2,6 +2,7 @@
 #include "platform/single_instance.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 
@@ -38,6 +39,13 @@ private:
     SingleInstance *instance_;
 };
 
+bool askToShowItself(const QDBusConnection &bus) {
+    QDBusMessage activate = QDBusMessage::createMethodCall(applicationId, objectPath, applicationInterface,
+                                                           QStringLiteral("Activate"));
+    activate.setArguments({QVariantMap()});
+    return bus.call(activate).type() == QDBusMessage::ReplyMessage;
+}
+
 } // namespace
 
 SingleInstance::SingleInstance(QObject *parent)
@@ -49,14 +57,14 @@ bool SingleInstance::claim() {
         return true;
     }
     bus.registerVirtualObject(objectPath, new ApplicationObject(this));
-    if (bus.registerService(applicationId)) {
-        return true;
+    while (!bus.registerService(applicationId)) {
+        const bool hasAnswered = askToShowItself(bus);
+        // Right after a crash the bus may still know the ended program by the name; it has nobody to show.
+        if (hasAnswered || bus.interface()->isServiceRegistered(applicationId)) {
+            return false;
+        }
     }
-    QDBusMessage activate = QDBusMessage::createMethodCall(applicationId, objectPath, applicationInterface,
-                                                           QStringLiteral("Activate"));
-    activate.setArguments({QVariantMap()});
-    bus.call(activate);
-    return false;
+    return true;
 }
 
 } // namespace fennick

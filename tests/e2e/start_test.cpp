@@ -237,6 +237,19 @@ private Q_SLOTS:
         QVERIFY(session_.start());
     }
 
+    void leftBehindLockHoldsNobodyUp_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty, as after a power cut") << QByteArray();
+        QTest::newRow("of a machine that had another name") << QByteArray("1\nfennick\nold-name\n\n\n");
+        QTest::newRow("of a process whose number is in use again")
+            << QByteArray::number(QCoreApplication::applicationPid()) + "\nfennick\n";
+    }
+    void leftBehindLockHoldsNobodyUp() {
+        QFETCH(QByteArray, content);
+        writeFile(session_.home.path(u"data/Fennick/lock"_s), content);
+        QVERIFY(session_.start());
+    }
+
     void withoutASecretStoreItWorksWithoutAKey() {
         const BareBus bus(session_.home);
         QVERIFY(!bus.address().isEmpty());

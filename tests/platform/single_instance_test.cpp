@@ -6,22 +6,65 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QDBusVirtualObject>
 #include <QSignalSpy>
+#include <QThread>
 
 using namespace fennick;
+
+namespace {
+
+const QString applicationName = QStringLiteral("org.fennick.Fennick");
+
+// Leaves the bus as soon as it is spoken to, without an answer.
+class LeavingProgram : public QDBusVirtualObject {
+public:
+    bool takeName() {
+        QDBusConnection bus =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("leaving"));
+        return bus.registerVirtualObject(QStringLiteral("/org/fennick/Fennick"), this) &&
+               bus.registerService(applicationName);
+    }
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &, const QDBusConnection &bus) override {
+        QDBusConnection::disconnectFromBus(bus.name());
+        return true;
+    }
+};
+
+// A thread that runs an event loop, with an object on it.
+class ServingThread {
+public:
+    explicit ServingThread(QObject &object) {
+        object.moveToThread(&thread_);
+        thread_.start();
+    }
+    ~ServingThread() {
+        thread_.quit();
+        thread_.wait();
+    }
+
+private:
+    QThread thread_;
+};
+
+} // namespace
 
 class SingleInstanceTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QDBusConnection::sessionBus().unregisterService(applicationName); }
+
     void firstStartClaimsTheNameAndShowsItselfOnActivate() {
         SingleInstance instance;
         QSignalSpy activations(&instance, &SingleInstance::activationRequested);
         QVERIFY(instance.claim());
         QDBusMessage activate = QDBusMessage::createMethodCall(
-            QStringLiteral("org.fennick.Fennick"), QStringLiteral("/org/fennick/Fennick"),
+            applicationName, QStringLiteral("/org/fennick/Fennick"),
             QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
         activate.setArguments({QVariantMap()});
         QDBusConnection other =
@@ -29,6 +72,15 @@ private Q_SLOTS:
         other.asyncCall(activate);
         fennick::test::waitUntil([&] { return activations.size() == 1; });
         QCOMPARE(activations.size(), 1);
+    }
+
+    void nameOfAProgramThatHasJustEndedIsTakenOver() {
+        LeavingProgram ended;
+        const ServingThread thread(ended);
+        QVERIFY(ended.takeName());
+        SingleInstance instance;
+        QVERIFY(instance.claim());
+        QVERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(applicationName));
     }
 
 private:
