@@ -75,6 +75,10 @@ int stat64(const char *path, struct stat64 *status) {
     return next<int(const char *, struct stat64 *)>("stat64")(redirected(path).c_str(), status);
 }
 
+int lstat(const char *path, struct stat *status) {
+    return next<int(const char *, struct stat *)>("lstat")(redirected(path).c_str(), status);
+}
+
 int lstat64(const char *path, struct stat64 *status) {
     return next<int(const char *, struct stat64 *)>("lstat64")(redirected(path).c_str(), status);
 }
