@@ -45,7 +45,7 @@ int main(int argc, char *argv[]) {
         }
         seen = files.size();
     });
-    watcher.start();
+    watcher.start().waitForFinished();
     std::puts("watching");
     std::fflush(stdout);
     QElapsedTimer timer;

@@ -15,7 +15,7 @@ FSEventsWatcher::FSEventsWatcher(QString path, OnPaths onPaths)
     : path_(std::move(path))
     , onPaths_(std::move(onPaths)) {}
 
-void FSEventsWatcher::start() {
+QFuture<void> FSEventsWatcher::start() {
     stream_.reset(); // never two streams at once
     stream_ = FileEventStream::create(path_, latency, relisting, applicationId + QStringLiteral(".fsevents"),
                                       [this](const QList<FileEvent> &events) {
@@ -23,6 +23,7 @@ void FSEventsWatcher::start() {
                                               onPaths_(events);
                                           }
                                       });
+    return stream_ ? stream_->watching() : QtFuture::makeReadyFuture();
 }
 
 } // namespace fennick

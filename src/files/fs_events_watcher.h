@@ -18,9 +18,9 @@ public:
 
     FSEventsWatcher(QString path, OnPaths onPaths);
 
-    // Watches from now on, in place of an earlier watch. What already lies in the folder is not told.
-    // Without an event source nothing is told, and nothing is said.
-    void start();
+    // Watches in place of an earlier watch, as soon as what is returned has finished. What already lies in
+    // the folder by then is not told. Without an event source nothing is told, and nothing is said.
+    QFuture<void> start();
 
 private:
     QString path_;

@@ -13,10 +13,13 @@
 
 #include <QCoroTask>
 #include <QDateTime>
+#include <QFuture>
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QPromise>
 #include <QSet>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <chrono>
@@ -46,8 +49,8 @@ public:
     // Recovery --------------------------------------------------------------------------------------------
 
     // Brings list, files and photo library together again where a run was killed in the middle of something.
-    // Once, before anything else.
-    void recoverFromInterruption();
+    // Once, before anything else; what is returned has finished when files that were renamed are found again.
+    QFuture<void> recoverFromInterruption();
 
     // Intake ----------------------------------------------------------------------------------------------
 
@@ -109,7 +112,7 @@ private:
 
     void handleEvents(const QList<FileEvent> &events);
     void debounce(const FileEvent &event);
-    QCoro::Task<> scanExistingFiles(QString folder);
+    QCoro::Task<> scanExistingFiles(QString folder, QFuture<void> watching);
     void takeInLater(const QStringList &listed);
     QCoro::Task<> takeInOneAfterTheOther();
     bool isHidden(const QString &path) const;
@@ -137,7 +140,8 @@ private:
     void carryOut(const PendingArchive &archive);
     void resumeArchive();
     void moveIntoArchive(const QString &path, const QString &folder);
-    void adoptRenamedFile(const Receipt &receipt);
+    QCoro::Task<> adoptRenamedFiles(QPromise<void> end);
+    void adoptFirstFree(const QString &id, const QStringList &paths);
 
     void setLastError(const QString &error);
     void startTask(QCoro::Task<> task);
@@ -145,9 +149,11 @@ private:
 
     ReceiptStore *store_;
     SettingsStore *settings_;
+    std::unique_ptr<QThreadPool> folderThreads_; // what lists the watched folder may wait for it for ever
     OnDeviceEngine engine_;
     std::shared_ptr<Turns> conversions_;
     std::optional<QString> lastError_;
+    QFuture<void> adoption_ = QtFuture::makeReadyFuture(); // of files that a killed run has renamed
     std::unique_ptr<FSEventsWatcher> watcher_;
     QString watchedFolder_;
     QTimer unreadableNames_;  // until they are listed again, after an event of one

@@ -60,12 +60,12 @@ void AppState::startWatching(const QString &path) {
     watcher_.reset();
     watchedFolder_ = folder;
     watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
-        // On the watcher's thread, which ends before this object does.
+        // On the watcher's thread, which tells nothing after the end of this object.
         QMetaObject::invokeMethod(this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
     });
-    watcher_->start();
+    const QFuture<void> watching = watcher_->start();
     GeminiClient::prepare();
-    startTask(scanExistingFiles(folder));
+    startTask(scanExistingFiles(folder, watching));
     startTask(listUnreadableNames(folder));
 }
 
@@ -113,9 +113,18 @@ bool AppState::isInArchive(const QString &path) const {
     return path.startsWith(joinedPath(QDir::cleanPath(configured), QString())); // as archiveRoot()
 }
 
-QCoro::Task<> AppState::scanExistingFiles(QString folder) {
+// Only once changes are told, or a file that comes between listing and watch would be missed.
+QCoro::Task<> AppState::scanExistingFiles(QString folder, QFuture<void> watching) {
     const QPointer<AppState> self(this); // the program may be ending
-    const QStringList paths = co_await QtConcurrent::run(existingFiles, folder);
+    co_await watching;
+    if (!self) {
+        co_return;
+    }
+    co_await adoption_;
+    if (!self) {
+        co_return;
+    }
+    const QStringList paths = co_await QtConcurrent::run(folderThreads_.get(), existingFiles, folder);
     if (self && folder == watchedFolder_) {
         takeInLater(paths);
     }

@@ -5,9 +5,48 @@
 #include "text/numbered_name.h"
 #include "text/path_text.h"
 
+#include <QCoroFuture>
+#include <QtConcurrent>
+
 namespace fennick {
 
-void AppState::recoverFromInterruption() {
+namespace {
+
+// A finished receipt whose file does not have the name that it was to be given.
+struct UnderOtherName {
+    QString id;
+    QString path;
+    QString name;
+};
+
+// The files that may be the receipt's under the name it was to be given, numbered or not; none when it still
+// has its old one.
+QStringList possibleFiles(const UnderOtherName &receipt) {
+    QStringList paths;
+    if (isTaken(receipt.path)) {
+        return paths;
+    }
+    const QString folder = parentFolder(receipt.path);
+    QString path = joinedPath(folder, receipt.name);
+    for (int number = 2; fileStateAt(path).kind == FileKind::regular; ++number) {
+        paths.append(path);
+        path = joinedPath(
+            folder, numberedName(nameWithoutExtension(receipt.name), pathExtension(receipt.name), number));
+    }
+    return paths;
+}
+
+QList<QStringList> possibleFilesOfAll(const QList<UnderOtherName> &receipts) {
+    QList<QStringList> files;
+    for (const UnderOtherName &receipt : receipts) {
+        files.append(possibleFiles(receipt));
+    }
+    return files;
+}
+
+} // namespace
+
+QFuture<void> AppState::recoverFromInterruption() {
     PhotoLibrary::undoInterruptedChanges(dataFolder());
     resumeArchive();
     const QList<Receipt> receipts = store_->receipts();
@@ -15,30 +54,44 @@ void AppState::recoverFromInterruption() {
         if (receipt.status == ReceiptStatus::processing) {
             failScan(receipt.id, QString::fromUtf8(QT_TR_NOOP(
                                      "The scan was interrupted. Retry to scan this receipt again.")));
-        } else if (receipt.status == ReceiptStatus::done) {
-            adoptRenamedFile(receipt);
         }
     }
+    QPromise<void> adoption;
+    adoption.start();
+    adoption_ = adoption.future();
+    startTask(adoptRenamedFiles(std::move(adoption)));
+    return adoption_;
 }
 
 // The file was renamed and the program killed before the list told so: without this the receipt would lead
 // nowhere, and its file be scanned and paid for once more.
-void AppState::adoptRenamedFile(const Receipt &receipt) {
-    const QString name = FileRenamer::buildNewFileName(receipt);
-    if (name == receipt.fileName || isTaken(receipt.filePath)) {
-        return;
+QCoro::Task<> AppState::adoptRenamedFiles(QPromise<void> end) {
+    const QPointer<AppState> self(this);
+    QList<UnderOtherName> receipts;
+    for (const Receipt &receipt : store_->receipts()) {
+        const QString name = FileRenamer::buildNewFileName(receipt);
+        if (receipt.status == ReceiptStatus::done && name != receipt.fileName) {
+            receipts.append({receipt.id, receipt.filePath, name});
+        }
     }
-    const QString folder = parentFolder(receipt.filePath);
-    QString candidate = name;
-    for (int number = 2; fileStateAt(joinedPath(folder, candidate)).kind == FileKind::regular; ++number) {
-        if (!store_->hasFilePath(joinedPath(folder, candidate))) {
-            Receipt adopted = receipt;
-            adopted.fileName = candidate;
-            adopted.filePath = joinedPath(folder, candidate);
-            store_->update(adopted);
+    // Not on this thread: the files may lie on a network that is gone.
+    const QList<QStringList> files =
+        co_await QtConcurrent::run(folderThreads_.get(), possibleFilesOfAll, receipts);
+    for (qsizetype index = 0; self && index < receipts.size(); ++index) {
+        adoptFirstFree(receipts[index].id, files[index]);
+    }
+    end.finish();
+}
+
+void AppState::adoptFirstFree(const QString &id, const QStringList &paths) {
+    for (const QString &path : paths) {
+        auto receipt = store_->receipt(id);
+        if (receipt && !store_->hasFilePath(path)) {
+            receipt->fileName = lastPathComponent(path);
+            receipt->filePath = path;
+            store_->update(*receipt);
             return;
         }
-        candidate = numberedName(nameWithoutExtension(name), pathExtension(name), number);
     }
 }
 

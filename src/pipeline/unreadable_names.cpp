@@ -10,7 +10,8 @@ namespace fennick {
 // A receipt that cannot be opened is listed all the same: who put it there would wait for it in vain.
 QCoro::Task<> AppState::listUnreadableNames(QString folder) {
     const QPointer<AppState> self(this); // the program may be ending
-    const QStringList paths = co_await QtConcurrent::run(filesWithUnreadableNames, folder);
+    const QStringList paths =
+        co_await QtConcurrent::run(folderThreads_.get(), filesWithUnreadableNames, folder);
     if (!self) {
         co_return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFuture>
 #include <QList>
 #include <QString>
 
@@ -22,7 +23,8 @@ struct FileEvent {
 // system lost, are told like changes, so a path may be told more than once but never not at all. A watched
 // folder that is missing, or over which another file system is mounted, is waited for and told anew. Where
 // the system does not tell of every change (network file systems, too many folders), the folder is listed at
-// intervals of `relisting`. Created and destroyed on one thread; no batch is told afterwards.
+// intervals of `relisting`. Created and destroyed on one thread, which never waits for the folder: it may lie
+// on a network that is gone. No batch is told after the destruction.
 class FileEventStream {
 public:
     using Deliver = std::function<void(const QList<FileEvent> &)>;
@@ -34,11 +36,14 @@ public:
                                                    const QString &threadName, Deliver deliver);
     ~FileEventStream();
 
+    // Finished as soon as changes are told.
+    QFuture<void> watching() const;
+
 private:
     class Worker;
-    explicit FileEventStream(std::unique_ptr<Worker> worker);
+    explicit FileEventStream(std::shared_ptr<Worker> worker);
 
-    std::unique_ptr<Worker> worker_;
+    std::shared_ptr<Worker> worker_;
 };
 
 } // namespace fennick

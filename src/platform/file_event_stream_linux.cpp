@@ -5,18 +5,23 @@
 #include "platform/watched_tree_linux.h"
 
 #include <QFile>
+#include <QMutex>
+#include <QPromise>
 #include <QThread>
 
 #include <fcntl.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <future>
 #include <optional>
 #include <set>
 #include <string>
+#include <thread>
 
 namespace fennick {
 
@@ -32,8 +37,15 @@ constexpr milliseconds missingRootInterval{250};
 // waking for each of them costs half as much again as reading them together.
 constexpr milliseconds gathering{5};
 
+// How long the stream's end waits for its thread, which may be waiting for a network folder that is gone.
+constexpr std::chrono::seconds patienceAtEnd{2};
+
+// What debuggers are shown of a name, with the zero at its end.
+constexpr qsizetype threadNameSize = 16;
+
 } // namespace
 
+// Shared by the stream and its thread, which may outlive the stream.
 class FileEventStream::Worker {
 public:
     Worker(const QString &folder, milliseconds latency, milliseconds relisting, Deliver deliver)
@@ -48,10 +60,6 @@ public:
         , mounts_(open("/proc/self/mounts", O_RDONLY | O_CLOEXEC)) {}
 
     ~Worker() {
-        if (thread_) {
-            eventfd_write(stop_, 1);
-            thread_->wait();
-        }
         for (const int descriptor : {stop_, mounts_}) {
             if (descriptor >= 0) {
                 close(descriptor);
@@ -60,18 +68,33 @@ public:
     }
 
     bool isUsable() const { return stop_ >= 0; }
+    QFuture<void> watching() const { return watching_.future(); }
 
-    void start(const QString &threadName) {
+    // On the thread, until the end.
+    void run(const QString &threadName) {
+        QThread::currentThread()->setObjectName(threadName);
+        pthread_setname_np(pthread_self(), threadName.toUtf8().left(threadNameSize - 1).constData());
+        watching_.start();
         tree_.watchRoot();
         path_.renew();
         mountPoints_ = mountPointsBelow(root_);
-        thread_.reset(QThread::create([this] { run(); }));
-        thread_->setObjectName(threadName);
-        thread_->start();
+        watching_.finish();
+        tellEvents();
+        ended_.set_value();
+    }
+
+    // Nothing is delivered afterwards.
+    void end() {
+        {
+            const QMutexLocker lock(&delivering_);
+            hasEnded_ = true;
+        }
+        eventfd_write(stop_, 1);
+        ended_.get_future().wait_for(patienceAtEnd);
     }
 
 private:
-    void run() {
+    void tellEvents() {
         nextListing_ = Clock::now() + relisting_;
         while (waitForEvents()) {
             const bool hasTakenEvents = takeEvents();
@@ -182,7 +205,10 @@ private:
             return;
         }
         lastDelivery_ = now;
-        deliver_(std::exchange(pending_, {}));
+        const QMutexLocker lock(&delivering_);
+        if (!hasEnded_) {
+            deliver_(std::exchange(pending_, {}));
+        }
     }
 
     std::string root_;
@@ -197,24 +223,33 @@ private:
     bool haveMountsChanged_ = false;
     std::set<std::string> mountPoints_;
     Clock::time_point nextListing_;
-    std::unique_ptr<QThread> thread_;
+    QPromise<void> watching_;
+    std::promise<void> ended_;
+    QMutex delivering_;
+    bool hasEnded_ = false; // guarded by delivering_
     QList<FileEvent> pending_;
     std::optional<Clock::time_point> lastDelivery_;
 };
 
-FileEventStream::FileEventStream(std::unique_ptr<Worker> worker)
+FileEventStream::FileEventStream(std::shared_ptr<Worker> worker)
     : worker_(std::move(worker)) {}
 
-FileEventStream::~FileEventStream() = default;
+FileEventStream::~FileEventStream() {
+    worker_->end();
+}
+
+QFuture<void> FileEventStream::watching() const {
+    return worker_->watching();
+}
 
 std::unique_ptr<FileEventStream> FileEventStream::create(const QString &folder, milliseconds latency,
                                                          milliseconds relisting, const QString &threadName,
                                                          Deliver deliver) {
-    auto worker = std::make_unique<Worker>(folder, latency, relisting, std::move(deliver));
+    auto worker = std::make_shared<Worker>(folder, latency, relisting, std::move(deliver));
     if (!worker->isUsable()) {
         return nullptr;
     }
-    worker->start(threadName);
+    std::thread([worker, threadName] { worker->run(threadName); }).detach();
     return std::unique_ptr<FileEventStream>(new FileEventStream(std::move(worker)));
 }
 

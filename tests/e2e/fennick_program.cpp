@@ -1,15 +1,11 @@
 #include "fennick_program.h"
 
 #include "support/conditions.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/process_status.h"
 
 #include <linux/capability.h>
 #include <sys/prctl.h>
-#include <sys/stat.h>
 
-#include <algorithm>
 #include <csignal>
 #include <utility>
 
@@ -46,21 +42,7 @@ void FennickProgram::start(const QProcessEnvironment &environment, const QString
 }
 
 bool FennickProgram::isWatching(const QString &folder) const {
-    struct stat folderStatus{};
-    if (stat(QFile::encodeName(folder).constData(), &folderStatus) != 0) {
-        return false;
-    }
-    const QByteArray inode = " ino:" + QByteArray::number(folderStatus.st_ino, 16) + ' ';
-    const QDir descriptors(QStringLiteral("/proc/%1/fdinfo").arg(process_.processId()));
-    const QStringList names = descriptors.entryList(QDir::Files);
-    return std::any_of(names.begin(), names.end(), [&](const QString &name) {
-        QFile file(descriptors.filePath(name));
-        if (!file.open(QIODevice::ReadOnly)) {
-            return false;
-        }
-        const QByteArray description = file.readAll();
-        return description.contains("inotify wd:") && description.contains(inode);
-    });
+    return isWatchingFolder(process_.processId(), folder);
 }
 
 bool FennickProgram::terminate() {

@@ -90,7 +90,7 @@ private Q_SLOTS:
     void nothingIsToldBeforeStart() {
         create();
         write("early.pdf");
-        watcher_->start();
+        watcher_->start().waitForFinished();
         write("late.pdf");
         QVERIFY(waitUntil([&] { return isTold("late.pdf"); }));
         letTimePass(400);
@@ -284,7 +284,7 @@ private Q_SLOTS:
 
     void startingTwiceTellsEveryEventOnce() {
         start();
-        watcher_->start();
+        watcher_->start().waitForFinished();
         QDir().mkpath(path("folder")); // one event, unlike a file's several
         QVERIFY(waitUntil([&] { return isTold("folder"); }));
         letTimePass(400);
@@ -342,7 +342,7 @@ private Q_SLOTS:
             log_->append(events);
             const QMutexLocker wait(&gate);
         });
-        watcher_->start();
+        watcher_->start().waitForFinished();
         write("first.pdf");
         const bool isHeldUp = waitUntil([this] { return isTold("first.pdf"); });
         for (int index = 0; index < files; ++index) {
@@ -365,7 +365,7 @@ private:
 
     void start() {
         create();
-        watcher_->start();
+        watcher_->start().waitForFinished();
     }
 
     std::unique_ptr<QTemporaryDir> folder_;

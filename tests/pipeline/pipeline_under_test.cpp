@@ -1,5 +1,8 @@
 #include "pipeline_under_test.h"
 
+#include "support/process_status.h"
+
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -42,6 +45,9 @@ void PipelineUnderTest::start() {
     store = std::make_unique<ReceiptStore>();
     appState = std::make_unique<AppState>(store.get(), settings.get());
     appState->startWatchingIfConfigured();
+    if (QDir(folder_).exists()) {
+        waitUntil([this] { return isWatchingFolder(QCoreApplication::applicationPid(), folder_); });
+    }
 }
 
 QString PipelineUnderTest::drop(const QString &name, const QByteArray &content) {

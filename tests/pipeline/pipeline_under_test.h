@@ -24,7 +24,8 @@ public:
     explicit PipelineUnderTest(Surroundings &surroundings);
     ~PipelineUnderTest();
 
-    // Creates the stores and the controller, as the application does, from what is on disk.
+    // Creates the stores and the controller, as the application does, from what is on disk, and waits until
+    // the folder is watched.
     void start();
 
     QString path(const QString &name) const { return folder_ + u'/' + name; }

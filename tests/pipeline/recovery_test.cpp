@@ -9,6 +9,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QFuture>
 #include <QSignalSpy>
 
 using namespace fennick;
@@ -45,7 +46,7 @@ private Q_SLOTS:
         Receipt receipt = freshReceipt(file("scan.pdf"));
         receipt.summary = QStringLiteral("From an earlier scan");
         store_->add(receipt);
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(only().status, ReceiptStatus::error);
         QCOMPARE(only().error, interrupted);
         QCOMPARE(only().summary, receipt.summary);
@@ -62,14 +63,14 @@ private Q_SLOTS:
         store_->add(failed);
         store_->add(finishedReceipt(file("done.pdf")));
         const QList<Receipt> before = store_->receipts();
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(store_->receipts(), before);
     }
 
     void renamedFileIsAdopted() {
         store_->add(finishedReceipt(folder_ + QStringLiteral("/scan.pdf")));
         const QString renamed = file(builtName);
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(only().filePath, renamed);
         QCOMPARE(only().fileName, builtName);
         QCOMPARE(only().status, ReceiptStatus::done);
@@ -80,7 +81,7 @@ private Q_SLOTS:
         store_->add(finishedReceipt(file(builtName)));
         store_->add(finishedReceipt(folder_ + QStringLiteral("/scan.pdf")));
         const QString renamed = file(QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50 (2).pdf"));
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(store_->receipts().last().filePath, renamed);
     }
 
@@ -97,7 +98,7 @@ private Q_SLOTS:
         }
         const QString missing = folder_ + QStringLiteral("/scan.pdf");
         store_->add(finishedReceipt(missing));
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(store_->receipts().last().filePath, missing);
     }
 
@@ -105,7 +106,7 @@ private Q_SLOTS:
         const QString path = file("scan.pdf");
         file(builtName);
         store_->add(finishedReceipt(path));
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(only().filePath, path);
     }
 
@@ -120,7 +121,7 @@ private Q_SLOTS:
         QVERIFY(
             QFile::rename(folder_ + QStringLiteral("/first.pdf"), archivePath(QStringLiteral("first.pdf"))));
         writeFile(archivePath(partOf(folder_ + QStringLiteral("/second.pdf"))), "half a fi");
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(archived(),
                  (QStringList{QStringLiteral("first.pdf"), QStringLiteral("receipts-2024-05-01.csv"),
                               QStringLiteral("second.pdf")}));
@@ -136,7 +137,7 @@ private Q_SLOTS:
         const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01.csv"));
         ArchiveJournal().begin({ledger, Format::csv});
         writeFile(archivePath(partOf(source)), "the only copy");
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(readFile(archivePath(QStringLiteral("first.pdf"))), "the only copy");
         QVERIFY(store_->receipts().isEmpty());
     }
@@ -160,17 +161,17 @@ private Q_SLOTS:
         store_->add(finishedReceipt(file("first.pdf")));
         const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01 (2).html"));
         ArchiveJournal().begin({ledger, Format::html});
-        appState_->recoverFromInterruption();
+        recover();
         QVERIFY(readFile(ledger).startsWith("<!doctype html>\n"));
         QVERIFY(store_->receipts().isEmpty());
     }
 
     void archiveThatWasCutOffAfterTheClearingLeavesNewFilesAlone() {
         ArchiveJournal().begin({archivePath(QStringLiteral("receipts-2024-05-01.csv")), Format::csv});
-        appState_->recoverFromInterruption();
+        recover();
         QVERIFY(!ArchiveJournal().pending());
         store_->add(finishedReceipt(file("new.pdf")));
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(store_->receipts().size(), 1);
     }
 
@@ -178,7 +179,7 @@ private Q_SLOTS:
         const QString place = file("not a folder");
         store_->add(finishedReceipt(file("first.pdf")));
         ArchiveJournal().begin({place + QStringLiteral("/2024-05-01/receipts-2024-05-01.csv"), Format::csv});
-        appState_->recoverFromInterruption();
+        recover();
         QCOMPARE(store_->receipts().size(), 1);
         QVERIFY(QFileInfo::exists(folder_ + QStringLiteral("/first.pdf")));
         QVERIFY(appState_->lastError()->startsWith(u"Couldn't create archive folder: "));
@@ -193,6 +194,11 @@ private Q_SLOTS:
     }
 
 private:
+    void recover() {
+        const QFuture<void> recovery = appState_->recoverFromInterruption();
+        QVERIFY(waitUntil([&] { return recovery.isFinished(); }));
+    }
+
     // As a move to another file system that was cut off calls its copy.
     static QString partOf(const QString &source) {
         const QByteArray hash = QCryptographicHash::hash(source.toUtf8(), QCryptographicHash::Sha1).toHex();

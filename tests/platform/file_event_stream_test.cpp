@@ -142,6 +142,7 @@ private:
                                                   paths_.insert(event.path);
                                               }
                                           });
+        stream_->watching().waitForFinished();
     }
 
     // Waits until the path has been told, and forgets that it was.

@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
@@ -49,6 +50,26 @@ bool mountFileSystemWithoutInodes(const QString &folder) {
 
 bool unmount(const QString &folder) {
     return umount2(QFile::encodeName(folder).constData(), MNT_DETACH) == 0;
+}
+
+DeadFileSystem::DeadFileSystem(const QString &folder)
+    : folder_(folder)
+    , server_(open("/dev/fuse", O_RDWR | O_CLOEXEC)) {
+    if (server_ < 0) {
+        return;
+    }
+    const QByteArray options = "fd=" + QByteArray::number(server_) + ",rootmode=40000,user_id=0,group_id=0";
+    isMounted_ =
+        mount("dead", QFile::encodeName(folder).constData(), "fuse.dead", 0, options.constData()) == 0;
+}
+
+DeadFileSystem::~DeadFileSystem() {
+    if (server_ >= 0) {
+        close(server_); // whoever waits gets an error
+    }
+    if (isMounted_) {
+        unmount(folder_);
+    }
 }
 
 } // namespace fennick::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 
 namespace fennick::test {
 
@@ -19,5 +20,21 @@ bool mountSmallFileSystem(const QString &folder, int kibibytes);
 // One that takes no file at all.
 bool mountFileSystemWithoutInodes(const QString &folder);
 bool unmount(const QString &folder);
+
+// A file system whose server never answers, as a network that is gone: whoever asks it for anything waits for
+// as long as this lives.
+class DeadFileSystem {
+public:
+    explicit DeadFileSystem(const QString &folder);
+    ~DeadFileSystem();
+    Q_DISABLE_COPY_MOVE(DeadFileSystem)
+
+    bool isMounted() const { return isMounted_; }
+
+private:
+    QString folder_;
+    int server_;
+    bool isMounted_ = false;
+};
 
 } // namespace fennick::test

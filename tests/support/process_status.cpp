@@ -5,7 +5,10 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <algorithm>
 
 namespace fennick::test {
 
@@ -56,6 +59,24 @@ QList<qint64> childrenNamed(const QByteArray &name, qint64 parent) {
 bool isRunning(qint64 process) {
     const QByteArray status = contents(process, u"status"_s);
     return !status.isEmpty() && !status.contains("\nState:\tZ");
+}
+
+bool isWatchingFolder(qint64 process, const QString &folder) {
+    struct stat folderStatus{};
+    if (stat(QFile::encodeName(folder).constData(), &folderStatus) != 0) {
+        return false;
+    }
+    const QByteArray inode = " ino:" + QByteArray::number(folderStatus.st_ino, 16) + ' ';
+    const QDir descriptors(u"/proc/%1/fdinfo"_s.arg(process));
+    const QStringList names = descriptors.entryList(QDir::Files);
+    return std::any_of(names.begin(), names.end(), [&](const QString &name) {
+        QFile file(descriptors.filePath(name));
+        if (!file.open(QIODevice::ReadOnly)) {
+            return false;
+        }
+        const QByteArray description = file.readAll();
+        return description.contains("inotify wd:") && description.contains(inode);
+    });
 }
 
 } // namespace fennick::test
