@@ -37,6 +37,12 @@ std::expected<void, QString> addToLibrary(const QStringList &jpegPaths,
 
 } // namespace
 
+PhotosError PhotosError::addFailed(const QString &systemText) {
+    //: The system has not said why an image could not be added.
+    const QString unknown = QCoreApplication::translate("PhotosError", "unknown");
+    return {Kind::addFailed, systemText.isEmpty() ? unknown : systemText};
+}
+
 QString PhotosError::errorDescription() const {
     switch (kind) {
     case Kind::notAuthorized:
@@ -66,10 +72,7 @@ QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths, std::op
     }
     const auto added = co_await QtConcurrent::run(addToLibrary, jpegPaths, albumName);
     if (!added) {
-        //: The system has not said why an image could not be added.
-        const QString unknown = QCoreApplication::translate("PhotosError", "unknown");
-        const QString message = added.error().isEmpty() ? unknown : added.error();
-        co_return std::unexpected(PhotosError{Kind::addFailed, message});
+        co_return std::unexpected(PhotosError::addFailed(added.error()));
     }
     co_return {};
 }

@@ -18,6 +18,9 @@ struct PhotosError {
     Kind kind;
     QString message; // for `addFailed`: the library's description
 
+    // `systemText` may be empty: the system has not said why.
+    static PhotosError addFailed(const QString &systemText);
+
     QString errorDescription() const;
 };
 

@@ -109,6 +109,15 @@ private Q_SLOTS:
             [&] { return isTold("a.pdf") && isTold("b.pdf") && isTold("c.pdf") && isTold("d.pdf"); }));
     }
 
+    void withoutAChangeNoBatchIsTold() {
+        write("a.pdf");
+        start();
+        QCOMPARE(readFile(path("a.pdf")), "content");
+        QDir(root_).entryList();
+        letTimePass(400);
+        QVERIFY(log_->batches().isEmpty());
+    }
+
     void changesInExistingSubFoldersAreTold() {
         QDir().mkpath(path("one/two/three"));
         start();

@@ -115,6 +115,22 @@ private Q_SLOTS:
         }
     }
 
+    void ledgerThatCannotBeWrittenKeepsNoFileFromBeingArchived() {
+        pipeline_->start();
+        pipeline_->settings->setArchiveFolderPath(disk_);
+        Receipt receipt = finishedReceipt(disk_ + QStringLiteral("/a.txt"));
+        receipt.summary = QString(20000, u'x');
+        writeFile(receipt.filePath, "content");
+        pipeline_->store->add(receipt);
+        fill(8);
+        pipeline_->appState->archiveAndClear(Format::csv);
+        const QString archive = disk_ + u'/' + AppState::dateStamp();
+        QCOMPARE(entries(archive), QStringList{QStringLiteral("a.txt")});
+        QCOMPARE(readFile(archive + QStringLiteral("/a.txt")), "content");
+        QVERIFY(pipeline_->receipts().isEmpty());
+        QCOMPARE(pipeline_->appState->lastError(), std::nullopt);
+    }
+
     void archiveFolderThatCannotBeMadeKeepsTheList() {
         pipeline_->start();
         const QString tiny = surroundings_->home.path(QStringLiteral("no-inodes"));

@@ -88,6 +88,11 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(home_.photoLibrary() + QStringLiteral("/a.jpg")));
     }
 
+    void failureWithoutWordsIsUnknown() {
+        QCOMPARE(PhotosImporter::PhotosError::addFailed({}).errorDescription(),
+                 QStringLiteral("Failed to add image to Photos: unknown"));
+    }
+
     void undeterminedAccessIsAskedForOnce() {
         const auto result = std::make_shared<std::optional<Result>>();
         addInto({image_}, std::nullopt, result);
