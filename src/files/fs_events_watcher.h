@@ -18,8 +18,9 @@ public:
 
     FSEventsWatcher(QString path, OnPaths onPaths);
 
-    // Watches in place of an earlier watch, as soon as what is returned has finished. What already lies in
-    // the folder by then is not told. Without an event source nothing is told, and nothing is said.
+    // Replaces an earlier watch. Changes are reported from the moment the returned future finishes; files
+    // that are in the folder by then are not. Without an event source nothing is reported, and that is no
+    // error.
     QFuture<void> start();
 
 private:

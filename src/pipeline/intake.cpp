@@ -60,7 +60,7 @@ void AppState::startWatching(const QString &path) {
     watcher_.reset();
     watchedFolder_ = folder;
     watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
-        // On the watcher's thread, which tells nothing after the end of this object.
+        // On the watcher's thread, which reports nothing once this object has been destroyed.
         QMetaObject::invokeMethod(this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
     });
     const QFuture<void> watching = watcher_->start();
@@ -113,7 +113,7 @@ bool AppState::isInArchive(const QString &path) const {
     return path.startsWith(joinedPath(QDir::cleanPath(configured), QString())); // as archiveRoot()
 }
 
-// Only once changes are told, or a file that comes between listing and watch would be missed.
+// Waits for the watch first: a file that arrived between the listing and the watch would be missed.
 QCoro::Task<> AppState::scanExistingFiles(QString folder, QFuture<void> watching) {
     const QPointer<AppState> self(this); // the program may be ending
     co_await watching;

@@ -24,7 +24,7 @@ struct FileEvent {
 // folder that is missing, or over which another file system is mounted, is waited for and told anew. Where
 // the system does not tell of every change (network file systems, too many folders), the folder is listed at
 // intervals of `relisting`. Created and destroyed on one thread, which never waits for the folder: it may lie
-// on a network that is gone. No batch is told after the destruction.
+// on a network that is gone. No batch is delivered after the destruction.
 class FileEventStream {
 public:
     using Deliver = std::function<void(const QList<FileEvent> &)>;
@@ -36,7 +36,7 @@ public:
                                                    const QString &threadName, Deliver deliver);
     ~FileEventStream();
 
-    // Finished as soon as changes are told.
+    // Finishes as soon as changes are reported.
     QFuture<void> watching() const;
 
 private:

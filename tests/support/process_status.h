@@ -23,7 +23,7 @@ QList<qint64> childrenNamed(const QByteArray &name, qint64 parent);
 // Whether the process is there and has not ended.
 bool isRunning(qint64 process);
 
-// Whether the system tells the process of changes in the folder.
+// Whether the process has an inotify watch on the folder.
 bool isWatchingFolder(qint64 process, const QString &folder);
 
 } // namespace fennick::test
