@@ -141,7 +141,7 @@ private:
     void resumeArchive();
     void moveIntoArchive(const QString &path, const QString &folder);
     QCoro::Task<> adoptRenamedFiles(QPromise<void> end);
-    void adoptFirstFree(const QString &id, const QStringList &paths);
+    void adoptFirstFree(Receipt receipt, const QStringList &paths);
 
     void setLastError(const QString &error);
     void startTask(QCoro::Task<> task);

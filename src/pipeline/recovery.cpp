@@ -78,18 +78,21 @@ QCoro::Task<> AppState::adoptRenamedFiles(QPromise<void> end) {
     const QList<QStringList> files =
         co_await QtConcurrent::run(folderThreads_.get(), possibleFilesOfAll, receipts);
     for (qsizetype index = 0; self && index < receipts.size(); ++index) {
-        adoptFirstFree(receipts[index].id, files[index]);
+        const auto current = store_->receipt(receipts[index].id);
+        if (current &&
+            current->filePath == receipts[index].path) { // not changed while the files were looked at
+            adoptFirstFree(*current, files[index]);
+        }
     }
     end.finish();
 }
 
-void AppState::adoptFirstFree(const QString &id, const QStringList &paths) {
+void AppState::adoptFirstFree(Receipt receipt, const QStringList &paths) {
     for (const QString &path : paths) {
-        auto receipt = store_->receipt(id);
-        if (receipt && !store_->hasFilePath(path)) {
-            receipt->fileName = lastPathComponent(path);
-            receipt->filePath = path;
-            store_->update(*receipt);
+        if (!store_->hasFilePath(path)) {
+            receipt.fileName = lastPathComponent(path);
+            receipt.filePath = path;
+            store_->update(receipt);
             return;
         }
     }

@@ -57,7 +57,9 @@ public:
         , relisting_(relisting)
         , deliver_(std::move(deliver))
         , stop_(eventfd(0, EFD_CLOEXEC))
-        , mounts_(open("/proc/self/mounts", O_RDONLY | O_CLOEXEC)) {}
+        , mounts_(open("/proc/self/mounts", O_RDONLY | O_CLOEXEC)) {
+        watching_.start(); // here, so that whoever waits for it finds it under way
+    }
 
     ~Worker() {
         for (const int descriptor : {stop_, mounts_}) {
@@ -74,7 +76,6 @@ public:
     void run(const QString &threadName) {
         QThread::currentThread()->setObjectName(threadName);
         pthread_setname_np(pthread_self(), threadName.toUtf8().left(threadNameSize - 1).constData());
-        watching_.start();
         tree_.watchRoot();
         path_.renew();
         mountPoints_ = mountPointsBelow(root_);
