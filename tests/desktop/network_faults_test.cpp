@@ -342,7 +342,7 @@ private:
     // What the row of the file says once it has failed; empty if it does not.
     QString errorOf(const QString &file) const {
         session().waitFor([&] { return session().row(file).value(u"status").toString() == u"error"_s; },
-                          60000);
+                          patience);
         return session().row(file).value(u"error").toString();
     }
 

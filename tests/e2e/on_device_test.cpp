@@ -62,7 +62,7 @@ private Q_SLOTS:
                 return std::any_of(rows.begin(), rows.end(),
                                    [](const QJsonObject &row) { return row.value(u"status") == u"done"_s; });
             },
-            60000));
+            patience));
     }
 
     void receiptIsReadWithoutAKey() {

@@ -42,7 +42,7 @@ private Q_SLOTS:
     void init() {
         caller_ = std::make_unique<QTcpSocket>();
         caller_->connectToHost(QHostAddress(QHostAddress::LocalHost), listener_.serverPort());
-        QVERIFY(listener_.waitForNewConnection(10'000));
+        QVERIFY(listener_.waitForNewConnection(fennick::test::patience));
         connection_ = new HttpConnection(listener_.nextPendingConnection(), limits_, this);
         announced_ = std::make_unique<QSignalSpy>(connection_, &HttpConnection::announced);
         connect(connection_, &HttpConnection::announced, connection_, &HttpConnection::takeBody);
@@ -70,7 +70,7 @@ private Q_SLOTS:
         const QByteArray request = post(5) + "hello";
         for (const char byte : request) {
             caller_->write(QByteArray(1, byte));
-            QVERIFY(caller_->waitForBytesWritten());
+            QVERIFY(caller_->waitForBytesWritten(fennick::test::patience));
             QCoreApplication::processEvents();
         }
         fennick::test::waitUntil([&] { return received_->count() == 1; });

@@ -151,7 +151,7 @@ private Q_SLOTS:
         QTcpSocket caller;
         QVERIFY(caller.setSocketDescriptor(socket));
         caller.write("GET / HTTP/1.1\r\n" + ownHost() + "\r\n");
-        QVERIFY(caller.waitForReadyRead(10'000));
+        QVERIFY(caller.waitForReadyRead(fennick::test::patience));
         QVERIFY(caller.readAll().startsWith("HTTP/1.1 404"));
     }
 

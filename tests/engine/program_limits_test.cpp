@@ -53,7 +53,7 @@ std::unique_ptr<QTcpSocket> sent(const EngineProcess &engine, const QByteArray &
                   " HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(engine.port()) +
                   "\r\nContent-Type: application/json\r\nContent-Length: " + QByteArray::number(body.size()) +
                   "\r\n\r\n" + body);
-    while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten()) {
+    while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten(fennick::test::patience)) {
     }
     return socket;
 }

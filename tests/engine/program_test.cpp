@@ -1,7 +1,6 @@
 #include "engine_process.h"
 #include "sample_table.h"
 #include "support/conditions.h"
-#include "support/process_status.h"
 #include "support/test_program.h"
 
 #include <QCoreApplication>
@@ -141,8 +140,9 @@ private Q_SLOTS:
         socket.connectToHost(u"127.0.0.1"_s, engine_->port());
         QVERIFY(socket.waitForConnected(fennick::test::patience));
         socket.write(QByteArray(5000, '\0') + "\r\n\r\n");
-        QVERIFY(socket.waitForBytesWritten());
-        QVERIFY(socket.state() == QAbstractSocket::UnconnectedState || socket.waitForDisconnected(20'000));
+        QVERIFY(socket.waitForBytesWritten(fennick::test::patience));
+        QVERIFY(socket.state() == QAbstractSocket::UnconnectedState ||
+                socket.waitForDisconnected(fennick::test::patience));
     }
 
     void listensOnThisMachineOnly() {
@@ -174,13 +174,13 @@ private Q_SLOTS:
                      QByteArray::number(port) + "\r\nContent-Type: application/json\r\nContent-Length: " +
                      QByteArray::number(body.size()) + "\r\n\r\n" + body);
         while (socket.bytesToWrite() > 0) {
-            QVERIFY(socket.waitForBytesWritten());
+            QVERIFY(socket.waitForBytesWritten(fennick::test::patience));
         }
         QVERIFY(!socket.waitForReadyRead(100));
-        const bool mayBeLate =
-            test::isSanitized(process.processId()); // the thread sanitizer holds signals back
         process.terminate();
-        QVERIFY(process.waitForFinished(mayBeLate ? 20000 : 1000));
+        QVERIFY(process.waitForFinished(fennick::test::patience));
+        socket.waitForDisconnected(fennick::test::patience);
+        QCOMPARE(socket.readAll(), QByteArray()); // it did not finish its work first
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 0);
         QVERIFY(process.readAllStandardError().isEmpty());

@@ -68,8 +68,8 @@ HeadlessBrowser::Output HeadlessBrowser::run(const QString &path, ColourScheme s
                   commonArguments() + arguments +
                       QStringList{schemeArgument(scheme), QStringLiteral("--user-data-dir=") + profile.path(),
                                   QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
-    constexpr int minute = 60000;
-    const bool isComplete = process.waitForFinished(minute);
+    constexpr int limit = 3 * patience; // ten thousand rows took a minute on a busy machine
+    const bool isComplete = process.waitForFinished(limit);
     if (!isComplete) {
         process.kill();
         process.waitForFinished(patience);

@@ -9,7 +9,7 @@
 namespace fennick::test {
 
 // Opens pages of the file system in Chromium, as a reader of them would, but without a window. Each page gets
-// a browser of its own with an empty profile; it has a minute to load.
+// a browser of its own with an empty profile.
 class HeadlessBrowser {
 public:
     enum class ColourScheme { light, dark };

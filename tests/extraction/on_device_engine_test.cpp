@@ -47,7 +47,7 @@ bool succeeds(const std::shared_ptr<Attempt> &attempt) {
 }
 
 // That a connection is taken does not count: the socket is Fennick's and listens without an engine as well.
-bool answers(const QString &address, int milliseconds = 5000) {
+bool answers(const QString &address, int milliseconds = patience) {
     const QUrl url(address);
     QTcpSocket socket;
     socket.connectToHost(url.host(), static_cast<quint16>(url.port()));
@@ -230,7 +230,7 @@ private Q_SLOTS:
             address = engine.address();
             attempt->use.reset();
         }
-        QVERIFY(!answers(address));
+        QVERIFY(!answers(address, 300));
     }
 
     void scansBeyondTheProcessorsWaitForTheirTurn() {

@@ -260,14 +260,12 @@ private:
     }
 
     bool waitForDelivery() {
-        return waitUntil(
-            [this] {
-                const auto &receipts = pipeline_->receipts();
-                return !receipts.isEmpty() &&
-                       std::all_of(receipts.begin(), receipts.end(),
-                                   [](const Receipt &receipt) { return receipt.addedToPhotos; });
-            },
-            30000);
+        return waitUntil([this] {
+            const auto &receipts = pipeline_->receipts();
+            return !receipts.isEmpty() &&
+                   std::all_of(receipts.begin(), receipts.end(),
+                               [](const Receipt &receipt) { return receipt.addedToPhotos; });
+        });
     }
 
     // The pictures in the library, by path below it.

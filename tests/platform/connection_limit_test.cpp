@@ -21,7 +21,7 @@ namespace {
 std::unique_ptr<QTcpSocket> receiver(QTcpServer &server, const QByteArray &bytes) {
     auto socket = std::make_unique<QTcpSocket>();
     socket->connectToHost(server.serverAddress(), server.serverPort());
-    server.waitForNewConnection(5000);
+    server.waitForNewConnection(patience);
     server.nextPendingConnection()->write(bytes);
     waitUntil([&] { return socket->bytesAvailable() == bytes.size(); });
     return socket;

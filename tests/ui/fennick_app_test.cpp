@@ -85,7 +85,7 @@ private Q_SLOTS:
         QTimer tooLate;
         tooLate.setSingleShot(true);
         connect(&tooLate, &QTimer::timeout, qApp, [] { QCoreApplication::exit(99); });
-        tooLate.start(5000);
+        tooLate.start(patience);
         QCOMPARE(QApplication::exec(), 0);
     }
 
