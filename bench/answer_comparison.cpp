@@ -1,7 +1,7 @@
 #include "answer_comparison.h"
 
-#include "engine/edit_distance.h"
-#include "engine/word_search.h"
+#include "engine/fields/edit_distance.h"
+#include "engine/fields/word_search.h"
 
 #include <cmath>
 
@@ -21,23 +21,23 @@ Verdict verdict(bool isThere, bool isRight) {
 
 } // namespace
 
-Verdict dateVerdict(const ReceiptFields &fields, const Truth &truth) {
+Verdict dateVerdict(const engine::ReceiptFields &fields, const Truth &truth) {
     return verdict(fields.date.has_value(), fields.date == truth.date);
 }
 
-Verdict totalVerdict(const ReceiptFields &fields, const Truth &truth) {
+Verdict totalVerdict(const engine::ReceiptFields &fields, const Truth &truth) {
     return verdict(fields.amount.has_value(),
                    fields.amount && std::abs(*fields.amount - truth.total) < halfACent);
 }
 
-Verdict merchantVerdict(const ReceiptFields &fields, const Truth &truth) {
+Verdict merchantVerdict(const engine::ReceiptFields &fields, const Truth &truth) {
     return verdict(fields.location.has_value(),
                    fields.location &&
                        merchantSimilarity(*fields.location, truth.merchant) >= leastSimilarity);
 }
 
 double merchantSimilarity(const QString &left, const QString &right) {
-    return similarity(wordsOf(left).trimmed(), wordsOf(right).trimmed());
+    return engine::similarity(engine::wordsOf(left).trimmed(), engine::wordsOf(right).trimmed());
 }
 
 } // namespace fennick

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/receipt_fields.h"
+#include "engine/fields/receipt_fields.h"
 #include "truth_table.h"
 
 #include <QString>
@@ -14,9 +14,9 @@ enum class Verdict {
     Absent,
 };
 
-Verdict dateVerdict(const ReceiptFields &fields, const Truth &truth);
-Verdict totalVerdict(const ReceiptFields &fields, const Truth &truth);
-Verdict merchantVerdict(const ReceiptFields &fields, const Truth &truth);
+Verdict dateVerdict(const engine::ReceiptFields &fields, const Truth &truth);
+Verdict totalVerdict(const engine::ReceiptFields &fields, const Truth &truth);
+Verdict merchantVerdict(const engine::ReceiptFields &fields, const Truth &truth);
 
 // 1 - edit distance / length of the longer one, of both texts in one case with runs of anything but letters
 // and digits taken for one space. 1 = the same, 0 = nothing in common.

@@ -8,7 +8,7 @@
 // given. Seconds are wall time per picture, memory is the peak of the whole process.
 
 #include "answer_comparison.h"
-#include "engine/receipt_reader.h"
+#include "engine/service/receipt_reader.h"
 #include "truth_table.h"
 
 #include <QElapsedTimer>
@@ -25,6 +25,7 @@
 namespace {
 
 using namespace fennick;
+using namespace fennick::engine;
 using namespace Qt::StringLiterals;
 
 struct Tally {

@@ -4,15 +4,16 @@
 #include "comparison_row.h"
 #include "e2e/user_session.h"
 #include "engine/engine_process.h"
-#include "engine/generate_request.h"
 #include "engine/hostile_documents.h"
 #include "engine/sample_table.h"
+#include "engine/service/generate_request.h"
 #include "support/process_status.h"
 
 #include <QDir>
 #include <QGuiApplication>
 
 using namespace fennick;
+using namespace fennick::engine;
 using namespace fennick::test;
 using namespace Qt::StringLiterals;
 

@@ -97,6 +97,12 @@ function(fennick_room name)
   endif()
 endfunction()
 
+# fennick_engine_room(<name> ...): a room of the engine, engine/<name>, with the arguments of fennick_room.
+function(fennick_engine_room name)
+  fennick_room(engine_${name} ${ARGN})
+  target_include_directories(fennick_engine_${name} PUBLIC ${FENNICK_ROOT})
+endfunction()
+
 # fennick_program(<name> SOURCES <file>... LINKS <target>...)
 function(fennick_program name)
   cmake_parse_arguments(PROGRAM "" "" "SOURCES;LINKS" ${ARGN})

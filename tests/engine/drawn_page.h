@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QStringList>
 
-namespace fennick {
+namespace fennick::engine {
 
 // A white page with `rows` in black, letters `pixelSize` high, two such heights from row to row.
 inline QImage drawnPage(const QStringList &rows, int pixelSize, int width = 0) {
@@ -22,4 +22,4 @@ inline QImage drawnPage(const QStringList &rows, int pixelSize, int width = 0) {
     return picture;
 }
 
-} // namespace fennick
+} // namespace fennick::engine

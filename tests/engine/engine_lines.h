@@ -1,10 +1,10 @@
 #pragma once
 
-#include "engine/text_line.h"
+#include "engine/recognition/text_line.h"
 
 #include <QStringList>
 
-namespace fennick {
+namespace fennick::engine {
 
 // `texts` as lines of one page, one below the other.
 inline QList<TextLine> linesOf(const QStringList &texts) {
@@ -15,4 +15,4 @@ inline QList<TextLine> linesOf(const QStringList &texts) {
     return lines;
 }
 
-} // namespace fennick
+} // namespace fennick::engine

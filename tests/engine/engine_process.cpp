@@ -1,4 +1,4 @@
-#include "engine_process.h"
+#include "engine/engine_process.h"
 
 #include "support/conditions.h"
 #include "support/process_status.h"
@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <memory>
 
-namespace fennick {
+namespace fennick::engine {
 
 using namespace Qt::StringLiterals;
 
@@ -116,4 +116,4 @@ HttpAnswer finished(QNetworkReply *reply) {
             QJsonDocument::fromJson(reply->readAll()).object()};
 }
 
-} // namespace fennick
+} // namespace fennick::engine

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace fennick {
+namespace fennick::engine {
 
 struct HttpAnswer {
     int status = 0; // 0 = no answer
@@ -55,4 +55,4 @@ QByteArray requestFor(const QByteArray &document, const QString &mimeType);
 // Waits until `reply` is finished and takes it apart.
 HttpAnswer finished(QNetworkReply *reply);
 
-} // namespace fennick
+} // namespace fennick::engine

@@ -1,11 +1,11 @@
-#include "sample_table.h"
+#include "engine/sample_table.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 
-namespace fennick {
+namespace fennick::engine {
 
 using namespace Qt::StringLiterals;
 
@@ -46,4 +46,4 @@ QString sampleType(const QString &name) {
     return types.value(QFileInfo(name).suffix().toLower());
 }
 
-} // namespace fennick
+} // namespace fennick::engine

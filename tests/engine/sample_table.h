@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-namespace fennick {
+namespace fennick::engine {
 
 // One receipt of samples/receipts and what a reader has to find on it.
 struct Sample {
@@ -21,4 +21,4 @@ QByteArray sampleBytes(const QString &file);
 // The MIME type that goes with the file's extension.
 QString sampleType(const QString &file);
 
-} // namespace fennick
+} // namespace fennick::engine

@@ -1,13 +1,14 @@
 // Any bytes that a caller may send the engine: the head is taken apart, and the body as the head lets it.
-#include "engine/generate_request.h"
-#include "engine/http_head.h"
-#include "engine/request_guard.h"
+#include "engine/service/generate_request.h"
+#include "engine/service/http_head.h"
+#include "engine/service/request_guard.h"
 #include "fuzz/invariant.h"
 
 #include <QList>
 #include <QUrlQuery>
 
 using namespace fennick;
+using namespace fennick::engine;
 using fuzz::require;
 
 namespace {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "engine/recognition/text_line.h"
+
+#include <QList>
+#include <QString>
+#include <QTime>
+
+#include <optional>
+
+namespace fennick::engine {
+
+// The kind of purchase: one of lunch, dinner, breakfast, coffee, hotel, transport, fuel, groceries, shopping,
+// entertainment, misc. The words of category_words.txt vote, each word once, those of `merchant` threefold; a
+// meal is told apart by `time` unless the receipt names it. misc when no word is known.
+QString readCategory(const QList<TextLine> &lines, const std::optional<QString> &merchant,
+                     std::optional<QTime> time);
+
+} // namespace fennick::engine

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/recognition/text_line.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <QTime>
+
+#include <optional>
+
+namespace fennick::engine {
+
+// What a receipt says. Absent = not found; category and summary are always there.
+struct ReceiptFields {
+    std::optional<QDate> date;
+    std::optional<QTime> time;
+    std::optional<double> amount;    // the total paid, in units of the currency
+    std::optional<QString> currency; // ISO 4217
+    std::optional<QString> location; // the seller's name
+    QString category;
+    QString summary;
+};
+
+// What a document says, from one or more readings of it, which vote field by field. A document with neither a
+// date nor an amount is taken for no receipt: nothing is claimed about it. Pure; `today` bounds the dates
+// that can be true.
+ReceiptFields readReceipt(const QList<Reading> &readings, QDate today);
+
+// Whether `readings` agree on date and total so well that further ones would change nothing.
+bool isBeyondDoubt(const QList<Reading> &readings, QDate today);
+
+} // namespace fennick::engine

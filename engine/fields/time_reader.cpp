@@ -1,0 +1,90 @@
+#include "engine/fields/time_reader.h"
+
+#include "engine/fields/word_search.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <cstdlib>
+
+namespace fennick::engine {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QTime parsed(const QRegularExpressionMatch &match) {
+    int hour = match.captured(u"hour").toInt();
+    const int minute = match.captured(u"minute").toInt();
+    const QString half = match.captured(u"half").toLower();
+    if (!half.isEmpty() && (hour < 1 || hour > 12)) {
+        return half == u"p" && hour < 24 ? QTime(hour, minute) : QTime();
+    }
+    if (half == u"p" && hour < 12) {
+        hour += 12;
+    }
+    if (half == u"a" && hour == 12) {
+        hour = 0;
+    }
+    return QTime(hour, minute);
+}
+
+std::optional<QTime> firstTime(const QString &line) {
+    static const QRegularExpression colons(
+        uR"((?<![\d:.,])(?<hour>\d{1,2})\s?[:h]\s?(?<minute>[0-5]\d)(?:\s?:\s?[0-5]\d)?(?!\d)(?:\s*(?<half>[AaPp])\.?\s?[Mm]\b)?)"_s);
+    static const QRegularExpression points(
+        uR"((?<![\d:.,])(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?![.,]?\d)(?:\s*(?<half>[AaPp])\.?[Mm]\b|\s*Uhr\b))"_s);
+    for (const QRegularExpression &pattern : {colons, points}) {
+        QRegularExpressionMatchIterator matches = pattern.globalMatch(line);
+        while (matches.hasNext()) {
+            const QTime time = parsed(matches.next());
+            if (time.isValid()) {
+                return time;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+bool tellsOpeningHours(const QString &line) {
+    static const QRegularExpression span(
+        uR"(\d{1,2}[:.]\d{2}\s*(?:[AaPp]\.?[Mm]\.?)?\s*(?:-|–|—|to|bis)\s*\d{1,2}[:.]\d{2})"_s);
+    static const QStringList words = {u"open"_s, u"opening"_s, u"hours"_s, u"öffnungszeiten"_s,
+                                      u"geöffnet"_s};
+    return span.match(line).hasMatch() || containsAnyPhrase(wordsOf(line), words);
+}
+
+// Lower is better.
+qsizetype distance(const QString &line, qsizetype index, std::optional<qsizetype> dateLine) {
+    static const QStringList labels = {u"time"_s, u"uhrzeit"_s, u"zeit"_s, u"heure"_s, u"uhr"_s, u"hora"_s};
+    if (index == dateLine) {
+        return -2;
+    }
+    if (containsAnyPhrase(wordsOf(line), labels)) {
+        return -1;
+    }
+    return dateLine ? std::abs(index - *dateLine) : index;
+}
+
+} // namespace
+
+std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine) {
+    std::optional<QTime> best;
+    qsizetype bestDistance = 0;
+    for (qsizetype index = 0; index < lines.size(); ++index) {
+        const QString &line = lines[index].text;
+        const std::optional<QTime> time = firstTime(line);
+        if (!time || (index != dateLine && tellsOpeningHours(line))) {
+            continue;
+        }
+        const qsizetype away = distance(line, index, dateLine);
+        if (best && away >= bestDistance) {
+            continue;
+        }
+        best = time;
+        bestDistance = away;
+    }
+    return best;
+}
+
+} // namespace fennick::engine

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "engine/recognition/text_line.h"
+
+#include <QList>
+#include <QTime>
+
+#include <optional>
+
+namespace fennick::engine {
+
+// The time of the purchase, to the minute: 14:32, 2:32 PM, 14h32, 14.32 Uhr. The one beside the date (on line
+// `dateLine`) wins, then a labelled one, then the one nearest to the date; opening hours ("9:00 - 18:00") do
+// not count.
+std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine);
+
+} // namespace fennick::engine

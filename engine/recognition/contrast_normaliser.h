@@ -1,0 +1,21 @@
+#pragma once
+
+#include "engine/recognition/grey_picture.h"
+
+namespace fennick::engine {
+
+// How the strokes of the print are made ready for recognition.
+enum class Strokes {
+    AsPrinted,
+    Darkened,  // faint print and thin strokes gain contrast
+    Smoothed,  // darkened after the dots of needle and thermal print have run together
+    Thickened, // broken letters join up
+    Outlined,  // pure black on white, told apart from the paper right around them
+};
+
+// `picture` on even, light paper: shadows, creases and tinted paper vanish, print stays.
+GreyPicture onEvenPaper(GreyPicture picture);
+
+GreyPicture withStrokes(GreyPicture picture, Strokes strokes);
+
+} // namespace fennick::engine

@@ -1,0 +1,96 @@
+#include "engine/recognition/pdf_table_check.h"
+
+#include "engine/recognition/pdf_stream_meter.h"
+
+#include <QRegularExpression>
+#include <qpdf/Pl_Flate.hh>
+
+#include <algorithm>
+#include <exception>
+
+namespace fennick::engine {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A table of a million objects is 7 MB.
+constexpr size_t largestTable = 32 * 1024 * 1024;
+// What is encrypted cannot be measured before it is opened; it grows a thousandfold at the most.
+constexpr qsizetype largestUnmeasured = 128 * 1024;
+constexpr qsizetype pieceSize = 16 * 1024;
+
+// Any letter of a name may be written as # and its code (PDF 1.7, 7.3.5).
+QByteArray withPlainNames(const QByteArray &text) {
+    QByteArray plain;
+    plain.reserve(text.size());
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        bool isCode = false;
+        if (text[index] == '#') {
+            const int code = text.mid(index + 1, 2).toInt(&isCode, 16);
+            plain += isCode ? static_cast<char>(code) : '#';
+            index += isCode ? 2 : 0;
+        } else {
+            plain += text[index];
+        }
+    }
+    return plain;
+}
+
+bool isTable(const QByteArray &description) {
+    return description.contains("/XRef") || description.contains("/ObjStm");
+}
+
+bool isPackedAsUsual(const QByteArray &description) {
+    static const QRegularExpression encryption(uR"(/Filter\s*/Standard)"_s);
+    static const QRegularExpression flateAlone(uR"(/Filter\s*(\[\s*)?/(FlateDecode|Fl)\s*(\]\s*)?(/|>>))"_s);
+    QString text = QString::fromLatin1(description).remove(encryption);
+    text.remove(flateAlone);
+    return !text.contains("/Filter"_L1);
+}
+
+// `data` starts with the stream and may go on behind it.
+bool isBounded(const QByteArray &data, qsizetype length) {
+    PdfStreamMeter meter(largestTable);
+    Pl_Flate unpacker("unpacker", &meter, Pl_Flate::a_inflate);
+    try {
+        for (qsizetype at = 0; at < length; at += pieceSize) {
+            const QByteArray piece = data.sliced(at, std::min(pieceSize, length - at));
+            unpacker.write(reinterpret_cast<const unsigned char *>(piece.constData()),
+                           static_cast<size_t>(piece.size()));
+        }
+        unpacker.finish();
+    } catch (const std::exception &) {
+        return !meter.isOver() && (meter.size() > 0 || length <= largestUnmeasured);
+    }
+    return true;
+}
+
+} // namespace
+
+bool hasBoundedTables(const QByteArray &bytes) {
+    static const QByteArray keyword = "stream";
+    qsizetype last = 0;
+    for (qsizetype at = bytes.indexOf(keyword); at >= 0; at = bytes.indexOf(keyword, last)) {
+        const QByteArray description = withPlainNames(bytes.sliced(last, at - last));
+        last = at + keyword.size();
+        if (!isTable(description)) {
+            continue;
+        }
+        if (!isPackedAsUsual(description)) {
+            return false;
+        }
+        while (last < bytes.size() && (bytes[last] == '\r' || bytes[last] == '\n')) {
+            ++last;
+        }
+        const qsizetype end = bytes.indexOf("endstream", last);
+        const qsizetype length = (end < 0 ? bytes.size() : end) - last;
+        if (description.contains("/Filter") &&
+            !isBounded(QByteArray::fromRawData(bytes.constData() + last, length), length)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace fennick::engine

@@ -1,0 +1,126 @@
+#include "engine/recognition/picture_reader.h"
+
+#include "engine/recognition/page_cutter.h"
+#include "engine/recognition/recognition_passes.h"
+#include "engine/recognition/text_recogniser.h"
+
+#include <QDeadlineTimer>
+#include <QSemaphore>
+#include <QThread>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
+#include <vector>
+
+namespace fennick::engine {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// For all pages and passes. Callers give up after a minute, part of which a document may have waited for its
+// turn; what is read by then is worth more than nothing. A pass over a page takes half a second or so.
+constexpr auto recognitionTime = 25s;
+constexpr size_t passesAtOnce = 2;
+
+QSemaphore freeProcessors(std::max(1, QThread::idealThreadCount()));
+
+Reading movedDown(Reading lines, int distance) {
+    for (TextLine &line : lines) {
+        line.box.translate(0, distance);
+    }
+    return lines;
+}
+
+// One pass at a time over all pages of a document, on a thread of its own.
+class PassReader {
+public:
+    Reading read(const QList<PdfPage> &pages, const std::vector<PreparedPage> &prepared, size_t pass,
+                 QDeadlineTimer deadline, const std::stop_token &stop) {
+        Reading reading;
+        for (qsizetype page = 0; page < pages.size(); ++page) {
+            if (pages[page].picture.isNull()) {
+                reading += pages[page].lines;
+                continue;
+            }
+            if (!freeProcessors.tryAcquire(1, static_cast<int>(deadline.remainingTime()))) {
+                return reading;
+            }
+            const QSemaphoreReleaser processor(freeProcessors);
+            if (stop.stop_requested()) {
+                return reading;
+            }
+            const RecognitionPass &way = recognitionPasses[pass];
+            const GreyPicture picture = pictureFor(prepared[static_cast<size_t>(page)], way);
+            for (const PageStrip &strip : headingAndRest(picture, way.letterHeight)) {
+                reading += movedDown(
+                    recogniser_.recognise(strip.picture, static_cast<int>(page), deadline, stop), strip.top);
+            }
+        }
+        return reading;
+    }
+
+    bool isReady() const { return recogniser_.isReady(); }
+
+private:
+    TextRecogniser recogniser_;
+};
+
+// Ends early when `stop` is requested.
+std::vector<PreparedPage> prepared(const QList<PdfPage> &pages, const std::stop_token &stop) {
+    std::vector<PreparedPage> ready;
+    for (const PdfPage &page : pages) {
+        if (stop.stop_requested()) {
+            break;
+        }
+        ready.push_back(preparedPage(page.picture));
+    }
+    return ready;
+}
+
+} // namespace
+
+std::expected<QList<Reading>, ReadError>
+readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Reading> &readings)> &isEnough,
+          const std::stop_token &stop) {
+    const bool hasPictures =
+        std::ranges::any_of(pages, [](const PdfPage &page) { return !page.picture.isNull(); });
+    if (!hasPictures) {
+        Reading text;
+        for (const PdfPage &page : pages) {
+            text += page.lines;
+        }
+        return QList<Reading>{text};
+    }
+
+    const QDeadlineTimer deadline(recognitionTime);
+    std::array<PassReader, passesAtOnce> readers;
+    if (!readers.front().isReady()) {
+        return std::unexpected(ReadError::RecogniserMissing);
+    }
+    const std::vector<PreparedPage> ready = prepared(pages, stop);
+    QList<Reading> readings;
+    for (size_t pass = 0; pass + 1 < recognitionPasses.size(); pass += passesAtOnce) {
+        if (stop.stop_requested()) {
+            return std::unexpected(ReadError::Abandoned);
+        }
+        std::array<Reading, passesAtOnce> pair;
+        {
+            const std::jthread other(
+                [&] { pair[1] = readers[1].read(pages, ready, pass + 1, deadline, stop); });
+            pair[0] = readers[0].read(pages, ready, pass, deadline, stop);
+        }
+        readings << pair[0] << pair[1];
+        if (deadline.hasExpired() || isEnough(readings)) {
+            break;
+        }
+    }
+    if (stop.stop_requested()) {
+        return std::unexpected(ReadError::Abandoned);
+    }
+    return readings;
+}
+
+} // namespace fennick::engine

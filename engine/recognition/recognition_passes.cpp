@@ -1,0 +1,68 @@
+#include "engine/recognition/recognition_passes.h"
+
+#include "engine/recognition/leptonica_owners.h"
+#include "engine/recognition/letter_size.h"
+#include "engine/recognition/paper_finder.h"
+#include "engine/recognition/paper_straightener.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace fennick::engine {
+
+namespace {
+
+constexpr double largestEnlargement = 4.0;
+constexpr double smallestEnlargement = 0.3;
+constexpr double mostPixels = 12e6;
+constexpr double scaledInOneStep = 0.7;
+
+GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
+    const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
+    const QRect wanted = area.adjusted(-margin, -margin, margin, margin) & whole;
+    const BoxPointer box(boxCreate(wanted.x(), wanted.y(), wanted.width(), wanted.height()));
+    GreyPicture cut(box ? pixClipRectangle(picture.get(), box.get(), nullptr) : nullptr);
+    return cut ? std::move(cut) : std::move(picture);
+}
+
+// Works on a copy: Leptonica counts the users of a picture without a lock, also those who only read it, and
+// passes on other threads look at the same page.
+GreyPicture scaled(const GreyPicture &picture, double factor) {
+    GreyPicture copy(pixCopy(nullptr, picture.get()));
+    if (!copy || std::abs(factor - 1) < 0.05) {
+        return copy;
+    }
+    const auto step = static_cast<float>(factor);
+    return GreyPicture(factor < scaledInOneStep ? pixScaleAreaMap(copy.get(), step, step)
+                                                : pixScale(copy.get(), step, step));
+}
+
+} // namespace
+
+PreparedPage preparedPage(const QImage &picture) {
+    PreparedPage page;
+    page.picture = straightened(onEvenPaper(seenFromAbove(greyPicture(picture))));
+    const PrintedArea area = printedArea(page.picture);
+    page.letterHeight = area.letterHeight;
+    if (area.letterHeight > 0) {
+        page.picture = cutTo(std::move(page.picture), area.box, area.letterHeight * 3 / 2);
+    }
+    return page;
+}
+
+GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass) {
+    if (!page.picture) {
+        return {};
+    }
+    double factor = 1;
+    if (page.letterHeight > 0) {
+        const double pixels =
+            static_cast<double>(pixGetWidth(page.picture.get())) * pixGetHeight(page.picture.get());
+        factor = std::min(static_cast<double>(pass.letterHeight) / page.letterHeight,
+                          std::sqrt(mostPixels / pixels));
+        factor = std::clamp(factor, smallestEnlargement, largestEnlargement);
+    }
+    return withStrokes(scaled(page.picture, factor), pass.strokes);
+}
+
+} // namespace fennick::engine

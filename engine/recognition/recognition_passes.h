@@ -1,0 +1,37 @@
+#pragma once
+
+#include "engine/recognition/contrast_normaliser.h"
+#include "engine/recognition/grey_picture.h"
+
+#include <QImage>
+
+#include <array>
+
+namespace fennick::engine {
+
+// One way of looking at a page. No single one reads every receipt; misreadings differ between them.
+struct RecognitionPass {
+    int letterHeight; // pixels of a capital; small enough that a stroke is one or two pixels wide
+    Strokes strokes;
+};
+
+// In the order of their worth: the first two alone read most pages.
+inline constexpr std::array recognitionPasses = {
+    RecognitionPass{23, Strokes::Smoothed},  RecognitionPass{21, Strokes::Darkened},
+    RecognitionPass{19, Strokes::AsPrinted}, RecognitionPass{25, Strokes::AsPrinted},
+    RecognitionPass{24, Strokes::Darkened},  RecognitionPass{30, Strokes::Smoothed},
+    RecognitionPass{27, Strokes::Thickened}, RecognitionPass{24, Strokes::Outlined},
+};
+
+// A page that is ready for its passes: even paper, level lines, cut to where its print stands.
+struct PreparedPage {
+    GreyPicture picture;
+    int letterHeight = 0;
+};
+
+PreparedPage preparedPage(const QImage &picture);
+
+// `page` as `pass` wants it.
+GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass);
+
+} // namespace fennick::engine

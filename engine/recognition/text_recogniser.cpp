@@ -1,0 +1,119 @@
+#include "engine/recognition/text_recogniser.h"
+
+#include <omp.h>
+#include <tesseract/baseapi.h>
+#include <tesseract/ocrclass.h>
+
+#include <mutex>
+
+namespace fennick::engine {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// In heights of a line, from its lowest to its highest stroke.
+constexpr double columnGap = 1.2;
+
+struct Patience {
+    QDeadlineTimer deadline;
+    std::stop_token stop;
+};
+
+bool isOver(void *patience, int) {
+    const auto *given = static_cast<Patience *>(patience);
+    return given->deadline.hasExpired() || given->stop.stop_requested();
+}
+
+QRectF boxOf(const tesseract::ResultIterator &position, tesseract::PageIteratorLevel level) {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    if (!position.BoundingBox(level, &left, &top, &right, &bottom)) {
+        return {};
+    }
+    return QRectF(left, top, right - left, bottom - top);
+}
+
+// The words of the line at `word`, which is left on the line's last one. Two spaces mark a gap that no blank
+// between words is as wide as: the next column.
+QString lineText(tesseract::ResultIterator &word, double lineHeight) {
+    QString text;
+    double previousRight = 0;
+    while (true) {
+        const std::unique_ptr<char[]> utf8(word.GetUTF8Text(tesseract::RIL_WORD));
+        const QString written = utf8 ? QString::fromUtf8(utf8.get()).simplified() : QString();
+        const QRectF box = boxOf(word, tesseract::RIL_WORD);
+        if (!written.isEmpty()) {
+            if (!text.isEmpty()) {
+                text += box.left() - previousRight > columnGap * lineHeight ? u"  "_s : u" "_s;
+            }
+            text += written;
+            previousRight = box.right();
+        }
+        if (word.IsAtFinalElement(tesseract::RIL_TEXTLINE, tesseract::RIL_WORD) ||
+            !word.Next(tesseract::RIL_WORD)) {
+            return text;
+        }
+    }
+}
+
+} // namespace
+
+TextRecogniser::TextRecogniser()
+    : tesseract_(std::make_unique<tesseract::TessBaseAPI>()) {
+    // Tesseract keeps this one for the whole process, and other threads may be reading it already.
+    static std::once_flag isQuiet;
+    std::call_once(isQuiet, [this] { tesseract_->SetVariable("debug_file", "/dev/null"); });
+    ready_ = tesseract_->Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY) == 0;
+    if (!ready_) {
+        return;
+    }
+    // One block of lines across the whole width: columns would part the labels from their amounts.
+    tesseract_->SetPageSegMode(tesseract::PSM_SINGLE_BLOCK);
+}
+
+TextRecogniser::~TextRecogniser() = default;
+
+bool TextRecogniser::isReady() const {
+    return ready_;
+}
+
+QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline,
+                                          const std::stop_token &stop) {
+    if (!ready_ || !picture) {
+        return {};
+    }
+    // Requests are the unit of parallel work; Tesseract's own threads only get in each other's way.
+    omp_set_max_active_levels(0);
+    tesseract_->SetImage(picture.get());
+    tesseract_->SetSourceResolution(300);
+
+    tesseract::ETEXT_DESC monitor;
+    Patience patience{.deadline = deadline, .stop = stop};
+    monitor.cancel = isOver;
+    monitor.cancel_this = &patience;
+    if (tesseract_->Recognize(&monitor) != 0) {
+        return {};
+    }
+
+    const std::unique_ptr<tesseract::ResultIterator> line(tesseract_->GetIterator());
+    QList<TextLine> fragments;
+    if (!line) {
+        return {};
+    }
+    do {
+        const QRectF box = boxOf(*line, tesseract::RIL_TEXTLINE);
+        const double confidence = static_cast<double>(line->Confidence(tesseract::RIL_TEXTLINE)) / 100;
+        tesseract::ResultIterator word(*line);
+        const QString text = lineText(word, box.height());
+        if (!text.isEmpty() && !box.isNull()) {
+            fragments.append({.text = text, .box = box, .confidence = confidence, .page = page});
+        }
+    } while (line->Next(tesseract::RIL_TEXTLINE));
+    tesseract_->Clear();
+    return joinedRows(fragments);
+}
+
+} // namespace fennick::engine

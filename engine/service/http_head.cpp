@@ -1,0 +1,91 @@
+#include "engine/service/http_head.h"
+
+#include <QList>
+
+#include <utility>
+
+namespace fennick::engine {
+
+namespace {
+
+// An absent length is no body; nullopt is a malformed or contradictory one (RFC 9112, 6.3).
+std::optional<qsizetype> lengthIn(const QByteArray &value, std::optional<qsizetype> earlier) {
+    bool isNumber = false;
+    const qsizetype length = value.toLongLong(&isNumber);
+    if (!isNumber || length < 0 || value.startsWith('+') || (earlier && *earlier != length)) {
+        return std::nullopt;
+    }
+    return length;
+}
+
+// What is told once for the whole request.
+struct Told {
+    std::optional<QByteArray> host;
+    std::optional<QByteArray> contentType;
+    std::optional<qsizetype> length;
+};
+
+// False if there was a value already.
+bool setOnce(std::optional<QByteArray> &value, const QByteArray &told) {
+    return !std::exchange(value, told).has_value();
+}
+
+// 0 if the header is fine, else the status to refuse the request with.
+int readHeader(const QByteArray &line, HttpHead &head, Told &told) {
+    const qsizetype colon = line.indexOf(':');
+    if (colon <= 0) {
+        return 400;
+    }
+    const QByteArray name = line.first(colon).toLower();
+    const QByteArray value = line.sliced(colon + 1).trimmed();
+    if (name == "content-length") {
+        told.length = lengthIn(value, told.length);
+        return told.length ? 0 : 400;
+    }
+    if (name == "host") {
+        return setOnce(told.host, value) ? 0 : 400;
+    }
+    if (name == "origin") {
+        return setOnce(head.origin, value) ? 0 : 400;
+    }
+    if (name == "content-type") {
+        return setOnce(told.contentType, value) ? 0 : 400;
+    }
+    if (name == "transfer-encoding") {
+        return value.toLower() == "chunked" ? 411 : 501;
+    }
+    if (name == "expect") {
+        head.expectsContinue = value.toLower() == "100-continue";
+    }
+    return 0;
+}
+
+} // namespace
+
+std::expected<HttpHead, int> parsedHead(const QByteArray &text) {
+    QList<QByteArray> lines = text.split('\n');
+    const QList<QByteArray> words = lines.takeFirst().trimmed().split(' ');
+    if (words.size() != 3 || !words[1].startsWith('/') || !words[2].startsWith("HTTP/")) {
+        return std::unexpected(400);
+    }
+    if (!words[2].startsWith("HTTP/1.")) {
+        return std::unexpected(505);
+    }
+
+    HttpHead head{.method = words[0], .target = QUrl::fromEncoded(words[1])};
+    Told told;
+    for (const QByteArray &line : std::as_const(lines)) {
+        if (const int status = readHeader(line.trimmed(), head, told)) {
+            return std::unexpected(status);
+        }
+    }
+    if (!told.host) {
+        return std::unexpected(400);
+    }
+    head.host = *told.host;
+    head.contentType = told.contentType.value_or(QByteArray());
+    head.contentLength = told.length.value_or(0);
+    return head;
+}
+
+} // namespace fennick::engine

@@ -1,0 +1,149 @@
+#include "engine/service/pdf_process.h"
+
+#include "platform/child_process.h"
+
+#include <QDataStream>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QProcess>
+
+#include <optional>
+#include <utility>
+
+namespace fennick::engine {
+
+const QString readPdfArgument = QStringLiteral("--read-pdf");
+
+namespace {
+
+// Five scanned pages take about two seconds.
+constexpr ChildLimits share{.memory = 1LL << 30, .processorTime = std::chrono::seconds(15)};
+// For a process that waits instead of working, or gets no processor.
+constexpr std::chrono::seconds longestTime{50};
+constexpr int lookInterval = 50; // milliseconds
+constexpr auto streamVersion = QDataStream::Qt_6_4;
+
+QDataStream &operator<<(QDataStream &stream, const TextLine &line) {
+    return stream << line.text << line.box << line.confidence << line.page;
+}
+
+QDataStream &operator>>(QDataStream &stream, TextLine &line) {
+    return stream >> line.text >> line.box >> line.confidence >> line.page;
+}
+
+// Not as Qt streams pictures, which packs every one as a PNG.
+void write(QDataStream &stream, const QImage &picture) {
+    stream << picture.size();
+    for (int row = 0; row < picture.height(); ++row) {
+        stream.writeRawData(reinterpret_cast<const char *>(picture.constScanLine(row)), picture.width());
+    }
+}
+
+QImage readPicture(QDataStream &stream) {
+    QSize size;
+    stream >> size;
+    if (size.isEmpty() || stream.status() != QDataStream::Ok) {
+        return {};
+    }
+    QImage picture(size, QImage::Format_Grayscale8);
+    for (int row = 0; row < picture.height(); ++row) {
+        stream.readRawData(reinterpret_cast<char *>(picture.scanLine(row)), picture.width());
+    }
+    return picture;
+}
+
+QByteArray encoded(const std::expected<QList<PdfPage>, ReadError> &pages) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(streamVersion);
+    stream << pages.has_value();
+    if (!pages) {
+        stream << pages.error();
+        return bytes;
+    }
+    stream << static_cast<qint32>(pages->size());
+    for (const PdfPage &page : *pages) {
+        stream << static_cast<qint32>(page.lines.size());
+        for (const TextLine &line : page.lines) {
+            stream << line;
+        }
+        write(stream, page.picture);
+    }
+    return bytes;
+}
+
+PdfPage decodedPage(QDataStream &stream) {
+    PdfPage page;
+    qint32 lines = 0;
+    stream >> lines;
+    for (; lines > 0 && stream.status() == QDataStream::Ok; --lines) {
+        TextLine line;
+        stream >> line;
+        page.lines.append(line);
+    }
+    page.picture = readPicture(stream);
+    return page;
+}
+
+// Nothing of an answer that is not whole.
+std::optional<std::expected<QList<PdfPage>, ReadError>> decoded(const QByteArray &bytes) {
+    QDataStream stream(bytes);
+    stream.setVersion(streamVersion);
+    bool hasPages = false;
+    stream >> hasPages;
+    if (!hasPages) {
+        ReadError error{};
+        stream >> error;
+        return stream.status() == QDataStream::Ok
+                   ? std::optional(std::expected<QList<PdfPage>, ReadError>(std::unexpected(error)))
+                   : std::nullopt;
+    }
+    QList<PdfPage> pages;
+    qint32 count = 0;
+    stream >> count;
+    for (; count > 0 && stream.status() == QDataStream::Ok; --count) {
+        pages.append(decodedPage(stream));
+    }
+    return stream.status() == QDataStream::Ok ? std::optional(std::move(pages)) : std::nullopt;
+}
+
+void end(QProcess &process) {
+    process.kill();
+    process.waitForFinished();
+}
+
+} // namespace
+
+std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, const QByteArray &bytes,
+                                                      int pageLimit, const std::stop_token &stop) {
+    QProcess process;
+    endWithThisProgram(process, share);
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, {readPdfArgument, QString::number(pageLimit)});
+    process.write(bytes);
+    process.closeWriteChannel();
+    const QDeadlineTimer deadline(longestTime);
+    while (!process.waitForFinished(lookInterval) && process.state() != QProcess::NotRunning) {
+        if (stop.stop_requested() || deadline.hasExpired()) {
+            end(process);
+            return std::unexpected(stop.stop_requested() ? ReadError::Abandoned : ReadError::TookTooMuch);
+        }
+    }
+    if (process.error() == QProcess::FailedToStart) {
+        return std::unexpected(ReadError::UnreadablePdf);
+    }
+    auto pages = decoded(process.readAllStandardOutput());
+    return pages ? *std::move(pages) : std::unexpected(ReadError::TookTooMuch);
+}
+
+int serveReadPdfApart(int pageLimit) {
+    QFile input;
+    QFile output;
+    if (!input.open(stdin, QIODevice::ReadOnly) || !output.open(stdout, QIODevice::WriteOnly)) {
+        return 1;
+    }
+    const QByteArray answer = encoded(readPdf(input.readAll(), pageLimit));
+    return output.write(answer) == answer.size() && output.flush() ? 0 : 1;
+}
+
+} // namespace fennick::engine

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "engine/fields/receipt_fields.h"
+#include "engine/recognition/read_error.h"
+#include "engine/service/generate_request.h"
+
+#include <QJsonObject>
+#include <QString>
+
+// Answers in the shape of the generateContent service.
+namespace fennick::engine {
+
+// One candidate whose only part's text is the fields as a JSON object; absent fields are null.
+QJsonObject generateAnswer(const ReceiptFields &fields, const QString &model);
+
+// {"error": {...}} as the service words its failures.
+QJsonObject errorAnswer(const ServiceError &error);
+
+// What a caller is told about a document that cannot be read: its own fault (400) unless the engine lacks
+// something (500).
+ServiceError serviceError(ReadError error);
+
+} // namespace fennick::engine

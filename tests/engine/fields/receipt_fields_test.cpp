@@ -1,0 +1,59 @@
+#include "engine/engine_lines.h"
+#include "engine/fields/receipt_fields.h"
+#include "support/test_program.h"
+
+using namespace fennick;
+using namespace fennick::engine;
+using namespace Qt::StringLiterals;
+
+class ReceiptFieldsTest : public QObject {
+    Q_OBJECT
+
+    const QDate today_ = QDate(2025, 6, 15);
+
+private Q_SLOTS:
+    void readsAWholeReceipt() {
+        const ReceiptFields fields =
+            readReceipt({linesOf({u"Mario's Trattoria"_s, u"12 High Street"_s, u"03/04/2024 12:30 PM"_s,
+                                  u"Pasta  18.00"_s, u"Wine  5.50"_s, u"Total  $23.50"_s})},
+                        today_);
+        QCOMPARE(fields.date, std::optional(QDate(2024, 3, 4)));
+        QCOMPARE(fields.time, std::optional(QTime(12, 30)));
+        QCOMPARE(fields.amount, std::optional(23.5));
+        QCOMPARE(fields.currency, std::optional(u"USD"_s));
+        QCOMPARE(fields.location, std::optional(u"Mario's Trattoria"_s));
+        QCOMPARE(fields.category, u"lunch"_s);
+        QCOMPARE(fields.summary, u"Lunch at Mario's Trattoria for $23.50"_s);
+    }
+
+    void readsTheDayFirstOutsideNorthAmerica() {
+        QCOMPARE(readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total £5.00"_s})}, today_).date,
+                 std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total CAD 5.00"_s})}, today_).date,
+                 std::optional(QDate(2024, 3, 4)));
+    }
+
+    void takesNoCurrencyFromAStrayReading() {
+        const Reading plain = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total 5.00"_s});
+        const Reading stray = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total $5.00"_s});
+        const ReceiptFields fields = readReceipt({plain, plain, stray, plain, plain, plain}, today_);
+        QCOMPARE(fields.currency, std::nullopt);
+        QCOMPARE(fields.date, std::optional(QDate(2024, 3, 12)));
+        QCOMPARE(readReceipt({plain, stray}, today_).currency, std::optional(u"USD"_s));
+    }
+
+    void claimsNothingAboutALetter() {
+        for (const QList<TextLine> &lines :
+             {linesOf({u"Dear Anna"_s, u"See you at the market, 9:30 sharp."_s}), QList<TextLine>()}) {
+            const ReceiptFields fields = readReceipt({lines}, today_);
+            QVERIFY(!fields.date && !fields.time && !fields.amount && !fields.currency && !fields.location);
+            QCOMPARE(fields.category, u"misc"_s);
+            QVERIFY(fields.summary.contains(u"No receipt text"_s));
+        }
+    }
+};
+
+int receipt_fields_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<ReceiptFieldsTest>(argc, argv);
+}
+#include "receipt_fields_test.moc"

@@ -1,0 +1,56 @@
+#include "engine/sample_table.h"
+#include "engine/service/receipt_reader.h"
+#include "engine/service/service_answer.h"
+#include "support/test_program.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+using namespace fennick;
+using namespace fennick::engine;
+using namespace Qt::StringLiterals;
+
+class SamplesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everySampleIsInTheTable() {
+        QStringList listed;
+        for (const Sample &sample : sampleTable())
+            listed.append(sample.file);
+        listed.sort();
+        QStringList present =
+            QDir(QStringLiteral(FENNICK_SOURCE_DIR "/samples/receipts")).entryList(QDir::Files);
+        present.sort();
+        QVERIFY(present.size() >= 10);
+        QCOMPARE(listed, present);
+    }
+
+    void readsEverySample_data() {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QJsonObject>("facts");
+        for (const Sample &sample : sampleTable())
+            QTest::newRow(qPrintable(sample.file)) << sample.file << sample.facts;
+    }
+    void readsEverySample() {
+        QFETCH(QString, file);
+        QFETCH(QJsonObject, facts);
+        const std::expected<ReceiptFields, ReadError> fields =
+            readReceiptFile(sampleBytes(file), QDate::currentDate());
+        QVERIFY(fields);
+        const QJsonObject answer = generateAnswer(*fields, u"m"_s);
+        const QJsonObject candidate = answer.value("candidates"_L1).toArray().at(0).toObject();
+        const QJsonObject part =
+            candidate.value("content"_L1).toObject().value("parts"_L1).toArray().at(0).toObject();
+        QJsonObject found = QJsonDocument::fromJson(part.value("text"_L1).toString().toUtf8()).object();
+        QVERIFY(!found.take(u"summary"_s).toString().isEmpty());
+        QCOMPARE(found, facts);
+    }
+};
+
+int samples_test(int argc, char **argv) {
+    return fennick::test::runTest<QCoreApplication, SamplesTest>(argc, argv);
+}
+#include "samples_test.moc"
