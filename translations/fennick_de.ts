@@ -218,6 +218,10 @@
         <source>The on-device engine could not be started: %1</source>
         <translation>Die lokale Texterkennung konnte nicht gestartet werden: %1</translation>
     </message>
+    <message>
+        <source>Decompression failed</source>
+        <translation>Dekomprimieren fehlgeschlagen</translation>
+    </message>
 </context>
 <context>
     <name>WatchFolderChooser</name>

@@ -218,6 +218,10 @@
         <source>The on-device engine could not be started: %1</source>
         <translation>Le moteur local n’a pas pu être démarré&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>Decompression failed</source>
+        <translation>Échec de la décompression</translation>
+    </message>
 </context>
 <context>
     <name>WatchFolderChooser</name>

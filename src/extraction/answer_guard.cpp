@@ -6,8 +6,6 @@
 #include <QCoreApplication>
 #include <QNetworkReply>
 
-#include <algorithm>
-
 namespace fennick::GeminiClient {
 
 namespace {
@@ -15,30 +13,15 @@ namespace {
 // Often enough for the fastest network: what comes in between is memory taken.
 constexpr std::chrono::milliseconds transferWatchInterval{500};
 
-// Far more than is ever shown of an answer.
-constexpr qint64 longestBeginning = 64LL * 1024;
-
-// Text in UTF-8 without the bytes of a character that does not end.
-QByteArray withoutBrokenEnd(const QByteArray &bytes) {
-    constexpr int longestPart = 3;
-    for (int part = 0; part <= longestPart; ++part) {
-        const QByteArray whole = bytes.chopped(std::min<qsizetype>(part, bytes.size()));
-        if (whole.isValidUtf8()) {
-            return whole;
-        }
-    }
-    return bytes;
-}
-
-QString tooLarge(qint64 limit) {
-    return QString::fromUtf8(answerTooLargeText).arg(limit / (1024LL * 1024));
-}
-
 quint16 portOf(const QUrl &url) {
     return static_cast<quint16>(url.port(url.scheme() == u"http" ? 80 : 443));
 }
 
 } // namespace
+
+QString answerTooLarge(qint64 limit) {
+    return QString::fromUtf8(answerTooLargeText).arg(limit / (1024LL * 1024));
+}
 
 AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
     : reply_(reply) {
@@ -50,8 +33,8 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
     connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { patience_.start(); });
     connect(&reply, &QNetworkReply::readyRead, this, [this, limit = limits.largestSize] {
         if (reply_.bytesAvailable() > limit) {
-            beginning_ = withoutBrokenEnd(reply_.peek(longestBeginning));
-            end(tooLarge(limit));
+            beginning_ = reply_.peek(longestBeginning);
+            end(answerTooLarge(limit));
         }
     });
     connect(&transferWatch_, &QTimer::timeout, this,

@@ -4,6 +4,7 @@
 #include "extraction/gemini_answer.h"
 #include "extraction/gemini_request.h"
 #include "extraction/key_removal.h"
+#include "extraction/unpacked_body.h"
 
 #include <QCoreApplication>
 #include <QCoroFuture>
@@ -45,6 +46,8 @@ QNetworkRequest request(const QUrl &url) {
     QNetworkRequest request(url);
     request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
     request.setTransferTimeout(static_cast<int>(timeOut.count()));
+    // Asked for by itself, the library would unpack answers without noticing that one lacks its end.
+    request.setRawHeader("Accept-Encoding", "gzip, deflate");
     // The library would follow some and lose the bodies of the others.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     return request;
@@ -54,11 +57,7 @@ QString transportDescription(const QNetworkReply &reply) {
     if (reply.error() == QNetworkReply::OperationCanceledError) {
         return QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "The request timed out."));
     }
-    // The library announces a reason when a compressed answer is damaged, and gives none or names a function
-    // of its own.
-    const QString description = reply.errorString();
-    const bool hasReason = !description.endsWith(u": ") && !description.contains(u"QNetworkRequest::");
-    return hasReason ? description : description.section(QStringLiteral(": "), 0, 0);
+    return reply.errorString();
 }
 
 bool isErrorStatus(int status) {
@@ -72,7 +71,7 @@ bool isTransportError(const QNetworkReply &reply, bool hasErrorStatus) {
            (!hasErrorStatus || error <= QNetworkReply::UnknownNetworkError);
 }
 
-// The library does not notice every time. It drops the length of a body that it unpacks.
+// The library does not notice every time.
 bool isCut(const QNetworkReply &reply, qsizetype received) {
     const QVariant announced = reply.header(QNetworkRequest::ContentLengthHeader);
     return announced.isValid() && received < announced.toLongLong();
@@ -90,12 +89,42 @@ Result answerIn(int status, const QByteArray &body, const QString &apiKey) {
     return *std::move(answer);
 }
 
+// Text in UTF-8 without the bytes of a character that does not end.
+QByteArray withoutBrokenEnd(const QByteArray &bytes) {
+    constexpr int longestPart = 3;
+    for (int part = 0; part <= longestPart; ++part) {
+        const QByteArray whole = bytes.chopped(std::min<qsizetype>(part, bytes.size()));
+        if (whole.isValidUtf8()) {
+            return whole;
+        }
+    }
+    return bytes;
+}
+
+QString description(UnpackingFailure failure) {
+    switch (failure) {
+    case UnpackingFailure::damaged:
+        return QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "Decompression failed"));
+    case UnpackingFailure::cut:
+        return QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "Connection closed"));
+    case UnpackingFailure::tooLarge:
+        break;
+    }
+    return answerTooLarge(AnswerLimits().largestSize);
+}
+
+// Of an error's body only the beginning counts; how it ends is of no interest.
+Result errorAnswerIn(int status, const QByteArray &body, const QByteArray &encoding, const QString &apiKey) {
+    return answerIn(status, withoutBrokenEnd(unpackedBody(body, encoding, longestBeginning).bytes), apiKey);
+}
+
 Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &apiKey) {
     const QVariant statusAttribute = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const int status = statusAttribute.toInt();
     const bool hasErrorStatus = statusAttribute.isValid() && isErrorStatus(status);
+    const QByteArray encoding = reply.rawHeader("Content-Encoding");
     if (hasErrorStatus && guard.beginning()) {
-        return answerIn(status, *guard.beginning(), apiKey);
+        return errorAnswerIn(status, *guard.beginning(), encoding, apiKey);
     }
     if (guard.violation()) {
         return transportFailure(*guard.violation(), apiKey);
@@ -111,7 +140,14 @@ Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &a
         return transportFailure(QString::fromUtf8(QT_TRANSLATE_NOOP("TransportError", "Connection closed")),
                                 apiKey);
     }
-    return answerIn(status, body, apiKey);
+    const UnpackedBody unpacked = unpackedBody(body, encoding, AnswerLimits().largestSize);
+    if (unpacked.failure && hasErrorStatus) {
+        return errorAnswerIn(status, body, encoding, apiKey);
+    }
+    if (unpacked.failure) {
+        return transportFailure(description(*unpacked.failure), apiKey);
+    }
+    return answerIn(status, unpacked.bytes, apiKey);
 }
 
 // Where the service wants to be asked instead; nothing for anybody else than the service.

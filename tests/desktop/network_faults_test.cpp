@@ -61,7 +61,7 @@ NetworkFault gzipAnswer(const QByteArray &body) {
     return networkAnswer("200 OK", "Content-Encoding: gzip\r\n", body);
 }
 
-// Text that gzip does not get below a fortieth of its size, which is where Qt stops by itself.
+// Text that gzip does not get below a fortieth of its size.
 QByteArray hardlyCompressible(qint64 size) {
     QByteArray text;
     quint32 state = 1;
@@ -153,8 +153,7 @@ private Q_SLOTS:
         NetworkFault broken = gzipAnswer(gzipped(geminiAnswer(lunchAnswer)));
         broken.body[broken.body.size() / 2] = static_cast<char>(~broken.body[broken.body.size() / 2]);
         QTest::newRow("broken gzip") << broken << damaged;
-        QTest::newRow("cut gzip") << gzipAnswer(gzipped(geminiAnswer(lunchAnswer)).chopped(30))
-                                  << noCandidates;
+        QTest::newRow("cut gzip") << gzipAnswer(gzipped(geminiAnswer(lunchAnswer)).chopped(30)) << closed;
         QTest::newRow("no gzip at all") << gzipAnswer(geminiAnswer(lunchAnswer)) << damaged;
         QTest::newRow("429") << networkAnswer("429 Slow", {}, "slow down")
                              << u"Gemini API error: 429 — slow down"_s;
@@ -243,9 +242,9 @@ private Q_SLOTS:
         endless.head.chop(2); // the body becomes headers
         endless.body = ("X-Filler: " + QByteArray(1000, 'x') + "\r\n").repeated(1000);
         QTest::newRow("a gigabyte of headers") << endless << u"Connection closed"_s;
-        QTest::newRow("a bomb of blanks")
-            << gzipAnswer(gzipped(QByteArray(64 * megabyte, ' '))) << u"Decompression failed"_s;
-        QTest::newRow("a small bomb") << gzipAnswer(gzipped(hardlyCompressible(48 * megabyte))) << tooLarge;
+        QTest::newRow("a bomb of blanks") << gzipAnswer(gzipped(QByteArray(64 * megabyte, ' '))) << tooLarge;
+        QTest::newRow("a bomb that packs badly")
+            << gzipAnswer(gzipped(hardlyCompressible(48 * megabyte))) << tooLarge;
     }
     void hugeAnswerIsCut() {
         QFETCH(NetworkFault, answer);
