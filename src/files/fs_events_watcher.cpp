@@ -23,7 +23,7 @@ QFuture<void> FSEventsWatcher::start() {
                                               onPaths_(events);
                                           }
                                       });
-    return stream_ ? stream_->watching() : QtFuture::makeReadyFuture();
+    return stream_ ? stream_->watching() : QFuture<void>();
 }
 
 } // namespace fennick

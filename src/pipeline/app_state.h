@@ -153,7 +153,7 @@ private:
     OnDeviceEngine engine_;
     std::shared_ptr<Turns> conversions_;
     std::optional<QString> lastError_;
-    QFuture<void> adoption_ = QtFuture::makeReadyFuture(); // of files that a killed run has renamed
+    QFuture<void> adoption_; // of files that a killed run has renamed
     std::unique_ptr<FSEventsWatcher> watcher_;
     QString watchedFolder_;
     QTimer unreadableNames_;  // until they are listed again, after an event of one

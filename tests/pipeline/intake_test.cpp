@@ -243,6 +243,23 @@ private Q_SLOTS:
         QDir(QDir::cleanPath(other)).removeRecursively();
     }
 
+    // The first file never comes to rest before the folder is changed, so that its debounce is still pending.
+    void eventThatCameBeforeTheFolderChangedIsNotForgotten() {
+        pipeline_->start();
+        QByteArray content = "in the old folder";
+        QTimer writer;
+        connect(&writer, &QTimer::timeout, this,
+                [&] { pipeline_->drop(QStringLiteral("a.pdf"), content += '.'); });
+        writer.start(50);
+        QVERIFY(waitUntil([&] { return QFile::exists(pipeline_->path(QStringLiteral("a.pdf"))); }));
+        pipeline_->drop(QStringLiteral("b.pdf"), "a later event");
+        QVERIFY(waitUntil([this] { return !pipeline_->receipts().isEmpty(); }));
+        pipeline_->appState->startWatching(surroundings_.home.path(QStringLiteral("other")));
+        writer.stop();
+        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
+        QVERIFY(pipeline_->sentDocuments().contains(content));
+    }
+
     void folderSpelledWithASlashAtTheEndIsTheSame() {
         pipeline_->start();
         pipeline_->appState->startWatching(pipeline_->path(QString()));
