@@ -7,19 +7,18 @@
 
 namespace fennick {
 
-// How an answer's field stands to the truth.
+// How an answer's field compares with the truth.
 enum class Verdict {
     Right,
     Wrong,
-    Absent,
+    Absent,  // the answer leaves it open
+    Unknown, // the truth is not stated
 };
 
-Verdict dateVerdict(const engine::ReceiptFields &fields, const Truth &truth);
-Verdict totalVerdict(const engine::ReceiptFields &fields, const Truth &truth);
-Verdict merchantVerdict(const engine::ReceiptFields &fields, const Truth &truth);
-
-// 1 - edit distance / length of the longer one, of both texts in one case with runs of anything but letters
-// and digits taken for one space. 1 = the same, 0 = nothing in common.
-double merchantSimilarity(const QString &left, const QString &right);
+[[nodiscard]] Verdict dateVerdict(const engine::ReceiptFields &fields, const Truth &truth);
+[[nodiscard]] Verdict totalVerdict(const engine::ReceiptFields &fields, const Truth &truth);
+[[nodiscard]] Verdict currencyVerdict(const engine::ReceiptFields &fields, const Truth &truth);
+[[nodiscard]] Verdict merchantVerdict(const engine::ReceiptFields &fields, const Truth &truth);
+[[nodiscard]] Verdict categoryVerdict(const engine::ReceiptFields &fields, const Truth &truth);
 
 } // namespace fennick

@@ -1,14 +1,19 @@
-// engine_accuracy DIR [--verbose]: how well the on-device engine reads the pictures listed in DIR/truth.csv,
-// which lie in DIR or in DIR/images. They go one after the other through the engine's own library, as its
-// program would take them.
+// engine_accuracy DIR [--verbose] [--keep FOLDER | --replay FOLDER]: how well the on-device engine reads the
+// pictures listed in DIR/truth.csv, which lie in DIR or in DIR/images. They go one after the other through
+// the engine's own library, as its program would take them. --keep writes what recognition saw into FOLDER;
+// --replay takes it from there instead of recognising the pictures, to measure the rules alone: within
+// seconds, but with what was seen by the rules that kept it.
 //
-// A date is right when it is the same day; a total when it is the same to the cent; a merchant when
-// upper-cased, with punctuation taken for a space, it is at least 80 % similar (1 - edit distance / longer
-// length). "null" is a field the engine leaves open; the last column is the share of right ones among those
-// given. Seconds are wall time per picture, memory is the peak of the whole process.
+// A date is right when it is the same day; a total when it is the same to the cent. A merchant's whole name
+// is right when, upper-cased, with punctuation taken for a space, it is at least 80 % similar (1 - edit
+// distance / longer length); a part of a name when the answer contains it, both reduced to letters and
+// digits. "null" is a field that the engine leaves open; the last column is the share of right ones among
+// those given. Seconds are wall time per picture, memory is the peak of the whole process.
 
 #include "answer_comparison.h"
+#include "engine/recognition/document_reader.h"
 #include "engine/service/receipt_reader.h"
+#include "kept_readings.h"
 #include "truth_table.h"
 
 #include <QElapsedTimer>
@@ -30,9 +35,10 @@ using namespace Qt::StringLiterals;
 
 struct Tally {
     const char *field;
-    std::array<int, 3> counts = {};
+    std::array<int, 4> counts = {};
 
     void add(Verdict verdict) { ++counts[static_cast<size_t>(verdict)]; }
+    bool isMeasured() const { return counts[0] + counts[1] + counts[2] > 0; }
 
     void print() const {
         const int right = counts[0];
@@ -55,20 +61,54 @@ QByteArray pictureBytes(const QString &folder, const QString &name) {
 }
 
 const char *sign(Verdict verdict) {
-    constexpr std::array signs = {"right", "WRONG", "null"};
+    constexpr std::array signs = {"right", "WRONG", "null", "-"};
     return signs[static_cast<size_t>(verdict)];
 }
 
+void printField(const char *name, Verdict verdict, const QString &given, const QString &truth) {
+    if (verdict != Verdict::Unknown) {
+        std::printf("  %-8s %-5s %s (%s)\n", name, sign(verdict), qPrintable(given), qPrintable(truth));
+    }
+}
+
 void printRow(const Truth &truth, const ReceiptFields &fields, double seconds) {
-    const QString date = fields.date ? fields.date->toString(Qt::ISODate) : u"-"_s;
-    const QString total = fields.amount ? QString::number(*fields.amount, 'f', 2) : u"-"_s;
+    const auto money = [](std::optional<double> amount) {
+        return amount ? QString::number(*amount, 'f', 2) : u"-"_s;
+    };
     std::printf("%s  %.2f s\n", qPrintable(truth.file), seconds);
-    std::printf("  date     %-5s %s (%s)\n", sign(dateVerdict(fields, truth)), qPrintable(date),
-                qPrintable(truth.date.toString(Qt::ISODate)));
-    std::printf("  total    %-5s %s (%.2f)\n", sign(totalVerdict(fields, truth)), qPrintable(total),
-                truth.total);
-    std::printf("  merchant %-5s %s (%s)\n", sign(merchantVerdict(fields, truth)),
-                qPrintable(fields.location.value_or(u"-"_s)), qPrintable(truth.merchant));
+    printField("date", dateVerdict(fields, truth), fields.date ? fields.date->toString(Qt::ISODate) : u"-"_s,
+               truth.date.toString(Qt::ISODate));
+    printField("total", totalVerdict(fields, truth), money(fields.amount), money(truth.total));
+    printField("currency", currencyVerdict(fields, truth), fields.currency.value_or(u"-"_s), truth.currency);
+    printField("merchant", merchantVerdict(fields, truth), fields.location.value_or(u"-"_s), truth.merchant);
+    printField("category", categoryVerdict(fields, truth), fields.category, truth.categories.join(u' '));
+}
+
+struct Options {
+    QString folder;
+    bool isVerbose = false;
+    QString keep;
+    QString replay;
+};
+
+ReceiptFields fieldsOf(const Truth &truth, const Options &options) {
+    const QDate today = QDate::currentDate();
+    if (!options.replay.isEmpty()) {
+        const auto readings = keptReadings(options.replay + u'/' + truth.file + u".tsv"_s);
+        return readings ? readReceipt(*readings, today) : ReceiptFields{};
+    }
+    const QByteArray bytes = pictureBytes(options.folder, truth.file);
+    if (options.keep.isEmpty()) {
+        return readReceiptFile(bytes, today).value_or(ReceiptFields{});
+    }
+    const auto isEnough = [today](const QList<Reading> &readings) {
+        return isBeyondDoubt(readings, today);
+    };
+    const auto readings = readDocument(bytes, isEnough);
+    if (!readings || !keepReadings(options.keep + u'/' + truth.file + u".tsv"_s, *readings)) {
+        return {};
+    }
+    return readReceipt(*readings, today);
 }
 
 double peakMegabytes() {
@@ -77,32 +117,44 @@ double peakMegabytes() {
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-void measure(const QString &folder, const QList<Truth> &truths, bool verbose) {
-    Tally dates{"date"};
-    Tally totals{"total"};
-    Tally merchants{"merchant"};
+void measure(const QList<Truth> &truths, const Options &options) {
+    std::array tallies = {Tally{"date"}, Tally{"total"}, Tally{"currency"}, Tally{"merchant"},
+                          Tally{"category"}};
+    constexpr std::array verdicts = {&dateVerdict, &totalVerdict, &currencyVerdict, &merchantVerdict,
+                                     &categoryVerdict};
     QList<double> seconds;
     for (const Truth &truth : truths) {
-        const QByteArray bytes = pictureBytes(folder, truth.file);
         QElapsedTimer timer;
         timer.start();
-        const ReceiptFields fields = readReceiptFile(bytes, QDate::currentDate()).value_or(ReceiptFields{});
+        const ReceiptFields fields = fieldsOf(truth, options);
         seconds.append(static_cast<double>(timer.elapsed()) / 1000);
-        dates.add(dateVerdict(fields, truth));
-        totals.add(totalVerdict(fields, truth));
-        merchants.add(merchantVerdict(fields, truth));
-        if (verbose) {
+        for (size_t field = 0; field < tallies.size(); ++field) {
+            tallies[field].add(verdicts[field](fields, truth));
+        }
+        if (options.isVerbose) {
             printRow(truth, fields, seconds.last());
         }
     }
     std::printf("%-9s %6s %6s %6s %11s %11s\n", "", "right", "wrong", "null", "of all", "of given");
-    for (const Tally *tally : {&dates, &totals, &merchants}) {
-        tally->print();
+    for (const Tally &tally : tallies) {
+        if (tally.isMeasured()) {
+            tally.print();
+        }
     }
     std::ranges::sort(seconds);
     std::printf("pages %lld, median %.2f s, longest %.2f s, peak memory %.0f MB\n",
                 static_cast<long long>(seconds.size()), seconds[seconds.size() / 2], seconds.last(),
                 peakMegabytes());
+}
+
+// The value that follows `option`, which is taken out of the arguments together with it.
+QString takeValue(QStringList &arguments, const QString &option) {
+    const qsizetype index = arguments.indexOf(option);
+    if (index < 0 || index + 1 >= arguments.size()) {
+        return {};
+    }
+    arguments.removeAt(index);
+    return arguments.takeAt(index);
 }
 
 } // namespace
@@ -111,16 +163,20 @@ int main(int argc, char *argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     QStringList arguments = application.arguments().mid(1);
-    const bool verbose = arguments.removeAll(u"--verbose"_s) > 0;
+    Options options;
+    options.isVerbose = arguments.removeAll(u"--verbose"_s) > 0;
+    options.keep = takeValue(arguments, u"--keep"_s);
+    options.replay = takeValue(arguments, u"--replay"_s);
     if (arguments.size() != 1) {
-        std::fprintf(stderr, "usage: engine_accuracy DIR [--verbose]\n");
+        std::fprintf(stderr, "usage: engine_accuracy DIR [--verbose] [--keep FOLDER | --replay FOLDER]\n");
         return 2;
     }
-    const std::expected<QList<Truth>, QString> truths = truthTable(arguments.first());
+    options.folder = arguments.first();
+    const std::expected<QList<Truth>, QString> truths = truthTable(options.folder);
     if (!truths || truths->isEmpty()) {
         std::fprintf(stderr, "engine_accuracy: %s\n", truths ? "no rows" : qPrintable(truths.error()));
         return 1;
     }
-    measure(arguments.first(), *truths, verbose);
+    measure(*truths, options);
     return 0;
 }

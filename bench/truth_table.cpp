@@ -1,7 +1,6 @@
 #include "truth_table.h"
 
 #include <QFile>
-#include <QStringList>
 
 namespace fennick {
 
@@ -16,6 +15,15 @@ QString unquoted(const QString &cell) {
     return cell.sliced(1, cell.size() - 2).replace(u"\"\""_s, u"\""_s);
 }
 
+// The last column takes the rest of the line.
+QStringList cellsOf(const QString &line, qsizetype columns) {
+    QStringList cells = line.split(u',');
+    while (cells.size() > columns) {
+        cells[columns - 1] += u',' + cells.takeAt(columns);
+    }
+    return cells;
+}
+
 } // namespace
 
 std::expected<QList<Truth>, QString> truthTable(const QString &folder) {
@@ -23,17 +31,28 @@ std::expected<QList<Truth>, QString> truthTable(const QString &folder) {
     if (!file.open(QIODevice::ReadOnly)) {
         return std::unexpected(u"cannot open %1"_s.arg(file.fileName()));
     }
-    QList<Truth> rows;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    const QStringList head = lines.value(0).trimmed().split(u',');
+    QList<Truth> rows;
     for (const QString &line : lines.mid(1)) {
-        Truth row{.file = line.section(u',', 0, 0),
-                  .date = QDate::fromString(line.section(u',', 1, 1), Qt::ISODate),
-                  .merchant = unquoted(line.section(u',', 3).trimmed())};
+        const QStringList cells = cellsOf(line.trimmed(), head.size());
+        const auto cell = [&](const QString &column) {
+            return unquoted(cells.value(head.indexOf(column)));
+        };
+        const QString part = cell(u"merchant"_s);
+        Truth row{.file = cell(u"file"_s),
+                  .date = QDate::fromString(cell(u"date"_s), Qt::ISODate),
+                  .total = {},
+                  .currency = cell(u"currency"_s),
+                  .merchant = part.isEmpty() ? cell(u"company"_s) : part,
+                  .isPartOfMerchant = !part.isEmpty(),
+                  .categories = cell(u"categories"_s).split(u' ', Qt::SkipEmptyParts)};
         bool isNumber = false;
-        row.total = line.section(u',', 2, 2).toDouble(&isNumber);
-        if (!row.date.isValid() || !isNumber) {
-            return std::unexpected(u"not a row of file,date,total,merchant: %1"_s.arg(line));
+        const double total = cell(u"total"_s).toDouble(&isNumber);
+        if (row.file.isEmpty() || !isNumber) {
+            return std::unexpected(u"no file or no total: %1"_s.arg(line));
         }
+        row.total = total;
         rows.append(row);
     }
     return rows;

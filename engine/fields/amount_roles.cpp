@@ -1,7 +1,7 @@
 #include "engine/fields/amount_roles.h"
 
 #include "engine/fields/word_repair.h"
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QList>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 #include "engine/fields/category_reader.h"
 
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QFile>
 #include <QStringList>
@@ -43,6 +43,9 @@ const QList<CategoryWords> &table() {
     return loaded;
 }
 
+// More than the words of things bought come to on most receipts.
+constexpr int brandVotes = 8;
+
 int votes(const QStringList &phrases, const QString &merchantWords, const QString &allWords) {
     int count = 0;
     for (const QString &phrase : phrases) {
@@ -69,7 +72,7 @@ QString mealAt(std::optional<QTime> time) {
 } // namespace
 
 QString readCategory(const QList<TextLine> &lines, const std::optional<QString> &merchant,
-                     std::optional<QTime> time) {
+                     std::optional<QTime> time, const QStringList &brandCategories) {
     QString allText;
     for (const TextLine &line : lines) {
         allText += line.text + u'\n';
@@ -80,7 +83,8 @@ QString readCategory(const QList<TextLine> &lines, const std::optional<QString> 
     QString best = u"misc"_s;
     int bestVotes = 0;
     for (const CategoryWords &entry : table()) {
-        const int count = votes(entry.phrases, merchantWords, allWords);
+        const int count = votes(entry.phrases, merchantWords, allWords) +
+                          (brandCategories.contains(entry.category) ? brandVotes : 0);
         if (count <= bestVotes) {
             continue;
         }

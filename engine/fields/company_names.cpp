@@ -2,7 +2,7 @@
 
 #include "engine/fields/edit_distance.h"
 #include "engine/fields/merchant_lines.h"
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QRegularExpression>
 #include <QStringList>

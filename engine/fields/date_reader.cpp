@@ -1,7 +1,7 @@
 #include "engine/fields/date_reader.h"
 
 #include "engine/fields/date_repair.h"
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QMap>
 #include <QRegularExpression>

@@ -5,7 +5,7 @@
 #include "engine/fields/merchant_lines.h"
 #include "engine/fields/number_reader.h"
 #include "engine/fields/text_vote.h"
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QStringList>
 

@@ -1,12 +1,15 @@
 #include "engine/fields/receipt_fields.h"
 
 #include "engine/fields/amount_reader.h"
+#include "engine/fields/brand_reader.h"
 #include "engine/fields/category_reader.h"
+#include "engine/fields/company_names.h"
 #include "engine/fields/currency_reader.h"
 #include "engine/fields/date_reader.h"
 #include "engine/fields/merchant_reader.h"
 #include "engine/fields/summary_writer.h"
 #include "engine/fields/time_reader.h"
+#include "engine/knowledge/words.h"
 
 #include <QMap>
 
@@ -60,6 +63,18 @@ std::optional<QTime> votedTime(const QList<Reading> &readings, const std::option
     return best;
 }
 
+// A company's full name or one that holds the brand says more than the brand; any other line may be a slogan
+// or an address.
+std::optional<QString> sellerOf(const std::optional<QString> &merchant,
+                                const std::optional<FoundBrand> &brand) {
+    if (!merchant || !brand) {
+        return merchant ? merchant : (brand ? std::optional(brand->name) : std::nullopt);
+    }
+    const bool holdsBrand =
+        containsPhrase(withoutAccents(wordsOf(*merchant)), withoutAccents(wordsOf(brand->name)).trimmed());
+    return holdsBrand || hasLegalForm(*merchant) ? *merchant : brand->name;
+}
+
 ReceiptFields noReceipt() {
     ReceiptFields fields;
     fields.category = u"misc"_s;
@@ -86,8 +101,10 @@ ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
         fields.date = date->date;
     }
     fields.time = votedTime(readings, date);
-    fields.location = readMerchant(readings);
-    fields.category = readCategory(allLines, fields.location, fields.time);
+    const std::optional<FoundBrand> brand = readBrand(readings);
+    fields.location = sellerOf(readMerchant(readings), brand);
+    fields.category =
+        readCategory(allLines, fields.location, fields.time, brand ? brand->categories : QStringList());
     fields.summary = summaryOf(fields);
     return fields;
 }

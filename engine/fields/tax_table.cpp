@@ -3,7 +3,7 @@
 #include "engine/fields/amount_roles.h"
 #include "engine/fields/number_reader.h"
 #include "engine/fields/price_repair.h"
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QRegularExpression>
 #include <QStringList>

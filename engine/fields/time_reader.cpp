@@ -1,6 +1,6 @@
 #include "engine/fields/time_reader.h"
 
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include <QRegularExpression>
 #include <QStringList>

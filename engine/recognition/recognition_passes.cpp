@@ -4,6 +4,7 @@
 #include "engine/recognition/letter_size.h"
 #include "engine/recognition/paper_finder.h"
 #include "engine/recognition/paper_straightener.h"
+#include "engine/recognition/print_region.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,6 +17,14 @@ constexpr double largestEnlargement = 4.0;
 constexpr double smallestEnlargement = 0.3;
 constexpr double mostPixels = 12e6;
 constexpr double scaledInOneStep = 0.7;
+// Shares of the print's width that are kept around it: logos above it and faint lines below it are no print
+// that is sure to be found.
+constexpr double keptBeside = 0.12;
+constexpr double keptAboveAndBelow = 0.4;
+// Share of the page's area: a page that is nearly full of print stays as it is.
+constexpr double mostlyPrint = 0.6;
+// A smaller page is read as quickly with all that surrounds its print, and better.
+constexpr double smallPage = 0.25e6;
 
 GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
     const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
@@ -23,6 +32,28 @@ GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
     const BoxPointer box(boxCreate(wanted.x(), wanted.y(), wanted.width(), wanted.height()));
     GreyPicture cut(box ? pixClipRectangle(picture.get(), box.get(), nullptr) : nullptr);
     return cut ? std::move(cut) : std::move(picture);
+}
+
+double areaOf(const QRect &area) {
+    return static_cast<double>(area.width()) * area.height();
+}
+
+QRect withSurroundings(const QRect &print) {
+    const int beside = static_cast<int>(keptBeside * print.width());
+    const int above = static_cast<int>(keptAboveAndBelow * print.width());
+    return print.adjusted(-beside, -above, beside, above);
+}
+
+// What is left of a page without the table, scanner or cardboard that the receipt lies on.
+GreyPicture cutToPrint(GreyPicture picture) {
+    const std::optional<PrintRegion> region = printRegion(picture);
+    if (!region) {
+        return picture;
+    }
+    const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
+    const QRect kept = withSurroundings(region->box) & whole;
+    const bool isWorthIt = areaOf(whole) > smallPage && areaOf(kept) < mostlyPrint * areaOf(whole);
+    return isWorthIt ? cutTo(std::move(picture), kept, 0) : std::move(picture);
 }
 
 // Works on a copy: Leptonica counts the users of a picture without a lock, also those who only read it, and
@@ -41,7 +72,7 @@ GreyPicture scaled(const GreyPicture &picture, double factor) {
 
 PreparedPage preparedPage(const QImage &picture) {
     PreparedPage page;
-    page.picture = straightened(onEvenPaper(seenFromAbove(greyPicture(picture))));
+    page.picture = straightened(onEvenPaper(cutToPrint(seenFromAbove(greyPicture(picture)))));
     const PrintedArea area = printedArea(page.picture);
     page.letterHeight = area.letterHeight;
     if (area.letterHeight > 0) {

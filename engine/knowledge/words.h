@@ -11,6 +11,10 @@ namespace fennick::engine {
 // at both ends: " grand total ". Apostrophes vanish without a gap ("McDonald's" is one word).
 QString wordsOf(const QString &text);
 
+// `text` in the letters of the English alphabet as far as it is Latin script: accents are taken off, ß
+// becomes ss, æ ae, ø o, đ d, ł l. Other scripts stay as they are.
+QString withoutAccents(const QString &text);
+
 // Whether `phrase` occurs in `words` (as wordsOf() gives them) as whole words.
 bool containsPhrase(const QString &words, const QString &phrase);
 

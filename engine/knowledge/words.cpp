@@ -1,4 +1,4 @@
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 
 #include "text/characters.h"
 
@@ -23,6 +23,38 @@ QString wordsOf(const QString &text) {
         words += u' ';
     }
     return words;
+}
+
+QString withoutAccents(const QString &text) {
+    QString plain;
+    const QString decomposed = text.normalized(QString::NormalizationForm_D);
+    for (const QChar character : decomposed) {
+        switch (character.unicode()) {
+        case u'ß':
+            plain += u"ss";
+            break;
+        case u'æ':
+            plain += u"ae";
+            break;
+        case u'ø':
+            plain += u'o';
+            break;
+        case u'đ':
+            plain += u'd';
+            break;
+        case u'ł':
+            plain += u'l';
+            break;
+        case u'ı':
+            plain += u'i';
+            break;
+        default:
+            if (!character.isMark()) {
+                plain += character;
+            }
+        }
+    }
+    return plain.normalized(QString::NormalizationForm_C);
 }
 
 bool containsPhrase(const QString &words, const QString &phrase) {

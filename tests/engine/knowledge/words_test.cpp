@@ -1,11 +1,11 @@
-#include "engine/fields/word_search.h"
+#include "engine/knowledge/words.h"
 #include "support/test_program.h"
 
 using namespace fennick;
 using namespace fennick::engine;
 using namespace Qt::StringLiterals;
 
-class WordSearchTest : public QObject {
+class WordsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -13,6 +13,12 @@ private Q_SLOTS:
         QCOMPARE(wordsOf(u"GRAND-Total: 23,50"_s), u" grand total 23 50 "_s);
         QCOMPARE(wordsOf(u"Mario's Café"_s), u" marios café "_s);
         QCOMPARE(wordsOf(QString()), u" "_s);
+    }
+
+    void accentsAreTakenOff() {
+        QCOMPARE(withoutAccents(u"süßer café, læder, øl, żółty, ışık"_s),
+                 u"susser cafe, laeder, ol, zolty, isik"_s);
+        QCOMPARE(withoutAccents(u"合計"_s), u"合計"_s);
     }
 
     void findsWholeWordsOnly() {
@@ -26,7 +32,7 @@ private Q_SLOTS:
     }
 };
 
-int word_search_test(int argc, char **argv) {
-    return fennick::test::runTestWithoutApplication<WordSearchTest>(argc, argv);
+int words_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<WordsTest>(argc, argv);
 }
-#include "word_search_test.moc"
+#include "words_test.moc"

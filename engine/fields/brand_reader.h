@@ -1,0 +1,25 @@
+#pragma once
+
+#include "engine/recognition/text_line.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace fennick::engine {
+
+// The brand that a receipt was printed under.
+struct FoundBrand {
+    QString name;
+    QStringList categories; // the kinds of places that bear the name
+    QStringList countries;  // ISO 3166-1 codes; empty = anywhere or too many to tell
+};
+
+// The brand that the readings name where a shop names itself: in its heading, before a legal form ("Aldi GmbH
+// & Co. KG"), in a web address or by its tax number. A brand among the things bought does not count. None
+// without one that most readings agree on.
+[[nodiscard]] std::optional<FoundBrand> readBrand(const QList<Reading> &readings);
+
+} // namespace fennick::engine
