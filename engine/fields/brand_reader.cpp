@@ -3,6 +3,7 @@
 #include "engine/fields/edit_distance.h"
 #include "engine/fields/number_reader.h"
 #include "engine/knowledge/brand_table.h"
+#include "engine/knowledge/country_table.h"
 #include "engine/knowledge/words.h"
 
 #include <QMap>
@@ -19,34 +20,51 @@ namespace {
 
 // Where a shop names itself, in lines from the top.
 constexpr qsizetype headingLines = 6;
-constexpr qsizetype titleLines = 3;
 // What each way of naming it counts, and what a reading must come to on average.
 constexpr double byTaxNumber = 4;
 constexpr double byLegalForm = 4;
 constexpr double byHeading = 3;
-constexpr double byAddress = 3;
-constexpr double byTitleBeginning = 1.5;
+constexpr double byAddress = 3.5;
+constexpr double byBeginning = 1.5;
 constexpr double byMisreadHeading = 1.5;
 constexpr double leastBrandScore = 1;
+constexpr double leastProof = 3.2;
 // Letters of a name that may stand before other words, and of one that may be misread in one of so many
 // letters.
 constexpr qsizetype shortestBeginning = 5;
 constexpr qsizetype shortestMisread = 6;
 constexpr qsizetype lettersForAnError = 6;
-constexpr qsizetype mostWordsAfterwards = 4;
+constexpr qsizetype mostWordsBeforeForm = 2;
 constexpr qsizetype fewCountries = 3;
 
 // Words that stand beside a brand in a company's name without being part of it.
 const QSet<QString> &legalWords() {
     static const QSet<QString> words = {
-        u"gmbh"_s,    u"mbh"_s, u"co"_s,      u"kg"_s,       u"kgaa"_s, u"ag"_s,   u"ohg"_s, u"se"_s,
-        u"ltd"_s,     u"plc"_s, u"inc"_s,     u"llc"_s,      u"llp"_s,  u"corp"_s, u"sa"_s,  u"sas"_s,
-        u"sarl"_s,    u"srl"_s, u"spa"_s,     u"sl"_s,       u"bv"_s,   u"nv"_s,   u"ab"_s,  u"as"_s,
-        u"asa"_s,     u"aps"_s, u"oy"_s,      u"oyj"_s,      u"sdn"_s,  u"bhd"_s,  u"pte"_s, u"pty"_s,
-        u"pvt"_s,     u"kft"_s, u"zrt"_s,     u"doo"_s,      u"sro"_s,  u"spol"_s, u"sp"_s,  u"zoo"_s,
-        u"limited"_s, u"sc"_s,  u"company"_s, u"limitada"_s, u"lda"_s,
+        u"gmbh"_s,    u"mbh"_s,     u"co"_s,       u"kg"_s,  u"kgaa"_s, u"ag"_s,   u"ohg"_s, u"se"_s,
+        u"ltd"_s,     u"plc"_s,     u"inc"_s,      u"llc"_s, u"llp"_s,  u"corp"_s, u"sa"_s,  u"sas"_s,
+        u"sarl"_s,    u"srl"_s,     u"spa"_s,      u"sl"_s,  u"bv"_s,   u"nv"_s,   u"ab"_s,  u"as"_s,
+        u"asa"_s,     u"aps"_s,     u"oy"_s,       u"oyj"_s, u"sdn"_s,  u"bhd"_s,  u"pte"_s, u"pty"_s,
+        u"pvt"_s,     u"kft"_s,     u"zrt"_s,      u"doo"_s, u"sro"_s,  u"spol"_s, u"sp"_s,  u"zoo"_s,
+        u"limited"_s, u"company"_s, u"limitada"_s, u"lda"_s,
     };
     return words;
+}
+
+// Names of brands that are words of receipts, menus and addresses as well: alone in a line they name nobody.
+bool isCommonWord(const QString &words) {
+    static const QSet<QString> common = {
+        u"total"_s,  u"real"_s,    u"next"_s,   u"gap"_s,    u"plus"_s,    u"extra"_s,      u"max"_s,
+        u"base"_s,   u"home"_s,    u"best"_s,   u"one"_s,    u"go"_s,      u"cash"_s,       u"card"_s,
+        u"date"_s,   u"time"_s,    u"tax"_s,    u"market"_s, u"express"_s, u"roti"_s,       u"bar"_s,
+        u"cafe"_s,   u"pizza"_s,   u"hotel"_s,  u"taxi"_s,   u"parking"_s, u"restaurant"_s, u"coffee"_s,
+        u"bakery"_s, u"fresh"_s,   u"local"_s,  u"city"_s,   u"star"_s,    u"super"_s,      u"change"_s,
+        u"bill"_s,   u"order"_s,   u"table"_s,  u"sale"_s,   u"sales"_s,   u"item"_s,       u"service"_s,
+        u"store"_s,  u"shop"_s,    u"visa"_s,   u"master"_s, u"debit"_s,   u"credit"_s,     u"welcome"_s,
+        u"tesoro"_s, u"net"_s,     u"rest"_s,   u"summa"_s,  u"suma"_s,    u"bon"_s,        u"ticket"_s,
+        u"copy"_s,   u"central"_s, u"center"_s, u"centre"_s, u"station"_s, u"food"_s,       u"foods"_s,
+        u"water"_s,
+    };
+    return common.contains(words);
 }
 
 bool isLegalWord(const QString &word) {
@@ -61,6 +79,11 @@ QList<QStringList> piecesOf(const QString &line) {
         pieces.append(withoutAccents(wordsOf(column)).split(u' ', Qt::SkipEmptyParts));
     }
     return pieces;
+}
+
+bool isPlace(const QString &words) {
+    return std::ranges::any_of(countries(),
+                               [&](const Country &country) { return country.places.contains(words); });
 }
 
 qsizetype letterCountOf(const QString &words) {
@@ -116,7 +139,7 @@ private:
     }
 
     void addPiece(QStringList piece, qsizetype index) {
-        while (!piece.isEmpty() && isLegalWord(piece.first())) {
+        while (!piece.isEmpty() && (isLegalWord(piece.first()) || piece.first() == u"sc")) {
             piece.removeFirst();
         }
         const auto form = std::ranges::find_if(piece, isLegalWord);
@@ -125,9 +148,9 @@ private:
         if (letterCountOf(words) < 2) {
             return;
         }
+        const bool hasForm = form != piece.end() && letterCountOf(*form) > 1;
         if (!brandsNamed(words).isEmpty()) {
-            const bool hasForm = form != piece.end() && letterCountOf(*form) > 1;
-            if (hasForm || index < headingLines) {
+            if (hasForm || (index < headingLines && !isCommonWord(words))) {
                 add(words, hasForm ? byLegalForm : byHeading);
             }
             return;
@@ -135,8 +158,8 @@ private:
         if (index < headingLines) {
             addMisread(words);
         }
-        if (index < titleLines || form != piece.end()) {
-            addBeginning(name);
+        if (index < headingLines || hasForm) {
+            addBeginning(name, hasForm);
         }
     }
 
@@ -146,13 +169,17 @@ private:
         }
     }
 
-    // "Auchan Romania", "Westfield Coffee 12": the longest beginning that is a name.
-    void addBeginning(const QStringList &piece) {
-        for (qsizetype count = piece.size() - 1; count >= 1; --count) {
-            const QString words = piece.first(count).join(u' ');
-            if (piece.size() - count <= mostWordsAfterwards && letterCountOf(words) >= shortestBeginning &&
+    // "Auchan Romania", "REWE Markt GmbH": the longest beginning that is a name, if no name of its own goes
+    // on after it.
+    void addBeginning(const QStringList &name, bool hasForm) {
+        for (qsizetype count = name.size() - 1; count >= 1; --count) {
+            const QString words = name.first(count).join(u' ');
+            const QStringList rest = name.sliced(count);
+            const bool isAddition =
+                (hasForm && rest.size() <= mostWordsBeforeForm) || isPlace(rest.join(u' '));
+            if (isAddition && letterCountOf(words) >= shortestBeginning && !isCommonWord(words) &&
                 !brandsNamed(words).isEmpty()) {
-                add(words, byTitleBeginning);
+                add(words, byBeginning);
                 return;
             }
         }
@@ -218,7 +245,9 @@ std::optional<FoundBrand> readBrand(const QList<Reading> &readings) {
     if (best == scores.end() || *best < leastBrandScore) {
         return std::nullopt;
     }
-    return foundBrand(best.key());
+    FoundBrand brand = foundBrand(best.key());
+    brand.isProven = *best >= leastProof;
+    return brand;
 }
 
 } // namespace fennick::engine

@@ -15,6 +15,7 @@ struct FoundBrand {
     QString name;
     QStringList categories; // the kinds of places that bear the name
     QStringList countries;  // ISO 3166-1 codes; empty = anywhere or too many to tell
+    bool isProven = false;  // by a legal form, a web address or a tax number
 };
 
 // The brand that the readings name where a shop names itself: in its heading, before a legal form ("Aldi GmbH

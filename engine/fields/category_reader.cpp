@@ -43,8 +43,17 @@ const QList<CategoryWords> &table() {
     return loaded;
 }
 
-// More than the words of things bought come to on most receipts.
+// More than the words of things bought come to on most receipts. Supermarkets sell more than their petrol
+// stations do.
 constexpr int brandVotes = 8;
+constexpr int brandVotesForFuelAmongOthers = 6;
+
+int votesOfBrand(const QString &category, const QStringList &brandCategories) {
+    if (!brandCategories.contains(category)) {
+        return 0;
+    }
+    return category == u"fuel" && brandCategories.size() > 1 ? brandVotesForFuelAmongOthers : brandVotes;
+}
 
 int votes(const QStringList &phrases, const QString &merchantWords, const QString &allWords) {
     int count = 0;
@@ -83,8 +92,8 @@ QString readCategory(const QList<TextLine> &lines, const std::optional<QString> 
     QString best = u"misc"_s;
     int bestVotes = 0;
     for (const CategoryWords &entry : table()) {
-        const int count = votes(entry.phrases, merchantWords, allWords) +
-                          (brandCategories.contains(entry.category) ? brandVotes : 0);
+        const int count =
+            votes(entry.phrases, merchantWords, allWords) + votesOfBrand(entry.category, brandCategories);
         if (count <= bestVotes) {
             continue;
         }

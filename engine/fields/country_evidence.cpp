@@ -1,9 +1,12 @@
 #include "engine/fields/country_evidence.h"
 
+#include "engine/knowledge/country_table.h"
+#include "engine/knowledge/words.h"
+
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
-#include <array>
 
 namespace fennick::engine {
 
@@ -11,64 +14,95 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Evidence {
-    QLatin1StringView code;
-    const char16_t *pattern; // a regular expression, matched without case
-};
+constexpr double perTaxNumber = 4;
+constexpr double perBrand = 3;
+constexpr double perDialCode = 3;
+constexpr double perDomain = 3;
+constexpr double perPostcode = 3;
+constexpr double firstPlace = 3;
+constexpr double furtherPlaces = 1;
+// Words of a language are shared by countries, and a single one by languages.
+constexpr double perWord = 1;
+constexpr int mostWords = 4;
+constexpr double leastToGoBy = 3;
 
-constexpr std::array evidence = {
-    Evidence{"MYR"_L1, u"(?<!\\p{L})s[do][nh]\\.?\\s?b[hie][d]\\b"},
-    Evidence{"MYR"_L1, u"\\b(?:jalan|jln|taman|lorong|persiaran)\\b"},
-    Evidence{"MYR"_L1, u"\\b(?:selangor|johor|penang|perak|sabah|sarawak|melaka|kedah|pahang|kelantan)\\b"},
-    Evidence{"MYR"_L1, u"\\b(?:kuala lumpur|petaling jaya|shah alam|malaysia)\\b"},
-    Evidence{"MYR"_L1, u"\\bgst\\s?(?:id|reg)?\\W{0,3}(?:no)?\\W{0,3}00\\d{10}\\b"},
-    Evidence{"MYR"_L1, u"\\b(?:restoran|kedai|syarikat|perniagaan|pasar raya)\\b"},
-    Evidence{"GBP"_L1, u"\\bvat\\s?(?:reg\\s?)?(?:no)?\\W{0,3}gb\\s?\\d"},
-    Evidence{"GBP"_L1, u"(?-i:\\b[A-Z]{1,2}\\d[A-Z\\d]?\\s\\d[ABD-HJLNP-UW-Z]{2}\\b)"},
-    Evidence{"GBP"_L1, u"\\b(?:london|manchester|birmingham|edinburgh|england|united kingdom)\\b"},
-    Evidence{"AUD"_L1, u"\\babn\\W{0,3}\\d{2}\\s?\\d{3}"},
-    Evidence{"AUD"_L1, u"\\bpty\\.?\\s?ltd\\b"},
-    Evidence{"AUD"_L1, u"\\b(?:nsw|vic|qld)\\s\\d{4}\\b|\\baustralia\\b"},
-    Evidence{"CAD"_L1, u"\\b(?:hst|qst|tvq)\\b"},
-    Evidence{"CAD"_L1, u"(?-i:\\b[ABCEGHJ-NPRSTVXY]\\d[A-Z]\\s\\d[A-Z]\\d\\b)"},
-    Evidence{"CAD"_L1, u"\\b(?:canada|ontario|québec|quebec|toronto|vancouver|montréal)\\b"},
-    Evidence{"CHF"_L1, u"\\bche-?\\d{3}\\.\\d{3}\\.\\d{3}"},
-    Evidence{"CHF"_L1, u"\\b(?:zürich|bern|basel|genève|lausanne|luzern|schweiz|suisse|switzerland)\\b"},
-    Evidence{"INR"_L1, u"\\bgstin\\b|\\b(?:cgst|sgst|igst)\\b"},
-    Evidence{"INR"_L1, u"\\bpvt\\.?\\s?ltd\\b|\\b(?:mumbai|delhi|bengaluru|bangalore|chennai|india)\\b"},
-    Evidence{"SEK"_L1, u"\\borg\\.?\\s?nr\\b|\\borganisationsnummer\\b"},
-    Evidence{"SEK"_L1,
-             u"\\b(?:kvitto|att betala|varav moms)\\b|\\b(?:stockholm|göteborg|malmö|sverige|sweden)\\b"},
-    Evidence{"EUR"_L1,
-             u"\\bust-?\\s?id(?:nr)?\\b|\\bde\\d{9}\\b|\\bsiret\\b|\\bp\\.?\\s?iva\\b|\\bn\\.?i\\.?f\\b"},
-    Evidence{"EUR"_L1, u"\\b(?:deutschland|berlin|münchen|hamburg|köln|paris|lyon|madrid|barcelona|wien)\\b"},
-    Evidence{"JPY"_L1, u"円|合計|領収|税込"},
-    Evidence{"JPY"_L1, u"\\b(?:tokyo|osaka|kyoto|japan)\\b"},
-    Evidence{"USD"_L1, u"(?-i:\\b(?:A[LKZR]|C[AO]|FL|GA|I[DLNA]|K[SY]|LA|M[ADEINOST]|N[CDHJMVY]|O[HKR]|PA|T["
-                       u"NX]|UT|V[AT]|W[AIVY])\\s\\d{5}(?:-\\d{4})?\\b)"},
-};
+int countOf(const QString &words, const QStringList &phrases, int most) {
+    int count = 0;
+    for (const QString &phrase : phrases) {
+        count += containsPhrase(words, phrase) ? 1 : 0;
+        if (count == most) {
+            break;
+        }
+    }
+    return count;
+}
+
+QSet<QString> matchesIn(const QString &text, const QRegularExpression &pattern) {
+    QSet<QString> found;
+    QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
+    while (matches.hasNext()) {
+        found.insert(matches.next().captured(1).toLower());
+    }
+    return found;
+}
+
+// The ends of the web addresses in `text`; ".co" of ".co.uk" is none.
+QSet<QString> domainsIn(const QString &text) {
+    static const QRegularExpression domain(
+        uR"((?:www\.|https?://|@|(?<![\p{L}\d.])[\p{L}\d\-]{3,}(?=\.[a-z]{2,3}(?![\p{L}\d])))[\p{L}\d.\-]*\.([a-z]{2})(?![\p{L}\d.]|\.\p{L}))"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return matchesIn(text, domain);
+}
+
+QSet<QString> dialledIn(const QString &text) {
+    static const QRegularExpression number(uR"((?:\+|(?<!\d)00)\s?\(?(\d{1,3})\)?(?=[\s\-.(/]*\d))"_s);
+    return matchesIn(text, number);
+}
+
+// "+4930": the country's code runs into the rest of the number.
+bool isDialled(const QSet<QString> &numbers, const QString &code) {
+    return std::ranges::any_of(numbers, [&](const QString &number) { return number.startsWith(code); });
+}
 
 } // namespace
 
-QHash<QString, int> countryEvidence(const Reading &reading) {
-    static const QList<QRegularExpression> patterns = [] {
-        QList<QRegularExpression> compiled;
-        for (const Evidence &item : evidence) {
-            compiled.append(QRegularExpression(QString::fromUtf16(item.pattern),
-                                               QRegularExpression::CaseInsensitiveOption |
-                                                   QRegularExpression::UseUnicodePropertiesOption));
-        }
-        return compiled;
-    }();
-    QHash<QString, int> counts;
-    for (qsizetype index = 0; index < patterns.size(); ++index) {
-        const bool isThere = std::ranges::any_of(
-            reading, [&](const TextLine &line) { return patterns[index].match(line.text).hasMatch(); });
-        if (isThere) {
-            ++counts[QString(evidence[static_cast<size_t>(index)].code)];
+CountryScores countryScores(const Reading &reading, const QStringList &brandCountries) {
+    QString text;
+    for (const TextLine &line : reading) {
+        text += line.text + u'\n';
+    }
+    const QString words = withoutAccents(wordsOf(text));
+    const QSet<QString> domains = domainsIn(text);
+    const QSet<QString> dialled = dialledIn(text);
+    CountryScores scores;
+    for (const Country &country : countries()) {
+        double score = perWord * countOf(words, country.words, mostWords);
+        const int places = countOf(words, country.places, 2);
+        score += places > 0 ? firstPlace + furtherPlaces * (places - 1) : 0;
+        score += brandCountries.contains(country.code) ? perBrand : 0;
+        score += domains.contains(country.domain) ? perDomain : 0;
+        score += !country.dialCode.isEmpty() && isDialled(dialled, country.dialCode) ? perDialCode : 0;
+        const auto isThere = [&text](const QRegularExpression &pattern) {
+            return !pattern.pattern().isEmpty() && pattern.match(text).hasMatch();
+        };
+        score += isThere(country.taxNumber) ? perTaxNumber : 0;
+        score += isThere(country.postcode) ? perPostcode : 0;
+        if (score > 0) {
+            scores[country.code] = score;
         }
     }
-    return counts;
+    return scores;
+}
+
+std::optional<QString> likeliestCountry(const CountryScores &scores) {
+    std::optional<QString> best;
+    for (const Country &country : countries()) {
+        const double score = scores.value(country.code);
+        if (score >= leastToGoBy && (!best || score > scores.value(*best))) {
+            best = country.code;
+        }
+    }
+    return best;
 }
 
 } // namespace fennick::engine

@@ -4,11 +4,19 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 namespace fennick::engine {
 
-// How many different things in `reading` only receipts of a currency's country bear (legal forms, tax
-// numbers, places), by ISO 4217 code. Codes without any are left out.
-QHash<QString, int> countryEvidence(const Reading &reading);
+// How much of a reading points to each country, by ISO 3166-1 code: tax numbers and brands most, then
+// telephone numbers, web addresses, places and postcodes, then words. `brandCountries` are those of the
+// seller's brand. Countries that nothing points to are left out.
+using CountryScores = QHash<QString, double>;
+[[nodiscard]] CountryScores countryScores(const Reading &reading, const QStringList &brandCountries = {});
+
+// The country that most points to, if it is enough to go by.
+[[nodiscard]] std::optional<QString> likeliestCountry(const CountryScores &scores);
 
 } // namespace fennick::engine

@@ -1,6 +1,7 @@
 #include "engine/fields/currency_reader.h"
 
-#include "engine/fields/country_evidence.h"
+#include "engine/knowledge/country_table.h"
+#include "engine/knowledge/currency_table.h"
 #include "text/number_text.h"
 
 #include <QHash>
@@ -8,7 +9,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <array>
 
 namespace fennick::engine {
 
@@ -16,104 +16,61 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Mark {
-    QLatin1StringView code;
-    const char16_t *pattern; // a regular expression, matched with case
-    int weight;
-};
+// A sign that is certain counts as much as a tax number does for its country, but not without end: receipts
+// state the price in a second currency too.
+constexpr double perCertainSign = 4;
+constexpr double perPlainSign = 2;
+constexpr qsizetype mostCounted = 3;
+constexpr double leastWithSign = 2;
+constexpr double leastWithoutSign = 3;
+constexpr double leastForSharedSign = 2; // two words of a language, or one other thing
 
-// A code or a symbol with its country is surer than a symbol alone, however often that is repeated:
-// recognition takes the tax letter S for a dollar. What else tells the country counts once for each kind of
-// evidence.
-constexpr int sure = 4;
-constexpr int plainMark = 2;
-constexpr int perEvidence = 3;
-constexpr qsizetype mostPlain = 2;
-
-constexpr std::array marks = {
-    Mark{"USD"_L1, u"(?<!\\p{L})(?:USD|US\\$)", sure},
-    Mark{"CAD"_L1, u"(?<!\\p{L})(?:CAD|CA?\\$)", sure},
-    Mark{"AUD"_L1, u"(?<!\\p{L})(?:AUD|AU?\\$)", sure},
-    Mark{"NZD"_L1, u"(?<!\\p{L})(?:NZD|NZ\\$)", sure},
-    Mark{"SGD"_L1, u"(?<!\\p{L})(?:SGD|S\\$)", sure},
-    Mark{"HKD"_L1, u"(?<!\\p{L})(?:HKD|HK\\$)", sure},
-    Mark{"BRL"_L1, u"(?<!\\p{L})(?:BRL|R\\$)", sure},
-    // Not "$S21/1A" or "$521/1A": an address whose S was misread.
-    Mark{"USD"_L1, u"(?<![\\p{L}])\\$(?=\\s?\\d[\\d,.]*(?![\\d/\\p{L}\\-]))|(?:\\d|,\\d{2}\\s)\\$(?!\\S)",
-         plainMark},
-    Mark{"EUR"_L1, u"€|(?<!\\p{L})(?:EUR|Euro|EURO)(?!\\p{L})", sure},
-    Mark{"GBP"_L1, u"£(?=\\s?\\d+(?![\\d.,]*\\p{L}))|(?<!\\p{L})GBP(?!\\p{L})", sure},
-    Mark{"CNY"_L1, u"(?<!\\p{L})(?:CNY(?!\\p{L})|RMB(?=\\s\\d))", sure},
-    Mark{"JPY"_L1, u"(?<!\\p{L})JPY(?!\\p{L})", sure},
-    Mark{"JPY"_L1, u"[¥￥]|\\d円", plainMark},
-    Mark{"CHF"_L1, u"(?<!\\p{L})(?:CHF|SFr\\.?)(?!\\p{L})", sure},
-    Mark{"MYR"_L1, u"(?<!\\p{L})(?:MYR|RM(?=[\\s:.]{0,2}\\d))|\\(RM\\)", sure},
-    Mark{"MYR"_L1, u"(?<!\\S)RM(?!\\S)", plainMark}, // the heading of a column
-    Mark{"NOK"_L1, u"(?<!\\p{L})NOK(?!\\p{L})", sure},
-    Mark{"DKK"_L1, u"(?<!\\p{L})DKK(?!\\p{L})", sure},
-    Mark{"SEK"_L1, u"(?<!\\p{L})SEK(?!\\p{L})", sure},
-    Mark{"SEK"_L1, u"\\d\\s?kr(?!\\p{L})|(?<!\\p{L})kr\\.?\\s?\\d", plainMark},
-    Mark{"INR"_L1, u"₹|(?<!\\p{L})(?:INR|Rs\\.?(?=\\s?\\d))", sure},
-    Mark{"PLN"_L1, u"(?<!\\p{L})(?:PLN|zł)(?!\\p{L})", sure},
-    Mark{"CZK"_L1, u"(?<!\\p{L})(?:CZK|Kč)(?!\\p{L})", sure},
-    Mark{"KRW"_L1, u"₩|(?<!\\p{L})KRW(?!\\p{L})", sure},
-    Mark{"THB"_L1, u"฿|(?<!\\p{L})THB(?!\\p{L})", sure},
-};
-
-const QList<QRegularExpression> &markPatterns() {
-    static const QList<QRegularExpression> patterns = [] {
-        QList<QRegularExpression> compiled;
-        for (const Mark &mark : marks) {
-            compiled.append(QRegularExpression(QString::fromUtf16(mark.pattern)));
-        }
-        return compiled;
-    }();
-    return patterns;
-}
-
-qsizetype matchCount(const QRegularExpression &pattern, const QString &text) {
+qsizetype signCount(const QRegularExpression &pattern, const Reading &lines) {
     qsizetype count = 0;
-    QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
-    for (; matches.hasNext(); matches.next()) {
-        ++count;
+    for (const TextLine &line : lines) {
+        QRegularExpressionMatchIterator matches = pattern.globalMatch(line.text);
+        for (; matches.hasNext() && count < mostCounted; matches.next()) {
+            ++count;
+        }
     }
     return count;
 }
 
+// Countries that share a currency are one for it.
+QHash<QString, double> scoresByCurrency(const CountryScores &countryScores) {
+    QHash<QString, double> scores;
+    for (const Country &country : countries()) {
+        double &score = scores[country.currency];
+        score = std::max(score, countryScores.value(country.code));
+    }
+    return scores;
+}
+
 } // namespace
 
-std::optional<QString> readCurrency(const Reading &lines) {
-    QHash<QString, qsizetype> scores;
-    QSet<QString> named;
-    for (qsizetype index = 0; index < markPatterns().size(); ++index) {
-        const Mark &mark = marks[static_cast<size_t>(index)];
-        qsizetype count = 0;
-        for (const TextLine &line : lines) {
-            count += matchCount(markPatterns()[index], line.text);
+std::optional<QString> readCurrency(const Reading &lines, const CountryScores &countryScores) {
+    const QHash<QString, double> byCountry = scoresByCurrency(countryScores);
+    QHash<QString, double> scores = byCountry;
+    QSet<QString> printed;
+    for (const CurrencySign &sign : currencySigns()) {
+        const auto count = static_cast<double>(signCount(sign.pattern, lines));
+        if (count == 0) {
+            continue;
         }
-        if (count > 0 && mark.weight == sure) {
-            named.insert(QString(mark.code));
+        const bool needsCountry = sign.kind == SignKind::Faint || sign.currencies.size() > 1;
+        for (const QString &code : sign.currencies) {
+            if (needsCountry && byCountry.value(code) < leastForSharedSign) {
+                continue;
+            }
+            printed.insert(code);
+            scores[code] += count * (sign.kind == SignKind::Certain ? perCertainSign : perPlainSign);
         }
-        scores[QString(mark.code)] +=
-            mark.weight * (mark.weight == plainMark ? std::min(count, mostPlain) : count);
     }
-    const QHash<QString, int> evidence = countryEvidence(lines);
-    for (auto country = evidence.cbegin(); country != evidence.cend(); ++country) {
-        scores[country.key()] += perEvidence * *country;
-    }
-    const auto isOtherDollar = [](const QString &code) {
-        return code.endsWith(u'D') && code != u"USD";
-    };
-    if (std::ranges::any_of(named, isOtherDollar) && !named.contains(u"USD"_s)) {
-        scores.remove(u"USD"_s);
-    }
-
     std::optional<QString> best;
-    qsizetype bestScore = 0;
-    for (const Mark &mark : marks) {
-        const QString code(mark.code);
-        if (scores.value(code) > bestScore) {
-            bestScore = scores.value(code);
+    for (const Country &country : countries()) {
+        const QString &code = country.currency;
+        const double least = printed.contains(code) ? leastWithSign : leastWithoutSign;
+        if (scores.value(code) >= least && (!best || scores.value(code) > scores.value(*best))) {
             best = code;
         }
     }
@@ -121,9 +78,15 @@ std::optional<QString> readCurrency(const Reading &lines) {
 }
 
 bool hasCurrencyBeside(const QString &line, qsizetype start, qsizetype end) {
-    static const QString mark =
-        u"(?:[$€£¥￥₹₩฿]|(?<!\\p{L})(?:USD|EUR|GBP|JPY|CAD|AUD|NZD|SGD|HKD|CHF|MYR|SEK|NOK|DKK|INR|PLN|CZK|"
-        "CNY|KRW|THB|BRL|RM|Rs\\.?|kr\\.?|Fr\\.?|zł|Kč|円)(?!\\p{L}))"_s;
+    static const QString mark = [] {
+        QStringList codes;
+        for (const Country &country : countries()) {
+            codes.append(country.currency);
+        }
+        codes.removeDuplicates();
+        return u"(?:[$€£¥￥₹₩฿₫₱₺₴₪₦₽৳]|(?<!\\p{L})(?:%1|RM|Rs\\.?|Rp\\.?|kr\\.?|Fr\\.?|zł|Kč|Ft|lei|TL|円|元)(?!\\p{L}))"_s
+            .arg(codes.join(u'|'));
+    }();
     static const QRegularExpression before(mark + u"[\\s:]{0,2}$"_s);
     static const QRegularExpression after(u"^\\s?"_s + mark);
     return before.match(line.left(start)).hasMatch() || after.match(line.mid(end)).hasMatch();

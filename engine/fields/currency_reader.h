@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/fields/country_evidence.h"
 #include "engine/recognition/text_line.h"
 
 #include <QList>
@@ -9,10 +10,10 @@
 
 namespace fennick::engine {
 
-// The ISO 4217 code of the currency that `lines` speak of most: by code (EUR), by symbol (€), by a symbol
-// with its country (C$), or by what only one country's receipts bear (Sdn Bhd, ABN). A bare $ is taken for
-// the US dollar and ¥ for the yen unless more speaks for another country. None when nothing tells.
-std::optional<QString> readCurrency(const Reading &lines);
+// The ISO 4217 code of the currency that `lines` are in: a conclusion from the codes and signs printed and
+// from what points to a country. A sign that several currencies share, such as a bare $ or kr, belongs to the
+// one whose country the rest points to. None if nothing tells.
+[[nodiscard]] std::optional<QString> readCurrency(const Reading &lines, const CountryScores &countryScores);
 
 // Whether a currency symbol or code stands directly before `start` or after `end` in `line`.
 bool hasCurrencyBeside(const QString &line, qsizetype start, qsizetype end);

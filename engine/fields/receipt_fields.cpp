@@ -4,15 +4,18 @@
 #include "engine/fields/brand_reader.h"
 #include "engine/fields/category_reader.h"
 #include "engine/fields/company_names.h"
+#include "engine/fields/country_evidence.h"
 #include "engine/fields/currency_reader.h"
 #include "engine/fields/date_reader.h"
 #include "engine/fields/merchant_reader.h"
 #include "engine/fields/summary_writer.h"
 #include "engine/fields/time_reader.h"
+#include "engine/knowledge/country_table.h"
 #include "engine/knowledge/words.h"
 
 #include <QMap>
 
+#include <algorithm>
 #include <numeric>
 
 namespace fennick::engine {
@@ -21,29 +24,48 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-DayMonthOrder orderFor(const std::optional<QString> &currency) {
-    const bool northAmerican = currency == u"USD"_s || currency == u"CAD"_s;
-    return northAmerican ? DayMonthOrder::MonthFirst : DayMonthOrder::DayFirst;
+// What the readings say of the country and its money.
+struct Origin {
+    std::optional<QString> country;
+    std::optional<QString> currency;
+};
+
+// The choice of most readings, if a good part of them agree: a single one may have taken any stroke for a
+// dollar.
+std::optional<QString> voted(const QMap<QString, int> &votes, qsizetype readings) {
+    constexpr int leastShare = 4; // one in so many readings
+    const auto best = std::ranges::max_element(votes);
+    return best != votes.end() && leastShare * *best >= readings ? std::optional(best.key()) : std::nullopt;
 }
 
-// The currency that most readings speak of, if a good part of them do: a single one may have taken any stroke
-// for a dollar.
-std::optional<QString> votedCurrency(const QList<Reading> &readings) {
-    constexpr int leastShare = 4; // one in so many readings
-    QMap<QString, int> votes;
-    std::optional<QString> best;
+Origin originOf(const QList<Reading> &readings, const std::optional<FoundBrand> &brand) {
+    const QStringList brandCountries = brand ? brand->countries : QStringList();
+    QMap<QString, int> countries;
+    QMap<QString, int> currencies;
     for (const Reading &reading : readings) {
-        if (const std::optional<QString> code = readCurrency(reading)) {
-            ++votes[*code];
-            best = !best || votes[*code] > votes[*best] ? code : best;
+        const CountryScores scores = countryScores(reading, brandCountries);
+        if (const std::optional<QString> country = likeliestCountry(scores)) {
+            ++countries[*country];
+        }
+        if (const std::optional<QString> currency = readCurrency(reading, scores)) {
+            ++currencies[*currency];
         }
     }
-    return best && leastShare * votes[*best] >= readings.size() ? best : std::nullopt;
+    return {voted(countries, readings.size()), voted(currencies, readings.size())};
 }
 
-std::optional<FoundDate> foundDate(const QList<Reading> &readings, const std::optional<QString> &currency,
-                                   QDate today) {
-    return readDate(readings, printedOrder(readings, orderFor(currency)), today);
+// Without a country, its currency stands for it.
+DayMonthOrder orderFor(const Origin &origin) {
+    const auto isIt = [&](const Country &country) {
+        return origin.country ? country.code == origin.country : country.currency == origin.currency;
+    };
+    const auto country = std::ranges::find_if(countries(), isIt);
+    const bool isMonthFirst = country != countries().cend() && country->isMonthFirst;
+    return isMonthFirst ? DayMonthOrder::MonthFirst : DayMonthOrder::DayFirst;
+}
+
+std::optional<FoundDate> foundDate(const QList<Reading> &readings, const Origin &origin, QDate today) {
+    return readDate(readings, printedOrder(readings, orderFor(origin)), today);
 }
 
 // The time that most readings have; of equals, the one of the earliest.
@@ -72,7 +94,18 @@ std::optional<QString> sellerOf(const std::optional<QString> &merchant,
     }
     const bool holdsBrand =
         containsPhrase(withoutAccents(wordsOf(*merchant)), withoutAccents(wordsOf(brand->name)).trimmed());
-    return holdsBrand || hasLegalForm(*merchant) ? *merchant : brand->name;
+    const bool isName = hasLegalForm(*merchant) || (hasBusinessWord(*merchant) && !brand->isProven);
+    return holdsBrand || isName ? *merchant : brand->name;
+}
+
+// What the brand stands for, unless the shop only bears a word of it in its name: "Driftwood Coffee Roasters"
+// is no hotel of the brand Driftwood.
+QStringList categoriesOf(const std::optional<FoundBrand> &brand, const std::optional<QString> &seller) {
+    if (!brand) {
+        return {};
+    }
+    const bool isBrand = !seller || withoutAccents(wordsOf(*seller)) == withoutAccents(wordsOf(brand->name));
+    return isBrand || hasLegalForm(*seller) || !hasBusinessWord(*seller) ? brand->categories : QStringList();
 }
 
 ReceiptFields noReceipt() {
@@ -87,9 +120,11 @@ ReceiptFields noReceipt() {
 ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
     const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
     ReceiptFields fields;
-    fields.currency = votedCurrency(readings);
+    const std::optional<FoundBrand> brand = readBrand(readings);
+    const Origin origin = originOf(readings, brand);
+    fields.currency = origin.currency;
     const std::optional<FoundAmount> amount = readAmount(readings);
-    const std::optional<FoundDate> date = foundDate(readings, fields.currency, today);
+    const std::optional<FoundDate> date = foundDate(readings, origin, today);
     if (!date && !amount) {
         return noReceipt();
     }
@@ -101,10 +136,9 @@ ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
         fields.date = date->date;
     }
     fields.time = votedTime(readings, date);
-    const std::optional<FoundBrand> brand = readBrand(readings);
     fields.location = sellerOf(readMerchant(readings), brand);
     fields.category =
-        readCategory(allLines, fields.location, fields.time, brand ? brand->categories : QStringList());
+        readCategory(allLines, fields.location, fields.time, categoriesOf(brand, fields.location));
     fields.summary = summaryOf(fields);
     return fields;
 }
@@ -114,7 +148,7 @@ bool isBeyondDoubt(const QList<Reading> &readings, QDate today) {
     if (!amount || !amount->isCertain) {
         return false;
     }
-    const std::optional<FoundDate> date = foundDate(readings, votedCurrency(readings), today);
+    const std::optional<FoundDate> date = foundDate(readings, originOf(readings, readBrand(readings)), today);
     return date && date->isCertain;
 }
 

@@ -1,8 +1,8 @@
 #include "engine/knowledge/brand_table.h"
 
+#include "engine/knowledge/table_file.h"
 #include "engine/knowledge/words.h"
 
-#include <QFile>
 #include <QMultiHash>
 
 #include <utility>
@@ -18,25 +18,9 @@ struct BrandTable {
     QHash<std::pair<QChar, qsizetype>, QStringList> byBeginning;
 };
 
-// The cells of each line that is no comment.
-QList<QStringList> linesOf(const QString &path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("%s is missing", qPrintable(path)); // it is part of the program
-    }
-    QList<QStringList> rows;
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    for (const QString &line : lines) {
-        if (!line.startsWith(u'#')) {
-            rows.append(line.split(u'\t'));
-        }
-    }
-    return rows;
-}
-
 BrandTable loadedBrands() {
     BrandTable table;
-    const QList<QStringList> rows = linesOf(u":/engine/brands.txt"_s);
+    const QList<QStringList> rows = tableRows(u":/engine/brands.txt"_s);
     for (const QStringList &row : rows) {
         const QString words = withoutAccents(wordsOf(row.value(0))).trimmed();
         const QStringList countries = row.value(2) == u"*" ? QStringList() : row.value(2).split(u',');
@@ -58,7 +42,7 @@ const BrandTable &brands() {
 
 QHash<QString, QString> loadedTaxNumbers() {
     QHash<QString, QString> numbers;
-    const QList<QStringList> rows = linesOf(u":/engine/tax_numbers.txt"_s);
+    const QList<QStringList> rows = tableRows(u":/engine/tax_numbers.txt"_s);
     for (const QStringList &row : rows) {
         numbers.insert(row.value(0), row.value(1));
     }

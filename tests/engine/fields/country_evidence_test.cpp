@@ -12,40 +12,59 @@ class CountryEvidenceTest : public QObject {
 private Q_SLOTS:
     void knowsCountries_data() {
         QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("code");
-        const auto rows = [](const QString &code, const QStringList &lines) {
+        QTest::addColumn<QString>("country");
+        const auto rows = [](const QString &country, const QStringList &lines) {
             for (const QString &line : lines)
-                QTest::newRow(qPrintable(line)) << line << code;
+                QTest::newRow(qPrintable(line)) << line << country;
         };
-        rows(u"MYR"_s, {u"HARBOUR SDN BHD"_s, u"No 3, Jalan Bayu"_s, u"40000 Shah Alam"_s, u"Johor"_s,
-                        u"GST ID No: 001234567890"_s, u"Restoran Bayu"_s});
-        rows(u"GBP"_s, {u"VAT no GB 123 4567 89"_s, u"Leeds LS1 4AP"_s, u"London"_s});
-        rows(u"AUD"_s, {u"ABN 12 345 678 901"_s, u"Harbour Pty Ltd"_s, u"Sydney NSW 2000"_s});
-        rows(u"CAD"_s, {u"HST 13%"_s, u"Toronto"_s, u"Ottawa K1A 0B1"_s});
-        rows(u"CHF"_s, {u"CHE-123.456.789 MWST"_s, u"8001 Zürich"_s});
-        rows(u"INR"_s, {u"GSTIN 29ABCDE"_s, u"CGST 9%"_s, u"Harbour Pvt Ltd"_s});
-        rows(u"SEK"_s, {u"Org.nr 556000-0000"_s, u"Kvitto"_s});
-        rows(u"EUR"_s, {u"USt-IdNr. DE123456789"_s, u"SIRET 123"_s});
-        rows(u"JPY"_s, {u"合計"_s, u"Tokyo"_s});
-        rows(u"USD"_s, {u"Columbus, OH 43215"_s});
+        rows(u"MY"_s, {u"HARBOUR SDN BHD"_s, u"40000 Shah Alam"_s, u"Johor"_s, u"GST ID No: 001234567890"_s,
+                       u"Tel +60 3 1234 5678"_s});
+        rows(u"GB"_s,
+             {u"VAT no GB 123 4567 89"_s, u"Leeds LS1 4AP"_s, u"London"_s, u"www.harbour-tea.co.uk"_s});
+        rows(u"AU"_s, {u"ABN 12 345 678 901"_s, u"Bay NSW 2000"_s, u"Sydney"_s});
+        rows(u"CA"_s, {u"Toronto"_s, u"Bay K1A 0B1"_s});
+        rows(u"CH"_s, {u"CHE-123.456.789"_s, u"8001 Zürich"_s, u"8001 ZURICH"_s});
+        rows(u"IN"_s, {u"GSTIN 29ABCDE"_s});
+        rows(u"SE"_s, {u"Org.nr 556000-0000"_s});
+        rows(u"DE"_s, {u"USt-IdNr. DE123456789"_s, u"www.harbour.de"_s, u"Tel. 0049 30 123456"_s});
+        rows(u"FR"_s, {u"SIRET 123"_s});
+        rows(u"PL"_s, {u"NIP 123-45-67-890"_s, u"00-950 Warszawa"_s});
+        rows(u"NP"_s, {u"Kathmandu"_s});
+        rows(u"JP"_s, {u"Tokyo"_s});
+        rows(u"US"_s, {u"Columbus, OH 43215"_s, u"Redmond, WA 98052"_s});
     }
     void knowsCountries() {
         QFETCH(QString, line);
-        QFETCH(QString, code);
-        const QHash<QString, int> found = countryEvidence(linesOf({line}));
-        QVERIFY(found.value(code) > 0);
-        QCOMPARE(found.size(), 1);
+        const CountryScores scores = countryScores(linesOf({line}));
+        const auto country = likeliestCountry(scores);
+        QVERIFY(country);
+        QTEST(*country, "country");
     }
 
-    void countsEachKindOnce() {
-        const QHash<QString, int> found = countryEvidence(
-            linesOf({u"HARBOUR SDN BHD"_s, u"HARBOUR SDN BHD"_s, u"Jalan Bayu"_s, u"Selangor"_s}));
-        QCOMPARE(found.value(u"MYR"_s), 3);
+    void wordOfSeveralLanguagesIsNotEnough() {
+        QVERIFY(!likeliestCountry(countryScores(linesOf({u"Total incl. moms 12,00"_s}))));
+    }
+
+    void wordsOfALanguageAddUp() {
+        const CountryScores scores = countryScores(
+            linesOf({u"Kvittering"_s, u"I ALT 120,00"_s, u"Heraf moms 24,00"_s, u"Tak for besøget"_s}));
+        QCOMPARE(likeliestCountry(scores), std::optional(u"DK"_s));
+    }
+
+    void brandOfOneCountryCounts() {
+        QCOMPARE(likeliestCountry(countryScores(linesOf({u"Total 5.00"_s}), {u"RO"_s})),
+                 std::optional(u"RO"_s));
+    }
+
+    void placeOfAnotherCountryLosesAgainstTheAddress() {
+        const CountryScores scores = countryScores(
+            linesOf({u"Penang Kitchen"_s, u"100 High St"_s, u"Columbus, OH 43215"_s, u"Sales tax 1.20"_s}));
+        QCOMPARE(likeliestCountry(scores), std::optional(u"US"_s));
     }
 
     void findsNoneInOrdinaryText() {
-        QVERIFY(countryEvidence(linesOf({u"Corner Shop"_s, u"Total 5.00"_s})).isEmpty());
-        QVERIFY(countryEvidence({}).isEmpty());
+        QVERIFY(countryScores(linesOf({u"Corner Shop"_s, u"Total 5.00"_s})).isEmpty());
+        QVERIFY(countryScores({}).isEmpty());
     }
 };
 

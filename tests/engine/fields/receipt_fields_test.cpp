@@ -13,10 +13,10 @@ class ReceiptFieldsTest : public QObject {
 
 private Q_SLOTS:
     void readsAWholeReceipt() {
-        const ReceiptFields fields =
-            readReceipt({linesOf({u"Mario's Trattoria"_s, u"12 High Street"_s, u"03/04/2024 12:30 PM"_s,
-                                  u"Pasta  18.00"_s, u"Wine  5.50"_s, u"Total  $23.50"_s})},
-                        today_);
+        const ReceiptFields fields = readReceipt(
+            {linesOf({u"Mario's Trattoria"_s, u"12 High Street, Columbus, OH 43215"_s,
+                      u"03/04/2024 12:30 PM"_s, u"Pasta  18.00"_s, u"Wine  5.50"_s, u"Total  $23.50"_s})},
+            today_);
         QCOMPARE(fields.date, std::optional(QDate(2024, 3, 4)));
         QCOMPARE(fields.time, std::optional(QTime(12, 30)));
         QCOMPARE(fields.amount, std::optional(23.5));
@@ -33,13 +33,21 @@ private Q_SLOTS:
                  std::optional(QDate(2024, 3, 4)));
     }
 
+    void signOfDollarsByItselfIsNoReasonToReadTheMonthFirst() {
+        const ReceiptFields fields =
+            readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total $5.00"_s})}, today_);
+        QCOMPARE(fields.date, std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(fields.currency, std::nullopt);
+    }
+
     void takesNoCurrencyFromAStrayReading() {
         const Reading plain = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total 5.00"_s});
-        const Reading stray = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total $5.00"_s});
+        const Reading stray = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total €5.00"_s});
         const ReceiptFields fields = readReceipt({plain, plain, stray, plain, plain, plain}, today_);
         QCOMPARE(fields.currency, std::nullopt);
         QCOMPARE(fields.date, std::optional(QDate(2024, 3, 12)));
-        QCOMPARE(readReceipt({plain, stray}, today_).currency, std::optional(u"USD"_s));
+        const Reading other = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total €5.00"_s});
+        QCOMPARE(readReceipt({plain, other}, today_).currency, std::optional(u"EUR"_s));
     }
 
     void claimsNothingAboutALetter() {

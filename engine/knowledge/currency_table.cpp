@@ -1,0 +1,52 @@
+#include "engine/knowledge/currency_table.h"
+
+#include "engine/knowledge/country_table.h"
+#include "engine/knowledge/table_file.h"
+
+#include <QSet>
+
+namespace fennick::engine {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SignKind kindOf(const QString &text) {
+    if (text == u"plain") {
+        return SignKind::Plain;
+    }
+    return text == u"faint" ? SignKind::Faint : SignKind::Certain;
+}
+
+// Codes that are words as well stand for money only beside digits.
+QString codePattern(const QString &code) {
+    static const QSet<QString> words = {u"TRY"_s, u"PEN"_s, u"MAD"_s, u"COP"_s, u"RON"_s, u"SAR"_s, u"ARS"_s};
+    return words.contains(code) ? u"(?<=\\d)\\s?%1(?![\\p{L}\\d])|(?<![\\p{L}\\d])%1(?=\\s?\\d)"_s.arg(code)
+                                : u"(?<![\\p{L}\\d])%1(?!\\p{L})"_s.arg(code);
+}
+
+QList<CurrencySign> loadedSigns() {
+    QList<CurrencySign> signs;
+    const QList<QStringList> rows = tableRows(u":/engine/currencies.txt"_s);
+    for (const QStringList &row : rows) {
+        signs.append({kindOf(row.value(0)), row.value(1).split(u','), QRegularExpression(row.value(2))});
+    }
+    QStringList codes;
+    for (const Country &country : countries()) {
+        codes.append(country.currency);
+    }
+    codes.removeDuplicates();
+    for (const QString &code : std::as_const(codes)) {
+        signs.append({SignKind::Certain, {code}, QRegularExpression(codePattern(code))});
+    }
+    return signs;
+}
+
+} // namespace
+
+const QList<CurrencySign> &currencySigns() {
+    static const QList<CurrencySign> signs = loadedSigns();
+    return signs;
+}
+
+} // namespace fennick::engine
