@@ -26,6 +26,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -91,24 +92,30 @@ struct Options {
     QString replay;
 };
 
+QList<ReadingFacts> factsOfAll(const QList<Reading> &readings) {
+    QList<ReadingFacts> facts;
+    std::ranges::transform(readings, std::back_inserter(facts), &factsOf);
+    return facts;
+}
+
 ReceiptFields fieldsOf(const Truth &truth, const Options &options) {
     const QDate today = QDate::currentDate();
     if (!options.replay.isEmpty()) {
         const auto readings = keptReadings(options.replay + u'/' + truth.file + u".tsv"_s);
-        return readings ? readReceipt(*readings, today) : ReceiptFields{};
+        return readings ? readReceipt(factsOfAll(*readings), today) : ReceiptFields{};
     }
     const QByteArray bytes = pictureBytes(options.folder, truth.file);
     if (options.keep.isEmpty()) {
         return readReceiptFile(bytes, today).value_or(ReceiptFields{});
     }
     const auto isEnough = [today](const QList<Reading> &readings) {
-        return isBeyondDoubt(readings, today);
+        return isBeyondDoubt(factsOfAll(readings), today);
     };
     const auto readings = readDocument(bytes, isEnough);
     if (!readings || !keepReadings(options.keep + u'/' + truth.file + u".tsv"_s, *readings)) {
         return {};
     }
-    return readReceipt(*readings, today);
+    return readReceipt(factsOfAll(*readings), today);
 }
 
 double peakMegabytes() {

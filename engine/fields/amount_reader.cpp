@@ -139,10 +139,10 @@ std::optional<FoundAmount> largestWithCurrency(const QList<LabelledAmount> &amou
 
 } // namespace
 
-std::optional<FoundAmount> readAmount(const QList<Reading> &readings) {
+std::optional<FoundAmount> readAmount(const QList<QList<LabelledAmount>> &readings) {
     QMap<qint64, double> scores;
-    for (const Reading &reading : readings) {
-        const QMap<qint64, double> own = scoredCandidates(labelledAmounts(reading));
+    for (const QList<LabelledAmount> &amounts : readings) {
+        const QMap<qint64, double> own = scoredCandidates(amounts);
         for (auto candidate = own.cbegin(); candidate != own.cend(); ++candidate) {
             scores[candidate.key()] += candidate.value() / static_cast<double>(readings.size());
         }
@@ -160,7 +160,7 @@ std::optional<FoundAmount> readAmount(const QList<Reading> &readings) {
         }
     }
     if (scores.isEmpty()) {
-        return readings.isEmpty() ? std::nullopt : largestWithCurrency(labelledAmounts(readings.first()));
+        return readings.isEmpty() ? std::nullopt : largestWithCurrency(readings.first());
     }
     const bool isUnrivalled = bestScore >= leastUnrivalledScore && bestScore >= unrivalledLead * second;
     const bool isAhead = bestScore >= leastScore && bestScore >= leastLead * second;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/recognition/text_line.h"
+#include "engine/fields/labelled_amounts.h"
 
 #include <QList>
 
@@ -18,6 +18,6 @@ struct FoundAmount {
 // its label, the better it agrees with the receipt's other amounts and the more readings have it, the more it
 // counts. None when no candidate counts enough. Without any label in any reading, the largest number next to
 // a currency sign.
-std::optional<FoundAmount> readAmount(const QList<Reading> &readings);
+[[nodiscard]] std::optional<FoundAmount> readAmount(const QList<QList<LabelledAmount>> &readings);
 
 } // namespace fennick::engine

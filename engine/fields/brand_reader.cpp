@@ -6,7 +6,6 @@
 #include "engine/knowledge/country_table.h"
 #include "engine/knowledge/words.h"
 
-#include <QMap>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -130,7 +129,7 @@ public:
         }
     }
 
-    const QMap<QString, double> &scores() const { return scores_; }
+    const BrandScores &scores() const { return scores_; }
 
 private:
     void add(const QString &words, double score) {
@@ -211,7 +210,7 @@ private:
         }
     }
 
-    QMap<QString, double> scores_;
+    BrandScores scores_;
 };
 
 FoundBrand foundBrand(const QString &words) {
@@ -233,11 +232,14 @@ FoundBrand foundBrand(const QString &words) {
 
 } // namespace
 
-std::optional<FoundBrand> readBrand(const QList<Reading> &readings) {
-    QMap<QString, double> scores;
-    for (const Reading &reading : readings) {
-        const ReadingBrands brands(reading);
-        for (auto brand = brands.scores().cbegin(); brand != brands.scores().cend(); ++brand) {
+BrandScores brandScores(const Reading &reading) {
+    return ReadingBrands(reading).scores();
+}
+
+std::optional<FoundBrand> readBrand(const QList<BrandScores> &readings) {
+    BrandScores scores;
+    for (const BrandScores &brands : readings) {
+        for (auto brand = brands.cbegin(); brand != brands.cend(); ++brand) {
             scores[brand.key()] += *brand / static_cast<double>(readings.size());
         }
     }

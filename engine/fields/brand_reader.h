@@ -3,6 +3,7 @@
 #include "engine/recognition/text_line.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -18,9 +19,14 @@ struct FoundBrand {
     bool isProven = false;  // by a legal form, a web address or a tax number
 };
 
-// The brand that the readings name where a shop names itself: in its heading, before a legal form ("Aldi GmbH
-// & Co. KG"), in a web address or by its tax number. A brand among the things bought does not count. None
-// without one that most readings agree on.
-[[nodiscard]] std::optional<FoundBrand> readBrand(const QList<Reading> &readings);
+// How surely a reading names each brand, by the words of its name.
+using BrandScores = QMap<QString, double>;
+
+// The brands that a reading names where a shop names itself: in its heading, before a legal form ("Aldi GmbH
+// & Co. KG"), in a web address or by its tax number. A brand among the things bought does not count.
+[[nodiscard]] BrandScores brandScores(const Reading &reading);
+
+// The brand that most of the readings agree on.
+[[nodiscard]] std::optional<FoundBrand> readBrand(const QList<BrandScores> &readings);
 
 } // namespace fennick::engine

@@ -16,6 +16,7 @@
 #include <QMap>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace fennick::engine {
@@ -115,15 +116,34 @@ ReceiptFields noReceipt() {
     return fields;
 }
 
+QList<Reading> linesOf(const QList<ReadingFacts> &facts) {
+    QList<Reading> readings;
+    std::ranges::transform(facts, std::back_inserter(readings), &ReadingFacts::lines);
+    return readings;
+}
+
+std::optional<FoundBrand> brandOf(const QList<ReadingFacts> &facts) {
+    QList<BrandScores> brands;
+    std::ranges::transform(facts, std::back_inserter(brands), &ReadingFacts::brands);
+    return readBrand(brands);
+}
+
+std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts) {
+    QList<QList<LabelledAmount>> amounts;
+    std::ranges::transform(facts, std::back_inserter(amounts), &ReadingFacts::amounts);
+    return readAmount(amounts);
+}
+
 } // namespace
 
-ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
+ReceiptFields readReceipt(const QList<ReadingFacts> &facts, QDate today) {
+    const QList<Reading> readings = linesOf(facts);
     const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
     ReceiptFields fields;
-    const std::optional<FoundBrand> brand = readBrand(readings);
+    const std::optional<FoundBrand> brand = brandOf(facts);
     const Origin origin = originOf(readings, brand);
     fields.currency = origin.currency;
-    const std::optional<FoundAmount> amount = readAmount(readings);
+    const std::optional<FoundAmount> amount = amountOf(facts);
     const std::optional<FoundDate> date = foundDate(readings, origin, today);
     if (!date && !amount) {
         return noReceipt();
@@ -143,12 +163,13 @@ ReceiptFields readReceipt(const QList<Reading> &readings, QDate today) {
     return fields;
 }
 
-bool isBeyondDoubt(const QList<Reading> &readings, QDate today) {
-    const std::optional<FoundAmount> amount = readAmount(readings);
+bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today) {
+    const std::optional<FoundAmount> amount = amountOf(facts);
     if (!amount || !amount->isCertain) {
         return false;
     }
-    const std::optional<FoundDate> date = foundDate(readings, originOf(readings, readBrand(readings)), today);
+    const QList<Reading> readings = linesOf(facts);
+    const std::optional<FoundDate> date = foundDate(readings, originOf(readings, brandOf(facts)), today);
     return date && date->isCertain;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/recognition/text_line.h"
+#include "engine/fields/reading_facts.h"
 
 #include <QDate>
 #include <QList>
@@ -25,9 +25,9 @@ struct ReceiptFields {
 // What a document says, from one or more readings of it, which vote field by field. A document with neither a
 // date nor an amount is taken for no receipt: nothing is claimed about it. Pure; `today` bounds the dates
 // that can be true.
-ReceiptFields readReceipt(const QList<Reading> &readings, QDate today);
+[[nodiscard]] ReceiptFields readReceipt(const QList<ReadingFacts> &facts, QDate today);
 
-// Whether `readings` agree on date and total so well that further ones would change nothing.
-bool isBeyondDoubt(const QList<Reading> &readings, QDate today);
+// Whether the readings agree on date and total so well that further ones would change nothing.
+[[nodiscard]] bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today);
 
 } // namespace fennick::engine

@@ -1,5 +1,6 @@
 #include "engine/service/receipt_reader.h"
 
+#include "engine/fields/reading_facts.h"
 #include "engine/recognition/document_reader.h"
 
 #include <QSemaphore>
@@ -12,6 +13,13 @@ namespace {
 // programs.
 QSemaphore documentsAtOnce(2);
 
+// Readings are only added to; what was found in the earlier ones stays as it is.
+void addFacts(QList<ReadingFacts> &facts, const QList<Reading> &readings) {
+    for (qsizetype index = facts.size(); index < readings.size(); ++index) {
+        facts.append(factsOf(readings[index]));
+    }
+}
+
 } // namespace
 
 std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes, QDate today,
@@ -19,14 +27,17 @@ std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes,
                                                         const PdfReading &pagesOf) {
     documentsAtOnce.acquire();
     const QSemaphoreReleaser document(documentsAtOnce);
-    const auto isEnough = [today](const QList<Reading> &readings) {
-        return isBeyondDoubt(readings, today);
+    QList<ReadingFacts> facts;
+    const auto isEnough = [&facts, today](const QList<Reading> &readings) {
+        addFacts(facts, readings);
+        return isBeyondDoubt(facts, today);
     };
     const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough, stop, pagesOf);
     if (!readings) {
         return std::unexpected(readings.error());
     }
-    return readReceipt(*readings, today);
+    addFacts(facts, *readings);
+    return readReceipt(facts, today);
 }
 
 } // namespace fennick::engine

@@ -6,6 +6,14 @@ using namespace fennick;
 using namespace fennick::engine;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+std::optional<FoundAmount> amountIn(const QList<Reading> &readings) {
+    return readAmount(factOfEach(readings, &labelledAmounts));
+}
+
+} // namespace
+
 class AmountReaderTest : public QObject {
     Q_OBJECT
 
@@ -49,7 +57,7 @@ private Q_SLOTS:
     void readsTheLabelledTotal() {
         QFETCH(QStringList, lines);
         QFETCH(double, amount);
-        const std::optional<FoundAmount> found = readAmount({linesOf(lines)});
+        const std::optional<FoundAmount> found = amountIn({linesOf(lines)});
         QVERIFY(found.has_value());
         QCOMPARE(found->amount, amount);
     }
@@ -139,51 +147,51 @@ private Q_SLOTS:
     void letsReadingsVote() {
         const Reading right = linesOf({u"Total 18.00"_s});
         const Reading wrong = linesOf({u"Total 16.00"_s});
-        QCOMPARE(readAmount({right, wrong, right})->amount, 18.00);
-        QCOMPARE(readAmount({wrong, wrong, right})->amount, 16.00);
+        QCOMPARE(amountIn({right, wrong, right})->amount, 18.00);
+        QCOMPARE(amountIn({wrong, wrong, right})->amount, 16.00);
     }
 
     void letsTheSumsOutvoteAMisreadTotal() {
         const Reading misread = linesOf({u"Sub Total 15.30"_s, u"GST 0.92"_s, u"TOTAL 16.28"_s});
         const Reading right = linesOf({u"Sub Total 15.30"_s, u"GST 0.92"_s, u"TOTAL 16.22"_s});
-        QCOMPARE(readAmount({misread, misread, right})->amount, 16.22);
+        QCOMPARE(amountIn({misread, misread, right})->amount, 16.22);
     }
 
     void letsTheTableOfTaxesDecide() {
         const Reading misread = linesOf({u"TOTAL 82.40"_s, u"GST Summary"_s, u"SR 6% 58.87 3.53"_s});
         const Reading right = linesOf({u"TOTAL 62.40"_s, u"GST Summary"_s, u"SR 6% 58.87 3.53"_s});
-        QCOMPARE(readAmount({misread, right})->amount, 62.40);
+        QCOMPARE(amountIn({misread, right})->amount, 62.40);
     }
 
     void claimsNothingBetweenEquals() {
-        QVERIFY(!readAmount({linesOf({u"Total 18.00"_s}), linesOf({u"Total 16.00"_s})}));
+        QVERIFY(!amountIn({linesOf({u"Total 18.00"_s}), linesOf({u"Total 16.00"_s})}));
     }
 
     void takesWhatFewReadingsHaveIfNothingElseComesNear() {
         const Reading clear = linesOf({u"Total 16.00"_s, u"Cash 16.00"_s});
         const Reading nothing = linesOf({u"Thank you"_s});
-        QCOMPARE(readAmount({clear, nothing, nothing, clear})->amount, 16.00);
-        QVERIFY(!readAmount({clear, nothing, nothing, nothing, nothing, nothing, nothing, nothing}));
+        QCOMPARE(amountIn({clear, nothing, nothing, clear})->amount, 16.00);
+        QVERIFY(!amountIn({clear, nothing, nothing, nothing, nothing, nothing, nothing, nothing}));
     }
 
     void claimsNothingFromWhatWasHardlyRead() {
         const Reading nothing = linesOf({u"Thank you"_s});
-        QVERIFY(!readAmount({linesOf({u"Cash 16.00"_s}), nothing, nothing, nothing}));
+        QVERIFY(!amountIn({linesOf({u"Cash 16.00"_s}), nothing, nothing, nothing}));
     }
 
     void isCertainWhenEverythingAgrees() {
         const Reading whole =
             linesOf({u"Tea 2.50"_s, u"Cake 5.00"_s, u"Total 7.50"_s, u"Cash 10.00"_s, u"Change 2.50"_s});
-        QVERIFY(readAmount({whole, whole})->isCertain);
-        QVERIFY(!readAmount({linesOf({u"Total 7.50"_s})})->isCertain);
+        QVERIFY(amountIn({whole, whole})->isCertain);
+        QVERIFY(!amountIn({linesOf({u"Total 7.50"_s})})->isCertain);
     }
 
     void claimsNothingWithoutTotalOrCurrency() {
-        QVERIFY(!readAmount({linesOf({u"Take 3 cups of flour"_s, u"Bake for 45 minutes"_s, u"Serves 4"_s})}));
-        QVERIFY(!readAmount({}));
+        QVERIFY(!amountIn({linesOf({u"Take 3 cups of flour"_s, u"Bake for 45 minutes"_s, u"Serves 4"_s})}));
+        QVERIFY(!amountIn({}));
     }
 
-    void claimsNothingFromATotalOfZero() { QVERIFY(!readAmount({linesOf({u"Total 0.00"_s})})); }
+    void claimsNothingFromATotalOfZero() { QVERIFY(!amountIn({linesOf({u"Total 0.00"_s})})); }
 };
 
 int amount_reader_test(int argc, char **argv) {

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString brandIn(const QStringList &lines) {
-    const auto brand = readBrand({linesOf(lines)});
+    const auto brand = readBrand({brandScores(linesOf(lines))});
     return brand ? brand->name : QString();
 }
 
@@ -59,11 +59,11 @@ private Q_SLOTS:
     void oneReadingOfManyIsNotEnough() {
         QList<Reading> readings(8, linesOf(items));
         readings[3] = linesOf(QStringList{u"SATURN"_s} + items);
-        QVERIFY(!readBrand(readings));
+        QVERIFY(!readBrand(factOfEach(readings, &brandScores)));
     }
 
     void kindsAndCountriesComeWithIt() {
-        const auto costco = readBrand({linesOf({u"COSTCO"_s})});
+        const auto costco = readBrand({brandScores(linesOf({u"COSTCO"_s}))});
         QVERIFY(costco);
         QVERIFY(costco->categories.contains(u"fuel"_s));
         QVERIFY(costco->categories.contains(u"groceries"_s));

@@ -6,6 +6,14 @@ using namespace fennick;
 using namespace fennick::engine;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+ReceiptFields fieldsIn(const QList<Reading> &readings, QDate today) {
+    return readReceipt(factOfEach(readings, &factsOf), today);
+}
+
+} // namespace
+
 class ReceiptFieldsTest : public QObject {
     Q_OBJECT
 
@@ -13,7 +21,7 @@ class ReceiptFieldsTest : public QObject {
 
 private Q_SLOTS:
     void readsAWholeReceipt() {
-        const ReceiptFields fields = readReceipt(
+        const ReceiptFields fields = fieldsIn(
             {linesOf({u"Mario's Trattoria"_s, u"12 High Street, Columbus, OH 43215"_s,
                       u"03/04/2024 12:30 PM"_s, u"Pasta  18.00"_s, u"Wine  5.50"_s, u"Total  $23.50"_s})},
             today_);
@@ -27,15 +35,15 @@ private Q_SLOTS:
     }
 
     void readsTheDayFirstOutsideNorthAmerica() {
-        QCOMPARE(readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total £5.00"_s})}, today_).date,
+        QCOMPARE(fieldsIn({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total £5.00"_s})}, today_).date,
                  std::optional(QDate(2024, 4, 3)));
-        QCOMPARE(readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total CAD 5.00"_s})}, today_).date,
+        QCOMPARE(fieldsIn({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total CAD 5.00"_s})}, today_).date,
                  std::optional(QDate(2024, 3, 4)));
     }
 
     void signOfDollarsByItselfIsNoReasonToReadTheMonthFirst() {
         const ReceiptFields fields =
-            readReceipt({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total $5.00"_s})}, today_);
+            fieldsIn({linesOf({u"Shop"_s, u"03/04/2024"_s, u"Total $5.00"_s})}, today_);
         QCOMPARE(fields.date, std::optional(QDate(2024, 4, 3)));
         QCOMPARE(fields.currency, std::nullopt);
     }
@@ -43,17 +51,17 @@ private Q_SLOTS:
     void takesNoCurrencyFromAStrayReading() {
         const Reading plain = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total 5.00"_s});
         const Reading stray = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total €5.00"_s});
-        const ReceiptFields fields = readReceipt({plain, plain, stray, plain, plain, plain}, today_);
+        const ReceiptFields fields = fieldsIn({plain, plain, stray, plain, plain, plain}, today_);
         QCOMPARE(fields.currency, std::nullopt);
         QCOMPARE(fields.date, std::optional(QDate(2024, 3, 12)));
         const Reading other = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total €5.00"_s});
-        QCOMPARE(readReceipt({plain, other}, today_).currency, std::optional(u"EUR"_s));
+        QCOMPARE(fieldsIn({plain, other}, today_).currency, std::optional(u"EUR"_s));
     }
 
     void claimsNothingAboutALetter() {
         for (const QList<TextLine> &lines :
              {linesOf({u"Dear Anna"_s, u"See you at the market, 9:30 sharp."_s}), QList<TextLine>()}) {
-            const ReceiptFields fields = readReceipt({lines}, today_);
+            const ReceiptFields fields = fieldsIn({lines}, today_);
             QVERIFY(!fields.date && !fields.time && !fields.amount && !fields.currency && !fields.location);
             QCOMPARE(fields.category, u"misc"_s);
             QVERIFY(fields.summary.contains(u"No receipt text"_s));
