@@ -1,10 +1,9 @@
 #include "files/file_renamer.h"
 
 #include "platform/file_operations.h"
-#include "platform/regular_file.h"
+#include "platform/free_path.h"
 #include "text/characters.h"
 #include "text/number_text.h"
-#include "text/numbered_name.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 #include "text/white_space.h"
@@ -66,11 +65,7 @@ QString baseName(const Receipt &receipt) {
 }
 
 QString pickAvailableName(const QString &folder, const QString &desired) {
-    QString name = desired;
-    for (int number = 2; isTaken(joinedPath(folder, name)); ++number) {
-        name = numberedName(nameWithoutExtension(desired), pathExtension(desired), number);
-    }
-    return name;
+    return lastPathComponent(freePath(folder, desired));
 }
 
 QString titleCase(const QString &text) {

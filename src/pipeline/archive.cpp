@@ -1,7 +1,7 @@
 #include "pipeline/app_state.h"
 #include "pipeline/archive_journal.h"
 #include "platform/file_operations.h"
-#include "text/numbered_name.h"
+#include "platform/free_path.h"
 #include "text/path_text.h"
 
 #include <QDir>
@@ -11,10 +11,6 @@ namespace fennick {
 namespace {
 
 const QString defaultArchiveName = QStringLiteral("Receipt Archive");
-
-QString fullName(const QString &stem, const QString &extension) {
-    return extension.isEmpty() ? stem : stem + u'.' + extension;
-}
 
 } // namespace
 
@@ -39,11 +35,7 @@ QString AppState::dateStamp() {
 }
 
 QString AppState::uniquePath(const QString &folder, const QString &base, const QString &extension) {
-    QString path = joinedPath(folder, fullName(base, extension));
-    for (int number = 2; isTaken(path); ++number) {
-        path = joinedPath(folder, numberedName(base, extension, number));
-    }
-    return path;
+    return freePath(folder, base, extension);
 }
 
 void AppState::archiveAndClear(ExportService::Format format) {
@@ -62,8 +54,7 @@ void AppState::archiveAndClear(ExportService::Format format) {
         return;
     }
     const PendingArchive archive{
-        uniquePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)),
-        format};
+        freePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)), format};
     ArchiveJournal journal;
     journal.begin(archive);
     carryOut(archive);
@@ -112,7 +103,7 @@ void AppState::moveIntoArchive(const QString &path, const QString &folder) {
     if (!isTaken(path)) {
         return;
     }
-    const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
+    const QString target = freePath(folder, lastPathComponent(path));
     // The result is intentionally not looked at.
     const QString watched = QDir::cleanPath(settings_->watchFolderPath().value_or(QString()));
     std::ignore = FileOperations::moveWithoutReplacing(path, target, watched);

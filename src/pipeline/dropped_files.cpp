@@ -1,5 +1,6 @@
 #include "pipeline/app_state.h"
 #include "platform/file_operations.h"
+#include "platform/free_path.h"
 #include "platform/regular_file.h"
 #include "text/path_text.h"
 
@@ -29,7 +30,7 @@ QCoro::Task<> AppState::copyReceipts(QStringList paths, QString folder) {
             setLastError(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), problem->description()));
             continue;
         }
-        const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
+        const QString target = freePath(folder, lastPathComponent(path));
         const auto copied = co_await QtConcurrent::run(FileOperations::copyDurably, source, target);
         if (!self) {
             co_return;
