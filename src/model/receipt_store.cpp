@@ -69,6 +69,14 @@ void ReceiptStore::update(const Receipt &receipt) {
     saveReceipts();
 }
 
+void ReceiptStore::setError(const QString &id, const QString &error) {
+    if (auto failed = receipt(id)) {
+        failed->status = ReceiptStatus::error;
+        failed->error = error;
+        update(*failed);
+    }
+}
+
 void ReceiptStore::clearAll() {
     for (const Receipt &receipt : std::as_const(receipts_)) {
         ignored_.insert(receipt.filePath);

@@ -52,6 +52,10 @@ public:
     // written.
     void update(const Receipt &receipt);
 
+    // Gives the receipt with this identifier, as it is now, the status `error` and this text. Does nothing if
+    // there is none.
+    void setError(const QString &id, const QString &error);
+
     // Empties the list; its paths are ignored from now on, so the files that stay are never scanned again.
     void clearAll();
 

@@ -103,6 +103,22 @@ private Q_SLOTS:
         QCOMPARE(names(store.receipts()), list({"newer", "renamed"}));
     }
 
+    void errorIsSetOnTheReceiptAsItIsNow() {
+        ReceiptStore store;
+        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        store.add(receipt);
+        receipt.summary = QStringLiteral("corrected");
+        store.update(receipt);
+        store.setError(receipt.id, QStringLiteral("no answer"));
+        receipt.status = ReceiptStatus::error;
+        receipt.error = QStringLiteral("no answer");
+        QCOMPARE(store.receipts(), QList{receipt});
+        QCOMPARE(ReceiptStore().receipts(), QList{receipt});
+        QSignalSpy changes(&store, &ReceiptStore::receiptsChanged);
+        store.setError(QStringLiteral("unknown"), QStringLiteral("no answer"));
+        QVERIFY(changes.isEmpty());
+    }
+
     void updateWithAnotherMomentMovesTheRow_data() {
         QTest::addColumn<int>("row");
         QTest::addColumn<QString>("scannedAt");

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "model/receipt_store.h"
 #include "pipeline/app_state.h"
+#include "settings/settings_store.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
 #include "ui/settings_view.h"
