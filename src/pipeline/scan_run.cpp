@@ -1,6 +1,7 @@
 #include "pipeline/scan_run.h"
 
 #include "extraction/gemini_client.h"
+#include "extraction/service_address.h"
 #include "files/file_renamer.h"
 #include "model/receipt_store.h"
 #include "pipeline/exception_text.h"
@@ -47,7 +48,7 @@ void ScanRun::prepare() {
 QCoro::Task<> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file) {
     const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
-    const QString address = configuredServiceAddress();
+    const QString address = settings_->serviceAddress();
     QString key;
     if (!isOnDevice(address)) {
         key = (co_await settings_->storedAPIKey()).value_or(QString());

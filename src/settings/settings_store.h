@@ -12,6 +12,9 @@
 
 namespace fennick {
 
+template <typename Value>
+struct Preference;
+
 // The user's preferences and whether an API key is stored. Each preference is read once, at creation, and
 // written back on every assignment, also of an unchanged value; every assignment is announced by `changed`.
 // Created once by the application, which owns it; main thread only.
@@ -42,6 +45,9 @@ public:
     bool groupIntoAlbum() const { return groupIntoAlbum_; }
     void setGroupIntoAlbum(bool enabled);
 
+    // The extraction service's address, as the preferences file has it now. Only the user changes it there.
+    QString serviceAddress() const;
+
     // What the secret store held at creation, for which it waits half a second from then; a store that is
     // slower counts as empty until it tells. Afterwards it follows the text given to setAPIKey, not the
     // store's answer to it.
@@ -62,8 +68,8 @@ Q_SIGNALS:
 
 private:
     void askForAPIKey();
-    void storePath(const QString &key, const std::optional<QString> &path);
-    bool booleanOrTrue(const QString &key) const;
+    template <typename Value>
+    void assign(Value &field, const Preference<Value> &preference, const Value &value);
 
     UserDefaults defaults_;
     std::optional<QString> watchFolderPath_;

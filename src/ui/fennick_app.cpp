@@ -21,7 +21,8 @@ constexpr std::chrono::seconds trayReturn{2}; // a panel that is restarted bring
 } // namespace
 
 FennickApp::FennickApp()
-    : appState_(&store_, &settings_)
+    : loginItem_(&settings_)
+    , appState_(&store_, &settings_)
     , window_(&store_, &settings_, &appState_)
     , menu_(&store_)
     , progress_(&store_)

@@ -2,6 +2,7 @@
 
 #include "model/receipt_store.h"
 #include "pipeline/app_state.h"
+#include "settings/login_item.h"
 #include "settings/settings_store.h"
 #include "ui/batch_progress.h"
 #include "ui/main_window.h"
@@ -47,6 +48,7 @@ private:
     void applyMenuBarMode();
 
     SettingsStore settings_;
+    LoginItem loginItem_;
     ReceiptStore store_;
     AppState appState_;
     MainWindow window_;

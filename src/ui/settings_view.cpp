@@ -1,6 +1,5 @@
 #include "ui/settings_view.h"
 
-#include "settings/login_item.h"
 #include "settings/settings_store.h"
 #include "ui/folder_chooser.h"
 #include "ui/settings_folder_row.h"
@@ -32,7 +31,6 @@ SettingsView::SettingsView(AppState *appState, SettingsStore *settings, bool can
     : QWidget(parent, Qt::Window)
     , appState_(appState)
     , settings_(settings)
-    , isLaunchedAtLogin_(settings->openAtLogin())
     , isInMenuBarMode_(settings->menuBarMode()) {
     setObjectName(QStringLiteral("settings"));
     setWindowTitle(tr("Fennick Settings"));
@@ -56,7 +54,7 @@ SettingsView::SettingsView(AppState *appState, SettingsStore *settings, bool can
         connect(new QShortcut(keys, this), &QShortcut::activated, this, &SettingsView::close);
     }
     connect(settings, &SettingsStore::changed, this, &SettingsView::showSettings);
-    connect(settings, &SettingsStore::changed, this, &SettingsView::applyStartupChanges);
+    connect(settings, &SettingsStore::changed, this, &SettingsView::announceMenuBarMode);
     showSettings();
 }
 
@@ -139,12 +137,7 @@ void SettingsView::showSettings() {
     menuBarMode_->showValue(settings_->menuBarMode());
 }
 
-void SettingsView::applyStartupChanges() {
-    const bool openAtLogin = settings_->openAtLogin();
-    if (std::exchange(isLaunchedAtLogin_, openAtLogin) != openAtLogin) {
-        // Whether it worked is not examined: the switch stays where the user has put it.
-        setLaunchAtLogin(openAtLogin);
-    }
+void SettingsView::announceMenuBarMode() {
     const bool menuBarMode = settings_->menuBarMode();
     if (std::exchange(isInMenuBarMode_, menuBarMode) != menuBarMode) {
         Q_EMIT menuBarModeChanged(menuBarMode);

@@ -37,7 +37,7 @@ private:
     SettingsSection *makeArchiveSection();
     SettingsSection *makeStartupSection(bool canHideFromTaskBar);
     void showSettings();
-    void applyStartupChanges();
+    void announceMenuBarMode();
     void chooseArchiveFolder();
 
     AppState *appState_;
@@ -48,8 +48,7 @@ private:
     SettingsFolderRow *archiveFolder_;
     SwitchControl *launchAtLogin_;
     SwitchControl *menuBarMode_;
-    bool isLaunchedAtLogin_; // both as last seen: their effects follow a change only
-    bool isInMenuBarMode_;
+    bool isInMenuBarMode_; // as last announced
 };
 
 } // namespace fennick

@@ -177,6 +177,22 @@ private Q_SLOTS:
         QVERIFY(content.contains("menuBarMode=true\n"));
     }
 
+    void serviceAddressIsThePublicHostUnlessConfigured() {
+        const SettingsStore settings;
+        QCOMPARE(settings.serviceAddress(), QStringLiteral("https://generativelanguage.googleapis.com"));
+        writeFile(home_.path(QStringLiteral("system-config/Fennick/Fennick.conf")),
+                  "[General]\ngeminiEndpoint=https://system.example\n");
+        QCOMPARE(settings.serviceAddress(), QStringLiteral("https://system.example"));
+        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=http://127.0.0.1:47111\n");
+        QCOMPARE(settings.serviceAddress(), QStringLiteral("http://127.0.0.1:47111"));
+    }
+
+    void serviceAddressNamedLikeABooleanReadsAsAbsent() {
+        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=true\n");
+        QCOMPARE(SettingsStore().serviceAddress(),
+                 QStringLiteral("https://generativelanguage.googleapis.com"));
+    }
+
     void keyIsStoredTrimmed() {
         SettingsStore settings;
         settings.setAPIKey(QStringLiteral("  \tAIza-key \n"));

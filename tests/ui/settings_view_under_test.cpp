@@ -23,6 +23,7 @@ void SettingsViewUnderTest::create() {
     view_.reset();
     appState_.reset();
     settings_ = std::make_unique<SettingsStore>();
+    loginItem_ = std::make_unique<LoginItem>(settings_.get());
     store_ = std::make_unique<ReceiptStore>();
     appState_ = std::make_unique<AppState>(store_.get(), settings_.get());
     constexpr bool canHideFromTaskBar = true;

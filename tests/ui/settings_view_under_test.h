@@ -2,6 +2,7 @@
 
 #include "model/receipt_store.h"
 #include "pipeline/app_state.h"
+#include "settings/login_item.h"
 #include "settings/settings_store.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
@@ -72,6 +73,7 @@ protected:
     TemporaryHome home_;
     PrivateSession session_;
     std::unique_ptr<SettingsStore> settings_;
+    std::unique_ptr<LoginItem> loginItem_;
     std::unique_ptr<ReceiptStore> store_;
     std::unique_ptr<AppState> appState_;
     std::unique_ptr<SettingsView> view_;
