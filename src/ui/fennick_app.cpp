@@ -3,8 +3,8 @@
 #include "platform/activation_policy.h"
 #include "platform/launcher_progress.h"
 #include "platform/tray_watch.h"
-#include "ui/settings_view.h"
-#include "ui/symbols.h"
+#include "ui/settings/settings_view.h"
+#include "ui/widgets/symbols.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -4,10 +4,10 @@
 #include "pipeline/app_state.h"
 #include "settings/login_item.h"
 #include "settings/settings_store.h"
-#include "ui/batch_progress.h"
-#include "ui/main_window.h"
-#include "ui/menu_bar_content.h"
-#include "ui/notices.h"
+#include "ui/main_window/main_window.h"
+#include "ui/tray/batch_progress.h"
+#include "ui/tray/menu_bar_content.h"
+#include "ui/tray/notices.h"
 
 #include <QObject>
 #include <QPointer>

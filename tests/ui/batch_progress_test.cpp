@@ -2,7 +2,7 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/batch_progress.h"
+#include "ui/tray/batch_progress.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>

@@ -1,7 +1,7 @@
 #include "clipped_texts.h"
 
-#include "ui/elided_label.h"
-#include "ui/settings_section.h"
+#include "ui/settings/settings_section.h"
+#include "ui/widgets/elided_label.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>

@@ -3,7 +3,7 @@
 #include "support/temporary_home.h"
 #include "support/test_program.h"
 #include "ui/fennick_app.h"
-#include "ui/settings_view.h"
+#include "ui/settings/settings_view.h"
 
 #include <QAction>
 #include <QApplication>

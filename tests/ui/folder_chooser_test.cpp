@@ -2,7 +2,7 @@
 #include "support/conditions.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/folder_chooser.h"
+#include "ui/dialogs/folder_chooser.h"
 
 #include <QApplication>
 #include <QListView>

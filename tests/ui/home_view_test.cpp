@@ -3,10 +3,10 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/caption_label.h"
-#include "ui/elided_label.h"
-#include "ui/home_view.h"
-#include "ui/symbol_label.h"
+#include "ui/main_window/home_view.h"
+#include "ui/widgets/caption_label.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/symbol_label.h"
 
 #include <QApplication>
 #include <QDir>

@@ -8,7 +8,7 @@
 #include "support/test_program.h"
 #include "text/currency_text.h"
 #include "ui/interface_language.h"
-#include "ui/menu_bar_content.h"
+#include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

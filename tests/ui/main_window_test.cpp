@@ -4,8 +4,8 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/main_window.h"
-#include "ui/receipts_table.h"
+#include "ui/main_window/main_window.h"
+#include "ui/main_window/receipts_table.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/menu_bar_content.h"
+#include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
 #include <QSignalSpy>

@@ -3,7 +3,7 @@
 #include "support/private_session.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/notices.h"
+#include "ui/tray/notices.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

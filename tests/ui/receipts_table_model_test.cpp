@@ -1,8 +1,8 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/receipts_table_model.h"
-#include "ui/symbols.h"
+#include "ui/main_window/receipts_table_model.h"
+#include "ui/widgets/symbols.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>

@@ -3,9 +3,9 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/receipts_table.h"
-#include "ui/receipts_table_model.h"
-#include "ui/row_actions.h"
+#include "ui/main_window/receipts_table.h"
+#include "ui/main_window/receipts_table_model.h"
+#include "ui/main_window/row_actions.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -2,8 +2,8 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
-#include "ui/elided_label.h"
-#include "ui/symbols.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/symbols.h"
 
 using namespace fennick;
 using namespace fennick::test;

@@ -1,8 +1,8 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
-#include "ui/caption_label.h"
-#include "ui/elided_label.h"
+#include "ui/widgets/caption_label.h"
+#include "ui/widgets/elided_label.h"
 
 #include <QApplication>
 #include <QGroupBox>

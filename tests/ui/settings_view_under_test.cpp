@@ -1,7 +1,7 @@
 #include "settings_view_under_test.h"
 
 #include "support/conditions.h"
-#include "ui/elided_label.h"
+#include "ui/widgets/elided_label.h"
 
 #include <QDir>
 #include <QFile>

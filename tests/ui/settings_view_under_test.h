@@ -6,7 +6,7 @@
 #include "settings/settings_store.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
-#include "ui/settings_view.h"
+#include "ui/settings/settings_view.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

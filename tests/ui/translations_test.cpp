@@ -5,13 +5,13 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/confirmations.h"
-#include "ui/export_panel.h"
-#include "ui/folder_chooser.h"
+#include "ui/dialogs/confirmations.h"
+#include "ui/dialogs/export_panel.h"
+#include "ui/dialogs/folder_chooser.h"
 #include "ui/interface_language.h"
-#include "ui/main_window.h"
-#include "ui/menu_bar_content.h"
-#include "ui/settings_view.h"
+#include "ui/main_window/main_window.h"
+#include "ui/settings/settings_view.h"
+#include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
 #include <QMenu>
