@@ -18,7 +18,7 @@ struct RenamedFile {
 // Renames the receipt's file in its folder and never replaces another. Nothing when the file has its name
 // already or cannot be moved; it is then where it was. If the file lies below `folder`, no link between the
 // two is followed.
-std::optional<RenamedFile> rename(const Receipt &receipt, const QString &folder = {});
+[[nodiscard]] std::optional<RenamedFile> rename(const Receipt &receipt, const QString &folder = {});
 
 // The wanted name with the file's extension in lower case.
 QString buildNewFileName(const Receipt &receipt);

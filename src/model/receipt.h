@@ -16,7 +16,7 @@ enum class ReceiptStatus {
 QString rawValue(ReceiptStatus status);
 
 // The status with exactly this raw value; nothing for any other text, also when only the case differs.
-std::optional<ReceiptStatus> receiptStatusFromRawValue(const QString &rawValue);
+[[nodiscard]] std::optional<ReceiptStatus> receiptStatusFromRawValue(const QString &rawValue);
 
 size_t qHash(ReceiptStatus status, size_t seed = 0);
 

@@ -34,10 +34,10 @@ QByteArray joinReceipts(const QList<QByteArray> &records);
 
 // All receipts, or the first error: one bad record fails the whole array. Keys may come in any order, unknown
 // ones are ignored, and of a repeated key the last counts. A byte-order mark is accepted.
-std::expected<QList<Receipt>, DecodingError> decodeReceipts(const QByteArray &json);
+[[nodiscard]] std::expected<QList<Receipt>, DecodingError> decodeReceipts(const QByteArray &json);
 
 // A compact array of strings in no defined order.
 QByteArray encodePaths(const QSet<QString> &paths);
-std::expected<QSet<QString>, DecodingError> decodePaths(const QByteArray &json);
+[[nodiscard]] std::expected<QSet<QString>, DecodingError> decodePaths(const QByteArray &json);
 
 } // namespace fennick

@@ -43,7 +43,7 @@ public:
 
     // The receipt with this identifier as it is now. Whoever has waited for something changes this one, and
     // of it only what has come of the waiting: what a user has corrected meanwhile stays.
-    std::optional<Receipt> receipt(const QString &id) const;
+    [[nodiscard]] std::optional<Receipt> receipt(const QString &id) const;
 
     // Callers test hasFilePath first: duplicates are not looked for here.
     void add(const Receipt &receipt);

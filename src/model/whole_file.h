@@ -28,7 +28,7 @@ public:
     void remove();
 
 private:
-    std::expected<void, QString> setAside() const;
+    [[nodiscard]] std::expected<void, QString> setAside() const;
 
     QString path_;
     bool isDamaged_ = false;

@@ -22,7 +22,7 @@ class ArchiveJournal {
 public:
     ArchiveJournal();
 
-    std::optional<PendingArchive> pending() const;
+    [[nodiscard]] std::optional<PendingArchive> pending() const;
     void begin(const PendingArchive &archive);
     void end();
 

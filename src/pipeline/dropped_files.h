@@ -22,7 +22,7 @@ public:
     void copyIntoWatchFolder(const QStringList &paths);
 
 private:
-    QCoro::Task<> copyReceipts(QStringList paths, QString folder);
+    [[nodiscard]] QCoro::Task<> copyReceipts(QStringList paths, QString folder);
 
     SettingsStore *settings_;
     LastError *lastError_;

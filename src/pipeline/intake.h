@@ -40,13 +40,14 @@ public:
 
 private:
     void handleEvents(const QList<FileEvent> &events);
-    QCoro::Task<> scanExistingFiles(QString folder, QFuture<void> watching, QFuture<void> ready);
+    [[nodiscard]] QCoro::Task<> scanExistingFiles(QString folder, QFuture<void> watching,
+                                                  QFuture<void> ready);
     void takeInLater(const QStringList &listed);
-    QCoro::Task<> takeInOneAfterTheOther();
+    [[nodiscard]] QCoro::Task<> takeInOneAfterTheOther();
     bool isHidden(const QString &path) const;
-    QCoro::Task<> processFile(QString path);
-    QCoro::Task<> takeInWhenStable(QString path, StabilityWatch::Reading reading);
-    QCoro::Task<> takeIn(QString path, FileState file);
+    [[nodiscard]] QCoro::Task<> processFile(QString path);
+    [[nodiscard]] QCoro::Task<> takeInWhenStable(QString path, StabilityWatch::Reading reading);
+    [[nodiscard]] QCoro::Task<> takeIn(QString path, FileState file);
 
     ReceiptStore *store_;
     WatchedFolder *watchedFolder_;

@@ -39,12 +39,12 @@ public:
     void push(const Receipt &receipt);
 
     // Delivers the receipt and records it. `file` is the file that was scanned: no other one is delivered.
-    QCoro::Task<> deliver(Receipt receipt, std::optional<FileIdentity> file = {});
+    [[nodiscard]] QCoro::Task<> deliver(Receipt receipt, std::optional<FileIdentity> file = {});
 
 private:
-    QCoro::Task<bool> addToPhotos(Receipt receipt, std::optional<FileIdentity> file);
-    QCoro::Task<std::expected<QStringList, ConverterError>> convert(std::shared_ptr<QFile> content,
-                                                                    Receipt receipt);
+    [[nodiscard]] QCoro::Task<bool> addToPhotos(Receipt receipt, std::optional<FileIdentity> file);
+    [[nodiscard]] QCoro::Task<std::expected<QStringList, ConverterError>>
+    convert(std::shared_ptr<QFile> content, Receipt receipt);
 
     ReceiptStore *store_;
     SettingsStore *settings_;

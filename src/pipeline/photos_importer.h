@@ -25,10 +25,11 @@ struct PhotosError {
 };
 
 // The user's decision; asks for it only while there is none.
-QCoro::Task<PhotoPermission::Status> requestAccess();
+[[nodiscard]] QCoro::Task<PhotoPermission::Status> requestAccess();
 
 // Adds copies of the images under their own file names, all or none, to the album with this title, which is
 // made when there is none. An empty list adds nothing and asks for nothing.
-QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths, std::optional<QString> albumName);
+[[nodiscard]] QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths,
+                                                                std::optional<QString> albumName);
 
 } // namespace fennick::PhotosImporter

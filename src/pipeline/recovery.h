@@ -32,7 +32,7 @@ public:
 
 private:
     void failInterruptedScans();
-    QCoro::Task<> adoptRenamedFiles(QPromise<void> end);
+    [[nodiscard]] QCoro::Task<> adoptRenamedFiles(QPromise<void> end);
     void adoptFirstFree(Receipt receipt, const QStringList &paths);
 
     ReceiptStore *store_;

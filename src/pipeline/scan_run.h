@@ -35,7 +35,7 @@ public:
 
     // `file` is the file that was seen when the receipt was taken in: if another one has come to its path,
     // that one is not sent.
-    QCoro::Task<> run(Receipt receipt, std::optional<FileIdentity> file);
+    [[nodiscard]] QCoro::Task<> run(Receipt receipt, std::optional<FileIdentity> file);
 
     // Scans a listed receipt once more, by its present path.
     void retry(const Receipt &receipt);
@@ -43,8 +43,8 @@ public:
 private:
     using Extracted = std::expected<GeminiReceiptData, ScanError>;
 
-    QCoro::Task<Extracted> extract(FileToRead file, QString key, QString address);
-    QCoro::Task<Extracted> send(FileToRead file, QString key, QString address);
+    [[nodiscard]] QCoro::Task<Extracted> extract(FileToRead file, QString key, QString address);
+    [[nodiscard]] QCoro::Task<Extracted> send(FileToRead file, QString key, QString address);
     void takeResult(const QString &id, const GeminiReceiptData &data);
     void renameFile(Receipt receipt);
 

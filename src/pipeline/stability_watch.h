@@ -35,7 +35,7 @@ public:
 
     // The state of the file if it is not empty and has not changed since `reading` for the interval;
     // otherwise a missing file. Absent if the watch was restarted meanwhile.
-    QCoro::Task<std::optional<FileState>> wait(QString path, Reading reading);
+    [[nodiscard]] QCoro::Task<std::optional<FileState>> wait(QString path, Reading reading);
 
 private:
     QHash<QString, Reading> readings_;

@@ -19,7 +19,7 @@ public:
     void start(QCoro::Task<> task);
 
     // To be awaited. An exception of the task ends in `lastError`.
-    QCoro::Task<> reportFailureOf(QCoro::Task<> task);
+    [[nodiscard]] QCoro::Task<> reportFailureOf(QCoro::Task<> task);
 
 private:
     LastError *lastError_;

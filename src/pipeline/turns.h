@@ -45,7 +45,7 @@ public:
     Waiting next() { return Waiting(shared_from_this()); }
 
 private:
-    bool take();
+    [[nodiscard]] bool take();
     void pass();
 
     int free_;

@@ -28,7 +28,7 @@ public:
     void listAgainSoon();
 
 private:
-    QCoro::Task<> addRows(QString folder);
+    [[nodiscard]] QCoro::Task<> addRows(QString folder);
 
     ReceiptStore *store_;
     const Archive *archive_;

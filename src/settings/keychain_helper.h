@@ -12,7 +12,7 @@ namespace fennick::KeychainHelper {
 
 // The key as stored, untrimmed; absent when there is none, when it cannot be read or is no valid UTF-8.
 // Callers treat an empty text as no key.
-std::optional<QString> apiKey(const std::stop_token &stop = {});
+[[nodiscard]] std::optional<QString> apiKey(const std::stop_token &stop = {});
 
 // Leaves exactly one item, holding `key`; after a failure possibly none.
 void setAPIKey(const QString &key, const std::stop_token &stop = {});

@@ -54,14 +54,14 @@ public:
     bool hasAPIKey() const;
 
     // The stored key once the secret store has told it; absent or empty means none.
-    QFuture<std::optional<QString>> storedAPIKey() { return storedKey_.read(); }
+    [[nodiscard]] QFuture<std::optional<QString>> storedAPIKey() { return storedKey_.read(); }
 
     // Stores the trimmed key, or removes the stored one when nothing is left of it.
     void setAPIKey(const QString &key);
 
     // To be called at the program's end: waits some seconds for a key that is still being stored. Returns
     // whether it was stored; true also when there was none.
-    bool finishStoringAPIKey();
+    [[nodiscard]] bool finishStoringAPIKey();
 
 Q_SIGNALS:
     void changed();

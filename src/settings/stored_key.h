@@ -26,7 +26,7 @@ public:
 
     // As KeychainHelper::apiKey. Whoever asks while an answer is awaited gets that one: each takes the store
     // some milliseconds, or the user a password.
-    QFuture<std::optional<QString>> read();
+    [[nodiscard]] QFuture<std::optional<QString>> read();
 
     // An empty key removes the stored one.
     void write(const QString &key);
@@ -36,7 +36,7 @@ public:
 
     // Gives up reads and waits until what was written is stored, at most `patience`; gives it up then.
     // Returns whether it was. To be called at the end: nothing is read or written any more.
-    bool finish(std::chrono::milliseconds patience);
+    [[nodiscard]] bool finish(std::chrono::milliseconds patience);
 
 private:
     std::stop_source readEnd_;

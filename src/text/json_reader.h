@@ -32,11 +32,11 @@ public:
 // list must be one for every other: no `.5` or `1.`, no escapes or line feeds of one's own in texts, valid
 // UTF-8 only. A byte-order mark at the start is passed over, half a surrogate pair becomes U+FFFD, and
 // nothing may be nested deeper than 512 levels.
-bool readJson(const QByteArray &json, JsonPieces &pieces);
+[[nodiscard]] bool readJson(const QByteArray &json, JsonPieces &pieces);
 
 // The whole text as a value; nothing if it is no JSON. Of a repeated key the last one counts. Whole numbers
 // of up to 64 bits keep all their digits.
-std::optional<QJsonValue> parsedJson(const QByteArray &json);
+[[nodiscard]] std::optional<QJsonValue> parsedJson(const QByteArray &json);
 
 // A text in UTF-8 as it stands: a byte-order mark at its start is part of it, which Qt drops. The bytes must
 // be valid.

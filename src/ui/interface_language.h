@@ -18,7 +18,7 @@ public:
 
     // The ISO 639-1 code of the first language that the windows can be in; nothing for English, in which the
     // texts are written and which is the last resort.
-    static std::optional<QString> chosen(const QStringList &userLanguages);
+    [[nodiscard]] static std::optional<QString> chosen(const QStringList &userLanguages);
 
 private:
     QTranslator own_;
