@@ -33,7 +33,4 @@ private:
     std::map<QString, std::unique_ptr<CurrencyFormat>> formats_;
 };
 
-// One amount with its currency's own number of decimals.
-QString amountText(double amount, const std::optional<QString> &currencyCode);
-
 } // namespace fennick

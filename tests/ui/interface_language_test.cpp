@@ -161,10 +161,10 @@ private Q_SLOTS:
 
     void formatsStayTheUsers() {
         const QLocale before;
-        const QString amount = amountText(1234.5, u"USD"_s);
+        const QString amount = AmountFormatter(FractionDigits::ofCurrency).text(1234.5, u"USD"_s);
         const InterfaceLanguage german({u"de"_s});
         QCOMPARE(QLocale(), before);
-        QCOMPARE(amountText(1234.5, u"USD"_s), amount);
+        QCOMPARE(AmountFormatter(FractionDigits::ofCurrency).text(1234.5, u"USD"_s), amount);
     }
 
     void programSpeaksTheLanguageOfItsEnvironment_data() {

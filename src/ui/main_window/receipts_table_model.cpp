@@ -1,7 +1,6 @@
 #include "ui/main_window/receipts_table_model.h"
 
 #include "extraction/gemini_error.h"
-#include "text/currency_text.h"
 #include "text/display_text.h"
 #include "ui/widgets/plain_tool_tip.h"
 #include "ui/widgets/symbols.h"
@@ -39,12 +38,12 @@ QString capitalised(const QString &text) {
     return result;
 }
 
-QString cellText(const Receipt &receipt, int column) {
+QString cellText(const Receipt &receipt, int column, AmountFormatter &amounts) {
     switch (column) {
     case ReceiptsTableModel::dateColumn:
         return receipt.date.value_or(missing);
     case ReceiptsTableModel::amountColumn:
-        return receipt.amount ? amountText(*receipt.amount, receipt.currency) : missing;
+        return receipt.amount ? amounts.text(*receipt.amount, receipt.currency) : missing;
     case ReceiptsTableModel::locationColumn:
         return receipt.location.value_or(missing);
     case ReceiptsTableModel::categoryColumn:
@@ -70,17 +69,17 @@ QVariant cellIcon(const Receipt &receipt, int column) {
 }
 
 // What an assistive tool reads in a cell.
-QString spokenText(const Receipt &receipt, int column) {
+QString spokenText(const Receipt &receipt, int column, AmountFormatter &amounts) {
     switch (column) {
     case ReceiptsTableModel::statusColumn:
         return statusText(receipt);
     case ReceiptsTableModel::summaryColumn:
-        return cellText(receipt, column) + QStringLiteral(", ") + receipt.fileName;
+        return cellText(receipt, column, amounts) + QStringLiteral(", ") + receipt.fileName;
     case ReceiptsTableModel::photosColumn:
         return receipt.addedToPhotos ? ReceiptsTableModel::tr("Added to Photos")
                                      : ReceiptsTableModel::tr("Not added to Photos");
     default:
-        return cellText(receipt, column);
+        return cellText(receipt, column, amounts);
     }
 }
 
@@ -138,13 +137,13 @@ QVariant ReceiptsTableModel::data(const QModelIndex &index, int role) const {
     const Receipt &receipt = store_->receipts().at(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        return displayText(cellText(receipt, index.column()));
+        return displayText(cellText(receipt, index.column(), amounts_));
     case Qt::DecorationRole:
         return cellIcon(receipt, index.column());
     case Qt::ToolTipRole:
         return plainToolTip(toolTip(receipt, index.column()));
     case Qt::AccessibleTextRole:
-        return displayText(spokenText(receipt, index.column()));
+        return displayText(spokenText(receipt, index.column(), amounts_));
     case Qt::TextAlignmentRole:
         return alignment(index.column());
     case Qt::ForegroundRole:

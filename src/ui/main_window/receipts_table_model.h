@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/receipt_store.h"
+#include "text/currency_text.h"
 
 #include <QAbstractTableModel>
 
@@ -40,6 +41,8 @@ private:
     void endChange(const ReceiptsChange &change);
 
     const ReceiptStore *store_;
+    mutable AmountFormatter amounts_{
+        FractionDigits::ofCurrency}; // which keeps what it needs for each currency
 };
 
 } // namespace fennick
