@@ -15,6 +15,8 @@
 
 namespace fennick::FileRenamer {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The system takes a null character for a name's end, and would give the file another name than the wanted
@@ -51,17 +53,17 @@ QString buildNewFileName(const Receipt &receipt) {
 
 QString baseName(const Receipt &receipt) {
     QStringList pieces;
-    pieces.append(receipt.date.value_or(QStringLiteral("Undated")));
-    pieces.append(receipt.category.isEmpty() ? QStringLiteral("Receipt") : titleCase(receipt.category));
+    pieces.append(receipt.date.value_or(u"Undated"_s));
+    pieces.append(receipt.category.isEmpty() ? u"Receipt"_s : titleCase(receipt.category));
     const QString location = sanitize(receipt.location.value_or(QString()));
     if (!location.isEmpty()) {
-        pieces.append(QStringLiteral("- ") + location);
+        pieces.append(u"- "_s + location);
     }
     if (receipt.amount && std::isfinite(*receipt.amount)) {
         pieces.append(currencySymbol(receipt.currency) + twoDecimals(*receipt.amount));
     }
     const QString base = sanitize(pieces.join(u' '));
-    return base.isEmpty() ? QStringLiteral("Receipt") : base;
+    return base.isEmpty() ? u"Receipt"_s : base;
 }
 
 QString pickAvailableName(const QString &folder, const QString &desired) {
@@ -82,10 +84,8 @@ QString sanitize(const QString &text) {
 
 QString currencySymbol(const std::optional<QString> &code) {
     static const QHash<QString, QString> symbols = {
-        {QStringLiteral("USD"), QStringLiteral("$")},   {QStringLiteral("EUR"), QStringLiteral("€")},
-        {QStringLiteral("GBP"), QStringLiteral("£")},   {QStringLiteral("JPY"), QStringLiteral("¥")},
-        {QStringLiteral("CAD"), QStringLiteral("C$")},  {QStringLiteral("AUD"), QStringLiteral("A$")},
-        {QStringLiteral("CHF"), QStringLiteral("CHF ")}};
+        {u"USD"_s, u"$"_s},  {u"EUR"_s, u"€"_s},  {u"GBP"_s, u"£"_s},   {u"JPY"_s, u"¥"_s},
+        {u"CAD"_s, u"C$"_s}, {u"AUD"_s, u"A$"_s}, {u"CHF"_s, u"CHF "_s}};
     if (!code) {
         return {};
     }

@@ -6,6 +6,8 @@
 
 namespace fennick {
 
+using Qt::StringLiterals::operator""_s;
+
 enum class ReceiptStatus {
     processing, // taken in, waiting for or undergoing extraction
     done,       // extraction succeeded and the fields are filled in
@@ -32,7 +34,7 @@ struct Receipt {
     std::optional<double> amount;
     std::optional<QString> currency;
     std::optional<QString> location;
-    QString category = QStringLiteral("misc");
+    QString category = u"misc"_s;
     QString summary;
     QString scannedAt; // moment of intake, ISO 8601 UTC, whole seconds, trailing "Z"
     ReceiptStatus status = ReceiptStatus::processing;

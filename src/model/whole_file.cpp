@@ -15,6 +15,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Neither needs space nor replaces a file. A second name keeps the first until the new content takes its
@@ -56,8 +58,8 @@ void WholeFile::remove() {
 }
 
 std::expected<void, QString> WholeFile::setAside() const {
-    const QString moment = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH-mm-ss"));
-    const QString name = lastPathComponent(path_) + QStringLiteral(".damaged-") + moment;
+    const QString moment = QDateTime::currentDateTime().toString(u"yyyy-MM-ddTHH-mm-ss"_s);
+    const QString name = lastPathComponent(path_) + u".damaged-"_s + moment;
     return giveName(path_, freePath(parentFolder(path_), name, {})); // numbered if another is of this second
 }
 

@@ -13,9 +13,11 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString defaultArchiveName = QStringLiteral("Receipt Archive");
+const QString defaultArchiveName = u"Receipt Archive"_s;
 
 } // namespace
 
@@ -67,7 +69,7 @@ void Archive::archiveAndClear(ExportService::Format format) {
         return;
     }
     const PendingArchive archive{
-        freePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)), format};
+        freePath(folder, u"receipts-"_s + stamp, ExportService::fileExtension(format)), format};
     ArchiveJournal journal;
     journal.begin(archive);
     carryOut(archive);

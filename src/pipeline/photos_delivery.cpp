@@ -23,6 +23,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 PhotosDelivery::PhotosDelivery(ReceiptStore *store, SettingsStore *settings,
                                const WatchedFolder *watchedFolder, LastError *lastError, Tasks *tasks)
     : store_(store)
@@ -33,8 +35,7 @@ PhotosDelivery::PhotosDelivery(ReceiptStore *store, SettingsStore *settings,
     , conversions_(std::make_shared<Turns>(std::max(1, QThread::idealThreadCount()))) {}
 
 QString PhotosDelivery::albumName(const QDateTime &processingDate) {
-    return QStringLiteral("Expenses: ") +
-           QLocale::c().toString(processingDate.toLocalTime(), QStringLiteral("yyyy-MM-dd"));
+    return u"Expenses: "_s + QLocale::c().toString(processingDate.toLocalTime(), u"yyyy-MM-dd"_s);
 }
 
 void PhotosDelivery::push(const Receipt &receipt) {
@@ -99,8 +100,8 @@ QCoro::Task<std::expected<QStringList, ConverterError>>
 PhotosDelivery::convert(std::shared_ptr<QFile> content, Receipt receipt) {
     const Turns::Turn turn = co_await conversions_->next();
     co_return co_await ConversionProcess::convertToJPEGs(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), content,
-        receipt.filePath, FileRenamer::baseName(receipt));
+        QCoreApplication::applicationDirPath() + u"/convert_receipt"_s, content, receipt.filePath,
+        FileRenamer::baseName(receipt));
 }
 
 } // namespace fennick

@@ -17,6 +17,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
@@ -39,7 +41,7 @@ ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFold
     , renamedPaths_(renamedPaths)
     , delivery_(delivery)
     , tasks_(tasks)
-    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine")) {}
+    , engine_(QCoreApplication::applicationDirPath() + u"/fennick-engine"_s) {}
 
 void ScanRun::prepare() {
     GeminiClient::prepare();

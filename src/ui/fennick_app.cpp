@@ -14,6 +14,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::chrono::seconds trayReturn{2}; // a panel that is restarted brings its tray back by then
@@ -93,7 +95,7 @@ void FennickApp::connectNotices() {
 void FennickApp::showProgress() {
     if (!progress_.isUnderWay()) {
         trayIcon_.setIcon(symbolIcon(Symbol::receipts));
-        trayIcon_.setToolTip(QStringLiteral("Fennick"));
+        trayIcon_.setToolTip(u"Fennick"_s);
         hideLauncherProgress();
         return;
     }
@@ -155,7 +157,7 @@ void FennickApp::finish() {
     }
     const QString reason = tr("The API key could not be stored: the secret store does not answer.");
     qWarning("%s", qPrintable(reason));
-    QMessageBox::warning(nullptr, QStringLiteral("Fennick"), reason);
+    QMessageBox::warning(nullptr, u"Fennick"_s, reason);
 }
 
 void FennickApp::showSettings() {

@@ -14,6 +14,8 @@
 
 namespace fennick::Confirmations {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int messageSymbolSize = 32;
@@ -24,7 +26,7 @@ void widen(QMessageBox *box) {
     if (auto *const layout = qobject_cast<QGridLayout *>(box->layout())) {
         layout->addItem(new QSpacerItem(textWidth, 0), layout->rowCount(), 0, 1, layout->columnCount());
     }
-    if (auto *const title = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+    if (auto *const title = box->findChild<QLabel *>(u"qt_msgbox_label"_s)) {
         QFont bold = title->font();
         bold.setBold(true);
         title->setFont(bold);
@@ -46,7 +48,7 @@ bool ask(QWidget *parent, const Question &question, const ReceiptStore *list = n
     box.setObjectName(question.objectName);
     box.setIconPixmap(symbolIcon(question.symbol)
                           .pixmap(QSize(messageSymbolSize, messageSymbolSize), parent->devicePixelRatio()));
-    box.setWindowTitle(QStringLiteral("Fennick"));
+    box.setWindowTitle(u"Fennick"_s);
     box.setTextFormat(Qt::PlainText); // paths may look like markup
     box.setText(question.title);
     box.setInformativeText(question.message());
@@ -83,7 +85,7 @@ QString archiveMessage(int receipts) {
 
 bool confirmClear(QWidget *parent) {
     const Question question{
-        QStringLiteral("clearConfirmation"),
+        u"clearConfirmation"_s,
         Symbol::clear,
         QCoreApplication::translate("Confirmations", "Clear all receipts from the list?"),
         [] {
@@ -99,7 +101,7 @@ bool confirmClear(QWidget *parent) {
 bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
                     const QString &destination) {
     const Question question{
-        QStringLiteral("archiveConfirmation"),
+        u"archiveConfirmation"_s,
         Symbol::archive,
         QCoreApplication::translate("Confirmations", "Export, archive, and clear this batch?"),
         [&] {

@@ -10,6 +10,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString withExtension(const QString &path, const QString &extension) {
@@ -22,9 +24,8 @@ bool mayReplace(QWidget *parent, const QString &path) {
     const QString question =
         QCoreApplication::translate("ExportPanel", "“%1” already exists. Do you want to replace it?")
             .arg(displayText(lastPathComponent(path)));
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Fennick"), question,
-                    QMessageBox::Yes | QMessageBox::No, parent);
-    box.setObjectName(QStringLiteral("replaceQuestion"));
+    QMessageBox box(QMessageBox::Warning, u"Fennick"_s, question, QMessageBox::Yes | QMessageBox::No, parent);
+    box.setObjectName(u"replaceQuestion"_s);
     box.setTextFormat(Qt::PlainText); // names may look like markup
     box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
@@ -37,11 +38,10 @@ std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &recei
     const QList<Receipt> listed = receipts; // as they are now, whatever arrives while the panel is open
     const QString extension = ExportService::fileExtension(format);
     QFileDialog panel(parent, QCoreApplication::translate("ExportPanel", "Export Receipts"));
-    panel.setObjectName(QStringLiteral("exportPanel"));
+    panel.setObjectName(u"exportPanel"_s);
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setFileMode(QFileDialog::AnyFile);
-    panel.setMimeTypeFilters(
-        {format == ExportService::Format::csv ? QStringLiteral("text/csv") : QStringLiteral("text/html")});
+    panel.setMimeTypeFilters({format == ExportService::Format::csv ? u"text/csv"_s : u"text/html"_s});
     panel.setDefaultSuffix(extension);
     panel.selectFile(ExportService::proposedFileName(format));
     while (panel.exec() == QDialog::Accepted && !panel.selectedFiles().isEmpty()) {

@@ -8,6 +8,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 std::optional<QString> chooseFolder(QWidget *parent, const QString &confirmText,
                                     const std::optional<QString> &startFolder, NewFolders newFolders) {
     const bool canStartThere = startFolder && QFileInfo(*startFolder).isDir();
@@ -15,7 +17,7 @@ std::optional<QString> chooseFolder(QWidget *parent, const QString &confirmText,
     const QPointer<QFileDialog> dialog(
         new QFileDialog(parent, QCoreApplication::translate("FolderChooser", "Choose a Folder"),
                         canStartThere ? *startFolder : QDir::homePath()));
-    dialog->setObjectName(QStringLiteral("folderChooser"));
+    dialog->setObjectName(u"folderChooser"_s);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setOption(QFileDialog::ReadOnly, newFolders == NewFolders::refused);

@@ -11,6 +11,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int largeSymbolSize = 44;
@@ -25,14 +27,14 @@ EmptyState::EmptyState(QWidget *parent)
           this))
     , choose_(new QPushButton(tr("Choose Folder…"), this)) {
     auto *const title = new QLabel(tr("No receipts yet"), this);
-    title->setObjectName(QStringLiteral("emptyTitle"));
+    title->setObjectName(u"emptyTitle"_s);
     QFont large = styledFont(title->font(), TextStyle::title);
     large.setWeight(QFont::Medium);
     title->setFont(large);
-    explanation_->setObjectName(QStringLiteral("emptyExplanation"));
+    explanation_->setObjectName(u"emptyExplanation"_s);
     explanation_->setAlignment(Qt::AlignCenter);
     explanation_->setFont(styledFont(explanation_->font(), TextStyle::callout));
-    choose_->setObjectName(QStringLiteral("emptyChooseFolder"));
+    choose_->setObjectName(u"emptyChooseFolder"_s);
     choose_->setDefault(true);
     connect(choose_, &QPushButton::clicked, this, &EmptyState::chooseFolderRequested);
 

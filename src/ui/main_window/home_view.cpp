@@ -14,6 +14,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int headerSymbolSize = 16;
@@ -39,10 +41,10 @@ HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWi
                                    Tint::warning, Symbol::warning, this))
     , table_(new ReceiptsTable(store, this))
     , list_(new QStackedWidget(this)) {
-    folder_->setObjectName(QStringLiteral("watchFolder"));
+    folder_->setObjectName(u"watchFolder"_s);
     folder_->setFont(styledFont(folder_->font(), TextStyle::callout));
-    photosBadge_->setObjectName(QStringLiteral("photosBadge"));
-    missingKey_->setObjectName(QStringLiteral("missingKey"));
+    photosBadge_->setObjectName(u"photosBadge"_s);
+    missingKey_->setObjectName(u"missingKey"_s);
     layOut();
     connect(settings, &SettingsStore::changed, this, &HomeView::showSettings);
     connect(store, &ReceiptStore::receiptsChanged, this, &HomeView::showList);
@@ -69,7 +71,7 @@ QWidget *HomeView::makeHeader() {
     auto *const firstLine = new QHBoxLayout;
     firstLine->setSpacing(8);
     auto *const symbol = new SymbolLabel(Symbol::watchedFolder, Tint::secondary, headerSymbolSize, header);
-    symbol->setObjectName(QStringLiteral("folderSymbol"));
+    symbol->setObjectName(u"folderSymbol"_s);
     firstLine->addWidget(symbol);
     firstLine->addWidget(folder_, 1);
     firstLine->addWidget(photosBadge_);

@@ -21,6 +21,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Format = ExportService::Format;
@@ -30,11 +32,10 @@ constexpr QSize minimumContentSize{720, 420};
 
 // Room around the buttons, and the arrow of a menu beside its text instead of in the corner below it.
 QString toolBarStyle() {
-    return focusFrameStyle(QStringLiteral("highlight")) +
-           QStringLiteral("QToolButton { padding: 3px 8px; }"
-                          "QToolButton[popupMode=\"2\"] { padding-right: 20px; }"
-                          "QToolButton::menu-indicator { subcontrol-origin: padding;"
-                          " subcontrol-position: center right; right: 6px; }");
+    return focusFrameStyle(u"highlight"_s) + u"QToolButton { padding: 3px 8px; }"
+                                             "QToolButton[popupMode=\"2\"] { padding-right: 20px; }"
+                                             "QToolButton::menu-indicator { subcontrol-origin: padding;"
+                                             " subcontrol-position: center right; right: 6px; }"_s;
 }
 
 QStringList receiptFilesIn(const QMimeData &data) {
@@ -56,8 +57,8 @@ MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *a
     , appState_(appState)
     , actions_(this)
     , home_(new HomeView(store, settings, this)) {
-    setObjectName(QStringLiteral("main"));
-    setWindowTitle(QStringLiteral("Fennick"));
+    setObjectName(u"main"_s);
+    setWindowTitle(u"Fennick"_s);
     home_->setMinimumSize(minimumContentSize);
     setCentralWidget(home_);
     setAcceptDrops(true);
@@ -77,18 +78,17 @@ MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *a
 
 void MainWindow::buildToolBar() {
     QToolBar *const bar = addToolBar(tr("Toolbar"));
-    bar->setObjectName(QStringLiteral("toolbar"));
+    bar->setObjectName(u"toolbar"_s);
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->setIconSize({18, 18});
     bar->setStyleSheet(toolBarStyle());
     bar->addAction(actions_.chooseFolder);
-    exportButton_ =
-        makeMenuButton(QStringLiteral("exportMenu"), tr("Export"), symbolIcon(Symbol::exportLedger),
-                       {actions_.exportCsv, actions_.exportHtml});
+    exportButton_ = makeMenuButton(u"exportMenu"_s, tr("Export"), symbolIcon(Symbol::exportLedger),
+                                   {actions_.exportCsv, actions_.exportHtml});
     bar->addWidget(exportButton_);
-    archiveButton_ = makeMenuButton(QStringLiteral("archiveMenu"), tr("Archive && Clear"),
-                                    symbolIcon(Symbol::archive), {actions_.archiveCsv, actions_.archiveHtml});
+    archiveButton_ = makeMenuButton(u"archiveMenu"_s, tr("Archive && Clear"), symbolIcon(Symbol::archive),
+                                    {actions_.archiveCsv, actions_.archiveHtml});
     bar->addWidget(archiveButton_);
     bar->addAction(actions_.clearAll);
     const auto buttons = bar->findChildren<QToolButton *>();
@@ -102,7 +102,7 @@ QToolButton *MainWindow::makeMenuButton(const QString &objectName, const QString
     auto *const button = new QToolButton(this);
     button->setObjectName(objectName);
     button->setText(text);
-    button->setAccessibleName(QString(text).replace(QStringLiteral("&&"), QStringLiteral("&")));
+    button->setAccessibleName(QString(text).replace(u"&&"_s, u"&"_s));
     button->setIcon(icon);
     button->setPopupMode(QToolButton::InstantPopup);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -201,7 +201,7 @@ void MainWindow::chooseFolder() {
 }
 
 void MainWindow::archive(Format format) {
-    const QString name = format == Format::html ? QStringLiteral("HTML") : QStringLiteral("CSV");
+    const QString name = format == Format::html ? u"HTML"_s : u"CSV"_s;
     if (Confirmations::confirmArchive(this, name, store_, appState_->archiveDestinationPath())) {
         appState_->archiveAndClear(format);
     }

@@ -13,6 +13,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Model = ReceiptsTableModel;
@@ -40,7 +42,7 @@ constexpr int fixedWidth = statusWidth + photosWidth + actionsWidth;
 ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     : QTableView(parent)
     , model_(new ReceiptsTableModel(store, this)) {
-    setObjectName(QStringLiteral("receipts"));
+    setObjectName(u"receipts"_s);
     setAccessibleName(tr("Receipts"));
     setModel(model_);
     setItemDelegate(new CellDelegate(this));

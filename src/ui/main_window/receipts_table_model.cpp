@@ -9,9 +9,11 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString missing = QStringLiteral("—");
+const QString missing = u"—"_s;
 
 QString statusText(const Receipt &receipt) {
     switch (receipt.status) {
@@ -74,7 +76,7 @@ QString spokenText(const Receipt &receipt, int column, AmountFormatter &amounts)
     case ReceiptsTableModel::statusColumn:
         return statusText(receipt);
     case ReceiptsTableModel::summaryColumn:
-        return cellText(receipt, column, amounts) + QStringLiteral(", ") + receipt.fileName;
+        return cellText(receipt, column, amounts) + u", "_s + receipt.fileName;
     case ReceiptsTableModel::photosColumn:
         return receipt.addedToPhotos ? ReceiptsTableModel::tr("Added to Photos")
                                      : ReceiptsTableModel::tr("Not added to Photos");

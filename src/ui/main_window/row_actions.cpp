@@ -10,6 +10,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int buttonSize = 20;
@@ -31,9 +33,9 @@ QToolButton *makeButton(QWidget *parent, const QString &objectName, const QStrin
 RowActions::RowActions(QWidget *parent)
     : QWidget(parent)
     //: Shows the file in the desktop's file manager.
-    , reveal_(makeButton(this, QStringLiteral("reveal"), tr("Reveal in Finder")))
-    , addToPhotos_(makeButton(this, QStringLiteral("addToPhotos"), tr("Add to Photos")))
-    , retry_(makeButton(this, QStringLiteral("retry"), tr("Retry"))) {
+    , reveal_(makeButton(this, u"reveal"_s, tr("Reveal in Finder")))
+    , addToPhotos_(makeButton(this, u"addToPhotos"_s, tr("Add to Photos")))
+    , retry_(makeButton(this, u"retry"_s, tr("Retry"))) {
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 0, 8, 0);
     layout->setSpacing(8);
@@ -41,7 +43,7 @@ RowActions::RowActions(QWidget *parent)
     layout->addWidget(addToPhotos_);
     layout->addWidget(retry_);
     layout->addStretch();
-    setStyleSheet(focusFrameStyle(QStringLiteral("highlighted-text"))); // only a selected row gets the focus
+    setStyleSheet(focusFrameStyle(u"highlighted-text"_s)); // only a selected row gets the focus
     setSelected(false);
     connect(reveal_, &QToolButton::clicked, this, &RowActions::revealRequested);
     connect(addToPhotos_, &QToolButton::clicked, this, &RowActions::addToPhotosRequested);

@@ -8,6 +8,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPushButton *makeButton(const QString &text, const QString &objectName, const QString &description,
@@ -26,17 +28,17 @@ SettingsFolderRow::SettingsFolderRow(const QString &objectName, const QString &p
     : QWidget(parent)
     , path_(new ElidedLabel(this)) {
     setObjectName(objectName);
-    path_->setObjectName(objectName + QStringLiteral("Path"));
+    path_->setObjectName(objectName + u"Path"_s);
     path_->setAccessibleDescription(purpose);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, SettingsSection::endMargin, 0);
     layout->addWidget(path_, 1);
     if (reset == Reset::offered) {
-        reset_ = makeButton(tr("Reset"), objectName + QStringLiteral("Reset"), purpose, this);
+        reset_ = makeButton(tr("Reset"), objectName + u"Reset"_s, purpose, this);
         layout->addWidget(reset_);
         connect(reset_, &QPushButton::clicked, this, &SettingsFolderRow::resetRequested);
     }
-    choose_ = makeButton(tr("Choose…"), objectName + QStringLiteral("Choose"), purpose, this);
+    choose_ = makeButton(tr("Choose…"), objectName + u"Choose"_s, purpose, this);
     layout->addWidget(choose_);
     connect(choose_, &QPushButton::clicked, this, &SettingsFolderRow::chooseRequested);
 }

@@ -12,6 +12,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int gridSpacing = 8;
@@ -24,14 +26,14 @@ SettingsGeminiSection::SettingsGeminiSection(SettingsStore *settings, QWidget *p
     , key_(new RoundedField(this))
     , keySaved_(new CaptionLabel(tr("Key saved"), Tint::success, Symbol::keySaved, this))
     , model_(new RoundedField(this)) {
-    setObjectName(QStringLiteral("geminiSection"));
-    key_->setObjectName(QStringLiteral("apiKey"));
+    setObjectName(u"geminiSection"_s);
+    key_->setObjectName(u"apiKey"_s);
     key_->setAccessibleName(tr("API Key"));
     key_->setEchoMode(QLineEdit::Password);
-    keySaved_->setObjectName(QStringLiteral("keySaved"));
+    keySaved_->setObjectName(u"keySaved"_s);
     keySaved_->setWordWrap(true);
     keySaved_->hide();
-    model_->setObjectName(QStringLiteral("model"));
+    model_->setObjectName(u"model"_s);
     model_->setAccessibleName(tr("Model"));
     layOut();
     connect(&storedKey_, &QFutureWatcher<std::optional<QString>>::finished, this,
@@ -62,7 +64,7 @@ void SettingsGeminiSection::layOut() {
     auto *const keyLabel = new QLabel(tr("API Key"), this);
     keyLabel->setBuddy(key_);
     auto *const save = new QPushButton(tr("Save Key"), this);
-    save->setObjectName(QStringLiteral("saveKey"));
+    save->setObjectName(u"saveKey"_s);
     save->setAccessibleName(save->text());
     setTabOrder(key_, save);
     setTabOrder(save, model_);

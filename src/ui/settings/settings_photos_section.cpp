@@ -12,6 +12,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 using Status = PhotoPermission::Status;
 
 namespace {
@@ -31,15 +33,15 @@ SettingsPhotosSection::SettingsPhotosSection(SettingsStore *settings, QWidget *p
                                Tint::failure, Symbol::refused, this))
     , grant_(new QPushButton(tr("Grant Photos Access"), this))
     , isExportOn_(settings->addToPhotos()) {
-    setObjectName(QStringLiteral("photosSection"));
-    addToPhotos_->setObjectName(QStringLiteral("addToPhotos"));
-    groupIntoAlbum_->setObjectName(QStringLiteral("groupIntoAlbum"));
-    granted_->setObjectName(QStringLiteral("photosGranted"));
-    denied_->setObjectName(QStringLiteral("photosDenied"));
+    setObjectName(u"photosSection"_s);
+    addToPhotos_->setObjectName(u"addToPhotos"_s);
+    groupIntoAlbum_->setObjectName(u"groupIntoAlbum"_s);
+    granted_->setObjectName(u"photosGranted"_s);
+    denied_->setObjectName(u"photosDenied"_s);
     for (CaptionLabel *const label : {granted_, denied_}) {
         label->setWordWrap(true);
     }
-    grant_->setObjectName(QStringLiteral("grantPhotosAccess"));
+    grant_->setObjectName(u"grantPhotosAccess"_s);
     grant_->setAccessibleName(grant_->text());
     grant_->setMinimumWidth(grant_->sizeHint().width() + buttonPadding);
     layOut();

@@ -7,6 +7,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int cardPadding = 14;
@@ -19,7 +21,7 @@ constexpr float borderOpacity = 0.18F;
 } // namespace
 
 SettingsSection::SettingsSection(const QString &title, QWidget *parent)
-    : QGroupBox(QString(title).replace(u'&', QStringLiteral("&&")), parent)
+    : QGroupBox(QString(title).replace(u'&', u"&&"_s), parent)
     , header_(title)
     , rows_(new QVBoxLayout(this)) {
     setAccessibleName(title);

@@ -18,6 +18,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize windowSize(460, 520);
@@ -32,7 +34,7 @@ SettingsView::SettingsView(AppState *appState, SettingsStore *settings, bool can
     , appState_(appState)
     , settings_(settings)
     , isInMenuBarMode_(settings->menuBarMode()) {
-    setObjectName(QStringLiteral("settings"));
+    setObjectName(u"settings"_s);
     setWindowTitle(tr("Fennick Settings"));
     setFixedSize(windowSize);
 
@@ -70,7 +72,7 @@ void SettingsView::showEvent(QShowEvent *event) {
 
 void SettingsView::showScrolling(QWidget *form) {
     auto *const area = new QScrollArea(this);
-    area->setObjectName(QStringLiteral("settingsScrollArea"));
+    area->setObjectName(u"settingsScrollArea"_s);
     area->setFrameShape(QFrame::NoFrame);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidgetResizable(true);
@@ -84,9 +86,9 @@ void SettingsView::showScrolling(QWidget *form) {
 
 SettingsSection *SettingsView::makeWatchedFolderSection() {
     auto *const section = new SettingsSection(tr("Watched Folder"));
-    section->setObjectName(QStringLiteral("watchedFolderSection"));
-    watchFolder_ = new SettingsFolderRow(QStringLiteral("watchFolder"), tr("Watched folder"),
-                                         SettingsFolderRow::Reset::notOffered);
+    section->setObjectName(u"watchedFolderSection"_s);
+    watchFolder_ =
+        new SettingsFolderRow(u"watchFolder"_s, tr("Watched folder"), SettingsFolderRow::Reset::notOffered);
     section->rows()->addWidget(watchFolder_);
     section->addExplanation(tr("New PDFs and photos dropped here are scanned automatically."));
     connect(watchFolder_, &SettingsFolderRow::chooseRequested, this,
@@ -96,9 +98,9 @@ SettingsSection *SettingsView::makeWatchedFolderSection() {
 
 SettingsSection *SettingsView::makeArchiveSection() {
     auto *const section = new SettingsSection(tr("Archive"));
-    section->setObjectName(QStringLiteral("archiveSection"));
-    archiveFolder_ = new SettingsFolderRow(QStringLiteral("archiveFolder"), tr("Archive folder"),
-                                           SettingsFolderRow::Reset::offered);
+    section->setObjectName(u"archiveSection"_s);
+    archiveFolder_ =
+        new SettingsFolderRow(u"archiveFolder"_s, tr("Archive folder"), SettingsFolderRow::Reset::offered);
     section->addExplanation(tr("“Archive & Clear” saves each batch — the receipt files "
                                "and a CSV/HTML ledger — into a dated subfolder here."));
     section->rows()->addWidget(archiveFolder_);
@@ -110,12 +112,12 @@ SettingsSection *SettingsView::makeArchiveSection() {
 
 SettingsSection *SettingsView::makeStartupSection(bool canHideFromTaskBar) {
     auto *const section = new SettingsSection(tr("Startup & Background"));
-    section->setObjectName(QStringLiteral("startupSection"));
+    section->setObjectName(u"startupSection"_s);
     launchAtLogin_ = new SwitchControl(tr("Launch at login"));
-    launchAtLogin_->setObjectName(QStringLiteral("launchAtLogin"));
+    launchAtLogin_->setObjectName(u"launchAtLogin"_s);
     //: An entry in the desktop's tray and none in its task bar.
     menuBarMode_ = new SwitchControl(tr("Run in menu bar (hide Dock icon)"));
-    menuBarMode_->setObjectName(QStringLiteral("menuBarMode"));
+    menuBarMode_->setObjectName(u"menuBarMode"_s);
     if (!canHideFromTaskBar) {
         const QString limit = tr("On this desktop a program cannot hide its own task-bar entry, so the entry "
                                  "stays.");

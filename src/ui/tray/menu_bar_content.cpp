@@ -6,22 +6,24 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 MenuBarContent::MenuBarContent(const ReceiptStore *store)
     : store_(store) {
     QAction *const showReceipts = addAction(tr("Show Receipts"));
-    showReceipts->setObjectName(QStringLiteral("showReceipts"));
+    showReceipts->setObjectName(u"showReceipts"_s);
     connect(showReceipts, &QAction::triggered, this, &MenuBarContent::showReceiptsRequested);
     count_ = addAction(QString());
-    count_->setObjectName(QStringLiteral("count"));
+    count_->setObjectName(u"count"_s);
     count_->setEnabled(false);
     count_->setFont(styledFont(font(), TextStyle::caption));
     addSeparator();
     QAction *const settings = addAction(tr("Settings…"));
-    settings->setObjectName(QStringLiteral("menuSettings"));
+    settings->setObjectName(u"menuSettings"_s);
     connect(settings, &QAction::triggered, this, &MenuBarContent::settingsRequested);
     addSeparator();
     quit_ = addAction(tr("Quit Fennick"));
-    quit_->setObjectName(QStringLiteral("menuQuit"));
+    quit_->setObjectName(u"menuQuit"_s);
     quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit_, &QAction::triggered, this, &MenuBarContent::quitRequested);
     connect(store, &ReceiptStore::receiptsChanged, this, &MenuBarContent::showCount);

@@ -7,6 +7,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::chrono::seconds shortestPause{10};
@@ -67,7 +69,7 @@ void Notices::tell() {
     if (batch.isEmpty() && failure.isEmpty()) {
         return;
     }
-    notifier_.show(batch.isEmpty() ? QStringLiteral("Fennick") : batch, failure);
+    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, failure);
     pause_.start();
 }
 

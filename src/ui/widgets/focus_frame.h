@@ -7,11 +7,11 @@ namespace fennick {
 // A style sheet for flat tool buttons that shows plainly which one has the focus, in this colour of the
 // palette (a style sheet's name for it): many desktop styles hardly show it.
 inline QString focusFrameStyle(const QString &paletteColour) {
-    return QStringLiteral("QToolButton { border: 1px solid transparent; border-radius: 4px; }"
-                          "QToolButton:hover { background: rgba(127, 127, 127, 40); }"
-                          "QToolButton:pressed { background: rgba(127, 127, 127, 90); }"
-                          "QToolButton:focus { border-color: palette(%1); }")
-        .arg(paletteColour);
+    using namespace Qt::StringLiterals;
+    return u"QToolButton { border: 1px solid transparent; border-radius: 4px; }"
+           "QToolButton:hover { background: rgba(127, 127, 127, 40); }"
+           "QToolButton:pressed { background: rgba(127, 127, 127, 90); }"
+           "QToolButton:focus { border-color: palette(%1); }"_s.arg(paletteColour);
 }
 
 } // namespace fennick

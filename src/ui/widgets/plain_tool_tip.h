@@ -10,8 +10,8 @@ namespace fennick {
 // looks like markup for markup, and receipts, paths and answers hold text from outside. Empty for an empty
 // text.
 inline QString plainToolTip(const QString &text) {
-    return text.isEmpty() ? QString()
-                          : QStringLiteral("<span>%1</span>").arg(displayText(text).toHtmlEscaped());
+    using namespace Qt::StringLiterals;
+    return text.isEmpty() ? QString() : u"<span>%1</span>"_s.arg(displayText(text).toHtmlEscaped());
 }
 
 } // namespace fennick

@@ -13,45 +13,47 @@ static void initialiseSymbols() {
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString drawingOf(Symbol symbol) {
     switch (symbol) {
     case Symbol::addToPhotos:
-        return QStringLiteral("image-plus");
+        return u"image-plus"_s;
     case Symbol::archive:
-        return QStringLiteral("archive");
+        return u"archive"_s;
     case Symbol::chooseFolder:
-        return QStringLiteral("folder");
+        return u"folder"_s;
     case Symbol::clear:
-        return QStringLiteral("trash-2");
+        return u"trash-2"_s;
     case Symbol::done:
-        return QStringLiteral("circle-check-filled");
+        return u"circle-check-filled"_s;
     case Symbol::exportLedger:
-        return QStringLiteral("share");
+        return u"share"_s;
     case Symbol::keySaved:
-        return QStringLiteral("badge-check-filled");
+        return u"badge-check-filled"_s;
     case Symbol::photos:
-        return QStringLiteral("images");
+        return u"images"_s;
     case Symbol::receipts:
-        return QStringLiteral("file-search");
+        return u"file-search"_s;
     case Symbol::refused:
-        return QStringLiteral("circle-x-filled");
+        return u"circle-x-filled"_s;
     case Symbol::retry:
-        return QStringLiteral("rotate-cw");
+        return u"rotate-cw"_s;
     case Symbol::reveal:
-        return QStringLiteral("search");
+        return u"search"_s;
     case Symbol::warning:
-        return QStringLiteral("triangle-alert-filled");
+        return u"triangle-alert-filled"_s;
     case Symbol::watchedFolder:
-        return QStringLiteral("folder-filled");
+        return u"folder-filled"_s;
     }
     Q_UNREACHABLE();
 }
 
 QByteArray vectorsOf(const QString &drawing) {
     initialiseSymbols();
-    QFile file(QStringLiteral(":/symbols/%1.svg").arg(drawing));
+    QFile file(u":/symbols/%1.svg"_s.arg(drawing));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     Q_ASSERT(isOpen);
     return isOpen ? file.readAll() : QByteArray();
@@ -129,7 +131,7 @@ QIcon symbolIcon(Symbol symbol, Tint tint) {
 }
 
 QIcon programIcon() {
-    return QIcon(new SymbolIconEngine(QStringLiteral("fennick"), Tint::primary));
+    return QIcon(new SymbolIconEngine(u"fennick"_s, Tint::primary));
 }
 
 } // namespace fennick
