@@ -18,9 +18,8 @@ namespace fennick {
 
 class SettingsView;
 
-// The application's shell: creates the shared objects once, in this order, and owns the windows and the tray
-// icon. Closing the main window stops nothing. Lives on the stack of main() until the process ends; main
-// thread.
+// The application's shell: creates the shared objects in this order and owns the windows and the tray icon.
+// Closing the main window stops nothing. Lives on the stack of main(); main thread.
 class FennickApp : public QObject {
     Q_OBJECT
 
@@ -28,7 +27,7 @@ public:
     FennickApp();
     ~FennickApp() override;
 
-    // Brings the one main window to the front, from wherever it is.
+    // Brings the main window to the front, even if it is hidden or minimised.
     void showMainWindow();
 
     void showSettings();

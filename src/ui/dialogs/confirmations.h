@@ -5,13 +5,14 @@
 #include <QString>
 #include <QWidget>
 
-// The two questions before a batch leaves the list. Each blocks until it is answered; closing means no.
+// The two questions before a batch leaves the list. Each call blocks until the user answers; closing the
+// dialog means no.
 namespace fennick::Confirmations {
 
 bool confirmClear(QWidget *parent);
 
-// `formatName` is "CSV" or "HTML". The number of all receipts that is shown follows the list, whatever their
-// status.
+// `formatName` is "CSV" or "HTML". The question shows the number of all receipts, whatever their status, and
+// keeps it up to date.
 bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
                     const QString &destination);
 

@@ -10,8 +10,8 @@
 
 namespace fennick {
 
-// Asks in the desktop's save panel where to, and writes the ledger of these receipts there. The name always
-// ends with the format's extension. Returns the path, also when the write failed; nothing when the user
+// Asks with the desktop's save panel for a file and writes the ledger of these receipts to it. The name
+// always ends with the format's extension. Returns the path, even if writing failed; nothing if the user
 // cancels. Blocks until the panel is closed.
 std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
                                     ExportService::Format format);

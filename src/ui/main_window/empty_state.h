@@ -7,7 +7,7 @@ class QPushButton;
 
 namespace fennick {
 
-// What the main window shows while no receipt is listed: what to do, and a button that does it.
+// Shown in the main window while the list is empty: what to do next, with a button for it.
 class EmptyState : public QWidget {
     Q_OBJECT
 

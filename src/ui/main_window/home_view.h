@@ -13,8 +13,9 @@ class CaptionLabel;
 class ElidedLabel;
 class ReceiptsTable;
 
-// The content of the main window: which folder is watched, whether a key is missing, and the table of all
-// receipts or, without any, what to do. Borrows the stores; owned by the main window; main thread.
+// The content of the main window: the watched folder, a warning if the API key is missing, and the table of
+// receipts or, while there are none, what to do next. Borrows the stores; owned by the main window; main
+// thread.
 class HomeView : public QWidget {
     Q_OBJECT
 

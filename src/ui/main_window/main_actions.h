@@ -6,8 +6,8 @@
 
 namespace fennick {
 
-// Everything that can be done from the main window, each once: toolbar, menu bar and context menu share
-// these. Owned by the main window, which says what they do and when they can be used.
+// The actions of the main window. Each exists once and is shared by toolbar, menu bar and context menu.
+// Owned by the main window, which connects and enables them.
 struct MainActions {
     Q_DECLARE_TR_FUNCTIONS(fennick::MainActions)
 

@@ -13,8 +13,8 @@ namespace fennick {
 
 class HomeView;
 
-// The program's one main window: toolbar, menu bar and the home view. Asks before a batch leaves the list,
-// takes dropped files, and remembers its size. Owned by the application's shell; main thread.
+// The main window: toolbar, menu bar and home view. Asks for confirmation before a batch leaves the list,
+// accepts dropped files and remembers its size. Owned by the shell; main thread.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -24,9 +24,9 @@ public:
     MainActions &actions() { return actions_; }
 
 Q_SIGNALS:
-    // The window's content appears: at the start, and whenever it has been hidden.
+    // The window is shown: at the start and whenever it was hidden.
     void appeared();
-    // The user closes the window; the shell decides where it goes.
+    // The user closes the window; the shell decides whether to hide or minimise it.
     void closeRequested();
 
 protected:

@@ -5,7 +5,7 @@
 
 namespace fennick {
 
-// A cell of text. The table has its focus on whole rows, so that no cell shows a focus of its own.
+// A text cell. The table focuses whole rows, so cells do not show a focus of their own.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -15,14 +15,14 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
-    // For cells that draw their text themselves, at the place and in the colour that the style would give it.
+    // For cells that draw their text themselves, with the style's position and colour.
     static void paintCellBackground(QPainter *painter, const QStyleOptionViewItem &option,
                                     const QModelIndex &index);
     static QRect textArea(const QStyleOptionViewItem &option);
     static QColor textColor(const QStyleOptionViewItem &option);
 };
 
-// A cell that shows a symbol in its middle, or text where the model has no symbol.
+// A cell with a centred symbol, or text if the model has no symbol.
 class SymbolDelegate : public CellDelegate {
     Q_OBJECT
 
@@ -33,8 +33,8 @@ public:
                const QModelIndex &index) const override;
 };
 
-// The status cell: a turning indicator while a receipt is processed, else a symbol. The timer runs only while
-// such a row is being painted.
+// The status cell: a spinner while a receipt is processed, otherwise a symbol. The timer runs only while
+// such a row is visible.
 class StatusDelegate : public SymbolDelegate {
     Q_OBJECT
 
@@ -49,7 +49,7 @@ private:
     mutable QTimer turn_;
 };
 
-// The summary cell: the summary, and under it the file's name in small secondary text.
+// The summary cell: the summary, with the file name in small secondary text below it.
 class SummaryDelegate : public CellDelegate {
     Q_OBJECT
 
@@ -59,7 +59,7 @@ public:
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
 
-    // What two lines and the space between them take in this font.
+    // The height of both lines and the space between them in this font.
     static int rowHeight(const QFont &font);
 };
 

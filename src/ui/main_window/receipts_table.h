@@ -14,8 +14,8 @@ namespace fennick {
 class ReceiptsTableModel;
 class RowActions;
 
-// The table of all receipts. Rows have one height, and only rows on the screen have buttons, so that a long
-// list costs no more than a short one. Borrows the store; owned by the home view; main thread.
+// The table of all receipts. All rows have the same height, and only visible rows have buttons, so that a
+// long list costs no more than a short one. Borrows the store; owned by the home view; main thread.
 class ReceiptsTable : public QTableView {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ public:
 
     std::optional<Receipt> selectedReceipt() const;
 
-    // The widths that the user has given the columns.
+    // The column widths that the user has set.
     QByteArray columnState();
     void restoreColumnState(const QByteArray &state);
 

@@ -7,8 +7,8 @@
 
 namespace fennick {
 
-// The store's receipts as rows of a table, in the store's order. Follows the store row by row, so that a view
-// redraws what changed and nothing else. Owned by the view that shows it; main thread.
+// The store's receipts as the rows of a table, in the store's order. Passes changes on row by row, so that
+// views redraw only what has changed. Owned by the view that shows it; main thread.
 class ReceiptsTableModel : public QAbstractTableModel {
     Q_OBJECT
 

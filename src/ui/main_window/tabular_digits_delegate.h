@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// Gives every digit of a cell the width of the widest, so that the numbers of a column stand below one
-// another in any font. A text that does not fit, or runs from right to left, is left to the style.
+// Draws all digits of a cell with the width of the widest one, so that the numbers of a column line up in
+// any font. Leaves texts that do not fit or run from right to left to the style.
 class TabularDigitsDelegate : public CellDelegate {
 public:
     using CellDelegate::CellDelegate;

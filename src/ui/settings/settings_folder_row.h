@@ -10,8 +10,8 @@ namespace fennick {
 
 class ElidedLabel;
 
-// A folder's path, a button that forgets it, if the row has one and a folder is set, and a button that
-// chooses one. Its children are named after the row: "<row>Path", "<row>Reset", "<row>Choose".
+// A folder's path with a button to choose it and, if offered and a folder is set, one to reset it. The
+// children are named after the row: "<row>Path", "<row>Reset", "<row>Choose".
 class SettingsFolderRow : public QWidget {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     SettingsFolderRow(const QString &objectName, const QString &purpose, Reset reset,
                       QWidget *parent = nullptr);
 
-    // Shows the path, or what stands in for it.
+    // Shows the path, or the placeholder if there is none.
     void showFolder(const std::optional<QString> &path, const QString &placeholder);
 
 Q_SIGNALS:

@@ -13,14 +13,15 @@ namespace fennick {
 class CaptionLabel;
 class SettingsStore;
 
-// The extraction service's API key, stored only on request, and its model, stored on every keystroke.
+// The API key of the extraction service, stored when the user asks for it, and its model, stored on every
+// keystroke.
 class SettingsGeminiSection : public SettingsSection {
     Q_OBJECT
 
 public:
     explicit SettingsGeminiSection(SettingsStore *settings, QWidget *parent = nullptr);
 
-    // Puts the stored key, or nothing, into the field in place of what stands there.
+    // Replaces the content of the field by the stored key, or clears it if there is none.
     void loadKey();
 
 private:

@@ -10,14 +10,14 @@ class CaptionLabel;
 class SettingsStore;
 class SwitchControl;
 
-// Whether receipts are delivered to the photo library, how, and whether the user has allowed it.
+// Whether and how receipts are added to the photo library, and whether the user has granted permission.
 class SettingsPhotosSection : public SettingsSection {
     Q_OBJECT
 
 public:
     explicit SettingsPhotosSection(SettingsStore *settings, QWidget *parent = nullptr);
 
-    // Shows the user's present decision about the photo library.
+    // Shows whether permission is granted now.
     void showStatus();
 
 private:

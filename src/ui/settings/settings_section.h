@@ -8,13 +8,13 @@ class QVBoxLayout;
 
 namespace fennick {
 
-// One section of the settings: its title over a card with rounded corners that holds the rows.
+// A section of the settings: a title above a card with rounded corners that contains the rows.
 class SettingsSection : public QGroupBox {
     Q_OBJECT
 
 public:
-    // What rows with a control at their end keep clear there, in pixels: a switch needs it for the ring that
-    // shows the focus, and the others are to be aligned with it.
+    // The margin in pixels that rows keep at their end: switches draw their focus ring there, and the others
+    // align with them.
     static constexpr int endMargin = SwitchControl::focusMargin;
 
     explicit SettingsSection(const QString &title, QWidget *parent = nullptr);

@@ -12,20 +12,20 @@ class SettingsSection;
 class SettingsStore;
 class SwitchControl;
 
-// The settings window: a form in sections that edits every preference; each change is stored at once. Each
-// time it appears it reads the API key and the Photos status anew. Borrows the shared objects, which outlive
-// it; main thread.
+// The settings window: a form in sections that edits every preference and stores each change at once. Reads
+// the API key and the Photos permission whenever it is shown. Borrows the shared objects, which outlive it;
+// main thread.
 class SettingsView : public QWidget {
     Q_OBJECT
 
 public:
-    // `canHideFromTaskBar`: whether this window system lets menu-bar mode take effect; if not, the switch
-    // says so.
+    // `canHideFromTaskBar`: whether menu-bar mode can take effect on this window system; otherwise a tool
+    // tip of the switch explains the limit.
     SettingsView(AppState *appState, SettingsStore *settings, bool canHideFromTaskBar,
                  QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    // The preference has changed; not sent for its initial value.
+    // Emitted when the preference changes, not for its initial value.
     void menuBarModeChanged(bool enabled);
 
 protected:

@@ -8,16 +8,16 @@
 
 namespace fennick {
 
-// Counts what is scanned together: a batch begins with the first receipt under way and ends when none has
-// been for two seconds, for files that lie in the folder are taken in one after the other. Owned by the
-// shell; main thread.
+// Counts the receipts that are scanned together. A batch begins with the first receipt in progress and ends
+// when none has been in progress for two seconds, because files that already lie in the folder are taken in
+// one after the other. Owned by the shell; main thread.
 class BatchProgress : public QObject {
     Q_OBJECT
 
 public:
     explicit BatchProgress(const ReceiptStore *store, QObject *parent = nullptr);
 
-    // Of the batch that is under way.
+    // Of the current batch.
     int finishedCount() const { return scanned_ + failed_; }
     int totalCount() const { return finishedCount() + static_cast<int>(underWay_.size()); }
     bool isUnderWay() const { return !underWay_.isEmpty(); }

@@ -6,7 +6,7 @@
 
 namespace fennick {
 
-// The menu of the tray icon: how many receipts are listed, and the ways to the windows and out. Borrows the
+// The menu of the tray icon: the number of receipts, and entries that open the windows or quit. Borrows the
 // store; owned by the shell.
 class MenuBarContent : public QMenu {
     Q_OBJECT

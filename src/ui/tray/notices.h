@@ -9,14 +9,14 @@
 
 namespace fennick {
 
-// Tells on the desktop what the user cannot see in the window: batches that were finished while it was out of
-// sight, and failures that no row shows. Never more than one notice in ten seconds; what happens in between
-// is told together. Owned by the shell; main thread.
+// Shows desktop notifications for what the user cannot see in the window: batches that finish while it is
+// out of sight, and failures that no row shows. Never more than one notification in ten seconds; what
+// happens in between is combined. Owned by the shell; main thread.
 class Notices : public QObject {
     Q_OBJECT
 
 public:
-    // `isWindowInFront` is asked when there is something to tell.
+    // `isWindowInFront` is called whenever there is something to show.
     explicit Notices(std::function<bool()> isWindowInFront, QObject *parent = nullptr);
 
     void tellBatch(int scanned, int failed);
@@ -26,7 +26,7 @@ public:
     static QString batchText(int scanned, int failed);
 
 Q_SIGNALS:
-    // The user has clicked a notice.
+    // The user clicked a notification.
     void activated();
 
 private:

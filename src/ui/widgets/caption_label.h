@@ -8,7 +8,7 @@ class QLabel;
 
 namespace fennick {
 
-// Small tinted text, with a symbol before it if one is given: badges, warnings, explanations.
+// Small tinted text, optionally with a symbol before it: badges, warnings, explanations.
 class CaptionLabel : public QWidget {
     Q_OBJECT
 

@@ -4,15 +4,15 @@
 
 namespace fennick {
 
-// One line of plain text that is cut in the middle when it does not fit, so that the start and the end of a
-// path stay visible. The whole text is its tool tip then.
+// One line of plain text, elided in the middle if it does not fit, so that the start and the end of a path
+// stay visible. The tool tip then shows the whole text.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
     explicit ElidedLabel(QWidget *parent = nullptr);
 
-    // Shows `text` in the tint for set or for missing values.
+    // Shows `text` in the tint for values that are set or missing.
     void showValue(const QString &text, bool isSet);
 
     const QString &fullText() const { return fullText_; }

@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// A style sheet for flat tool buttons that shows plainly which one has the focus, in this colour of the
-// palette (a style sheet's name for it): many desktop styles hardly show it.
+// A style sheet for flat tool buttons that marks the focused one clearly, because many desktop styles hardly
+// show the focus. `paletteColour` is a palette role as style sheets name it.
 inline QString focusFrameStyle(const QString &paletteColour) {
     using namespace Qt::StringLiterals;
     return u"QToolButton { border: 1px solid transparent; border-radius: 4px; }"

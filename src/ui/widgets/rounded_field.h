@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// A text field with a rounded border that stays visible on a card of the field's own colour, in light and in
-// dark palettes, and shows the focus.
+// A text field with a rounded border that shows the focus and stays visible on a background of its own
+// colour, in light and dark palettes.
 class RoundedField : public QLineEdit {
     Q_OBJECT
 

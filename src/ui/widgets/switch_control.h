@@ -4,18 +4,18 @@
 
 namespace fennick {
 
-// A check box drawn as a switch at the end of its line of text, which wraps when it is too long. To the
-// keyboard and to assistive tools it is a check box. The whole line takes clicks.
+// A check box, drawn as a switch at the end of its text, which wraps if it is too long. It remains a check
+// box for the keyboard and for assistive tools. The whole line is clickable.
 class SwitchControl : public QCheckBox {
     Q_OBJECT
 
 public:
-    // Room around the switch for the ring that shows the focus, in pixels.
+    // Room for the focus ring around the switch, in pixels.
     static constexpr int focusMargin = 4;
 
     explicit SwitchControl(const QString &text, QWidget *parent = nullptr);
 
-    // Shows a value that is not the user's doing: without the signals.
+    // Shows a value without emitting signals.
     void showValue(bool isOn);
 
     QSize sizeHint() const override;

@@ -6,7 +6,7 @@
 
 namespace fennick {
 
-// A symbol that stands by itself, in the colours of the palette of the moment.
+// A symbol on its own, drawn in the current palette's colours.
 class SymbolLabel : public QLabel {
     Q_OBJECT
 

@@ -6,7 +6,7 @@
 
 namespace fennick {
 
-// What a symbol stands for; each has one bundled drawing.
+// The meaning of a symbol; each has a bundled drawing.
 enum class Symbol {
     addToPhotos,
     archive,
@@ -26,11 +26,11 @@ enum class Symbol {
 
 enum class Tint { primary, secondary, success, warning, failure, selection };
 
-// The tint in this palette, readable on its window and base colours, light or dark.
+// The tint's colour in this palette, readable on its window and base colours, light or dark.
 QColor tintColor(Tint tint, const QPalette &palette);
 
-// An icon that is drawn from its vectors whenever it is painted: sharp at every scale, and in the colours of
-// the palette of that moment. Disabled, it is drawn in the palette's disabled text colour.
+// An icon that is rendered from vectors each time it is painted: sharp at every scale and in the current
+// palette's colours, including the one for disabled text.
 QIcon symbolIcon(Symbol symbol, Tint tint = Tint::primary);
 
 // The program's own icon, for windows and task bars.

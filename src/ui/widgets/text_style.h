@@ -4,7 +4,7 @@
 
 namespace fennick {
 
-// Sizes of text beside the desktop's own.
+// Text sizes relative to the desktop's own.
 enum class TextStyle { title, callout, caption, smallestCaption };
 
 // `font` in that size.
