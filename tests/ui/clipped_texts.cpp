@@ -17,6 +17,8 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Of the text wrapped into this width: more than the width when a word is wider.
@@ -198,7 +200,7 @@ QString clippedTexts(const QWidget *window) {
         const QStringList texts = clippedTextsOf(widget);
         for (const QString &text : texts) {
             clipped.append(QLatin1StringView(widget->metaObject()->className()) + u' ' +
-                           widget->objectName() + QStringLiteral(": ") + text);
+                           widget->objectName() + u": "_s + text);
         }
     }
     return clipped.join(u'\n');

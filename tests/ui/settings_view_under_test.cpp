@@ -8,6 +8,8 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 void SettingsViewUnderTest::init() {
     const QStringList files = {home_.preferencesFile(), home_.permissionsFile(), home_.receiptsFile(),
                                home_.ignoredFile(), autostartFile()};
@@ -15,7 +17,7 @@ void SettingsViewUnderTest::init() {
         QFile::remove(file);
     }
     PrivateSession::clearKey();
-    QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+    QDir().mkpath(home_.path(u"Pictures"_s));
     create();
 }
 
@@ -75,7 +77,7 @@ QString SettingsViewUnderTest::makeFolder(const QString &name) const {
 }
 
 QString SettingsViewUnderTest::autostartFile() const {
-    return home_.path(QStringLiteral("config/autostart/org.fennick.Fennick.desktop"));
+    return home_.path(u"config/autostart/org.fennick.Fennick.desktop"_s);
 }
 
 } // namespace fennick::test
