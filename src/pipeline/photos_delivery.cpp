@@ -100,7 +100,7 @@ QCoro::Task<std::expected<QStringList, ConverterError>>
 PhotosDelivery::convert(std::shared_ptr<QFile> content, Receipt receipt) {
     const Turns::Turn turn = co_await conversions_->next();
     co_return co_await ConversionProcess::convertToJPEGs(
-        QCoreApplication::applicationDirPath() + u"/convert_receipt"_s, content, receipt.filePath,
+        joinedPath(QCoreApplication::applicationDirPath(), u"convert_receipt"_s), content, receipt.filePath,
         FileRenamer::baseName(receipt));
 }
 

@@ -10,6 +10,7 @@
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
 #include "settings/settings_store.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QCoroFuture>
@@ -41,7 +42,7 @@ ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFold
     , renamedPaths_(renamedPaths)
     , delivery_(delivery)
     , tasks_(tasks)
-    , engine_(QCoreApplication::applicationDirPath() + u"/fennick-engine"_s) {}
+    , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s)) {}
 
 void ScanRun::prepare() {
     GeminiClient::prepare();
