@@ -4,7 +4,7 @@
 #include "made_up_receipts.h"
 #include "model/data_folder.h"
 #include "model/receipt_json.h"
-#include "ui/receipts_table.h"
+#include "ui/main_window/receipts_table.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -233,6 +233,13 @@
 <context>
     <name>fennick::AppState</name>
     <message>
+        <source>The list could not be saved: %1</source>
+        <translation>Die Liste konnte nicht gespeichert werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::Archive</name>
+    <message>
         <source>No archive location set — choose one in Settings.</source>
         <translation>Kein Archivordner festgelegt – wählen Sie einen in den Einstellungen.</translation>
     </message>
@@ -240,29 +247,12 @@
         <source>Couldn&apos;t create archive folder: %1</source>
         <translation>Der Archivordner konnte nicht angelegt werden: %1</translation>
     </message>
+</context>
+<context>
+    <name>fennick::DroppedFiles</name>
     <message>
         <source>Couldn&apos;t copy %1: %2</source>
         <translation>%1 konnte nicht kopiert werden: %2</translation>
-    </message>
-    <message>
-        <source>Photos export failed: %1</source>
-        <translation>Export zu Fotos fehlgeschlagen: %1</translation>
-    </message>
-    <message>
-        <source>The scan was interrupted. Retry to scan this receipt again.</source>
-        <translation>Der Scan wurde unterbrochen. Versuchen Sie es erneut, um diesen Beleg noch einmal zu scannen.</translation>
-    </message>
-    <message>
-        <source>API key not configured. Set your Gemini API key in Settings.</source>
-        <translation>Kein API-Schlüssel eingerichtet. Tragen Sie Ihren Gemini-API-Schlüssel in den Einstellungen ein.</translation>
-    </message>
-    <message>
-        <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
-        <translation>Der Name der Datei ist nicht lesbar. Benennen Sie die Datei um, um sie zu scannen.</translation>
-    </message>
-    <message>
-        <source>The list could not be saved: %1</source>
-        <translation>Die Liste konnte nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>
@@ -470,6 +460,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::PhotosDelivery</name>
+    <message>
+        <source>Photos export failed: %1</source>
+        <translation>Export zu Fotos fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ReceiptsTable</name>
     <message>
         <source>Receipts</source>
@@ -533,6 +530,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::Recovery</name>
+    <message>
+        <source>The scan was interrupted. Retry to scan this receipt again.</source>
+        <translation>Der Scan wurde unterbrochen. Versuchen Sie es erneut, um diesen Beleg noch einmal zu scannen.</translation>
+    </message>
+</context>
+<context>
     <name>fennick::RowActions</name>
     <message>
         <source>Reveal in Finder</source>
@@ -546,6 +550,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Retry</source>
         <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ScanRun</name>
+    <message>
+        <source>API key not configured. Set your Gemini API key in Settings.</source>
+        <translation>Kein API-Schlüssel eingerichtet. Tragen Sie Ihren Gemini-API-Schlüssel in den Einstellungen ein.</translation>
     </message>
 </context>
 <context>
@@ -679,6 +690,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Archive Here</source>
         <translation>Hier archivieren</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::UnreadableNames</name>
+    <message>
+        <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
+        <translation>Der Name der Datei ist nicht lesbar. Benennen Sie die Datei um, um sie zu scannen.</translation>
     </message>
 </context>
 <context>

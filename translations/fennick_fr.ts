@@ -233,6 +233,13 @@
 <context>
     <name>fennick::AppState</name>
     <message>
+        <source>The list could not be saved: %1</source>
+        <translation>La liste n’a pas pu être enregistrée : %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::Archive</name>
+    <message>
         <source>No archive location set — choose one in Settings.</source>
         <translation>Aucun dossier d’archives défini — choisissez-en un dans les paramètres.</translation>
     </message>
@@ -240,29 +247,12 @@
         <source>Couldn&apos;t create archive folder: %1</source>
         <translation>Impossible de créer le dossier d’archives&#xa0;: %1</translation>
     </message>
+</context>
+<context>
+    <name>fennick::DroppedFiles</name>
     <message>
         <source>Couldn&apos;t copy %1: %2</source>
         <translation>Impossible de copier %1&#xa0;: %2</translation>
-    </message>
-    <message>
-        <source>Photos export failed: %1</source>
-        <translation>Échec de l’export vers Photos&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>The scan was interrupted. Retry to scan this receipt again.</source>
-        <translation>La numérisation a été interrompue. Réessayez pour numériser à nouveau ce reçu.</translation>
-    </message>
-    <message>
-        <source>API key not configured. Set your Gemini API key in Settings.</source>
-        <translation>Clé API non configurée. Saisissez votre clé API Gemini dans les paramètres.</translation>
-    </message>
-    <message>
-        <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
-        <translation>Le nom du fichier est illisible. Renommez-le pour le numériser.</translation>
-    </message>
-    <message>
-        <source>The list could not be saved: %1</source>
-        <translation>La liste n’a pas pu être enregistrée : %1</translation>
     </message>
 </context>
 <context>
@@ -470,6 +460,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::PhotosDelivery</name>
+    <message>
+        <source>Photos export failed: %1</source>
+        <translation>Échec de l’export vers Photos&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ReceiptsTable</name>
     <message>
         <source>Receipts</source>
@@ -533,6 +530,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::Recovery</name>
+    <message>
+        <source>The scan was interrupted. Retry to scan this receipt again.</source>
+        <translation>La numérisation a été interrompue. Réessayez pour numériser à nouveau ce reçu.</translation>
+    </message>
+</context>
+<context>
     <name>fennick::RowActions</name>
     <message>
         <source>Reveal in Finder</source>
@@ -546,6 +550,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Retry</source>
         <translation>Réessayer</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ScanRun</name>
+    <message>
+        <source>API key not configured. Set your Gemini API key in Settings.</source>
+        <translation>Clé API non configurée. Saisissez votre clé API Gemini dans les paramètres.</translation>
     </message>
 </context>
 <context>
@@ -679,6 +690,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Archive Here</source>
         <translation>Archiver ici</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::UnreadableNames</name>
+    <message>
+        <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
+        <translation>Le nom du fichier est illisible. Renommez-le pour le numériser.</translation>
     </message>
 </context>
 <context>

@@ -28,7 +28,12 @@ constexpr const char *noCandidatesText =
     QT_TRANSLATE_NOOP("GeminiError", "Gemini API returned no candidates in response");
 
 // Whose texts are stored, some of them inside of another.
-constexpr std::array contexts = {"GeminiError", "TransportError", "FileProblem", "fennick::AppState",
+constexpr std::array contexts = {"GeminiError",
+                                 "TransportError",
+                                 "FileProblem",
+                                 "fennick::Recovery",
+                                 "fennick::ScanRun",
+                                 "fennick::UnreadableNames",
                                  "fennick::OnDeviceEngine"};
 
 struct Pattern {

@@ -1,7 +1,5 @@
 #include "extraction/service_address.h"
 
-#include "platform/user_defaults.h"
-
 #include <QHostAddress>
 
 namespace fennick {
@@ -22,12 +20,6 @@ bool isSchemeHostAndPort(const QUrl &address) {
 }
 
 } // namespace
-
-QString configuredServiceAddress() {
-    return UserDefaults()
-        .string(QStringLiteral("geminiEndpoint"))
-        .value_or(QStringLiteral("https://generativelanguage.googleapis.com"));
-}
 
 bool isOnDevice(const QString &serviceAddress) {
     return serviceAddress == u"on-device";

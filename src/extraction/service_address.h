@@ -7,11 +7,8 @@
 
 namespace fennick {
 
-// Where the extraction service is: scheme, host and optional port. The user's "geminiEndpoint" in the
-// preferences file or the system-wide one, else the public Gemini host. Not a preference: no window shows it.
-QString configuredServiceAddress();
-
-// The "geminiEndpoint" that stands for Fennick's own engine, which the program then starts when it needs it.
+// Whether the address of the extraction service stands for Fennick's own engine, which the program then
+// starts when it needs it.
 bool isOnDevice(const QString &serviceAddress);
 
 // The request's location: model and key go in verbatim. Nothing when that is no valid URL, when the address

@@ -1,10 +1,9 @@
 #include "files/file_renamer.h"
 
 #include "platform/file_operations.h"
-#include "platform/regular_file.h"
+#include "platform/free_path.h"
 #include "text/characters.h"
 #include "text/number_text.h"
-#include "text/numbered_name.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 #include "text/white_space.h"
@@ -15,6 +14,8 @@
 #include <cmath>
 
 namespace fennick::FileRenamer {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,25 +53,21 @@ QString buildNewFileName(const Receipt &receipt) {
 
 QString baseName(const Receipt &receipt) {
     QStringList pieces;
-    pieces.append(receipt.date.value_or(QStringLiteral("Undated")));
-    pieces.append(receipt.category.isEmpty() ? QStringLiteral("Receipt") : titleCase(receipt.category));
+    pieces.append(receipt.date.value_or(u"Undated"_s));
+    pieces.append(receipt.category.isEmpty() ? u"Receipt"_s : titleCase(receipt.category));
     const QString location = sanitize(receipt.location.value_or(QString()));
     if (!location.isEmpty()) {
-        pieces.append(QStringLiteral("- ") + location);
+        pieces.append(u"- "_s + location);
     }
     if (receipt.amount && std::isfinite(*receipt.amount)) {
         pieces.append(currencySymbol(receipt.currency) + twoDecimals(*receipt.amount));
     }
     const QString base = sanitize(pieces.join(u' '));
-    return base.isEmpty() ? QStringLiteral("Receipt") : base;
+    return base.isEmpty() ? u"Receipt"_s : base;
 }
 
 QString pickAvailableName(const QString &folder, const QString &desired) {
-    QString name = desired;
-    for (int number = 2; isTaken(joinedPath(folder, name)); ++number) {
-        name = numberedName(nameWithoutExtension(desired), pathExtension(desired), number);
-    }
-    return name;
+    return lastPathComponent(freePath(folder, desired));
 }
 
 QString titleCase(const QString &text) {
@@ -87,10 +84,8 @@ QString sanitize(const QString &text) {
 
 QString currencySymbol(const std::optional<QString> &code) {
     static const QHash<QString, QString> symbols = {
-        {QStringLiteral("USD"), QStringLiteral("$")},   {QStringLiteral("EUR"), QStringLiteral("€")},
-        {QStringLiteral("GBP"), QStringLiteral("£")},   {QStringLiteral("JPY"), QStringLiteral("¥")},
-        {QStringLiteral("CAD"), QStringLiteral("C$")},  {QStringLiteral("AUD"), QStringLiteral("A$")},
-        {QStringLiteral("CHF"), QStringLiteral("CHF ")}};
+        {u"USD"_s, u"$"_s},  {u"EUR"_s, u"€"_s},  {u"GBP"_s, u"£"_s},   {u"JPY"_s, u"¥"_s},
+        {u"CAD"_s, u"C$"_s}, {u"AUD"_s, u"A$"_s}, {u"CHF"_s, u"CHF "_s}};
     if (!code) {
         return {};
     }

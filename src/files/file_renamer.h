@@ -6,8 +6,8 @@
 
 #include <optional>
 
-// Gives a scanned receipt's file a name that a person can read: date, category, place and amount, as in
-// "2024-05-01 Lunch - Mario's Cafe $23.50.pdf". Keeps no state; callable from any thread.
+// Gives a scanned receipt's file a readable name of date, category, place and amount, as in
+// "2024-05-01 Lunch - Mario's Cafe $23.50.pdf". Stateless; callable from any thread.
 namespace fennick::FileRenamer {
 
 struct RenamedFile {
@@ -15,28 +15,28 @@ struct RenamedFile {
     QString filePath; // absolute
 };
 
-// Renames the receipt's file in its folder and never replaces another. Nothing when the file has its name
-// already or cannot be moved; it is then where it was. If the file lies below `folder`, no link between the
-// two is followed.
-std::optional<RenamedFile> rename(const Receipt &receipt, const QString &folder = {});
+// Renames the receipt's file in its folder and never replaces another. Returns nothing if the file already
+// has the name or cannot be moved; it is unchanged then. If the file lies below `folder`, no link
+// between the two is followed.
+[[nodiscard]] std::optional<RenamedFile> rename(const Receipt &receipt, const QString &folder = {});
 
-// The wanted name with the file's extension in lower case.
+// The intended name, with the file's extension in lower case.
 QString buildNewFileName(const Receipt &receipt);
 
-// The wanted name without extension; "Receipt" when nothing is left of it.
+// The intended name without extension; "Receipt" if it would be empty.
 QString baseName(const Receipt &receipt);
 
-// `desired`, or the first of "name (2)", "name (3)" ... that no file in `folder` has.
+// `desired`, or the first of "name (2)", "name (3)" ... that is free in `folder`.
 QString pickAvailableName(const QString &folder, const QString &desired);
 
-// Upper-cases the first character of each piece between blanks (U+0020); runs of blanks collapse.
+// Capitalises each word between blanks (U+0020) and collapses runs of blanks.
 QString titleCase(const QString &text);
 
-// Without the characters that some system refuses in names; white space collapsed and trimmed. No length
-// limit.
+// Removes the characters that some file system does not allow in names, collapses white space and trims.
+// Does not limit the length.
 QString sanitize(const QString &text);
 
-// What is written before the amount: a symbol, or the code and a blank; empty without a code.
+// The text before the amount: a symbol, or the code and a blank; empty without a code.
 QString currencySymbol(const std::optional<QString> &code);
 
 } // namespace fennick::FileRenamer

@@ -8,9 +8,11 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 QString dataFolder() {
     const QString parent = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString folder = joinedPath(parent, QStringLiteral("Fennick"));
+    const QString folder = joinedPath(parent, u"Fennick"_s);
     QDir().mkpath(folder);
     QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return folder;

@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// The folder "Fennick" in the user's data folder, made when it is missing and private to the user. That it
-// cannot be made shows when a file in it is written.
+// The folder "Fennick" in the user's data folder, private to the user. Creates it if it is missing; if that
+// fails, writing a file in it fails later.
 QString dataFolder();
 
 } // namespace fennick

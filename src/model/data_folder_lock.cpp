@@ -5,7 +5,9 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 DataFolderLock::DataFolderLock()
-    : lock_(joinedPath(dataFolder(), QStringLiteral("lock"))) {}
+    : lock_(joinedPath(dataFolder(), u"lock"_s)) {}
 
 } // namespace fennick

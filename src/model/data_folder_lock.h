@@ -4,13 +4,13 @@
 
 namespace fennick {
 
-// Keeps a second program of the user's from working on the same list: where the two do not share a session
-// bus they know nothing of each other, and each would overwrite what the other has written. Owned by main().
+// Prevents two instances of the program from working on the same list. Instances that do not share a session
+// bus cannot see each other, and each would overwrite what the other has written. Owned by main().
 class DataFolderLock {
 public:
     DataFolderLock();
 
-    // Whether another running program holds the lock. A folder that takes no lock file is not locked.
+    // Whether another instance holds the lock. Returns false if the folder does not support lock files.
     bool isTaken() const { return lock_.isTaken(); }
 
 private:

@@ -9,6 +9,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool sameText(const std::optional<QString> &left, const std::optional<QString> &right) {
@@ -23,11 +25,11 @@ bool sameText(const std::optional<QString> &left, const std::optional<QString> &
 QString rawValue(ReceiptStatus status) {
     switch (status) {
     case ReceiptStatus::processing:
-        return QStringLiteral("processing");
+        return u"processing"_s;
     case ReceiptStatus::done:
-        return QStringLiteral("done");
+        return u"done"_s;
     case ReceiptStatus::error:
-        return QStringLiteral("error");
+        return u"error"_s;
     }
     Q_UNREACHABLE();
 }

@@ -6,6 +6,8 @@
 
 namespace fennick {
 
+using Qt::StringLiterals::operator""_s;
+
 enum class ReceiptStatus {
     processing, // taken in, waiting for or undergoing extraction
     done,       // extraction succeeded and the fields are filled in
@@ -15,14 +17,14 @@ enum class ReceiptStatus {
 // "processing", "done" or "error".
 QString rawValue(ReceiptStatus status);
 
-// The status with exactly this raw value; nothing for any other text, also when only the case differs.
-std::optional<ReceiptStatus> receiptStatusFromRawValue(const QString &rawValue);
+// The status with exactly this raw value, compared case-sensitively; absent for any other text.
+[[nodiscard]] std::optional<ReceiptStatus> receiptStatusFromRawValue(const QString &rawValue);
 
 size_t qHash(ReceiptStatus status, size_t seed = 0);
 
-// One receipt file that the pipeline has seen. A plain value: copied, never shared, and changed by handing a
-// whole modified copy to ReceiptStore::update. Moments and identifiers are kept as text, formed once, so that
-// the stored list needs no date encoding.
+// A receipt file and what is known about it. A plain value: modify a copy and pass it to
+// ReceiptStore::update. Moments and identifiers are stored as text, so that the stored list needs no date
+// encoding.
 struct Receipt {
     QString id;                  // upper-case UUID, fixed at creation
     QString fileName;            // last path component
@@ -32,7 +34,7 @@ struct Receipt {
     std::optional<double> amount;
     std::optional<QString> currency;
     std::optional<QString> location;
-    QString category = QStringLiteral("misc");
+    QString category = u"misc"_s;
     QString summary;
     QString scannedAt; // moment of intake, ISO 8601 UTC, whole seconds, trailing "Z"
     ReceiptStatus status = ReceiptStatus::processing;
@@ -43,7 +45,7 @@ struct Receipt {
     bool operator==(const Receipt &other) const;
 };
 
-// The receipt of a file that has just been taken in: a new identifier, the present moment, processing.
+// A receipt for a newly found file: a new identifier, the current time, status `processing`.
 Receipt freshReceipt(const QString &filePath);
 
 } // namespace fennick

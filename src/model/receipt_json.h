@@ -8,8 +8,8 @@
 
 #include <expected>
 
-// The stored form of receipts: a JSON array with one object per receipt. Optional fields that are absent are
-// left out, never written as null; slashes are escaped. Pure functions, callable from any thread.
+// The stored form of receipts: a JSON array with one object per receipt. Absent optional fields are omitted,
+// never written as null; slashes are escaped. Pure functions, callable from any thread.
 namespace fennick {
 
 struct DecodingError {
@@ -23,21 +23,21 @@ struct DecodingError {
     QString key; // the key the error was found at; empty for `malformed`
 };
 
-// The receipts as a pretty-printed array in the order given. An amount that JSON cannot express (infinite or
-// not a number) is left out like an absent one, so that one bad value never keeps a list from being saved.
+// The receipts as a pretty-printed array, in the given order. An amount that JSON cannot express (infinite
+// or not a number) is omitted, so that one bad value never prevents the list from being saved.
 QByteArray encodeReceipts(const QList<Receipt> &receipts);
 
-// The same in two steps, for who keeps the records of receipts that have not changed: one receipt's record,
+// The same in two steps, for callers that keep the records of unchanged receipts: the record of one receipt,
 // and the array of all records.
 QByteArray encodeReceipt(const Receipt &receipt);
 QByteArray joinReceipts(const QList<QByteArray> &records);
 
-// All receipts, or the first error: one bad record fails the whole array. Keys may come in any order, unknown
-// ones are ignored, and of a repeated key the last counts. A byte-order mark is accepted.
-std::expected<QList<Receipt>, DecodingError> decodeReceipts(const QByteArray &json);
+// All receipts, or the first error: one bad record fails the whole array. Keys may come in any order,
+// unknown keys are ignored, and the last of repeated keys counts. A byte-order mark is accepted.
+[[nodiscard]] std::expected<QList<Receipt>, DecodingError> decodeReceipts(const QByteArray &json);
 
 // A compact array of strings in no defined order.
 QByteArray encodePaths(const QSet<QString> &paths);
-std::expected<QSet<QString>, DecodingError> decodePaths(const QByteArray &json);
+[[nodiscard]] std::expected<QSet<QString>, DecodingError> decodePaths(const QByteArray &json);
 
 } // namespace fennick

@@ -9,6 +9,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The order of the list: `left` belongs before `right` when it was taken in later.
@@ -20,8 +22,8 @@ bool isNewer(const Receipt &left, const Receipt &right) {
 
 ReceiptStore::ReceiptStore(QObject *parent)
     : QObject(parent)
-    , receiptsFile_(joinedPath(dataFolder(), QStringLiteral("receipts.json")))
-    , ignoredFile_(joinedPath(dataFolder(), QStringLiteral("ignored.json"))) {
+    , receiptsFile_(joinedPath(dataFolder(), u"receipts.json"_s))
+    , ignoredFile_(joinedPath(dataFolder(), u"ignored.json"_s)) {
     load();
 }
 
@@ -67,6 +69,14 @@ void ReceiptStore::update(const Receipt &receipt) {
     records_.move(row, newRow);
     Q_EMIT receiptsChanged(change);
     saveReceipts();
+}
+
+void ReceiptStore::setError(const QString &id, const QString &error) {
+    if (auto failed = receipt(id)) {
+        failed->status = ReceiptStatus::error;
+        failed->error = error;
+        update(*failed);
+    }
 }
 
 void ReceiptStore::clearAll() {

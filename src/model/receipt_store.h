@@ -12,7 +12,7 @@
 
 namespace fennick {
 
-// What an operation does to the published list, in rows. `moved` is one row that also changed its content.
+// How an operation changes the published list, in rows. A `moved` row has also changed its content.
 struct ReceiptsChange {
     enum class Kind { inserted, updated, moved, cleared };
     Kind kind;
@@ -20,16 +20,15 @@ struct ReceiptsChange {
     qsizetype to = 0;   // the row after the change
 };
 
-// The single owner of the list of receipts and of the set of paths that are never taken in again, and the
-// only code that reads or writes "receipts.json" and "ignored.json". Every change is on disk when the
-// operation returns; after a file error, which is reported, the list in memory stays as changed. A file that
-// could not be understood is set aside before it is first overwritten. Created once by the application, which
-// owns it; main thread only.
+// Owns the list of receipts and the set of paths that are never taken in again; nothing else reads or writes
+// "receipts.json" and "ignored.json". Every change is on disk when the operation returns. If writing fails,
+// the failure is reported and the list in memory keeps the change. A file that cannot be parsed is renamed
+// before it is first overwritten. Created and owned by the application; main thread only.
 class ReceiptStore : public QObject {
     Q_OBJECT
 
 public:
-    // Finds or makes the folder "Fennick" in the user's data folder and loads both files.
+    // Creates the folder "Fennick" in the user's data folder if necessary and loads both files.
     explicit ReceiptStore(QObject *parent = nullptr);
 
     // Newest first.
@@ -41,26 +40,29 @@ public:
     // Whether a receipt with this identifier is (still) listed.
     bool hasReceipt(const QString &id) const;
 
-    // The receipt with this identifier as it is now. Whoever has waited for something changes this one, and
-    // of it only what has come of the waiting: what a user has corrected meanwhile stays.
-    std::optional<Receipt> receipt(const QString &id) const;
+    // The receipt with this identifier as it is now. After waiting, callers change this one, and only the
+    // fields that the wait was for: the user may have corrected others meanwhile.
+    [[nodiscard]] std::optional<Receipt> receipt(const QString &id) const;
 
-    // Callers test hasFilePath first: duplicates are not looked for here.
+    // Does not check for duplicates: callers check hasFilePath first.
     void add(const Receipt &receipt);
 
-    // Replaces the receipt with the same `id` as a whole; without one, nothing happens and nothing is
-    // written.
+    // Replaces the receipt that has the same `id`. If there is none, nothing changes and nothing is written.
     void update(const Receipt &receipt);
 
-    // Empties the list; its paths are ignored from now on, so the files that stay are never scanned again.
+    // Gives the receipt with this identifier, as it is now, the status `error` and this text. Does nothing if
+    // there is none.
+    void setError(const QString &id, const QString &error);
+
+    // Empties the list. Its paths are ignored from then on, so files that remain are never scanned again.
     void clearAll();
 
 Q_SIGNALS:
     void receiptsAboutToChange(const ReceiptsChange &change);
     void receiptsChanged(const ReceiptsChange &change);
 
-    // A change is not on the disk; `reason` is the system's description. Once, until it succeeds or the
-    // reason is another.
+    // A change could not be written; `reason` is the system's description. Emitted once per reason until a
+    // write succeeds.
     void saveFailed(const QString &reason);
 
 private:

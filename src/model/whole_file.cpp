@@ -1,8 +1,9 @@
 #include "model/whole_file.h"
 
 #include "platform/file_operations.h"
+#include "platform/free_path.h"
 #include "platform/regular_file.h"
-#include "text/numbered_name.h"
+#include "text/path_text.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -13,6 +14,8 @@
 #include <system_error>
 
 namespace fennick {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -55,13 +58,9 @@ void WholeFile::remove() {
 }
 
 std::expected<void, QString> WholeFile::setAside() const {
-    const QString moment = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH-mm-ss"));
-    const QString name = path_ + QStringLiteral(".damaged-") + moment;
-    QString free = name;
-    for (int number = 2; isTaken(free); ++number) { // for others within the second
-        free = numberedName(name, {}, number);
-    }
-    return giveName(path_, free);
+    const QString moment = QDateTime::currentDateTime().toString(u"yyyy-MM-ddTHH-mm-ss"_s);
+    const QString name = lastPathComponent(path_) + u".damaged-"_s + moment;
+    return giveName(path_, freePath(parentFolder(path_), name, {})); // numbered if another is of this second
 }
 
 } // namespace fennick

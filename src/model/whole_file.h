@@ -7,28 +7,28 @@
 
 namespace fennick {
 
-// A file in the data folder that is only ever read and written as a whole, and is private to the user. What
-// was found in it and not understood is never overwritten: it is set aside first, for a person may still be
-// able to repair it. Owned by whoever knows what the content means; main thread only.
+// A file in the data folder that is always read and written as a whole and is private to the user. Content
+// that could not be parsed is never overwritten: the file is renamed first, because someone may still be
+// able to repair it. Owned by the class that parses the content; main thread only.
 class WholeFile {
 public:
     explicit WholeFile(const QString &path);
 
-    // Empty when the file is missing, is no regular one or cannot be read to its end.
+    // Empty if the file is missing, is not a regular file or cannot be read completely.
     QByteArray content() const;
 
-    // Tells that the content was not understood. Before the first rewrite the file then gets the name
+    // Call if the content could not be parsed. The first rewrite then renames the file to
     // "<name>.damaged-<date>T<time>".
     void setDamaged();
 
-    // Complete and on the disk or, when that fails, not at all; the error is the system's description. A file
-    // that may not be written to is replaced all the same, as its folder allows.
+    // Writes all of the content to the disk or, on failure, none of it; the error is the system's
+    // description. A write-protected file is replaced if its folder is writable.
     [[nodiscard]] std::expected<void, QString> rewrite(const QByteArray &content);
 
     void remove();
 
 private:
-    std::expected<void, QString> setAside() const;
+    [[nodiscard]] std::expected<void, QString> setAside() const;
 
     QString path_;
     bool isDamaged_ = false;

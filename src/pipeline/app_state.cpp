@@ -1,69 +1,85 @@
 #include "pipeline/app_state.h"
 
-#include "pipeline/exception_text.h"
-
-#include <QCoreApplication>
-#include <QThread>
-
-#include <algorithm>
-#include <tuple>
+#include "model/receipt_store.h"
+#include "pipeline/supported_files.h"
+#include "platform/free_path.h"
+#include "settings/settings_store.h"
 
 namespace fennick {
 
-namespace {
-
-// Threads may wait for several folders, one after the other chosen, on a network that is gone.
-constexpr int mostFolderThreads = 32;
-
-// How long the end waits for them.
-constexpr int patienceAtEnd = 2000; // milliseconds
-
-} // namespace
-
 AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent)
     : QObject(parent)
-    , store_(store)
     , settings_(settings)
-    , folderThreads_(std::make_unique<QThreadPool>())
-    , engine_(QCoreApplication::applicationDirPath() + QStringLiteral("/fennick-engine"))
-    , conversions_(std::make_shared<Turns>(std::max(1, QThread::idealThreadCount()))) {
-    connect(store_, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
-        setLastError(tr("The list could not be saved: %1").arg(reason));
+    , tasks_(&lastError_)
+    , archive_(store, settings, &lastError_)
+    , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
+    , scanRun_(store, settings, &watchedFolder_, &renamedPaths_, &delivery_, &tasks_)
+    , recovery_(store, &archive_, &folderThreads_, &tasks_)
+    , droppedFiles_(settings, &lastError_, &tasks_)
+    , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
+    connect(&lastError_, &LastError::changed, this, &AppState::lastErrorChanged);
+    connect(store, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
+        lastError_.set(tr("The list could not be saved: %1").arg(reason));
     });
-    folderThreads_->setMaxThreadCount(mostFolderThreads);
-    unreadableNames_.setSingleShot(true);
-    unreadableNames_.setInterval(std::chrono::milliseconds(500)); // several may come at once
-    connect(&unreadableNames_, &QTimer::timeout, this,
-            [this] { startTask(listUnreadableNames(watchedFolder_)); });
 }
 
 AppState::~AppState() {
-    if (!folderThreads_->waitForDone(patienceAtEnd)) {
-        std::ignore = folderThreads_.release(); // left to the end of the process, which waits for nobody
+    folderThreads_.end(); // while everything that they report to still exists
+}
+
+QFuture<void> AppState::recoverFromInterruption() {
+    return recovery_.recover();
+}
+
+void AppState::startWatchingIfConfigured() {
+    const QString path = settings_->watchFolderPath().value_or(QString());
+    if (!path.isEmpty()) {
+        startWatching(path);
     }
 }
 
-void AppState::setLastError(const QString &error) {
-    lastError_ = error;
-    Q_EMIT lastErrorChanged();
+void AppState::startWatching(const QString &path) {
+    intake_.startWatching(path, recovery_.renamedFilesAdopted());
 }
 
-// The one place where a task is let go without being awaited: it runs on by itself and reports through the
-// store or `lastError`.
-void AppState::startTask(QCoro::Task<> task) {
-    std::ignore = reportFailureOf(std::move(task));
+void AppState::copyIntoWatchFolder(const QStringList &paths) {
+    droppedFiles_.copyIntoWatchFolder(paths);
 }
 
-// Nobody else would see an exception of a task that nobody awaits.
-QCoro::Task<> AppState::reportFailureOf(QCoro::Task<> task) {
-    const QPointer<AppState> self(this);
-    try {
-        co_await task;
-    } catch (...) {
-        if (self) {
-            setLastError(exceptionText(std::current_exception()));
-        }
-    }
+bool AppState::isSupported(const QString &path) {
+    return fennick::isSupported(path);
+}
+
+void AppState::retry(const Receipt &receipt) {
+    scanRun_.retry(receipt);
+}
+
+void AppState::pushToPhotos(const Receipt &receipt) {
+    delivery_.push(receipt);
+}
+
+QString AppState::albumName(const QDateTime &processingDate) {
+    return PhotosDelivery::albumName(processingDate);
+}
+
+std::optional<QString> AppState::archiveRoot() const {
+    return archive_.root();
+}
+
+QString AppState::archiveDestinationPath() const {
+    return archive_.destinationPath();
+}
+
+QString AppState::dateStamp() {
+    return ExportService::isoDateStamp();
+}
+
+QString AppState::uniquePath(const QString &folder, const QString &base, const QString &extension) {
+    return freePath(folder, base, extension);
+}
+
+void AppState::archiveAndClear(ExportService::Format format) {
+    archive_.archiveAndClear(format);
 }
 
 } // namespace fennick

@@ -1,24 +1,32 @@
-#include "pipeline/app_state.h"
+#include "pipeline/archive.h"
+
+#include "model/receipt_store.h"
 #include "pipeline/archive_journal.h"
+#include "pipeline/last_error.h"
 #include "platform/file_operations.h"
-#include "text/numbered_name.h"
+#include "platform/free_path.h"
+#include "platform/regular_file.h"
+#include "settings/settings_store.h"
 #include "text/path_text.h"
 
 #include <QDir>
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString defaultArchiveName = QStringLiteral("Receipt Archive");
-
-QString fullName(const QString &stem, const QString &extension) {
-    return extension.isEmpty() ? stem : stem + u'.' + extension;
-}
+const QString defaultArchiveName = u"Receipt Archive"_s;
 
 } // namespace
 
-std::optional<QString> AppState::archiveRoot() const {
+Archive::Archive(ReceiptStore *store, SettingsStore *settings, LastError *lastError)
+    : store_(store)
+    , settings_(settings)
+    , lastError_(lastError) {}
+
+std::optional<QString> Archive::root() const {
     const QString archive = settings_->archiveFolderPath().value_or(QString());
     if (!archive.isEmpty()) {
         return QDir::cleanPath(archive);
@@ -30,48 +38,46 @@ std::optional<QString> AppState::archiveRoot() const {
     return std::nullopt;
 }
 
-QString AppState::archiveDestinationPath() const {
-    return joinedPath(archiveRoot().value_or(defaultArchiveName), dateStamp());
+QString Archive::destinationPath() const {
+    return joinedPath(root().value_or(defaultArchiveName), ExportService::isoDateStamp());
 }
 
-QString AppState::dateStamp() {
-    return ExportService::isoDateStamp();
-}
-
-QString AppState::uniquePath(const QString &folder, const QString &base, const QString &extension) {
-    QString path = joinedPath(folder, fullName(base, extension));
-    for (int number = 2; isTaken(path); ++number) {
-        path = joinedPath(folder, numberedName(base, extension, number));
+bool Archive::contains(const QString &path) const {
+    if (path.contains(u"/Receipt Archive/")) {
+        return true;
     }
-    return path;
+    const QString configured = settings_->archiveFolderPath().value_or(QString());
+    if (configured.isEmpty()) {
+        return false;
+    }
+    return path.startsWith(joinedPath(QDir::cleanPath(configured), QString())); // as root()
 }
 
-void AppState::archiveAndClear(ExportService::Format format) {
-    const auto root = archiveRoot();
-    if (!root) {
-        setLastError(tr("No archive location set — choose one in Settings."));
+void Archive::archiveAndClear(ExportService::Format format) {
+    const auto archiveRoot = root();
+    if (!archiveRoot) {
+        lastError_->set(tr("No archive location set — choose one in Settings."));
         return;
     }
     if (store_->receipts().isEmpty()) {
         return;
     }
-    const QString stamp = dateStamp();
-    const QString folder = joinedPath(*root, stamp);
+    const QString stamp = ExportService::isoDateStamp();
+    const QString folder = joinedPath(*archiveRoot, stamp);
     if (const auto made = FileOperations::makeFolder(folder); !made) {
-        setLastError(tr("Couldn't create archive folder: %1").arg(made.error()));
+        lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error()));
         return;
     }
     const PendingArchive archive{
-        uniquePath(folder, QStringLiteral("receipts-") + stamp, ExportService::fileExtension(format)),
-        format};
+        freePath(folder, u"receipts-"_s + stamp, ExportService::fileExtension(format)), format};
     ArchiveJournal journal;
     journal.begin(archive);
     carryOut(archive);
     journal.end();
 }
 
-// Also what was begun by a program that was killed: then the ledger and some of the files are there already.
-void AppState::carryOut(const PendingArchive &archive) {
+// Also for what a killed program has begun: the ledger and some of the files are there already.
+void Archive::carryOut(const PendingArchive &archive) {
     // A ledger that cannot be written does not keep the files from being archived.
     if (!isTaken(archive.ledgerPath)) {
         ExportService::writeLedger(store_->receipts(), archive.format, archive.ledgerPath);
@@ -83,9 +89,7 @@ void AppState::carryOut(const PendingArchive &archive) {
     store_->clearAll();
 }
 
-// An archive that was cut off is carried through: some of its files are no longer where the list says. When
-// its folder is out of reach, the list stays, and with it what can still be archived.
-void AppState::resumeArchive() {
+void Archive::resume() {
     ArchiveJournal journal;
     const auto archive = journal.pending();
     if (!archive) {
@@ -93,7 +97,7 @@ void AppState::resumeArchive() {
     }
     const QString folder = parentFolder(archive->ledgerPath);
     if (const auto made = FileOperations::makeFolder(folder); !made) {
-        setLastError(tr("Couldn't create archive folder: %1").arg(made.error()));
+        lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error()));
     } else {
         QStringList sources;
         for (const Receipt &receipt : store_->receipts()) {
@@ -107,13 +111,12 @@ void AppState::resumeArchive() {
     journal.end();
 }
 
-// A file that is missing or cannot be moved is passed over: it stays where it is, and its path is ignored.
-void AppState::moveIntoArchive(const QString &path, const QString &folder) {
+// A file that is missing or cannot be moved stays where it is, and its path is ignored.
+void Archive::moveIntoArchive(const QString &path, const QString &folder) {
     if (!isTaken(path)) {
         return;
     }
-    const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
-    // The result is intentionally not looked at.
+    const QString target = freePath(folder, lastPathComponent(path));
     const QString watched = QDir::cleanPath(settings_->watchFolderPath().value_or(QString()));
     std::ignore = FileOperations::moveWithoutReplacing(path, target, watched);
 }

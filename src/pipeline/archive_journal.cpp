@@ -8,15 +8,17 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ledgerKey = QStringLiteral("ledger");
-const QString formatKey = QStringLiteral("format");
+const QString ledgerKey = u"ledger"_s;
+const QString formatKey = u"format"_s;
 
 } // namespace
 
 ArchiveJournal::ArchiveJournal()
-    : file_(joinedPath(dataFolder(), QStringLiteral("archiving.json"))) {}
+    : file_(joinedPath(dataFolder(), u"archiving.json"_s)) {}
 
 std::optional<PendingArchive> ArchiveJournal::pending() const {
     const QJsonObject journal = QJsonDocument::fromJson(file_.content()).object();

@@ -9,20 +9,19 @@
 
 namespace fennick {
 
-// An archive that has been begun: the ledger's path, in whose folder the receipt files go.
+// An archive in progress: the path of its ledger, into whose folder the receipt files go.
 struct PendingArchive {
     QString ledgerPath;
     ExportService::Format format;
 };
 
-// Remembers, from the first step of an archive to its last, what is being done, so that the next start can
-// carry through what a killed program has left half done. Kept in "archiving.json" in the data folder; main
-// thread only.
+// Records an archive from its first step to its last, so that the next start can complete what a killed
+// program has left unfinished. Stored in "archiving.json" in the data folder; main thread only.
 class ArchiveJournal {
 public:
     ArchiveJournal();
 
-    std::optional<PendingArchive> pending() const;
+    [[nodiscard]] std::optional<PendingArchive> pending() const;
     void begin(const PendingArchive &archive);
     void end();
 

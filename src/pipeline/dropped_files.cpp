@@ -1,23 +1,35 @@
-#include "pipeline/app_state.h"
+#include "pipeline/dropped_files.h"
+
+#include "pipeline/last_error.h"
+#include "pipeline/supported_files.h"
+#include "pipeline/tasks.h"
 #include "platform/file_operations.h"
+#include "platform/free_path.h"
 #include "platform/regular_file.h"
+#include "settings/settings_store.h"
 #include "text/path_text.h"
 
 #include <QCoroFuture>
 #include <QFileInfo>
+#include <QPointer>
 #include <QtConcurrent>
 
 namespace fennick {
 
-void AppState::copyIntoWatchFolder(const QStringList &paths) {
+DroppedFiles::DroppedFiles(SettingsStore *settings, LastError *lastError, Tasks *tasks)
+    : settings_(settings)
+    , lastError_(lastError)
+    , tasks_(tasks) {}
+
+void DroppedFiles::copyIntoWatchFolder(const QStringList &paths) {
     const QString folder = settings_->watchFolderPath().value_or(QString());
     if (!folder.isEmpty()) {
-        startTask(copyReceipts(paths, folder));
+        tasks_->start(copyReceipts(paths, folder));
     }
 }
 
-QCoro::Task<> AppState::copyReceipts(QStringList paths, QString folder) {
-    const QPointer<AppState> self(this);
+QCoro::Task<> DroppedFiles::copyReceipts(QStringList paths, QString folder) {
+    const QPointer<DroppedFiles> self(this);
     for (const QString &path : paths) {
         const QFileInfo dropped(path);
         if (!isSupported(path) || !dropped.isFile()) {
@@ -26,16 +38,16 @@ QCoro::Task<> AppState::copyReceipts(QStringList paths, QString folder) {
         // Who drops a link means the file behind it.
         const QString source = dropped.isSymLink() ? dropped.canonicalFilePath() : path;
         if (const auto problem = problemOf(fileStateAt(source))) {
-            setLastError(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), problem->description()));
+            lastError_->set(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), problem->description()));
             continue;
         }
-        const QString target = uniquePath(folder, nameWithoutExtension(path), pathExtension(path));
+        const QString target = freePath(folder, lastPathComponent(path));
         const auto copied = co_await QtConcurrent::run(FileOperations::copyDurably, source, target);
         if (!self) {
             co_return;
         }
         if (!copied) {
-            setLastError(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
+            lastError_->set(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
         }
     }
 }

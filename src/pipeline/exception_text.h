@@ -6,7 +6,7 @@
 
 namespace fennick {
 
-// What went wrong, as a sentence for the user; also for an exception that comes from another thread.
+// Describes the exception in a sentence for the user. Also accepts exceptions from other threads.
 QString exceptionText(const std::exception_ptr &exception);
 
 } // namespace fennick

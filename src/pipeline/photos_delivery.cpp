@@ -1,39 +1,71 @@
+#include "pipeline/photos_delivery.h"
+
 #include "extraction/gemini_error.h"
 #include "files/conversion_process.h"
 #include "files/file_renamer.h"
-#include "pipeline/app_state.h"
+#include "model/receipt_store.h"
+#include "pipeline/last_error.h"
 #include "pipeline/photos_importer.h"
+#include "pipeline/tasks.h"
+#include "pipeline/turns.h"
+#include "pipeline/watched_folder.h"
+#include "settings/settings_store.h"
 #include "text/path_text.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QLocale>
+#include <QPointer>
+#include <QThread>
+
+#include <algorithm>
 
 namespace fennick {
 
-QString AppState::albumName(const QDateTime &processingDate) {
-    return QStringLiteral("Expenses: ") +
-           QLocale::c().toString(processingDate.toLocalTime(), QStringLiteral("yyyy-MM-dd"));
+using namespace Qt::StringLiterals;
+
+PhotosDelivery::PhotosDelivery(ReceiptStore *store, SettingsStore *settings,
+                               const WatchedFolder *watchedFolder, LastError *lastError, Tasks *tasks)
+    : store_(store)
+    , settings_(settings)
+    , watchedFolder_(watchedFolder)
+    , lastError_(lastError)
+    , tasks_(tasks)
+    , conversions_(std::make_shared<Turns>(std::max(1, QThread::idealThreadCount()))) {}
+
+QString PhotosDelivery::albumName(const QDateTime &processingDate) {
+    return u"Expenses: "_s + QLocale::c().toString(processingDate.toLocalTime(), u"yyyy-MM-dd"_s);
 }
 
-// As many at once as there are processors: more would only take each other's time.
-QCoro::Task<std::expected<QStringList, ConverterError>> AppState::convert(std::shared_ptr<QFile> content,
-                                                                          Receipt receipt) {
-    const Turns::Turn turn = co_await conversions_->next();
-    co_return co_await ConversionProcess::convertToJPEGs(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/convert_receipt"), content,
-        receipt.filePath, FileRenamer::baseName(receipt));
+void PhotosDelivery::push(const Receipt &receipt) {
+    const auto current = store_->receipt(receipt.id);
+    if (current && settings_->addToPhotos()) {
+        tasks_->start(deliver(*current));
+    }
+}
+
+QCoro::Task<> PhotosDelivery::deliver(Receipt receipt, std::optional<FileIdentity> file) {
+    const QPointer<PhotosDelivery> self(this);
+    const bool isAdded = co_await addToPhotos(receipt, file);
+    if (!self || !isAdded) {
+        co_return;
+    }
+    if (auto delivered = store_->receipt(receipt.id)) {
+        delivered->addedToPhotos = true;
+        store_->update(*delivered);
+    }
 }
 
 // Whether the receipt has been added; a failure goes to `lastError`.
-QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdentity> file) {
-    const QPointer<AppState> self(this);
+QCoro::Task<bool> PhotosDelivery::addToPhotos(Receipt receipt, std::optional<FileIdentity> file) {
+    const QPointer<PhotosDelivery> self(this);
     FileToRead wanted(receipt.filePath);
-    wanted.folder = watchedFolder_;
+    wanted.folder = watchedFolder_->path;
     wanted.identity = file;
     OpenedFile opened = openRegularFile(wanted); // before anything is waited for: the file may be moved
     if (!opened) {
-        setLastError(tr("Photos export failed: %1").arg(inUsersLanguage(opened.error().description())));
+        lastError_->set(tr("Photos export failed: %1").arg(inUsersLanguage(opened.error().description())));
         co_return false;
     }
     const auto images = co_await convert(std::move(*opened), receipt);
@@ -41,7 +73,7 @@ QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdent
         co_return false;
     }
     if (!images) {
-        setLastError(tr("Photos export failed: %1").arg(images.error().errorDescription()));
+        lastError_->set(tr("Photos export failed: %1").arg(images.error().errorDescription()));
         co_return false;
     }
     std::optional<QString> album;
@@ -54,7 +86,7 @@ QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdent
     }
     if (!added) {
         // The images stay where they are: they are what the user may still want to add by hand.
-        setLastError(tr("Photos export failed: %1").arg(added.error().errorDescription()));
+        lastError_->set(tr("Photos export failed: %1").arg(added.error().errorDescription()));
         co_return false;
     }
     if (!images->isEmpty()) {
@@ -63,23 +95,13 @@ QCoro::Task<bool> AppState::addToPhotos(Receipt receipt, std::optional<FileIdent
     co_return true;
 }
 
-QCoro::Task<> AppState::deliver(Receipt receipt, std::optional<FileIdentity> file) {
-    const QPointer<AppState> self(this);
-    const bool isAdded = co_await addToPhotos(receipt, file);
-    if (!self || !isAdded) {
-        co_return;
-    }
-    if (auto delivered = store_->receipt(receipt.id)) {
-        delivered->addedToPhotos = true;
-        store_->update(*delivered);
-    }
-}
-
-void AppState::pushToPhotos(const Receipt &receipt) {
-    const auto current = store_->receipt(receipt.id);
-    if (current && settings_->addToPhotos()) {
-        startTask(deliver(*current));
-    }
+// As many at once as there are processors: more would only take each other's time.
+QCoro::Task<std::expected<QStringList, ConverterError>>
+PhotosDelivery::convert(std::shared_ptr<QFile> content, Receipt receipt) {
+    const Turns::Turn turn = co_await conversions_->next();
+    co_return co_await ConversionProcess::convertToJPEGs(
+        joinedPath(QCoreApplication::applicationDirPath(), u"convert_receipt"_s), content, receipt.filePath,
+        FileRenamer::baseName(receipt));
 }
 
 } // namespace fennick

@@ -9,7 +9,7 @@
 #include <expected>
 #include <optional>
 
-// Adds images to the user's photo library, after asking for leave once. Keeps no state; main thread.
+// Adds images to the user's photo library, after asking once for permission. Stateless; main thread.
 namespace fennick::PhotosImporter {
 
 struct PhotosError {
@@ -18,17 +18,18 @@ struct PhotosError {
     Kind kind;
     QString message; // for `addFailed`: the library's description
 
-    // `systemText` may be empty: the system has not said why.
+    // `systemText` may be empty if the system gives no reason.
     static PhotosError addFailed(const QString &systemText);
 
     QString errorDescription() const;
 };
 
-// The user's decision; asks for it only while there is none.
-QCoro::Task<PhotoPermission::Status> requestAccess();
+// Returns the user's decision and asks for it if there is none yet.
+[[nodiscard]] QCoro::Task<PhotoPermission::Status> requestAccess();
 
-// Adds copies of the images under their own file names, all or none, to the album with this title, which is
-// made when there is none. An empty list adds nothing and asks for nothing.
-QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths, std::optional<QString> albumName);
+// Adds copies of the images under their file names, all or none, to the album with this title, which is
+// created if it does not exist. Does nothing and asks for nothing if the list is empty.
+[[nodiscard]] QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths,
+                                                                std::optional<QString> albumName);
 
 } // namespace fennick::PhotosImporter

@@ -6,7 +6,7 @@
 
 namespace fennick {
 
-// Suspends the calling task until `due`, never less and at most a few milliseconds more.
-QCoro::Task<> sleepUntil(std::chrono::steady_clock::time_point due);
+// Suspends the calling task until `due`: never shorter, and at most a few milliseconds longer.
+[[nodiscard]] QCoro::Task<> sleepUntil(std::chrono::steady_clock::time_point due);
 
 } // namespace fennick

@@ -1,11 +1,18 @@
+#include "pipeline/recovery.h"
+
 #include "files/file_renamer.h"
 #include "model/data_folder.h"
-#include "pipeline/app_state.h"
+#include "model/receipt_store.h"
+#include "pipeline/archive.h"
+#include "pipeline/folder_threads.h"
+#include "pipeline/tasks.h"
 #include "platform/photo_library.h"
+#include "platform/regular_file.h"
 #include "text/numbered_name.h"
 #include "text/path_text.h"
 
 #include <QCoroFuture>
+#include <QPointer>
 #include <QtConcurrent>
 
 namespace fennick {
@@ -46,27 +53,37 @@ QList<QStringList> possibleFilesOfAll(const QList<UnderOtherName> &receipts) {
 
 } // namespace
 
-QFuture<void> AppState::recoverFromInterruption() {
+Recovery::Recovery(ReceiptStore *store, Archive *archive, const FolderThreads *folderThreads, Tasks *tasks)
+    : store_(store)
+    , archive_(archive)
+    , folderThreads_(folderThreads)
+    , tasks_(tasks) {}
+
+QFuture<void> Recovery::recover() {
     PhotoLibrary::undoInterruptedChanges(dataFolder());
-    resumeArchive();
-    const QList<Receipt> receipts = store_->receipts();
-    for (const Receipt &receipt : receipts) {
-        if (receipt.status == ReceiptStatus::processing) {
-            failScan(receipt.id, QString::fromUtf8(QT_TR_NOOP(
-                                     "The scan was interrupted. Retry to scan this receipt again.")));
-        }
-    }
+    archive_->resume();
+    failInterruptedScans();
     QPromise<void> adoption;
     adoption.start();
     adoption_ = adoption.future();
-    startTask(adoptRenamedFiles(std::move(adoption)));
+    tasks_->start(adoptRenamedFiles(std::move(adoption)));
     return adoption_;
 }
 
-// The file was renamed and the program killed before the list told so: without this the receipt would lead
-// nowhere, and its file be scanned and paid for once more.
-QCoro::Task<> AppState::adoptRenamedFiles(QPromise<void> end) {
-    const QPointer<AppState> self(this);
+void Recovery::failInterruptedScans() {
+    const QList<Receipt> receipts = store_->receipts(); // a copy: the list changes meanwhile
+    for (const Receipt &receipt : receipts) {
+        if (receipt.status == ReceiptStatus::processing) {
+            store_->setError(receipt.id, QString::fromUtf8(QT_TR_NOOP(
+                                             "The scan was interrupted. Retry to scan this receipt again.")));
+        }
+    }
+}
+
+// The program was killed after a file was renamed and before the list was saved: without this the receipt
+// would lead nowhere, and its file would be scanned and paid for once more.
+QCoro::Task<> Recovery::adoptRenamedFiles(QPromise<void> end) {
+    const QPointer<Recovery> self(this);
     QList<UnderOtherName> receipts;
     for (const Receipt &receipt : store_->receipts()) {
         const QString name = FileRenamer::buildNewFileName(receipt);
@@ -76,7 +93,7 @@ QCoro::Task<> AppState::adoptRenamedFiles(QPromise<void> end) {
     }
     // Not on this thread: the files may lie on a network that is gone.
     const QList<QStringList> files =
-        co_await QtConcurrent::run(folderThreads_.get(), possibleFilesOfAll, receipts);
+        co_await QtConcurrent::run(folderThreads_->pool(), possibleFilesOfAll, receipts);
     for (qsizetype index = 0; self && index < receipts.size(); ++index) {
         const auto current = store_->receipt(receipts[index].id);
         if (current &&
@@ -87,7 +104,7 @@ QCoro::Task<> AppState::adoptRenamedFiles(QPromise<void> end) {
     end.finish();
 }
 
-void AppState::adoptFirstFree(Receipt receipt, const QStringList &paths) {
+void Recovery::adoptFirstFree(Receipt receipt, const QStringList &paths) {
     for (const QString &path : paths) {
         if (!store_->hasFilePath(path)) {
             receipt.fileName = lastPathComponent(path);

@@ -7,8 +7,8 @@
 
 namespace fennick {
 
-// The paths that the pipeline itself has just made by renaming: what happens there within five seconds is its
-// own doing. Moments are compared, for a timer may run early or late.
+// The paths of files that the pipeline itself has just renamed. An event for one of them within five seconds
+// is its own doing. Compares the times of events rather than using a timer, which may fire early or late.
 class RenamedPaths {
 public:
     using Moment = std::chrono::steady_clock::time_point;
@@ -18,7 +18,7 @@ public:
         renamedAt_.insert(path, renamedAt);
     }
 
-    // Whether an event of this moment comes from the renaming.
+    // Whether an event at this time is caused by the renaming.
     bool contains(const QString &path, Moment at) const {
         const auto found = renamedAt_.constFind(path);
         return found != renamedAt_.cend() && covers(*found, at);

@@ -1,17 +1,26 @@
+#include "pipeline/scan_run.h"
+
+#include "extraction/gemini_client.h"
+#include "extraction/service_address.h"
 #include "files/file_renamer.h"
-#include "pipeline/app_state.h"
+#include "model/receipt_store.h"
 #include "pipeline/exception_text.h"
+#include "pipeline/photos_delivery.h"
+#include "pipeline/renamed_paths.h"
+#include "pipeline/tasks.h"
+#include "pipeline/watched_folder.h"
+#include "settings/settings_store.h"
+#include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QCoroFuture>
+#include <QPointer>
 
 namespace fennick {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-// Stored as it stands, translated where it is shown.
-constexpr const char *keyMissing =
-    QT_TRANSLATE_NOOP("fennick::AppState", "API key not configured. Set your Gemini API key in Settings.");
+namespace {
 
 void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
     receipt.date = data.date;
@@ -25,12 +34,24 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 
 } // namespace
 
-// `file` is the one that was seen when the receipt was taken in: another one that has come to its path is not
-// sent.
-QCoro::Task<> AppState::runScan(Receipt receipt, std::optional<FileIdentity> file) {
-    const QPointer<AppState> self(this);
+ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
+                 RenamedPaths *renamedPaths, PhotosDelivery *delivery, Tasks *tasks)
+    : store_(store)
+    , settings_(settings)
+    , watchedFolder_(watchedFolder)
+    , renamedPaths_(renamedPaths)
+    , delivery_(delivery)
+    , tasks_(tasks)
+    , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s)) {}
+
+void ScanRun::prepare() {
+    GeminiClient::prepare();
+}
+
+QCoro::Task<> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file) {
+    const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
-    const QString address = configuredServiceAddress();
+    const QString address = settings_->serviceAddress();
     QString key;
     if (!isOnDevice(address)) {
         key = (co_await settings_->storedAPIKey()).value_or(QString());
@@ -38,39 +59,44 @@ QCoro::Task<> AppState::runScan(Receipt receipt, std::optional<FileIdentity> fil
             co_return;
         }
         if (key.isEmpty()) {
-            failScan(id, QString::fromUtf8(keyMissing));
+            // Stored as it stands, translated where it is shown.
+            store_->setError(id, QString::fromUtf8(QT_TR_NOOP(
+                                     "API key not configured. Set your Gemini API key in Settings.")));
             co_return;
         }
     }
     FileToRead wanted(store_->receipt(id).value_or(receipt).filePath);
-    wanted.folder = watchedFolder_;
+    wanted.folder = watchedFolder_->path;
     wanted.identity = file;
     const auto result = co_await extract(wanted, key, address);
     if (!self) {
         co_return;
     }
     if (!result) {
-        failScan(id, errorDescription(result.error()));
+        store_->setError(id, errorDescription(result.error()));
         co_return;
     }
+    takeResult(id, *result);
+    const auto scanned = store_->receipt(id);
+    if (scanned && settings_->addToPhotos() && !scanned->addedToPhotos) {
+        co_await delivery_->deliver(*scanned, file);
+    }
+}
+
+void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data) {
     auto scanned = store_->receipt(id);
     if (!scanned) {
-        co_return; // cleared meanwhile: its path is ignored from now on, so the file keeps its name
+        return; // cleared meanwhile: its path is ignored from now on, so the file keeps its name
     }
-    takeFields(*scanned, *result);
+    takeFields(*scanned, data);
     scanned->status = ReceiptStatus::done;
     scanned->error.reset();
     store_->update(*scanned);
     renameFile(*scanned);
-    scanned = store_->receipt(id);
-    if (scanned && settings_->addToPhotos() && !scanned->addedToPhotos) {
-        co_await deliver(*scanned, file);
-    }
 }
 
 // A failure of any kind is one of this receipt: its row must not wait for ever.
-QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(FileToRead file, QString key,
-                                                                           QString address) {
+QCoro::Task<ScanRun::Extracted> ScanRun::extract(FileToRead file, QString key, QString address) {
     try {
         co_return co_await send(file, key, address);
     } catch (...) {
@@ -80,8 +106,7 @@ QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::extract(FileT
 
 // To the configured service, or to Fennick's own engine, which runs only while it is needed and is never
 // given the key.
-QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::send(FileToRead file, QString key,
-                                                                        QString address) {
+QCoro::Task<ScanRun::Extracted> ScanRun::send(FileToRead file, QString key, QString address) {
     if (!isOnDevice(address)) {
         co_return co_await GeminiClient::scan(file, key, settings_->model(), address);
     }
@@ -94,40 +119,32 @@ QCoro::Task<std::expected<GeminiReceiptData, ScanError>> AppState::send(FileToRe
                                           engine_.engineEnd());
 }
 
-void AppState::failScan(const QString &id, const QString &error) {
-    if (auto receipt = store_->receipt(id)) {
-        receipt->status = ReceiptStatus::error;
-        receipt->error = error;
-        store_->update(*receipt);
-    }
-}
-
-void AppState::renameFile(Receipt receipt) {
-    const auto renamed = FileRenamer::rename(receipt, watchedFolder_);
+void ScanRun::renameFile(Receipt receipt) {
+    const auto renamed = FileRenamer::rename(receipt, watchedFolder_->path);
     if (!renamed) {
         return;
     }
-    recentlyRenamedTo_.insert(renamed->filePath, Clock::now());
+    renamedPaths_->insert(renamed->filePath, std::chrono::steady_clock::now());
     receipt.fileName = renamed->fileName;
     receipt.filePath = renamed->filePath;
     store_->update(receipt);
 }
 
-void AppState::retry(const Receipt &receipt) {
+void ScanRun::retry(const Receipt &receipt) {
     auto again = store_->receipt(receipt.id);
     if (!again) {
         return;
     }
     const FileState file = fileStateAt(again->filePath);
     if (const auto problem = problemOf(file)) {
-        failScan(again->id, problem->description());
+        store_->setError(again->id, problem->description());
         return;
     }
     again->status = ReceiptStatus::processing;
     again->error.reset();
     store_->update(*again);
     const bool isThere = file.kind != FileKind::missing;
-    startTask(runScan(*again, isThere ? std::optional(file.identity) : std::nullopt));
+    tasks_->start(run(*again, isThere ? std::optional(file.identity) : std::nullopt));
 }
 
 } // namespace fennick

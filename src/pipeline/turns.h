@@ -6,11 +6,11 @@
 
 namespace fennick {
 
-// Lets only so many tasks at once do what is costly; the others wait, in the order in which they came. Shared
-// by those tasks, which may outlive the controller that made it. Main thread.
+// Limits how many tasks do something costly at once; the others wait in order of arrival. Shared by those
+// tasks, which may outlive the object that created it. Main thread.
 class Turns : public std::enable_shared_from_this<Turns> {
 public:
-    // Held by a task while it is its turn; the next one follows when it goes.
+    // Held by a task during its turn; its destruction starts the next one.
     class Turn {
     public:
         explicit Turn(std::shared_ptr<Turns> turns)
@@ -41,11 +41,11 @@ public:
     explicit Turns(int most)
         : free_(most) {}
 
-    // To be awaited.
+    // Await the result.
     Waiting next() { return Waiting(shared_from_this()); }
 
 private:
-    bool take();
+    [[nodiscard]] bool take();
     void pass();
 
     int free_;

@@ -1,8 +1,8 @@
 #include "platform/copied_entries_linux.h"
 #include "platform/descriptor_linux.h"
 #include "platform/file_operations.h"
+#include "platform/free_path.h"
 #include "platform/regular_file.h"
-#include "text/numbered_name.h"
 #include "text/path_text.h"
 
 #include <QCryptographicHash>
@@ -168,10 +168,7 @@ void settlePartsOfMoves(const QString &folder, const QStringList &sources) {
                 continue;
             }
             // The only copy: the source goes only after its copy is complete.
-            QString free = lastPathComponent(source);
-            for (int number = 2; isTaken(joinedPath(folder, free)); ++number) {
-                free = numberedName(nameWithoutExtension(source), pathExtension(source), number);
-            }
+            const QString free = lastPathComponent(freePath(folder, lastPathComponent(source)));
             std::ignore = renameWithoutReplacing(part, {directory, QFile::encodeName(free)});
         }
     }

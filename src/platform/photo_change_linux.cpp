@@ -2,8 +2,8 @@
 
 #include "platform/descriptor_linux.h"
 #include "platform/file_operations.h"
+#include "platform/free_path.h"
 #include "platform/regular_file.h"
-#include "text/numbered_name.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 
@@ -196,10 +196,7 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
 std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     const QString safe = withoutUnsafeCharacters(title).trimmed();
     const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? QStringLiteral("Album") : safe;
-    QString path = joinedPath(library_, stem);
-    for (int number = 2; isTaken(path); ++number) {
-        path = joinedPath(library_, numberedName(stem, {}, number));
-    }
+    const QString path = freePath(library_, stem, {});
     if (!record({{albumKey, path}}) || !QDir().mkdir(path)) {
         return std::nullopt;
     }
@@ -224,25 +221,20 @@ std::expected<void, QString> PhotoChange::moveInto(const QString &folder) {
 }
 
 std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &image, const QString &folder) {
-    const QString stem = nameWithoutExtension(image.name);
-    const QString extension = pathExtension(image.name);
     const FileState state = fileStateAt(image.path);
     const QString fileNumber = QString::number(state.identity.number);
-    QString target = joinedPath(folder, image.name);
-    for (int number = 2;; ++number) {
-        if (!isTaken(target)) {
-            if (!record({{stagedKey, image.path},
-                         {targetKey, target},
-                         {sizeKey, state.size},
-                         {numberKey, fileNumber}})) {
-                return std::unexpected(journal_.errorString());
-            }
-            const auto moved = FileOperations::moveWithoutReplacing(image.path, target);
-            if (moved || !isTaken(target)) {
-                return moved;
-            }
+    while (true) {
+        const QString target = freePath(folder, image.name);
+        if (!record({{stagedKey, image.path},
+                     {targetKey, target},
+                     {sizeKey, state.size},
+                     {numberKey, fileNumber}})) {
+            return std::unexpected(journal_.errorString());
         }
-        target = joinedPath(folder, numberedName(stem, extension, number));
+        const auto moved = FileOperations::moveWithoutReplacing(image.path, target);
+        if (moved || !isTaken(target)) { // otherwise another program has taken the name meanwhile
+            return moved;
+        }
     }
 }
 

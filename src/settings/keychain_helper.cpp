@@ -9,9 +9,11 @@
 
 namespace fennick::KeychainHelper {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString account = QStringLiteral("gemini-api-key");
+const QString account = u"gemini-api-key"_s;
 
 } // namespace
 

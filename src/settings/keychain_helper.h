@@ -5,16 +5,15 @@
 #include <optional>
 #include <stop_token>
 
-// The user's API key as one item of the user's secret store, so that it never lands in the preferences.
-// No operation reports a failure; calls block on the store until it has answered or `stop` is requested.
-// Callable from any thread.
+// The user's API key, stored as one item in the user's secret store and never in the preferences. Failures
+// are not reported. Calls block until the store answers or `stop` is requested. Callable from any thread.
 namespace fennick::KeychainHelper {
 
-// The key as stored, untrimmed; absent when there is none, when it cannot be read or is no valid UTF-8.
-// Callers treat an empty text as no key.
-std::optional<QString> apiKey(const std::stop_token &stop = {});
+// The stored key, untrimmed; absent if there is none, if it cannot be read or if it is not valid UTF-8.
+// Callers treat an empty key as absent.
+[[nodiscard]] std::optional<QString> apiKey(const std::stop_token &stop = {});
 
-// Leaves exactly one item, holding `key`; after a failure possibly none.
+// Stores exactly one item with this key; after a failure there may be none.
 void setAPIKey(const QString &key, const std::stop_token &stop = {});
 
 void clearAPIKey(const std::stop_token &stop = {});

@@ -1,19 +1,11 @@
 #include "settings/settings_store.h"
 
+#include "settings/preferences.h"
 #include "text/white_space.h"
 
 namespace fennick {
 
 namespace {
-
-const QString watchFolderKey = QStringLiteral("watchFolder");
-const QString archiveFolderKey = QStringLiteral("archiveFolder");
-const QString modelKey = QStringLiteral("model");
-const QString openAtLoginKey = QStringLiteral("openAtLogin");
-const QString menuBarModeKey = QStringLiteral("menuBarMode");
-const QString addToPhotosKey = QStringLiteral("addToPhotos");
-const QString groupIntoAlbumKey = QStringLiteral("groupIntoAlbum");
-const QString defaultModel = QStringLiteral("gemini-2.5-flash");
 
 // A store that works answers well within this; the window shall not wait longer for one that does not.
 constexpr std::chrono::milliseconds promptAnswer{500};
@@ -22,13 +14,13 @@ constexpr std::chrono::milliseconds promptAnswer{500};
 
 SettingsStore::SettingsStore(QObject *parent)
     : QObject(parent)
-    , watchFolderPath_(defaults_.string(watchFolderKey))
-    , archiveFolderPath_(defaults_.string(archiveFolderKey))
-    , model_(defaults_.string(modelKey).value_or(defaultModel))
-    , openAtLogin_(defaults_.boolean(openAtLoginKey))
-    , menuBarMode_(defaults_.boolean(menuBarModeKey))
-    , addToPhotos_(booleanOrTrue(addToPhotosKey))
-    , groupIntoAlbum_(booleanOrTrue(groupIntoAlbumKey)) {
+    , watchFolderPath_(Preferences::read(defaults_, Preferences::watchFolder))
+    , archiveFolderPath_(Preferences::read(defaults_, Preferences::archiveFolder))
+    , model_(Preferences::read(defaults_, Preferences::model))
+    , openAtLogin_(Preferences::read(defaults_, Preferences::openAtLogin))
+    , menuBarMode_(Preferences::read(defaults_, Preferences::menuBarMode))
+    , addToPhotos_(Preferences::read(defaults_, Preferences::addToPhotos))
+    , groupIntoAlbum_(Preferences::read(defaults_, Preferences::groupIntoAlbum)) {
     askForAPIKey();
 }
 
@@ -55,46 +47,44 @@ bool SettingsStore::hasAPIKey() const {
     return wasAPIKeyStored_.isFinished() && wasAPIKeyStored_.result();
 }
 
-void SettingsStore::setWatchFolderPath(const std::optional<QString> &path) {
-    watchFolderPath_ = path;
+template <typename Value>
+void SettingsStore::assign(Value &field, const Preference<Value> &preference, const Value &value) {
+    field = value;
     Q_EMIT changed();
-    storePath(watchFolderKey, path);
+    Preferences::write(defaults_, preference.key, value);
+}
+
+void SettingsStore::setWatchFolderPath(const std::optional<QString> &path) {
+    assign(watchFolderPath_, Preferences::watchFolder, path);
 }
 
 void SettingsStore::setArchiveFolderPath(const std::optional<QString> &path) {
-    archiveFolderPath_ = path;
-    Q_EMIT changed();
-    storePath(archiveFolderKey, path);
+    assign(archiveFolderPath_, Preferences::archiveFolder, path);
 }
 
 void SettingsStore::setModel(const QString &model) {
-    model_ = model;
-    Q_EMIT changed();
-    defaults_.set(modelKey, model);
+    assign(model_, Preferences::model, model);
 }
 
 void SettingsStore::setOpenAtLogin(bool enabled) {
-    openAtLogin_ = enabled;
-    Q_EMIT changed();
-    defaults_.set(openAtLoginKey, enabled);
+    assign(openAtLogin_, Preferences::openAtLogin, enabled);
 }
 
 void SettingsStore::setMenuBarMode(bool enabled) {
-    menuBarMode_ = enabled;
-    Q_EMIT changed();
-    defaults_.set(menuBarModeKey, enabled);
+    assign(menuBarMode_, Preferences::menuBarMode, enabled);
 }
 
 void SettingsStore::setAddToPhotos(bool enabled) {
-    addToPhotos_ = enabled;
-    Q_EMIT changed();
-    defaults_.set(addToPhotosKey, enabled);
+    assign(addToPhotos_, Preferences::addToPhotos, enabled);
 }
 
 void SettingsStore::setGroupIntoAlbum(bool enabled) {
-    groupIntoAlbum_ = enabled;
-    Q_EMIT changed();
-    defaults_.set(groupIntoAlbumKey, enabled);
+    assign(groupIntoAlbum_, Preferences::groupIntoAlbum, enabled);
+}
+
+// By defaults of its own, which look at the file anew when it has changed.
+QString SettingsStore::serviceAddress() const {
+    return Preferences::read(UserDefaults(), Preferences::serviceAddress);
 }
 
 void SettingsStore::setAPIKey(const QString &key) {
@@ -107,19 +97,6 @@ void SettingsStore::setAPIKey(const QString &key) {
 
 bool SettingsStore::finishStoringAPIKey() {
     return storedKey_.finish(StoredKey::longestEnd);
-}
-
-void SettingsStore::storePath(const QString &key, const std::optional<QString> &path) {
-    if (path) {
-        defaults_.set(key, *path);
-    } else {
-        defaults_.remove(key);
-    }
-}
-
-bool SettingsStore::booleanOrTrue(const QString &key) const {
-    const QVariant value = defaults_.object(key);
-    return value.typeId() != QMetaType::Bool || value.toBool();
 }
 
 } // namespace fennick

@@ -12,22 +12,26 @@
 
 namespace fennick {
 
-// The user's preferences and whether an API key is stored. Each preference is read once, at creation, and
-// written back on every assignment, also of an unchanged value; every assignment is announced by `changed`.
-// Created once by the application, which owns it; main thread only.
+template <typename Value>
+struct Preference;
+
+// The user's preferences, and whether an API key is stored. Each preference is read once, at creation. Every
+// assignment, even of an unchanged value, emits `changed` and is then written. Created and owned by the
+// application; main thread only.
 class SettingsStore : public QObject {
     Q_OBJECT
 
 public:
     explicit SettingsStore(QObject *parent = nullptr);
 
-    // Folder paths as the user chose them; absent = none. Setting them to absent removes the stored key.
+    // Folder paths as the user chose them; absent = none. Setting an absent path removes the entry from the
+    // file.
     const std::optional<QString> &watchFolderPath() const { return watchFolderPath_; }
     void setWatchFolderPath(const std::optional<QString> &path);
     const std::optional<QString> &archiveFolderPath() const { return archiveFolderPath_; }
     void setArchiveFolderPath(const std::optional<QString> &path);
 
-    // The extraction model's name, handed on unchanged and never checked here.
+    // The name of the extraction model, passed on unchanged and not validated here.
     const QString &model() const { return model_; }
     void setModel(const QString &model);
 
@@ -36,34 +40,38 @@ public:
     bool menuBarMode() const { return menuBarMode_; }
     void setMenuBarMode(bool enabled);
 
-    // On by default, also when something other than a boolean is stored.
+    // On by default, and also on if a value other than a boolean is stored.
     bool addToPhotos() const { return addToPhotos_; }
     void setAddToPhotos(bool enabled);
     bool groupIntoAlbum() const { return groupIntoAlbum_; }
     void setGroupIntoAlbum(bool enabled);
 
-    // What the secret store held at creation, for which it waits half a second from then; a store that is
-    // slower counts as empty until it tells. Afterwards it follows the text given to setAPIKey, not the
-    // store's answer to it.
+    // The address of the extraction service as the preferences file has it now. Not cached, because users
+    // edit the file; only they change it.
+    QString serviceAddress() const;
+
+    // Whether the secret store held a key at creation. Waits half a second for it, counted from creation; a
+    // slower store counts as empty until it answers. After setAPIKey, it follows the given key and not the
+    // store's result.
     bool hasAPIKey() const;
 
-    // The stored key once the secret store has told it; absent or empty means none.
-    QFuture<std::optional<QString>> storedAPIKey() { return storedKey_.read(); }
+    // The stored key, as soon as the secret store answers; absent or empty = none.
+    [[nodiscard]] QFuture<std::optional<QString>> storedAPIKey() { return storedKey_.read(); }
 
-    // Stores the trimmed key, or removes the stored one when nothing is left of it.
+    // Stores the trimmed key. Removes the stored key if the trimmed one is empty.
     void setAPIKey(const QString &key);
 
-    // To be called at the program's end: waits some seconds for a key that is still being stored. Returns
-    // whether it was stored; true also when there was none.
-    bool finishStoringAPIKey();
+    // Call when the program ends: waits a few seconds for a key that is still being stored. Returns whether
+    // it was stored, or true if none was pending.
+    [[nodiscard]] bool finishStoringAPIKey();
 
 Q_SIGNALS:
     void changed();
 
 private:
     void askForAPIKey();
-    void storePath(const QString &key, const std::optional<QString> &path);
-    bool booleanOrTrue(const QString &key) const;
+    template <typename Value>
+    void assign(Value &field, const Preference<Value> &preference, const Value &value);
 
     UserDefaults defaults_;
     std::optional<QString> watchFolderPath_;

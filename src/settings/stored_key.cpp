@@ -5,14 +5,9 @@
 #include <QDeadlineTimer>
 #include <QtConcurrent>
 
+#include <tuple>
+
 namespace fennick {
-
-namespace {
-
-// Whoever ends the program waits no longer than for a slow page.
-constexpr std::chrono::seconds longestEnd{10};
-
-} // namespace
 
 StoredKey::StoredKey() {
     thread_.setMaxThreadCount(1);
@@ -20,7 +15,7 @@ StoredKey::StoredKey() {
 }
 
 StoredKey::~StoredKey() {
-    finish(longestEnd);
+    std::ignore = finish(longestEnd);
     thread_.clear();
     thread_.waitForDone();
 }

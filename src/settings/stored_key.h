@@ -11,12 +11,12 @@
 
 namespace fennick {
 
-// The API key in the secret store for the main thread, which must not wait for a store that is slow or asks
-// the user for a password: reads and writes are carried out in the order given on a thread of its own. Owned
-// by SettingsStore; its end gives up reads, and waits some seconds for a key that is still being stored.
+// Gives the main thread access to the API key in the secret store, which may be slow or ask the user for a
+// password. Reads and writes run on a separate thread, in order. Owned by SettingsStore. The destructor
+// cancels reads and waits a few seconds for a pending write.
 class StoredKey {
 public:
-    // The user who ends the program waits no longer than this for a key that was saved a moment before.
+    // The longest time that ending the program waits for a key that is still being stored.
     static constexpr std::chrono::seconds longestEnd{10};
 
     StoredKey();
@@ -24,19 +24,19 @@ public:
     StoredKey(const StoredKey &) = delete;
     StoredKey &operator=(const StoredKey &) = delete;
 
-    // As KeychainHelper::apiKey. Whoever asks while an answer is awaited gets that one: each takes the store
-    // some milliseconds, or the user a password.
-    QFuture<std::optional<QString>> read();
+    // See KeychainHelper::apiKey. Concurrent calls share one answer: each question costs some milliseconds,
+    // or the user a password.
+    [[nodiscard]] QFuture<std::optional<QString>> read();
 
     // An empty key removes the stored one.
     void write(const QString &key);
 
-    // Returns as soon as nothing is under way any more, at the latest after `patience`.
+    // Waits until nothing is pending, at most for `patience`.
     void wait(std::chrono::milliseconds patience) const;
 
-    // Gives up reads and waits until what was written is stored, at most `patience`; gives it up then.
-    // Returns whether it was. To be called at the end: nothing is read or written any more.
-    bool finish(std::chrono::milliseconds patience);
+    // Cancels reads, waits at most `patience` until the last write is done and cancels it otherwise. Returns
+    // whether it was stored. Nothing is read or written afterwards.
+    [[nodiscard]] bool finish(std::chrono::milliseconds patience);
 
 private:
     std::stop_source readEnd_;

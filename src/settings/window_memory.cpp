@@ -2,15 +2,17 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString geometryKey = QStringLiteral("geometry");
-const QString columnsKey = QStringLiteral("columns");
+const QString geometryKey = u"geometry"_s;
+const QString columnsKey = u"columns"_s;
 
 } // namespace
 
 WindowMemory::WindowMemory()
-    : defaults_(QStringLiteral("Window")) {}
+    : defaults_(u"Window"_s) {}
 
 QByteArray WindowMemory::geometry() const {
     return bytes(geometryKey);

@@ -6,13 +6,13 @@
 
 namespace fennick {
 
-// What the main window remembers between starts: its size and place, and the widths of the table's columns.
-// Kept in a file of its own: these are no preferences. Main thread only.
+// The size and position of the main window and the widths of the table's columns, kept between starts. They
+// have a file of their own because they are not preferences. Main thread only.
 class WindowMemory {
 public:
     WindowMemory();
 
-    // As the toolkit encodes them; empty when nothing is remembered.
+    // In the toolkit's encoding; empty if nothing is stored.
     QByteArray geometry() const;
     QByteArray columns() const;
 

@@ -2,22 +2,22 @@
 
 #include <QString>
 
-// Text rules that count or compare what a person sees, not storage units. All are pure, independent of the
-// user's locale, and callable from any thread.
+// Text operations that count or compare what a person sees rather than storage units. All are pure,
+// independent of the user's locale, and callable from any thread.
 namespace fennick {
 
-// Whether two texts are the same after canonical normalisation ("é" composed or decomposed).
+// Whether two texts are equal after canonical normalisation ("é" composed or decomposed).
 bool canonicallyEqual(QStringView left, QStringView right);
 
-// Negative, zero or positive as `left` sorts before, with or after `right` by Unicode scalar values.
-// (QString's own order compares UTF-16 units, which puts U+FFFD after an emoji.)
+// Compares by Unicode scalar values: negative, zero or positive if `left` sorts before, equal to or after
+// `right`. (QString compares UTF-16 units, which puts U+FFFD after an emoji.)
 int compareScalars(QStringView left, QStringView right);
 
 // The first `count` user-perceived characters (extended grapheme clusters) of `text`.
 QString firstCharacters(const QString &text, qsizetype count);
 
-// The first `count` user-perceived characters, of 16 UTF-16 units each on average at the most: a single one
-// may be of any size, for any number of accents may be piled upon a letter.
+// The first `count` user-perceived characters, limited to 16 UTF-16 units each on average, because a single
+// character may carry any number of combining accents.
 QString shortened(const QString &text, qsizetype count);
 
 // `text` with unpaired surrogates replaced by U+FFFD, so that it survives being written as UTF-8.

@@ -94,8 +94,4 @@ const AmountFormatter::CurrencyFormat &AmountFormatter::formatOf(const QString &
     return *formats_.emplace(currencyCode, std::move(format)).first->second;
 }
 
-QString amountText(double amount, const std::optional<QString> &currencyCode) {
-    return AmountFormatter(FractionDigits::ofCurrency).text(amount, currencyCode);
-}
-
 } // namespace fennick

@@ -13,15 +13,15 @@ enum class FractionDigits {
     two,        // two for every currency
 };
 
-// Writes amounts in the user's locale. Keeps a formatter per currency, because making one takes eighty times
-// as long as using it: make one AmountFormatter for a whole list. For one thread at a time.
+// Formats amounts in the user's locale. Keeps a formatter per currency, because creating one takes eighty
+// times as long as using it: use one AmountFormatter for a whole list. Not thread-safe.
 class AmountFormatter {
 public:
     explicit AmountFormatter(FractionDigits digits);
     ~AmountFormatter();
 
-    // The amount in the currency with this ISO 4217 code; without a code, or when it is none (three ASCII
-    // letters), or when the locale data has no answer, two decimals and no currency.
+    // The amount in the currency with this ISO 4217 code. Without a code, with one that is not three ASCII
+    // letters, or if the locale data cannot format it: two decimals and no currency.
     QString text(double amount, const std::optional<QString> &currencyCode);
 
 private:
@@ -32,8 +32,5 @@ private:
     FractionDigits digits_;
     std::map<QString, std::unique_ptr<CurrencyFormat>> formats_;
 };
-
-// One amount with its currency's own number of decimals.
-QString amountText(double amount, const std::optional<QString> &currencyCode);
 
 } // namespace fennick

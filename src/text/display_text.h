@@ -4,10 +4,10 @@
 
 namespace fennick {
 
-// `text` as a line that cannot pretend to be another one: line breaks, tabs and other control characters
-// become blanks, and what reorders text in disguise (the overrides, embeddings and isolates of Unicode's
-// bidirectional algorithm, by which "invoice-fdp.exe" can look like "invoice-exe.pdf") becomes the
-// replacement character U+FFFD. Right-to-left scripts themselves stay as they are.
+// `text` as one line that cannot be mistaken for another: line breaks, tabs and other control characters
+// become blanks. The overrides, embeddings and isolates of Unicode's bidirectional algorithm, with which
+// "invoice-fdp.exe" can look like "invoice-exe.pdf", become the replacement character U+FFFD. Right-to-left
+// scripts are unaffected.
 QString displayText(const QString &text);
 
 } // namespace fennick

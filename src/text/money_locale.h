@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// The locale in which the user wants money written: the first of LC_ALL, LC_MONETARY, LC_NUMERIC and LANG
-// that the environment sets. A desktop may set the language and the ways of writing apart.
+// The locale for formatting money: the first of LC_ALL, LC_MONETARY, LC_NUMERIC and LANG that is set in the
+// environment. Desktops let users choose language and formats separately.
 QLocale moneyLocale();
 
 } // namespace fennick

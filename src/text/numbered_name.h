@@ -4,10 +4,11 @@
 
 namespace fennick {
 
-// The name with which a file evades another of the same name: a blank and the number in parentheses before
-// the extension, as in "name (2).pdf".
+// The alternative for a file name that is taken: a blank and the number in parentheses before the extension,
+// as in "name (2).pdf".
 inline QString numberedName(const QString &stem, const QString &extension, int number) {
-    const QString numbered = stem + QStringLiteral(" (") + QString::number(number) + u')';
+    using namespace Qt::StringLiterals;
+    const QString numbered = stem + u" ("_s + QString::number(number) + u')';
     return extension.isEmpty() ? numbered : numbered + u'.' + extension;
 }
 

@@ -2,6 +2,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The position of the dot before the extension, or -1 without an extension.
@@ -18,7 +20,7 @@ QString joinedPath(const QString &folder, const QString &name) {
 
 QString parentFolder(const QString &path) {
     const qsizetype slash = path.lastIndexOf(u'/');
-    return slash == 0 ? QStringLiteral("/") : path.left(slash);
+    return slash == 0 ? u"/"_s : path.left(slash);
 }
 
 QString lastPathComponent(const QString &path) {

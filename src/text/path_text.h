@@ -2,21 +2,21 @@
 
 #include <QString>
 
-// The parts of a path text. They look at the text only, never at the file system.
+// Operations on paths as texts. None of them accesses the file system.
 namespace fennick {
 
-// `name` in `folder`, whatever it begins with. All paths are put together by this: Qt's own joining takes a
-// name that begins with a colon for one of its resources, and a slash at its beginning for another folder.
+// `name` in `folder`, whatever `name` begins with. Use this for all paths: Qt's functions take a name that
+// begins with a colon for a resource, and one that begins with a slash for an absolute path.
 QString joinedPath(const QString &folder, const QString &name);
 
-// The folder in which the path lies, without a slash at its end; "/" for what lies in the root.
+// The folder that contains the path, without a trailing slash; "/" for an entry of the root.
 QString parentFolder(const QString &path);
 
 // The text after the last slash.
 QString lastPathComponent(const QString &path);
 
-// The text after the last dot of the last path component, as it is written; empty without a dot, after a
-// trailing dot, and for a name whose only dot is its first character (".pdf" is a hidden file, no PDF).
+// The text after the last dot of the last path component, in its original case. Empty without a dot, after a
+// trailing dot, and if the only dot is the first character: ".pdf" is a hidden file, not a PDF.
 QString pathExtension(const QString &path);
 
 // The last path component without its extension and the dot before it.

@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// Whether the whole of `text` matches the ICU regular expression `pattern`: a trailing line feed does not
-// slip through, and \d is any decimal digit of Unicode.
+// Whether the ICU regular expression `pattern` matches all of `text`: a trailing line feed is not ignored,
+// and \d matches any decimal digit of Unicode.
 bool matchesWhole(const QString &text, const char *pattern);
 
 } // namespace fennick

@@ -4,8 +4,8 @@
 
 namespace fennick {
 
-// `text` without the nine characters that some system refuses in file names: \ / : * ? " < > |
-// They are deleted, not replaced.
+// Deletes the nine characters / \ : * ? " < > | from `text`: none of them is allowed in names on all
+// systems.
 QString withoutUnsafeCharacters(const QString &text);
 
 } // namespace fennick

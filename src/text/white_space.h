@@ -14,7 +14,7 @@ bool isWhiteSpace(QChar character);
 QString trimmedOfBlanks(const QString &text);
 QString trimmedOfWhiteSpace(const QString &text);
 
-// The pieces of `text` between white space, without empty ones.
+// The non-empty pieces of `text` between white space.
 QStringList splitOnWhiteSpace(const QString &text);
 
 } // namespace fennick

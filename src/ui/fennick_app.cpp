@@ -3,8 +3,8 @@
 #include "platform/activation_policy.h"
 #include "platform/launcher_progress.h"
 #include "platform/tray_watch.h"
-#include "ui/settings_view.h"
-#include "ui/symbols.h"
+#include "ui/settings/settings_view.h"
+#include "ui/widgets/symbols.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -14,6 +14,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::chrono::seconds trayReturn{2}; // a panel that is restarted brings its tray back by then
@@ -21,7 +23,8 @@ constexpr std::chrono::seconds trayReturn{2}; // a panel that is restarted bring
 } // namespace
 
 FennickApp::FennickApp()
-    : appState_(&store_, &settings_)
+    : loginItem_(&settings_)
+    , appState_(&store_, &settings_)
     , window_(&store_, &settings_, &appState_)
     , menu_(&store_)
     , progress_(&store_)
@@ -92,7 +95,7 @@ void FennickApp::connectNotices() {
 void FennickApp::showProgress() {
     if (!progress_.isUnderWay()) {
         trayIcon_.setIcon(symbolIcon(Symbol::receipts));
-        trayIcon_.setToolTip(QStringLiteral("Fennick"));
+        trayIcon_.setToolTip(u"Fennick"_s);
         hideLauncherProgress();
         return;
     }
@@ -154,7 +157,7 @@ void FennickApp::finish() {
     }
     const QString reason = tr("The API key could not be stored: the secret store does not answer.");
     qWarning("%s", qPrintable(reason));
-    QMessageBox::warning(nullptr, QStringLiteral("Fennick"), reason);
+    QMessageBox::warning(nullptr, u"Fennick"_s, reason);
 }
 
 void FennickApp::showSettings() {

@@ -2,11 +2,12 @@
 
 #include "model/receipt_store.h"
 #include "pipeline/app_state.h"
+#include "settings/login_item.h"
 #include "settings/settings_store.h"
-#include "ui/batch_progress.h"
-#include "ui/main_window.h"
-#include "ui/menu_bar_content.h"
-#include "ui/notices.h"
+#include "ui/main_window/main_window.h"
+#include "ui/tray/batch_progress.h"
+#include "ui/tray/menu_bar_content.h"
+#include "ui/tray/notices.h"
 
 #include <QObject>
 #include <QPointer>
@@ -17,9 +18,8 @@ namespace fennick {
 
 class SettingsView;
 
-// The application's shell: creates the shared objects once, in this order, and owns the windows and the tray
-// icon. Closing the main window stops nothing. Lives on the stack of main() until the process ends; main
-// thread.
+// The application's shell: creates the shared objects in this order and owns the windows and the tray icon.
+// Closing the main window stops nothing. Lives on the stack of main(); main thread.
 class FennickApp : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ public:
     FennickApp();
     ~FennickApp() override;
 
-    // Brings the one main window to the front, from wherever it is.
+    // Brings the main window to the front, even if it is hidden or minimised.
     void showMainWindow();
 
     void showSettings();
@@ -47,6 +47,7 @@ private:
     void applyMenuBarMode();
 
     SettingsStore settings_;
+    LoginItem loginItem_;
     ReceiptStore store_;
     AppState appState_;
     MainWindow window_;

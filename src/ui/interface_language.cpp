@@ -7,10 +7,12 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString translationOf(const QString &language) {
-    return QStringLiteral(":/translations/fennick_%1.qm").arg(language);
+    return u":/translations/fennick_%1.qm"_s.arg(language);
 }
 
 // "C" and "POSIX" are how an environment says that it wants the texts as they are written.
@@ -27,8 +29,7 @@ InterfaceLanguage::InterfaceLanguage(const QStringList &userLanguages) {
     }
     // Before our own, which is looked at first then. Systems may be without it: its few texts are English
     // there.
-    if (library_.load(QStringLiteral("qtbase_") + *language,
-                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    if (library_.load(u"qtbase_"_s + *language, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(&library_);
     }
     QCoreApplication::installTranslator(&own_);

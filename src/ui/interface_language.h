@@ -8,17 +8,18 @@
 
 namespace fennick {
 
-// The language of the windows: the program's own texts and those of the widget library. It leaves QLocale as
-// it is: how numbers and money are written follows the user's formats, names of files and ledgers follow
-// neither. Made once, on the main thread and before the first text; the texts are English again when it ends.
+// The language of the windows: the program's own texts and those of the widget library. Does not change
+// QLocale: numbers and money follow the user's formats, file names and ledgers follow neither. Create one on
+// the main thread before the first text is shown; its destruction switches back to English.
 class InterfaceLanguage {
 public:
-    // Installs the translation for the user's languages, best first, as QLocale::uiLanguages() names them.
+    // Installs the translation for the user's languages, in order of preference as in
+    // QLocale::uiLanguages().
     explicit InterfaceLanguage(const QStringList &userLanguages);
 
-    // The ISO 639-1 code of the first language that the windows can be in; nothing for English, in which the
-    // texts are written and which is the last resort.
-    static std::optional<QString> chosen(const QStringList &userLanguages);
+    // The ISO 639-1 code of the first language that has a translation. Absent for English, the language of
+    // the source texts and the last resort.
+    [[nodiscard]] static std::optional<QString> chosen(const QStringList &userLanguages);
 
 private:
     QTranslator own_;

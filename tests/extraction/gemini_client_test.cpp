@@ -19,8 +19,9 @@ namespace {
 
 const QString key = QStringLiteral("AIza-secret-key");
 
-QCoro::Task<> scanInto(QString path, QString model, std::shared_ptr<std::optional<Result>> result) {
-    *result = co_await GeminiClient::scan(path, key, model);
+QCoro::Task<> scanInto(QString path, QString model, QString address,
+                       std::shared_ptr<std::optional<Result>> result) {
+    *result = co_await GeminiClient::scan(path, key, model, address);
 }
 
 QSslConfiguration selfSignedCertificate(const TemporaryHome &home) {
@@ -46,7 +47,7 @@ private Q_SLOTS:
     void init() {
         server_ = std::make_unique<ScriptedServer>(
             [](const HttpRequest &) { return answering(R"({"amount": 23.5, "currency": "USD"})"); });
-        configure(server_->address());
+        address_ = server_->address();
         path_ = home_.path(QStringLiteral("receipt.pdf"));
         writeFile(path_, "the receipt");
     }
@@ -75,12 +76,12 @@ private Q_SLOTS:
 
     void unreadableFileCountsBeforeABadAddress() {
         path_ = home_.path(QStringLiteral("missing.pdf"));
-        configure(QStringLiteral("http://example.org"));
+        address_ = QStringLiteral("http://example.org");
         QCOMPARE(failure(), QStringLiteral("Failed to read file: No such file or directory"));
     }
 
     void malformedAddressEndsBeforeAnyRequest() {
-        configure(QStringLiteral("http://example.org"));
+        address_ = QStringLiteral("http://example.org");
         QCOMPARE(failure(), QStringLiteral("Gemini API error: 0 — Invalid endpoint URL"));
     }
 
@@ -197,7 +198,7 @@ private Q_SLOTS:
     void refusedConnectionIsToldInTheSystemsWords() {
         const QString address = server_->address();
         server_.reset();
-        configure(address);
+        address_ = address;
         QCOMPARE(failure(), QStringLiteral("Connection refused"));
     }
 
@@ -238,7 +239,7 @@ private Q_SLOTS:
     void selfSignedCertificateIsRefused() {
         ScriptedServer secure([](const HttpRequest &) { return answering("{}"); },
                               selfSignedCertificate(home_));
-        configure(secure.address());
+        address_ = secure.address();
         const QString text = failure();
         QVERIFY2(text.contains(u"certificate", Qt::CaseInsensitive), qPrintable(text));
         QVERIFY(secure.requests().isEmpty());
@@ -257,16 +258,9 @@ private Q_SLOTS:
     }
 
 private:
-    // Of another size each time: preferences are read anew when the file's size or time is another one, and
-    // two writes may fall into one tick of the clock.
-    void configure(const QString &address) {
-        writeFile(home_.preferencesFile(),
-                  "[General]\ngeminiEndpoint=" + address.toUtf8() + QByteArray(++configurations_, '\n'));
-    }
-
     Result scan(const QString &model = QStringLiteral("gemini-2.5-flash"), int milliseconds = patience) {
         const auto result = std::make_shared<std::optional<Result>>();
-        scanInto(path_, model, result);
+        scanInto(path_, model, address_, result);
         if (!waitUntil([&result] { return result->has_value(); }, milliseconds)) {
             return std::unexpected(ScanError(TransportError{QStringLiteral("the scan never ended")}));
         }
@@ -281,7 +275,7 @@ private:
     TemporaryHome home_;
     std::unique_ptr<ScriptedServer> server_;
     QString path_;
-    int configurations_ = 0;
+    QString address_;
 };
 
 int gemini_client_test(int argc, char **argv) {

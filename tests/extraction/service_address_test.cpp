@@ -1,11 +1,9 @@
 #include "extraction/service_address.h"
-#include "support/temporary_home.h"
 #include "support/test_program.h"
 
 #include <QCoreApplication>
 
 using namespace fennick;
-using test::writeFile;
 
 namespace {
 
@@ -26,15 +24,6 @@ private Q_SLOTS:
         QVERIFY(!isOnDevice(QStringLiteral("https://on-device")));
         QVERIFY(!isOnDevice(QStringLiteral("on-device/")));
         QVERIFY(!endpointUrl(QStringLiteral("on-device"), QStringLiteral("m"), QStringLiteral("k")));
-    }
-
-    void addressIsThePublicHostUnlessConfigured() {
-        QCOMPARE(configuredServiceAddress(), QStringLiteral("https://generativelanguage.googleapis.com"));
-        writeFile(home_.path(QStringLiteral("system-config/Fennick/Fennick.conf")),
-                  "[General]\ngeminiEndpoint=https://system.example\n");
-        QCOMPARE(configuredServiceAddress(), QStringLiteral("https://system.example"));
-        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=http://127.0.0.1:47111\n");
-        QCOMPARE(configuredServiceAddress(), QStringLiteral("http://127.0.0.1:47111"));
     }
 
     void locationIsComposedVerbatim() {
@@ -91,9 +80,6 @@ private Q_SLOTS:
         QCOMPARE(location("https://example.org", "m", "a b"), QStringLiteral("refused"));
         QCOMPARE(location("https://example.org", "m", "a%zz"), QStringLiteral("refused"));
     }
-
-private:
-    test::TemporaryHome home_;
 };
 
 int service_address_test(int argc, char **argv) {

@@ -12,6 +12,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class FileRenamerTest : public QObject {
     Q_OBJECT
@@ -20,47 +21,46 @@ private Q_SLOTS:
     void init() { folder_ = std::make_unique<QTemporaryDir>(); }
 
     void nameTellsDateCategoryPlaceAndAmount() {
-        QCOMPARE(FileRenamer::buildNewFileName(finishedReceipt(QStringLiteral("/w/scan.PDF"))),
-                 QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50.pdf"));
+        QCOMPARE(FileRenamer::buildNewFileName(finishedReceipt(u"/w/scan.PDF"_s)),
+                 u"2024-05-01 Lunch - Mario's Cafe $23.50.pdf"_s);
     }
 
     void receiptWithNothingKnownIsUndatedMisc() {
-        QCOMPARE(FileRenamer::buildNewFileName(freshReceipt(QStringLiteral("/w/Scan.pdf"))),
-                 QStringLiteral("Undated Misc.pdf"));
+        QCOMPARE(FileRenamer::buildNewFileName(freshReceipt(u"/w/Scan.pdf"_s)), u"Undated Misc.pdf"_s);
     }
 
     void hotelWithoutADate() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
-        receipt.category = QStringLiteral("hotel");
-        receipt.currency = QStringLiteral("CHF");
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
+        receipt.category = u"hotel"_s;
+        receipt.currency = u"CHF"_s;
         receipt.amount = 120;
-        QCOMPARE(FileRenamer::baseName(receipt), QStringLiteral("Undated Hotel CHF 120.00"));
+        QCOMPARE(FileRenamer::baseName(receipt), u"Undated Hotel CHF 120.00"_s);
     }
 
     void amountWithoutCurrencyHasNoSymbol() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
-        receipt.date = QStringLiteral("2024-05-01");
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
+        receipt.date = u"2024-05-01"_s;
         receipt.amount = 9.99;
-        QCOMPARE(FileRenamer::baseName(receipt), QStringLiteral("2024-05-01 Misc 9.99"));
+        QCOMPARE(FileRenamer::baseName(receipt), u"2024-05-01 Misc 9.99"_s);
     }
 
     void emptyCategoryGivesReceipt() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.category.clear();
-        QCOMPARE(FileRenamer::baseName(receipt), QStringLiteral("Undated Receipt"));
+        QCOMPARE(FileRenamer::baseName(receipt), u"Undated Receipt"_s);
     }
 
     void baseNameThatSanitisesToNothingIsReceipt() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
-        receipt.date = QStringLiteral("??");
-        receipt.category = QStringLiteral("//");
-        QCOMPARE(FileRenamer::baseName(receipt), QStringLiteral("Receipt"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
+        receipt.date = u"??"_s;
+        receipt.category = u"//"_s;
+        QCOMPARE(FileRenamer::baseName(receipt), u"Receipt"_s);
     }
 
     void locationOfRemovedCharactersAddsNoPiece() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
-        receipt.location = QStringLiteral("///");
-        QCOMPARE(FileRenamer::baseName(receipt), QStringLiteral("Undated Misc"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
+        receipt.location = u"///"_s;
+        QCOMPARE(FileRenamer::baseName(receipt), u"Undated Misc"_s);
     }
 
     void amountsFollowTheCurrency_data() {
@@ -82,58 +82,56 @@ private Q_SLOTS:
     }
     void amountsFollowTheCurrency() {
         QFETCH(QString, currency);
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.amount = 1234.5;
         receipt.currency = currency;
         QTEST(FileRenamer::baseName(receipt).mid(13), "text");
     }
 
     void infiniteAmountIsLeftOut() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.amount = std::numeric_limits<double>::infinity();
-        QCOMPARE(FileRenamer::baseName(receipt), QStringLiteral("Undated Misc"));
+        QCOMPARE(FileRenamer::baseName(receipt), u"Undated Misc"_s);
     }
 
     void titleCaseTouchesOnlyFirstCharactersBetweenBlanks() {
-        QCOMPARE(FileRenamer::titleCase(QStringLiteral("  taxi  and bUS ")), QStringLiteral("Taxi And BUS"));
-        QCOMPARE(FileRenamer::titleCase(QStringLiteral("a\tb")), QStringLiteral("A\tb"));
-        QCOMPARE(FileRenamer::titleCase(QStringLiteral("ßa é")), QStringLiteral("SSa É"));
+        QCOMPARE(FileRenamer::titleCase(u"  taxi  and bUS "_s), u"Taxi And BUS"_s);
+        QCOMPARE(FileRenamer::titleCase(u"a\tb"_s), u"A\tb"_s);
+        QCOMPARE(FileRenamer::titleCase(u"ßa é"_s), u"SSa É"_s);
         QCOMPARE(FileRenamer::titleCase(QString()), QString());
     }
 
     void sanitizeDeletesAndCollapses() {
-        QCOMPARE(FileRenamer::sanitize(QStringLiteral(" a/b \n\t c: *d* ")), QStringLiteral("ab c d"));
-        QCOMPARE(FileRenamer::sanitize(QStringLiteral("M.A.X.'s $5 Café")),
-                 QStringLiteral("M.A.X.'s $5 Café"));
+        QCOMPARE(FileRenamer::sanitize(u" a/b \n\t c: *d* "_s), u"ab c d"_s);
+        QCOMPARE(FileRenamer::sanitize(u"M.A.X.'s $5 Café"_s), u"M.A.X.'s $5 Café"_s);
     }
 
     void absentCodeHasNoSymbol() { QCOMPARE(FileRenamer::currencySymbol(std::nullopt), QString()); }
 
     void fileWithoutExtensionGetsNoDot() {
-        QCOMPARE(FileRenamer::buildNewFileName(freshReceipt(QStringLiteral("/w/scan"))),
-                 QStringLiteral("Undated Misc"));
+        QCOMPARE(FileRenamer::buildNewFileName(freshReceipt(u"/w/scan"_s)), u"Undated Misc"_s);
     }
 
     void renamesInPlaceAndReturnsTheNewPath() {
         const auto renamed = FileRenamer::rename(receiptOf("Scan 1.PDF"));
         QVERIFY(renamed);
-        QCOMPARE(renamed->fileName, QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50.pdf"));
+        QCOMPARE(renamed->fileName, u"2024-05-01 Lunch - Mario's Cafe $23.50.pdf"_s);
         QCOMPARE(renamed->filePath, path(renamed->fileName));
         QCOMPARE(readFile(renamed->filePath), QByteArray("content of Scan 1.PDF"));
         QCOMPARE(names().size(), 1);
     }
 
     void keepsExtensionWhenNameIsTaken() {
-        const QString stem = QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50");
-        QCOMPARE(FileRenamer::rename(receiptOf("a.pdf"))->fileName, stem + QStringLiteral(".pdf"));
-        QCOMPARE(FileRenamer::rename(receiptOf("b.pdf"))->fileName, stem + QStringLiteral(" (2).pdf"));
-        QCOMPARE(FileRenamer::rename(receiptOf("c.pdf"))->fileName, stem + QStringLiteral(" (3).pdf"));
-        QCOMPARE(readFile(path(stem + QStringLiteral(" (2).pdf"))), QByteArray("content of b.pdf"));
+        const QString stem = u"2024-05-01 Lunch - Mario's Cafe $23.50"_s;
+        QCOMPARE(FileRenamer::rename(receiptOf("a.pdf"))->fileName, stem + u".pdf"_s);
+        QCOMPARE(FileRenamer::rename(receiptOf("b.pdf"))->fileName, stem + u" (2).pdf"_s);
+        QCOMPARE(FileRenamer::rename(receiptOf("c.pdf"))->fileName, stem + u" (3).pdf"_s);
+        QCOMPARE(readFile(path(stem + u" (2).pdf"_s)), QByteArray("content of b.pdf"));
     }
 
     // Only on case-sensitive file systems, such as Linux's own.
     void namesThatDifferInCaseOrNormalFormOnlyAreOthers() {
-        const QString name = QStringLiteral("2024-05-01 Lunch - Caf\u00E9 $23.50.pdf");
+        const QString name = u"2024-05-01 Lunch - Caf\u00E9 $23.50.pdf"_s;
         const QString upper = name.toUpper();
         const QString decomposed = name.normalized(QString::NormalizationForm_D);
         writeFile(path(upper), "upper");
@@ -142,7 +140,7 @@ private Q_SLOTS:
             QSKIP("This file system does not tell such names apart");
         }
         Receipt receipt = receiptOf("a.pdf");
-        receipt.location = QStringLiteral("Caf\u00E9");
+        receipt.location = u"Caf\u00E9"_s;
         QCOMPARE(FileRenamer::rename(receipt)->fileName, name);
         QCOMPARE(readFile(path(upper)), QByteArray("upper"));
         QCOMPARE(readFile(path(decomposed)), QByteArray("decomposed"));
@@ -150,16 +148,15 @@ private Q_SLOTS:
     }
 
     void numberOfANameWithoutExtensionStandsAtItsEnd() {
-        writeFile(path(QStringLiteral("Undated Misc")), "");
-        QCOMPARE(FileRenamer::pickAvailableName(folder_->path(), QStringLiteral("Undated Misc")),
-                 QStringLiteral("Undated Misc (2)"));
+        writeFile(path(u"Undated Misc"_s), "");
+        QCOMPARE(FileRenamer::pickAvailableName(folder_->path(), u"Undated Misc"_s), u"Undated Misc (2)"_s);
     }
 
     void percentSignsInANameAreNoPlacesForTheNumber() {
-        const QString name = QStringLiteral("Undated Misc - 10%1 off%2.pdf");
+        const QString name = u"Undated Misc - 10%1 off%2.pdf"_s;
         writeFile(path(name), "first");
         QCOMPARE(FileRenamer::pickAvailableName(folder_->path(), name),
-                 QStringLiteral("Undated Misc - 10%1 off%2 (2).pdf"));
+                 u"Undated Misc - 10%1 off%2 (2).pdf"_s);
     }
 
     void fileThatHasItsNameIsLeftAlone() {
@@ -169,32 +166,32 @@ private Q_SLOTS:
     }
 
     void vanishedFileIsNotRenamed() {
-        QVERIFY(!FileRenamer::rename(finishedReceipt(path(QStringLiteral("missing.pdf")))));
+        QVERIFY(!FileRenamer::rename(finishedReceipt(path(u"missing.pdf"_s))));
         QVERIFY(names().isEmpty());
     }
 
     void nameTooLongForTheFileSystemLeavesTheFile() {
         Receipt receipt = receiptOf("a.pdf");
-        receipt.location = QStringLiteral("x").repeated(300);
+        receipt.location = u"x"_s.repeated(300);
         QVERIFY(!FileRenamer::rename(receipt));
-        QCOMPARE(names(), QStringList{QStringLiteral("a.pdf")});
+        QCOMPARE(names(), QStringList{u"a.pdf"_s});
     }
 
     void nameWithANullCharacterLeavesTheFiles() {
         // What a system call would take for the whole name.
-        writeFile(path(QStringLiteral("2024-05-01 Lunch - Cafe")), "another");
+        writeFile(path(u"2024-05-01 Lunch - Cafe"_s), "another");
         Receipt receipt = receiptOf("a.pdf");
-        receipt.location = QStringLiteral("Cafe") + QChar(QChar::Null) + QStringLiteral("Bar");
+        receipt.location = u"Cafe"_s + QChar(QChar::Null) + u"Bar"_s;
         QVERIFY(!FileRenamer::rename(receipt));
-        QCOMPARE(names(), (QStringList{QStringLiteral("2024-05-01 Lunch - Cafe"), QStringLiteral("a.pdf")}));
-        QCOMPARE(readFile(path(QStringLiteral("2024-05-01 Lunch - Cafe"))), QByteArray("another"));
+        QCOMPARE(names(), (QStringList{u"2024-05-01 Lunch - Cafe"_s, u"a.pdf"_s}));
+        QCOMPARE(readFile(path(u"2024-05-01 Lunch - Cafe"_s)), QByteArray("another"));
     }
 
     void linkWithoutTargetKeepsItsName() {
-        const QString wanted = QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50.pdf");
-        QFile::link(path(QStringLiteral("nowhere")), path(wanted));
+        const QString wanted = u"2024-05-01 Lunch - Mario's Cafe $23.50.pdf"_s;
+        QFile::link(path(u"nowhere"_s), path(wanted));
         QCOMPARE(FileRenamer::rename(receiptOf("a.pdf"))->fileName,
-                 QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50 (2).pdf"));
+                 u"2024-05-01 Lunch - Mario's Cafe $23.50 (2).pdf"_s);
     }
 
 private:

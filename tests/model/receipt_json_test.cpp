@@ -10,6 +10,7 @@
 #include <limits>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using Kind = DecodingError::Kind;
 
 namespace {
@@ -38,8 +39,8 @@ private Q_SLOTS:
     void minimalRecordTakesTheDefaults() {
         const auto receipt = decodeOne(minimalMembers);
         QVERIFY(receipt);
-        QCOMPARE(receipt->id, QStringLiteral("A"));
-        QCOMPARE(receipt->category, QStringLiteral("misc"));
+        QCOMPARE(receipt->id, u"A"_s);
+        QCOMPARE(receipt->category, u"misc"_s);
         QCOMPARE(receipt->summary, QString());
         QCOMPARE(receipt->status, ReceiptStatus::done);
         QVERIFY(!receipt->addedToPhotos);
@@ -118,7 +119,7 @@ private Q_SLOTS:
     void firstErrorInDeclarationOrderIsTold() {
         const auto receipt = decodeOne(R"("addedToPhotos": 1, "status": "x", "fileName": 2, "id": "A")");
         QVERIFY(!receipt);
-        QCOMPARE(receipt.error().key, QStringLiteral("fileName"));
+        QCOMPARE(receipt.error().key, u"fileName"_s);
     }
 
     void oneBadRecordFailsTheWholeList() {
@@ -155,7 +156,7 @@ private Q_SLOTS:
                            R"([{"scannedAt": "s", "more": {"deep": [1, 2]}, "filePath": "\/w/a.pdf",)"
                            R"("amount": 23, "fileName": "a.pdf", "id": "A"}])");
         QVERIFY(receipts);
-        QCOMPARE(receipts->first().filePath, QStringLiteral("/w/a.pdf"));
+        QCOMPARE(receipts->first().filePath, u"/w/a.pdf"_s);
         QCOMPARE(receipts->first().amount, 23.0);
     }
 
@@ -184,27 +185,23 @@ private Q_SLOTS:
         QVERIFY(!beyondAllDoubles->amount);
     }
 
-    void lastOfARepeatedKeyCounts() {
-        QCOMPARE(decodeOne(minimalMembers + R"(, "id": "B")")->id, QStringLiteral("B"));
-    }
+    void lastOfARepeatedKeyCounts() { QCOMPARE(decodeOne(minimalMembers + R"(, "id": "B")")->id, u"B"_s); }
 
     void freshReceiptWritesNoAbsentFields() {
-        const QJsonObject object = encodeOne(freshReceipt(QStringLiteral("/w/a.pdf")));
-        QCOMPARE(object.keys(), (QStringList{QStringLiteral("addedToPhotos"), QStringLiteral("category"),
-                                             QStringLiteral("fileName"), QStringLiteral("filePath"),
-                                             QStringLiteral("id"), QStringLiteral("scannedAt"),
-                                             QStringLiteral("status"), QStringLiteral("summary")}));
+        const QJsonObject object = encodeOne(freshReceipt(u"/w/a.pdf"_s));
+        QCOMPARE(object.keys(), (QStringList{u"addedToPhotos"_s, u"category"_s, u"fileName"_s, u"filePath"_s,
+                                             u"id"_s, u"scannedAt"_s, u"status"_s, u"summary"_s}));
         QCOMPARE(object[u"addedToPhotos"], QJsonValue(false));
-        QCOMPARE(object[u"status"], QJsonValue(QStringLiteral("processing")));
+        QCOMPARE(object[u"status"], QJsonValue(u"processing"_s));
     }
 
     void textThatBeginsWithAByteOrderMarkStaysAsItIs() {
-        Receipt receipt = freshReceipt(QStringLiteral("\uFEFF\uFEFFa.pdf"));
-        receipt.summary = QStringLiteral("\uFEFF");
+        Receipt receipt = freshReceipt(u"\uFEFF\uFEFFa.pdf"_s);
+        receipt.summary = u"\uFEFF"_s;
         const auto decoded = decodeReceipts(encodeReceipts({receipt}));
         QVERIFY(decoded);
-        QCOMPARE(decoded->first().filePath, QStringLiteral("\uFEFF\uFEFFa.pdf"));
-        QCOMPARE(decoded->first().summary, QStringLiteral("\uFEFF"));
+        QCOMPARE(decoded->first().filePath, u"\uFEFF\uFEFFa.pdf"_s);
+        QCOMPARE(decoded->first().summary, u"\uFEFF"_s);
     }
 
     void missingSummaryIsWrittenAsEmptyText() {
@@ -213,18 +210,18 @@ private Q_SLOTS:
     }
 
     void slashesAreEscaped() {
-        const QByteArray json = encodeReceipts({freshReceipt(QStringLiteral("/w/a.pdf"))});
+        const QByteArray json = encodeReceipts({freshReceipt(u"/w/a.pdf"_s)});
         QVERIFY2(json.contains(R"("filePath": "\/w\/a.pdf")"), json.constData());
     }
 
     void listIsPrettyPrintedWithOneKeyPerLine() {
-        const QByteArray json = encodeReceipts({test::finishedReceipt(QStringLiteral("/w/a.pdf"))});
+        const QByteArray json = encodeReceipts({test::finishedReceipt(u"/w/a.pdf"_s)});
         QCOMPARE(json.count('\n'), 17); // brackets, braces and 13 members
     }
 
     void everythingSurvivesARoundTrip() {
-        Receipt receipt = test::finishedReceipt(QStringLiteral("/w/Café \"x\"\\\r\n\t\u0001 \U0001F600.pdf"));
-        receipt.error = QStringLiteral("");
+        Receipt receipt = test::finishedReceipt(u"/w/Café \"x\"\\\r\n\t\u0001 \U0001F600.pdf"_s);
+        receipt.error = u""_s;
         receipt.amount = 0.1;
         receipt.addedToPhotos = true;
         const auto decoded = decodeReceipts(encodeReceipts({receipt}));
@@ -242,7 +239,7 @@ private Q_SLOTS:
     }
     void everyFiniteAmountSurvivesARoundTrip() {
         QFETCH(double, amount);
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.amount = amount;
         const auto decoded = decodeReceipts(encodeReceipts({receipt}));
         QVERIFY(decoded);
@@ -250,17 +247,17 @@ private Q_SLOTS:
     }
 
     void amountThatJsonCannotExpressIsLeftOut() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.amount = std::numeric_limits<double>::infinity();
         QVERIFY(!encodeOne(receipt).contains(u"amount"));
     }
 
     void unpairedSurrogateIsWrittenAsReplacementCharacter() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.summary = QString(QChar(0xD83D));
         const QByteArray json = encodeReceipts({receipt});
         QVERIFY(json.isValidUtf8());
-        QCOMPARE(decodeReceipts(json)->first().summary, QStringLiteral("\uFFFD"));
+        QCOMPARE(decodeReceipts(json)->first().summary, u"\uFFFD"_s);
     }
 
     void emptyListIsAnEmptyArray() {
@@ -269,11 +266,11 @@ private Q_SLOTS:
     }
 
     void pathsAreOneCompactArray() {
-        const QSet<QString> paths = {QStringLiteral("/a/b.pdf"), QStringLiteral("/c \"d\".pdf")};
+        const QSet<QString> paths = {u"/a/b.pdf"_s, u"/c \"d\".pdf"_s};
         const QByteArray json = encodePaths(paths);
         QVERIFY(!json.contains('\n'));
         QCOMPARE(*decodePaths(json), paths);
-        QCOMPARE(*decodePaths(R"(["/a", "/a"])"), QSet<QString>{QStringLiteral("/a")});
+        QCOMPARE(*decodePaths(R"(["/a", "/a"])"), QSet<QString>{u"/a"_s});
         QVERIFY(!decodePaths("[1]"));
         QVERIFY(!decodePaths("{}"));
     }

@@ -12,13 +12,14 @@
 #include <memory>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
 namespace {
 
 Receipt receiptTakenInAt(const char *name, const char *scannedAt) {
-    Receipt receipt = freshReceipt(QStringLiteral("/w/") + QString::fromUtf8(name));
+    Receipt receipt = freshReceipt(u"/w/"_s + QString::fromUtf8(name));
     receipt.scannedAt = QString::fromUtf8(scannedAt);
     return receipt;
 }
@@ -49,27 +50,27 @@ private Q_SLOTS:
 
     void firstStartMakesThePrivateFolderAndNoFile() {
         const ReceiptStore store;
-        const QFileInfo folder(home_->path(QStringLiteral("data/Fennick")));
+        const QFileInfo folder(home_->path(u"data/Fennick"_s));
         QVERIFY(folder.isDir());
         QCOMPARE(folder.permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther), 0);
         QVERIFY(QDir(folder.filePath()).isEmpty());
         QVERIFY(store.receipts().isEmpty());
-        QVERIFY(!store.hasFilePath(QStringLiteral("/w/a.pdf")));
+        QVERIFY(!store.hasFilePath(u"/w/a.pdf"_s));
     }
 
     void everyChangeIsOnDiskAtOnce() {
         ReceiptStore store;
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         store.add(receipt);
         QCOMPARE(names(ReceiptStore().receipts()), list({"a.pdf"}));
-        receipt.summary = QStringLiteral("changed");
+        receipt.summary = u"changed"_s;
         store.update(receipt);
-        QCOMPARE(ReceiptStore().receipts().first().summary, QStringLiteral("changed"));
+        QCOMPARE(ReceiptStore().receipts().first().summary, u"changed"_s);
     }
 
     void filesArePrivateToTheUser() {
         ReceiptStore store;
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(freshReceipt(u"/w/a.pdf"_s));
         store.clearAll();
         for (const QString &path : {home_->receiptsFile(), home_->ignoredFile()}) {
             QCOMPARE(
@@ -98,9 +99,25 @@ private Q_SLOTS:
         Receipt older = receiptTakenInAt("older", "2025-01-01T00:00:01Z");
         store.add(older);
         store.add(receiptTakenInAt("newer", "2025-01-01T00:00:02Z"));
-        older.fileName = QStringLiteral("renamed");
+        older.fileName = u"renamed"_s;
         store.update(older);
         QCOMPARE(names(store.receipts()), list({"newer", "renamed"}));
+    }
+
+    void errorIsSetOnTheReceiptAsItIsNow() {
+        ReceiptStore store;
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
+        store.add(receipt);
+        receipt.summary = u"corrected"_s;
+        store.update(receipt);
+        store.setError(receipt.id, u"no answer"_s);
+        receipt.status = ReceiptStatus::error;
+        receipt.error = u"no answer"_s;
+        QCOMPARE(store.receipts(), QList{receipt});
+        QCOMPARE(ReceiptStore().receipts(), QList{receipt});
+        QSignalSpy changes(&store, &ReceiptStore::receiptsChanged);
+        store.setError(u"unknown"_s, u"no answer"_s);
+        QVERIFY(changes.isEmpty());
     }
 
     void updateWithAnotherMomentMovesTheRow_data() {
@@ -109,8 +126,7 @@ private Q_SLOTS:
         // All rows against all moments, on, between and outside those in the list.
         for (int row = 0; row < 5; ++row) {
             for (int second = 0; second <= 6; ++second) {
-                QTest::addRow("row %d to %d", row, second)
-                    << row << QStringLiteral("2025-01-01T00:00:0%1Z").arg(second);
+                QTest::addRow("row %d to %d", row, second) << row << u"2025-01-01T00:00:0%1Z"_s.arg(second);
             }
         }
     }
@@ -138,10 +154,10 @@ private Q_SLOTS:
 
     void updateOfAnUnknownReceiptWritesNothing() {
         ReceiptStore store;
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(freshReceipt(u"/w/a.pdf"_s));
         QVERIFY(QFile::remove(home_->receiptsFile()));
         QSignalSpy changes(&store, &ReceiptStore::receiptsChanged);
-        store.update(freshReceipt(QStringLiteral("/w/b.pdf")));
+        store.update(freshReceipt(u"/w/b.pdf"_s));
         QVERIFY(!QFileInfo::exists(home_->receiptsFile()));
         QVERIFY(changes.isEmpty());
         QCOMPARE(names(store.receipts()), list({"a.pdf"}));
@@ -149,48 +165,47 @@ private Q_SLOTS:
 
     void filePathsAreComparedExactly() {
         ReceiptStore store;
-        store.add(freshReceipt(QStringLiteral("/w/Caf\u00E9.pdf")));
-        QVERIFY(store.hasFilePath(QStringLiteral("/w/Caf\u00E9.pdf")));
-        QVERIFY(!store.hasFilePath(QStringLiteral("/w/caf\u00E9.pdf")));
-        QVERIFY(!store.hasFilePath(QStringLiteral("/w/Cafe\u0301.pdf")));
+        store.add(freshReceipt(u"/w/Caf\u00E9.pdf"_s));
+        QVERIFY(store.hasFilePath(u"/w/Caf\u00E9.pdf"_s));
+        QVERIFY(!store.hasFilePath(u"/w/caf\u00E9.pdf"_s));
+        QVERIFY(!store.hasFilePath(u"/w/Cafe\u0301.pdf"_s));
     }
 
     void filePathFollowsARename() {
         ReceiptStore store;
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         store.add(receipt);
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf"))); // two records of one path
-        receipt.filePath = QStringLiteral("/w/b.pdf");
+        store.add(freshReceipt(u"/w/a.pdf"_s)); // two records of one path
+        receipt.filePath = u"/w/b.pdf"_s;
         store.update(receipt);
-        QVERIFY(store.hasFilePath(QStringLiteral("/w/a.pdf")));
-        QVERIFY(store.hasFilePath(QStringLiteral("/w/b.pdf")));
+        QVERIFY(store.hasFilePath(u"/w/a.pdf"_s));
+        QVERIFY(store.hasFilePath(u"/w/b.pdf"_s));
     }
 
     void clearedPathsStayKnownAlsoAfterARestart() {
         {
             ReceiptStore store;
-            store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
-            store.add(freshReceipt(QStringLiteral("/w/b.pdf")));
+            store.add(freshReceipt(u"/w/a.pdf"_s));
+            store.add(freshReceipt(u"/w/b.pdf"_s));
             store.clearAll();
             QVERIFY(store.receipts().isEmpty());
-            QVERIFY(store.hasFilePath(QStringLiteral("/w/a.pdf")));
+            QVERIFY(store.hasFilePath(u"/w/a.pdf"_s));
         }
         QVERIFY(decodeReceipts(readFile(home_->receiptsFile()))->isEmpty());
-        QCOMPARE(*decodePaths(readFile(home_->ignoredFile())),
-                 (QSet<QString>{QStringLiteral("/w/a.pdf"), QStringLiteral("/w/b.pdf")}));
+        QCOMPARE(*decodePaths(readFile(home_->ignoredFile())), (QSet<QString>{u"/w/a.pdf"_s, u"/w/b.pdf"_s}));
         const ReceiptStore restarted;
         QVERIFY(restarted.receipts().isEmpty());
-        QVERIFY(restarted.hasFilePath(QStringLiteral("/w/a.pdf")));
-        QVERIFY(restarted.hasFilePath(QStringLiteral("/w/b.pdf")));
+        QVERIFY(restarted.hasFilePath(u"/w/a.pdf"_s));
+        QVERIFY(restarted.hasFilePath(u"/w/b.pdf"_s));
     }
 
     void ignoredPathsAccumulate() {
         ReceiptStore store;
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(freshReceipt(u"/w/a.pdf"_s));
         store.clearAll();
-        store.add(freshReceipt(QStringLiteral("/w/b.pdf")));
+        store.add(freshReceipt(u"/w/b.pdf"_s));
         store.clearAll();
-        QVERIFY(ReceiptStore().hasFilePath(QStringLiteral("/w/a.pdf")));
+        QVERIFY(ReceiptStore().hasFilePath(u"/w/a.pdf"_s));
     }
 
     void unknownStatusLoadsAsEmptyListAndIsReplacedByTheNextAdd() {
@@ -199,7 +214,7 @@ private Q_SLOTS:
                   R"("status": "finished"}])");
         ReceiptStore store;
         QVERIFY(store.receipts().isEmpty());
-        store.add(freshReceipt(QStringLiteral("/w/new.pdf")));
+        store.add(freshReceipt(u"/w/new.pdf"_s));
         QCOMPARE(names(*decodeReceipts(readFile(home_->receiptsFile()))), list({"new.pdf"}));
     }
 
@@ -207,12 +222,12 @@ private Q_SLOTS:
         writeFile(
             home_->receiptsFile(),
             R"([{"scannedAt":"2025-01-01T00:00:01Z","filePath":"/w/a.pdf","fileName":"a.pdf","id":"A"}])");
-        QVERIFY(ReceiptStore().hasFilePath(QStringLiteral("/w/a.pdf")));
+        QVERIFY(ReceiptStore().hasFilePath(u"/w/a.pdf"_s));
     }
 
     void damagedIgnoredFileGivesAnEmptySet() {
         writeFile(home_->ignoredFile(), R"(["/w/a.pdf", 1])");
-        QVERIFY(!ReceiptStore().hasFilePath(QStringLiteral("/w/a.pdf")));
+        QVERIFY(!ReceiptStore().hasFilePath(u"/w/a.pdf"_s));
     }
 
     void listThatWasNotUnderstoodIsKeptBesideTheNewOne() {
@@ -220,9 +235,9 @@ private Q_SLOTS:
         writeFile(home_->receiptsFile(), damaged);
         ReceiptStore store;
         QCOMPARE(readFile(home_->receiptsFile()), damaged); // starting alone changes nothing
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
-        store.add(freshReceipt(QStringLiteral("/w/b.pdf")));
-        const QStringList kept = damagedFiles(QStringLiteral("receipts.json"));
+        store.add(freshReceipt(u"/w/a.pdf"_s));
+        store.add(freshReceipt(u"/w/b.pdf"_s));
+        const QStringList kept = damagedFiles(u"receipts.json"_s);
         QCOMPARE(kept.size(), 1);
         QCOMPARE(readFile(kept.first()), damaged);
         QCOMPARE(ReceiptStore().receipts().size(), 2);
@@ -231,27 +246,27 @@ private Q_SLOTS:
     void ignoredPathsThatWereNotUnderstoodAreKeptBesideTheNewOnes() {
         writeFile(home_->ignoredFile(), R"(["/w/old.pdf", )");
         ReceiptStore store;
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
-        QVERIFY(damagedFiles(QStringLiteral("ignored.json")).isEmpty());
+        store.add(freshReceipt(u"/w/a.pdf"_s));
+        QVERIFY(damagedFiles(u"ignored.json"_s).isEmpty());
         store.clearAll();
-        const QStringList kept = damagedFiles(QStringLiteral("ignored.json"));
+        const QStringList kept = damagedFiles(u"ignored.json"_s);
         QCOMPARE(kept.size(), 1);
         QCOMPARE(readFile(kept.first()), QByteArray(R"(["/w/old.pdf", )"));
-        QVERIFY(ReceiptStore().hasFilePath(QStringLiteral("/w/a.pdf")));
+        QVERIFY(ReceiptStore().hasFilePath(u"/w/a.pdf"_s));
     }
 
     void firstStartKeepsNothingBeside() {
         ReceiptStore store;
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(freshReceipt(u"/w/a.pdf"_s));
         store.clearAll();
-        QCOMPARE(QDir(home_->path(QStringLiteral("data/Fennick"))).entryList(QDir::Files),
+        QCOMPARE(QDir(home_->path(u"data/Fennick"_s)).entryList(QDir::Files),
                  list({"ignored.json", "receipts.json"}));
     }
 
     void failedSaveKeepsTheListInMemory() {
         ReceiptStore store;
-        QVERIFY(QDir(home_->path(QStringLiteral("data/Fennick"))).removeRecursively());
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        QVERIFY(QDir(home_->path(u"data/Fennick"_s)).removeRecursively());
+        store.add(freshReceipt(u"/w/a.pdf"_s));
         QCOMPARE(names(store.receipts()), list({"a.pdf"}));
         QVERIFY(!QFileInfo::exists(home_->receiptsFile()));
     }
@@ -263,7 +278,7 @@ private Q_SLOTS:
         connect(&store, &ReceiptStore::receiptsAboutToChange, this,
                 [&] { before = store.receipts().size(); });
         connect(&store, &ReceiptStore::receiptsChanged, this, [&] { after = store.receipts().size(); });
-        store.add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(freshReceipt(u"/w/a.pdf"_s));
         QCOMPARE(before, 0);
         QCOMPARE(after, 1);
         store.clearAll();
@@ -278,11 +293,11 @@ private Q_SLOTS:
             const auto saved =
                 decodeReceipts(QFileInfo::exists(home_->receiptsFile()) ? readFile(home_->receiptsFile())
                                                                         : QByteArray("[]"));
-            savedThen.append(saved ? names(*saved).join(u',') : QStringLiteral("damaged"));
+            savedThen.append(saved ? names(*saved).join(u',') : u"damaged"_s);
         });
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         store.add(receipt);
-        receipt.fileName = QStringLiteral("b.pdf");
+        receipt.fileName = u"b.pdf"_s;
         store.update(receipt);
         store.clearAll();
         QCOMPARE(savedThen, list({"", "a.pdf", "b.pdf"}));
@@ -291,9 +306,9 @@ private Q_SLOTS:
 
 private:
     QStringList damagedFiles(const QString &name) const {
-        const QDir folder(home_->path(QStringLiteral("data/Fennick")));
+        const QDir folder(home_->path(u"data/Fennick"_s));
         QStringList paths;
-        for (const QString &each : folder.entryList({name + QStringLiteral(".damaged-*")}, QDir::Files)) {
+        for (const QString &each : folder.entryList({name + u".damaged-*"_s}, QDir::Files)) {
             paths.append(folder.filePath(each));
         }
         return paths;

@@ -6,51 +6,50 @@
 #include <QRegularExpression>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class ReceiptTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void freshReceiptIsProcessingAndOtherwiseEmpty() {
-        const Receipt receipt = freshReceipt(QStringLiteral("/watched/sub/Scan 1.pdf"));
-        QCOMPARE(receipt.fileName, QStringLiteral("Scan 1.pdf"));
-        QCOMPARE(receipt.filePath, QStringLiteral("/watched/sub/Scan 1.pdf"));
+        const Receipt receipt = freshReceipt(u"/watched/sub/Scan 1.pdf"_s);
+        QCOMPARE(receipt.fileName, u"Scan 1.pdf"_s);
+        QCOMPARE(receipt.filePath, u"/watched/sub/Scan 1.pdf"_s);
         QVERIFY(!receipt.date && !receipt.time && !receipt.amount && !receipt.currency && !receipt.location &&
                 !receipt.error);
-        QCOMPARE(receipt.category, QStringLiteral("misc"));
+        QCOMPARE(receipt.category, u"misc"_s);
         QVERIFY(receipt.summary.isEmpty());
         QCOMPARE(receipt.status, ReceiptStatus::processing);
         QVERIFY(!receipt.addedToPhotos);
     }
 
     void identifierIsAnUpperCaseUuidOfItsOwn() {
-        const QString id = freshReceipt(QStringLiteral("/a.pdf")).id;
+        const QString id = freshReceipt(u"/a.pdf"_s).id;
         const QRegularExpression uuid(
-            QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"));
+            u"^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"_s);
         QVERIFY2(uuid.match(id).hasMatch(), qPrintable(id));
-        QVERIFY(freshReceipt(QStringLiteral("/a.pdf")).id != id);
+        QVERIFY(freshReceipt(u"/a.pdf"_s).id != id);
     }
 
     void intakeMomentIsUtcWithWholeSeconds() {
         const QString before = QDateTime::currentDateTimeUtc().toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'");
-        const QString stamp = freshReceipt(QStringLiteral("/a.pdf")).scannedAt;
+        const QString stamp = freshReceipt(u"/a.pdf"_s).scannedAt;
         const QString after = QDateTime::currentDateTimeUtc().toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'");
         QVERIFY2(before <= stamp && stamp <= after, qPrintable(stamp));
         QCOMPARE(stamp.size(), 20);
     }
 
     void statusHasExactlyThreeRawValues() {
-        QCOMPARE(receiptStatusFromRawValue(QStringLiteral("processing")), ReceiptStatus::processing);
-        QCOMPARE(receiptStatusFromRawValue(QStringLiteral("done")), ReceiptStatus::done);
-        QCOMPARE(receiptStatusFromRawValue(QStringLiteral("error")), ReceiptStatus::error);
+        QCOMPARE(receiptStatusFromRawValue(u"processing"_s), ReceiptStatus::processing);
+        QCOMPARE(receiptStatusFromRawValue(u"done"_s), ReceiptStatus::done);
+        QCOMPARE(receiptStatusFromRawValue(u"error"_s), ReceiptStatus::error);
         for (const char *const text : {"Done", "DONE", "", "failed", "done "}) {
             QVERIFY2(!receiptStatusFromRawValue(QString::fromUtf8(text)), text);
         }
     }
 
-    void statusHashesLikeItsRawValue() {
-        QCOMPARE(qHash(ReceiptStatus::done, 7), ::qHash(QStringLiteral("done"), 7));
-    }
+    void statusHashesLikeItsRawValue() { QCOMPARE(qHash(ReceiptStatus::done, 7), ::qHash(u"done"_s, 7)); }
 
     void everyFieldCountsInEquality_data() {
         QTest::addColumn<int>("field");
@@ -60,10 +59,10 @@ private Q_SLOTS:
     }
     void everyFieldCountsInEquality() {
         QFETCH(int, field);
-        const Receipt receipt = freshReceipt(QStringLiteral("/a.pdf"));
+        const Receipt receipt = freshReceipt(u"/a.pdf"_s);
         Receipt other = receipt;
         QVERIFY(other == receipt);
-        const QString text = QStringLiteral("x");
+        const QString text = u"x"_s;
         switch (field) {
         case 0:
             other.id = text;
@@ -112,7 +111,7 @@ private Q_SLOTS:
     }
 
     void absentAndEmptyErrorDiffer() {
-        const Receipt receipt = freshReceipt(QStringLiteral("/a.pdf"));
+        const Receipt receipt = freshReceipt(u"/a.pdf"_s);
         Receipt other = receipt;
         other.error = QString();
         QVERIFY(!(other == receipt));
@@ -126,13 +125,12 @@ private Q_SLOTS:
     }
     void canonicallyEquivalentTextsAreEqual() {
         QFETCH(int, field);
-        const Receipt blank = freshReceipt(QStringLiteral("/a.pdf"));
-        const Receipt composed = withText(blank, field, QStringLiteral("Caf\u00E9 \u212B"));
-        const Receipt decomposed = withText(blank, field, QStringLiteral("Cafe\u0301 A\u030A"));
+        const Receipt blank = freshReceipt(u"/a.pdf"_s);
+        const Receipt composed = withText(blank, field, u"Caf\u00E9 \u212B"_s);
+        const Receipt decomposed = withText(blank, field, u"Cafe\u0301 A\u030A"_s);
         QVERIFY(composed == decomposed);
-        const Receipt compatible = withText(blank, field, QStringLiteral("\uFB01"));
-        QVERIFY(!(compatible ==
-                  withText(blank, field, QStringLiteral("fi")))); // looks alike, but is another text
+        const Receipt compatible = withText(blank, field, u"\uFB01"_s);
+        QVERIFY(!(compatible == withText(blank, field, u"fi"_s))); // looks alike, but is another text
     }
 
 private:

@@ -13,6 +13,7 @@
 #include <memory>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
@@ -49,7 +50,7 @@ class WholeFileTest : public QObject {
 private Q_SLOTS:
     void init() {
         folder_ = std::make_unique<QTemporaryDir>();
-        path_ = folder_->filePath(QStringLiteral("list.json"));
+        path_ = folder_->filePath(u"list.json"_s);
     }
 
     void missingFileIsEmptyAndIsMadePrivate() {
@@ -57,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(file.content().isEmpty());
         file.setDamaged(); // there is nothing to keep
         QVERIFY(file.rewrite("new"));
-        QCOMPARE(names(), QStringList{QStringLiteral("list.json")});
+        QCOMPARE(names(), QStringList{u"list.json"_s});
         QCOMPARE(readFile(path_), "new");
         QCOMPARE(QFileInfo(path_).permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
     }
@@ -69,7 +70,7 @@ private Q_SLOTS:
         QVERIFY(file.rewrite("new"));
         QCOMPARE(names().size(), 2);
         static const QRegularExpression name(
-            QStringLiteral("^list\\.json\\.damaged-\\d{4}-\\d\\d-\\d\\dT\\d\\d-\\d\\d-\\d\\d$"));
+            u"^list\\.json\\.damaged-\\d{4}-\\d\\d-\\d\\dT\\d\\d-\\d\\d-\\d\\d$"_s);
         QVERIFY2(name.match(names().last()).hasMatch(), qPrintable(names().last()));
         QCOMPARE(readFile(folder_->filePath(names().last())), "damaged");
         QCOMPARE(readFile(path_), "new");
@@ -97,7 +98,7 @@ private Q_SLOTS:
         WholeFile file(path_);
         QVERIFY(file.rewrite("new"));
         QCOMPARE(readFile(path_), "new");
-        QCOMPARE(names(), QStringList{QStringLiteral("list.json")});
+        QCOMPARE(names(), QStringList{u"list.json"_s});
     }
 
     void fileInAFolderThatMayNotBeWrittenStays() {
@@ -107,7 +108,7 @@ private Q_SLOTS:
         const auto saved = WholeFile(path_).rewrite("new");
         QVERIFY(
             QFile::setPermissions(folder_->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-        QCOMPARE(saved.error(), QStringLiteral("Permission denied"));
+        QCOMPARE(saved.error(), u"Permission denied"_s);
         QCOMPARE(readFile(path_), "old");
     }
 
@@ -117,7 +118,7 @@ private Q_SLOTS:
     }
 
     void targetOfALinkIsReplaced() {
-        const QString target = folder_->filePath(QStringLiteral("target.json"));
+        const QString target = folder_->filePath(u"target.json"_s);
         writeFile(target, "old");
         QVERIFY(QFile::link(target, path_));
         QCOMPARE(WholeFile(path_).content(), "old");

@@ -11,6 +11,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Format = ExportService::Format;
 
 class ArchiveTest : public QObject {
@@ -25,19 +26,19 @@ private Q_SLOTS:
     void cleanup() { pipeline_.reset(); }
 
     void archiveLiesInTheWatchedFolderUnlessOneIsChosen() {
-        const QString inWatched = pipeline_->path(QStringLiteral("Receipt Archive"));
+        const QString inWatched = pipeline_->path(u"Receipt Archive"_s);
         QCOMPARE(appState().archiveRoot(), inWatched);
         settings().setArchiveFolderPath(QString()); // present but empty
         QCOMPARE(appState().archiveRoot(), inWatched);
-        settings().setArchiveFolderPath(QStringLiteral("/archive/"));
-        QCOMPARE(appState().archiveRoot(), QStringLiteral("/archive"));
-        QCOMPARE(appState().archiveDestinationPath(), QStringLiteral("/archive/") + stamp_);
+        settings().setArchiveFolderPath(u"/archive/"_s);
+        QCOMPARE(appState().archiveRoot(), u"/archive"_s);
+        QCOMPARE(appState().archiveDestinationPath(), u"/archive/"_s + stamp_);
     }
 
     void destinationWithoutAnyFolderIsTheBareName() {
         settings().setWatchFolderPath(std::nullopt);
         QVERIFY(!appState().archiveRoot());
-        QCOMPARE(appState().archiveDestinationPath(), QStringLiteral("Receipt Archive/") + stamp_);
+        QCOMPARE(appState().archiveDestinationPath(), u"Receipt Archive/"_s + stamp_);
         settings().setWatchFolderPath(QString());
         QVERIFY(!appState().archiveRoot());
     }
@@ -46,21 +47,21 @@ private Q_SLOTS:
         list("a.pdf");
         settings().setWatchFolderPath(std::nullopt);
         appState().archiveAndClear(Format::csv);
-        QCOMPARE(appState().lastError(), QStringLiteral("No archive location set — choose one in Settings."));
+        QCOMPARE(appState().lastError(), u"No archive location set — choose one in Settings."_s);
         QCOMPARE(pipeline_->receipts().size(), 1);
     }
 
     void emptyListMakesNoFolderAndNoError() {
         appState().archiveAndClear(Format::csv);
         QVERIFY(!appState().lastError());
-        QVERIFY(!QFileInfo::exists(pipeline_->path(QStringLiteral("Receipt Archive"))));
+        QVERIFY(!QFileInfo::exists(pipeline_->path(u"Receipt Archive"_s)));
     }
 
     void ledgerAndFilesMoveAndTheListIsCleared() {
         const QString path = list("a.pdf");
         const QString ledger = ExportService::buildCSV(pipeline_->receipts());
         appState().archiveAndClear(Format::csv);
-        QCOMPARE(archived(), (QStringList{QStringLiteral("a.pdf"), ledgerName(".csv")}));
+        QCOMPARE(archived(), (QStringList{u"a.pdf"_s, ledgerName(".csv")}));
         QCOMPARE(QString::fromUtf8(readFile(archivePath(ledgerName(".csv")))), ledger);
         QVERIFY(!QFileInfo::exists(path));
         QVERIFY(pipeline_->receipts().isEmpty());
@@ -79,8 +80,8 @@ private Q_SLOTS:
         appState().archiveAndClear(Format::csv);
         list("b.pdf");
         appState().archiveAndClear(Format::csv);
-        QCOMPARE(archived(), (QStringList{QStringLiteral("a.pdf"), QStringLiteral("b.pdf"),
-                                          ledgerName(" (2).csv"), ledgerName(".csv")}));
+        QCOMPARE(archived(),
+                 (QStringList{u"a.pdf"_s, u"b.pdf"_s, ledgerName(" (2).csv"), ledgerName(".csv")}));
     }
 
     void filesOfTheSameNameAreNumbered() {
@@ -89,8 +90,7 @@ private Q_SLOTS:
         list("three/name");
         list("four/name");
         appState().archiveAndClear(Format::csv);
-        QCOMPARE(archived(), (QStringList{QStringLiteral("name"), QStringLiteral("name (2)"),
-                                          QStringLiteral("name (2).pdf"), QStringLiteral("name.pdf"),
+        QCOMPARE(archived(), (QStringList{u"name"_s, u"name (2)"_s, u"name (2).pdf"_s, u"name.pdf"_s,
                                           ledgerName(".csv")}));
     }
 
@@ -103,26 +103,26 @@ private Q_SLOTS:
     void nameThatBeginsWithAColonStaysInItsFolder() {
         QFETCH(QString, name);
         list(name.toUtf8().constData());
-        list(QStringLiteral("other/%1").arg(name).toUtf8().constData());
+        list(u"other/%1"_s.arg(name).toUtf8().constData());
         appState().archiveAndClear(Format::csv);
         QCOMPARE(archived().size(), 3); // with the ledger
         QCOMPARE(readFile(archivePath(lastPathComponent(name))), "content");
     }
 
     void droppedNameThatBeginsWithAColonIsCopiedIntoTheFolder() {
-        const QString dropped = surroundings_.home.path(QStringLiteral("desktop/:receipt.pdf"));
+        const QString dropped = surroundings_.home.path(u"desktop/:receipt.pdf"_s);
         writeFile(dropped, "dropped");
         appState().copyIntoWatchFolder({dropped});
-        const QString copy = pipeline_->path(QStringLiteral(":receipt.pdf"));
+        const QString copy = pipeline_->path(u":receipt.pdf"_s);
         QVERIFY(waitUntil([&] { return QFile::exists(copy) && !readFile(copy).isEmpty(); }));
-        QVERIFY(!QFile::exists(QStringLiteral(":receipt.pdf")));
+        QVERIFY(!QFile::exists(u":receipt.pdf"_s));
     }
 
     void missingFileIsPassedOverButListedInTheLedger() {
         QFile::remove(list("gone.pdf"));
         list("here.pdf");
         appState().archiveAndClear(Format::csv);
-        QCOMPARE(archived(), (QStringList{QStringLiteral("here.pdf"), ledgerName(".csv")}));
+        QCOMPARE(archived(), (QStringList{u"here.pdf"_s, ledgerName(".csv")}));
         QVERIFY(readFile(archivePath(ledgerName(".csv"))).contains("gone.pdf"));
         QVERIFY(pipeline_->receipts().isEmpty());
     }
@@ -130,7 +130,7 @@ private Q_SLOTS:
     void everyStatusIsArchivedAlike() {
         for (const auto status : {ReceiptStatus::processing, ReceiptStatus::error}) {
             Receipt receipt = finishedReceipt(QString());
-            receipt.filePath = pipeline_->path(rawValue(status) + QStringLiteral(".txt"));
+            receipt.filePath = pipeline_->path(rawValue(status) + u".txt"_s);
             receipt.status = status;
             writeFile(receipt.filePath, "x");
             pipeline_->store->add(receipt);
@@ -141,7 +141,7 @@ private Q_SLOTS:
 
     void folderThatCannotBeMadeKeepsEverything() {
         const QString path = list("a.pdf");
-        writeFile(pipeline_->path(QStringLiteral("Receipt Archive")), "a file where the folder should be");
+        writeFile(pipeline_->path(u"Receipt Archive"_s), "a file where the folder should be");
         appState().archiveAndClear(Format::csv);
         QVERIFY2(appState().lastError()->startsWith(u"Couldn't create archive folder: "),
                  qPrintable(*appState().lastError()));
@@ -151,7 +151,7 @@ private Q_SLOTS:
     }
 
     void archivedFilesAreNotTakenInAgain() {
-        pipeline_->drop(QStringLiteral("a.png"), "picture");
+        pipeline_->drop(u"a.png"_s, "picture");
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         appState().archiveAndClear(Format::csv);
         letTimePass(1500);
@@ -162,18 +162,17 @@ private Q_SLOTS:
     }
 
     void otherFileSystemIsNoObstacle() {
-        QTemporaryDir elsewhere(QStringLiteral("/dev/shm/fennick-archive-XXXXXX"));
+        QTemporaryDir elsewhere(u"/dev/shm/fennick-archive-XXXXXX"_s);
         if (!elsewhere.isValid()) {
             QSKIP("No second file system to archive to");
         }
         settings().setArchiveFolderPath(elsewhere.path());
         const QString path = list("a.pdf", QByteArray(3'000'000, 'x'));
         appState().archiveAndClear(Format::csv);
-        QCOMPARE(readFile(elsewhere.filePath(stamp_ + QStringLiteral("/a.pdf"))), QByteArray(3'000'000, 'x'));
+        QCOMPARE(readFile(elsewhere.filePath(stamp_ + u"/a.pdf"_s)), QByteArray(3'000'000, 'x'));
         QVERIFY(!QFileInfo::exists(path));
-        const QStringList hidden = QDir(elsewhere.filePath(stamp_))
-                                       .entryList(QDir::Files | QDir::Hidden)
-                                       .filter(QStringLiteral(".moving"));
+        const QStringList hidden =
+            QDir(elsewhere.filePath(stamp_)).entryList(QDir::Files | QDir::Hidden).filter(u".moving"_s);
         QVERIFY(hidden.isEmpty());
     }
 
@@ -191,13 +190,13 @@ private:
     }
 
     QString archivePath(const QString &name) const {
-        return pipeline_->path(QStringLiteral("Receipt Archive/") + stamp_ + u'/' + name);
+        return pipeline_->path(u"Receipt Archive/"_s + stamp_ + u'/' + name);
     }
 
     QStringList archived() const { return QDir(archivePath(QString())).entryList(QDir::Files, QDir::Name); }
 
     QString ledgerName(const char *ending) const {
-        return QStringLiteral("receipts-") + stamp_ + QString::fromUtf8(ending);
+        return u"receipts-"_s + stamp_ + QString::fromUtf8(ending);
     }
 
     Surroundings surroundings_;

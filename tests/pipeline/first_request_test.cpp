@@ -9,6 +9,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
 using std::chrono::system_clock;
 
@@ -49,7 +50,7 @@ private:
     // Writes a new file bit by bit; returns whether no two writes were as far apart as `fewest`.
     bool growsWithoutALongPause(int writes, int pause) {
         pipeline_->start();
-        QFile file(pipeline_->path(QStringLiteral("a.pdf")));
+        QFile file(pipeline_->path(u"a.pdf"_s));
         file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
         file.write("x");
         lastWrite_ = system_clock::now();

@@ -12,6 +12,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Format = ExportService::Format;
 
 namespace {
@@ -36,7 +37,7 @@ private Q_SLOTS:
     void cleanupTestCase() { surroundings_.reset(); }
 
     void init() {
-        disk_ = surroundings_->home.path(QStringLiteral("disk-%1").arg(++number_));
+        disk_ = surroundings_->home.path(u"disk-%1"_s.arg(++number_));
         QDir().mkpath(disk_);
         QVERIFY(mountSmallFileSystem(disk_, kibibytes));
         pipeline_ = std::make_unique<PipelineUnderTest>(*surroundings_);
@@ -52,11 +53,11 @@ private Q_SLOTS:
     }
 
     void listThatCannotBeSavedStaysAsItWasAndIsSavedWhenThereIsRoom() {
-        putOnDisk(QStringLiteral("data/Fennick"));
+        putOnDisk(u"data/Fennick"_s);
         ReceiptStore store;
-        store.add(finishedReceipt(QStringLiteral("/w/first.pdf")));
+        store.add(finishedReceipt(u"/w/first.pdf"_s));
         fill();
-        Receipt large = finishedReceipt(QStringLiteral("/w/second.pdf"));
+        Receipt large = finishedReceipt(u"/w/second.pdf"_s);
         large.summary = QString(20000, u'x');
         store.add(large);
         QCOMPARE(store.receipts().size(), 2);
@@ -65,50 +66,50 @@ private Q_SLOTS:
         makeRoom();
         store.add(large);
         QCOMPARE(ReceiptStore().receipts().size(), 1);
-        QCOMPARE(ReceiptStore().receipts().first().filePath, QStringLiteral("/w/second.pdf"));
-        QVERIFY(ReceiptStore().hasFilePath(QStringLiteral("/w/second.pdf")));
+        QCOMPARE(ReceiptStore().receipts().first().filePath, u"/w/second.pdf"_s);
+        QVERIFY(ReceiptStore().hasFilePath(u"/w/second.pdf"_s));
     }
 
     void damagedListIsKeptOnAFullDisk() {
-        putOnDisk(QStringLiteral("data/Fennick"));
+        putOnDisk(u"data/Fennick"_s);
         writeFile(surroundings_->home.receiptsFile(), "[{\"id\": ");
         fill();
         ReceiptStore store;
-        Receipt large = finishedReceipt(QStringLiteral("/w/second.pdf"));
+        Receipt large = finishedReceipt(u"/w/second.pdf"_s);
         large.summary = QString(20000, u'x');
         store.add(large);
         QByteArray kept;
-        const QDir folder(surroundings_->home.path(QStringLiteral("data/Fennick")));
-        for (const QString &name : folder.entryList({QStringLiteral("receipts.json*")}, QDir::Files)) {
+        const QDir folder(surroundings_->home.path(u"data/Fennick"_s));
+        for (const QString &name : folder.entryList({u"receipts.json*"_s}, QDir::Files)) {
             kept += readFile(folder.filePath(name)).left(8);
         }
         QVERIFY2(kept.contains("[{\"id\": "), kept.constData());
     }
 
     void ledgerThatCannotBeWrittenLeavesTheOlderOne() {
-        const QString ledger = disk_ + QStringLiteral("/ledger.csv");
+        const QString ledger = disk_ + u"/ledger.csv"_s;
         writeFile(ledger, "older");
         fill();
-        const QList<Receipt> receipts(500, finishedReceipt(QStringLiteral("/w/a.pdf")));
+        const QList<Receipt> receipts(500, finishedReceipt(u"/w/a.pdf"_s));
         QVERIFY(!ExportService::writeLedger(receipts, Format::csv, ledger));
         QCOMPARE(readFile(ledger), "older");
-        QCOMPARE(entries(disk_), (QStringList{QStringLiteral("filler"), QStringLiteral("ledger.csv")}));
+        QCOMPARE(entries(disk_), (QStringList{u"filler"_s, u"ledger.csv"_s}));
     }
 
     void archiveOnAFullDiskMovesNothingHalfwayAndClears() {
         pipeline_->start();
         pipeline_->settings->setArchiveFolderPath(disk_);
         const QByteArray content(100000, 'r');
-        const QString small = list(QStringLiteral("small.txt"), "s");
-        const QString large = list(QStringLiteral("large.txt"), content);
+        const QString small = list(u"small.txt"_s, "s");
+        const QString large = list(u"large.txt"_s, content);
         fill(8);
         pipeline_->appState->archiveAndClear(Format::csv);
         const QString archive = disk_ + u'/' + AppState::dateStamp();
         QVERIFY(pipeline_->receipts().isEmpty());
-        QVERIFY(!QFileInfo::exists(archive + QStringLiteral("/large.txt")));
+        QVERIFY(!QFileInfo::exists(archive + u"/large.txt"_s));
         QCOMPARE(readFile(large), content); // it stays, and is not taken in again
         QVERIFY(pipeline_->store->hasFilePath(large));
-        QCOMPARE(readFile(archive + QStringLiteral("/small.txt")), "s");
+        QCOMPARE(readFile(archive + u"/small.txt"_s), "s");
         QVERIFY(!QFileInfo::exists(small));
         for (const QString &name : entries(archive)) {
             QVERIFY2(!name.startsWith(u'.'), qPrintable(name));
@@ -118,26 +119,26 @@ private Q_SLOTS:
     void ledgerThatCannotBeWrittenKeepsNoFileFromBeingArchived() {
         pipeline_->start();
         pipeline_->settings->setArchiveFolderPath(disk_);
-        Receipt receipt = finishedReceipt(disk_ + QStringLiteral("/a.txt"));
+        Receipt receipt = finishedReceipt(disk_ + u"/a.txt"_s);
         receipt.summary = QString(20000, u'x');
         writeFile(receipt.filePath, "content");
         pipeline_->store->add(receipt);
         fill(8);
         pipeline_->appState->archiveAndClear(Format::csv);
         const QString archive = disk_ + u'/' + AppState::dateStamp();
-        QCOMPARE(entries(archive), QStringList{QStringLiteral("a.txt")});
-        QCOMPARE(readFile(archive + QStringLiteral("/a.txt")), "content");
+        QCOMPARE(entries(archive), QStringList{u"a.txt"_s});
+        QCOMPARE(readFile(archive + u"/a.txt"_s), "content");
         QVERIFY(pipeline_->receipts().isEmpty());
         QCOMPARE(pipeline_->appState->lastError(), std::nullopt);
     }
 
     void archiveFolderThatCannotBeMadeKeepsTheList() {
         pipeline_->start();
-        const QString tiny = surroundings_->home.path(QStringLiteral("no-inodes"));
+        const QString tiny = surroundings_->home.path(u"no-inodes"_s);
         QDir().mkpath(tiny);
         QVERIFY(mountFileSystemWithoutInodes(tiny));
         pipeline_->settings->setArchiveFolderPath(tiny);
-        const QString path = list(QStringLiteral("a.txt"), "content");
+        const QString path = list(u"a.txt"_s, "content");
         pipeline_->appState->archiveAndClear(Format::csv);
         QVERIFY(pipeline_->appState->lastError()->startsWith(u"Couldn't create archive folder: "));
         QCOMPARE(pipeline_->receipts().size(), 1);
@@ -146,7 +147,7 @@ private Q_SLOTS:
     }
 
     void fullTemporaryFolderFailsTheDelivery() {
-        putOnDisk(QStringLiteral("tmp"));
+        putOnDisk(u"tmp"_s);
         fill(4);
         deliver();
         QVERIFY2(pipeline_->appState->lastError()->startsWith(u"Photos export failed: "),
@@ -155,7 +156,7 @@ private Q_SLOTS:
     }
 
     void fullPhotoLibraryFailsTheDeliveryAndHoldsNothing() {
-        putOnDisk(QStringLiteral("Pictures"));
+        putOnDisk(u"Pictures"_s);
         fill(4);
         deliver();
         QVERIFY2(pipeline_->appState->lastError()->startsWith(
@@ -165,8 +166,8 @@ private Q_SLOTS:
     }
 
     void fileIsRenamedOnAFullDisk() {
-        putOnDisk(QStringLiteral("watched-full"));
-        const QString path = surroundings_->home.path(QStringLiteral("watched-full/scan.pdf"));
+        putOnDisk(u"watched-full"_s);
+        const QString path = surroundings_->home.path(u"watched-full/scan.pdf"_s);
         writeFile(path, "a receipt");
         fill();
         pipeline_->start();
@@ -182,7 +183,7 @@ private:
     void putOnDisk(const QString &folder) {
         const QString path = surroundings_->home.path(folder);
         QDir(path).removeRecursively();
-        const QString place = disk_ + QStringLiteral("/place");
+        const QString place = disk_ + u"/place"_s;
         QDir().mkpath(place);
         QDir().mkpath(QFileInfo(path).path());
         QVERIFY(QFile::link(place, path));
@@ -191,14 +192,14 @@ private:
 
     // Fills the disk but for `remaining` KiB.
     void fill(int remaining = 0) {
-        QFile filler(disk_ + QStringLiteral("/filler"));
+        QFile filler(disk_ + u"/filler"_s);
         QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         const QByteArray block(4096, 'f');
         while (filler.write(block) == block.size()) {
         }
         filler.resize(std::max<qint64>(0, filler.size() - remaining * 1024));
     }
-    void makeRoom() { QVERIFY(QFile::remove(disk_ + QStringLiteral("/filler"))); }
+    void makeRoom() { QVERIFY(QFile::remove(disk_ + u"/filler"_s)); }
 
     QString list(const QString &name, const QByteArray &content) {
         const QString path = pipeline_->path(name);
@@ -210,7 +211,7 @@ private:
     void deliver() {
         pipeline_->start();
         pipeline_->settings->setAddToPhotos(true);
-        Receipt receipt = finishedReceipt(pipeline_->path(QStringLiteral("receipt.txt.pdf")));
+        Receipt receipt = finishedReceipt(pipeline_->path(u"receipt.txt.pdf"_s));
         pipeline_->store->add(receipt);
         writeFile(receipt.filePath, stripedPdf(2));
         pipeline_->appState->pushToPhotos(receipt);

@@ -14,13 +14,14 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 // Bytes, as the limit counts them.
 rlim_t dataOfThisProcess() {
-    const QByteArray status = readFile(QStringLiteral("/proc/self/status"));
+    const QByteArray status = readFile(u"/proc/self/status"_s);
     const qsizetype start = status.indexOf("VmData:") + 7;
     return status.mid(start, status.indexOf("kB", start) - start).trimmed().toULongLong() * 1024;
 }
@@ -39,8 +40,8 @@ private Q_SLOTS:
 
     void folderNamedLikeAReceiptBecomesAFailedRow() {
         pipeline_->start();
-        QDir().mkpath(pipeline_->path(QStringLiteral("folder.pdf")));
-        if (QFileInfo(pipeline_->path(QStringLiteral("folder.pdf"))).size() == 0) {
+        QDir().mkpath(pipeline_->path(u"folder.pdf"_s));
+        if (QFileInfo(pipeline_->path(u"folder.pdf"_s)).size() == 0) {
             QSKIP("Folders have no size on this file system");
         }
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
@@ -58,11 +59,10 @@ private Q_SLOTS:
     void linkNamedLikeAReceiptBecomesAFailedRow() {
         QFETCH(bool, isDangling);
         QFETCH(bool, isThereBefore);
-        const QString secret = surroundings_.home.path(QStringLiteral("id_rsa"));
+        const QString secret = surroundings_.home.path(u"id_rsa"_s);
         writeFile(secret, "a key");
         const auto makeLink = [&] {
-            QFile::link(isDangling ? QStringLiteral("/nowhere/a.pdf") : secret,
-                        pipeline_->path(QStringLiteral("x.pdf")));
+            QFile::link(isDangling ? u"/nowhere/a.pdf"_s : secret, pipeline_->path(u"x.pdf"_s));
         };
         if (isThereBefore) {
             makeLink();
@@ -73,14 +73,14 @@ private Q_SLOTS:
         }
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         QCOMPARE(pipeline_->receipts().first().error,
-                 QStringLiteral("The file is a link. Put the file itself into the folder to scan it."));
+                 u"The file is a link. Put the file itself into the folder to scan it."_s);
         pipeline_->appState->retry(pipeline_->receipts().first());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         QVERIFY(pipeline_->server.requests().isEmpty());
 
-        pipeline_->drop(QStringLiteral("y.pdf"), "itself");
-        QVERIFY(QFile::remove(pipeline_->path(QStringLiteral("x.pdf"))));
-        pipeline_->drop(QStringLiteral("x.pdf"), "itself");
+        pipeline_->drop(u"y.pdf"_s, "itself");
+        QVERIFY(QFile::remove(pipeline_->path(u"x.pdf"_s)));
+        pipeline_->drop(u"x.pdf"_s, "itself");
         pipeline_->appState->retry(pipeline_->receipts().first());
         QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
     }
@@ -95,7 +95,7 @@ private Q_SLOTS:
     }
     void fileExchangedAfterItsIntakeIsNotSent() {
         QFETCH(int, exchange);
-        const QString secret = surroundings_.home.path(QStringLiteral("secret/a.pdf"));
+        const QString secret = surroundings_.home.path(u"secret/a.pdf"_s);
         writeFile(secret, "a receipt");
         pipeline_->start();
         connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [&](const auto &change) {
@@ -104,7 +104,7 @@ private Q_SLOTS:
             }
             const QString path = pipeline_->receipts().first().filePath;
             if (exchange != 4) {
-                QVERIFY(QFile::rename(path, pipeline_->path(QStringLiteral("kept"))));
+                QVERIFY(QFile::rename(path, pipeline_->path(u"kept"_s)));
             }
             switch (exchange) {
             case 0:
@@ -124,12 +124,12 @@ private Q_SLOTS:
                 QVERIFY(QFile::resize(path, 3LL << 30));
             }
         });
-        pipeline_->drop(QStringLiteral("sub/a.pdf"));
+        pipeline_->drop(u"sub/a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         QVERIFY2(pipeline_->receipts().first().error->startsWith(u"Failed to read file: "),
                  qPrintable(*pipeline_->receipts().first().error));
         QVERIFY(pipeline_->server.requests().isEmpty());
-        pipeline_->drop(QStringLiteral("next.pdf"), "the next");
+        pipeline_->drop(u"next.pdf"_s, "the next");
         QVERIFY(waitUntil([this] { return !pipeline_->server.requests().isEmpty(); }));
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"the next"});
         QVERIFY(waitUntil([this] { return pipeline_->listedNames().contains(finalName); }));
@@ -148,10 +148,10 @@ private Q_SLOTS:
         });
         const int pipes = QThread::idealThreadCount() + 1;
         for (int pipe = 0; pipe < pipes; ++pipe) {
-            pipeline_->drop(QStringLiteral("pipe-%1.pdf").arg(pipe));
+            pipeline_->drop(u"pipe-%1.pdf"_s.arg(pipe));
         }
         QVERIFY(pipeline_->waitForRows(pipes, ReceiptStatus::error));
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(waitUntil([this] { return pipeline_->listedNames().contains(finalName); }));
     }
 
@@ -163,16 +163,16 @@ private Q_SLOTS:
     }
     void giantBecomesAFailedRow() {
         QFETCH(qint64, size);
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->drop(u"a.pdf"_s);
         if (!QFile::resize(path, size)) {
             QSKIP("This file system has no files of this size");
         }
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("The file is larger than 100 MB."));
+        QCOMPARE(pipeline_->receipts().first().error, u"The file is larger than 100 MB."_s);
         pipeline_->appState->retry(pipeline_->receipts().first());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("The file is larger than 100 MB."));
+        QCOMPARE(pipeline_->receipts().first().error, u"The file is larger than 100 MB."_s);
         QVERIFY(pipeline_->server.requests().isEmpty());
     }
 
@@ -191,13 +191,12 @@ private Q_SLOTS:
                 QCOMPARE(::setrlimit(RLIMIT_DATA, &little), 0);
             }
         });
-        const QString path = pipeline_->path(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->path(u"a.pdf"_s);
         QVERIFY(QFile(path).open(QIODevice::WriteOnly) && QFile::resize(path, 99'000'000));
         const bool hasFailed = pipeline_->waitForRows(1, ReceiptStatus::error);
         ::setrlimit(RLIMIT_DATA, &usual);
         QVERIFY(hasFailed);
-        QCOMPARE(pipeline_->receipts().first().error,
-                 QStringLiteral("There is not enough memory for this file."));
+        QCOMPARE(pipeline_->receipts().first().error, u"There is not enough memory for this file."_s);
 #endif
     }
 

@@ -11,6 +11,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
 
 namespace {
@@ -29,14 +30,14 @@ private Q_SLOTS:
 
     void fileThatIsDroppedIsScannedRenamedAndListed() {
         pipeline_->start();
-        pipeline_->drop(QStringLiteral("Receipt.PDF"));
+        pipeline_->drop(u"Receipt.PDF"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QCOMPARE(pipeline_->listedNames(), QStringList{finalName});
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"a receipt"});
     }
 
     void otherKindsOfFilesAreLeftAlone() {
-        pipeline_->drop(QStringLiteral("old.txt"));
+        pipeline_->drop(u"old.txt"_s);
         pipeline_->start();
         for (const char *const name : {"notes.txt", "scan.tiff", "receipt", "archive.pdf.zip", "pdf"}) {
             pipeline_->drop(QString::fromUtf8(name));
@@ -58,19 +59,19 @@ private Q_SLOTS:
         slow.delay = milliseconds(400);
         pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
         pipeline_->start();
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->drop(u"a.pdf"_s);
         QVERIFY(waitUntil([&] { return pipeline_->receipts().size() == 1; }));
         const Receipt receipt = pipeline_->receipts().first();
         QCOMPARE(receipt.status, ReceiptStatus::processing);
         QCOMPARE(receipt.filePath, path);
-        QCOMPARE(receipt.category, QStringLiteral("misc"));
+        QCOMPARE(receipt.category, u"misc"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
     }
 
     void tenWritesWithinTheDebounceLeadToOneRequest() {
         pipeline_->start();
         for (int write = 1; write <= 10; ++write) {
-            pipeline_->drop(QStringLiteral("a.pdf"), QByteArray(write, 'x'));
+            pipeline_->drop(u"a.pdf"_s, QByteArray(write, 'x'));
             letTimePass(20);
         }
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
@@ -80,25 +81,25 @@ private Q_SLOTS:
 
     void emptyFileIsRefusedUntilSomethingIsWritten() {
         pipeline_->start();
-        pipeline_->drop(QStringLiteral("a.pdf"), "");
+        pipeline_->drop(u"a.pdf"_s, "");
         letTimePass(longEnoughToBeTakenIn);
         QVERIFY(pipeline_->receipts().isEmpty());
-        pipeline_->drop(QStringLiteral("a.pdf"), "content");
+        pipeline_->drop(u"a.pdf"_s, "content");
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
     }
 
     void emptyFileIsRefusedByTheInitialScan() {
-        pipeline_->drop(QStringLiteral("a.pdf"), "");
+        pipeline_->drop(u"a.pdf"_s, "");
         pipeline_->start();
         letTimePass(longEnoughToBeTakenIn);
         QVERIFY(pipeline_->receipts().isEmpty());
     }
 
     void fileThatGrowsDuringTheWaitIsNeverSentInPart() {
-        pipeline_->drop(QStringLiteral("a.pdf"), "first half,");
+        pipeline_->drop(u"a.pdf"_s, "first half,");
         pipeline_->start(); // the initial scan begins its wait at once
         letTimePass(250);
-        QFile file(pipeline_->path(QStringLiteral("a.pdf")));
+        QFile file(pipeline_->path(u"a.pdf"_s));
         QVERIFY(file.open(QIODevice::Append));
         file.write(" second half");
         file.close();
@@ -107,8 +108,8 @@ private Q_SLOTS:
     }
 
     void fileThatKeepsGrowingHoldsUpNoOther() {
-        const QString growing = pipeline_->drop(QStringLiteral("a.pdf"), "x");
-        pipeline_->drop(QStringLiteral("b.pdf"), "small");
+        const QString growing = pipeline_->drop(u"a.pdf"_s, "x");
+        pipeline_->drop(u"b.pdf"_s, "small");
         QTimer writer;
         connect(&writer, &QTimer::timeout, this, [&] {
             QFile file(growing);
@@ -127,10 +128,10 @@ private Q_SLOTS:
 
     void vanishedFileIsForgotten() {
         pipeline_->start();
-        QFile::remove(pipeline_->drop(QStringLiteral("a.pdf")));
-        QFile::remove(pipeline_->drop(QStringLiteral("b.pdf")));
+        QFile::remove(pipeline_->drop(u"a.pdf"_s));
+        QFile::remove(pipeline_->drop(u"b.pdf"_s));
         letTimePass(500);
-        pipeline_->drop(QStringLiteral("b.pdf"), "again");
+        pipeline_->drop(u"b.pdf"_s, "again");
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"again"});
@@ -139,47 +140,46 @@ private Q_SLOTS:
     void archivesAreLeftAlone_data() {
         QTest::addColumn<QString>("archive");
         QTest::addColumn<bool>("isConfigured");
-        QTest::newRow("default archive") << QStringLiteral("Receipt Archive/2025-03-03") << false;
-        QTest::newRow("configured") << QStringLiteral("Done") << true;
-        QTest::newRow("configured with a slash") << QStringLiteral("Done/") << true;
-        QTest::newRow("configured with two slashes") << QStringLiteral("Done//") << true;
-        QTest::newRow("configured with a detour") << QStringLiteral("x/../Done") << true;
+        QTest::newRow("default archive") << u"Receipt Archive/2025-03-03"_s << false;
+        QTest::newRow("configured") << u"Done"_s << true;
+        QTest::newRow("configured with a slash") << u"Done/"_s << true;
+        QTest::newRow("configured with two slashes") << u"Done//"_s << true;
+        QTest::newRow("configured with a detour") << u"x/../Done"_s << true;
     }
     void archivesAreLeftAlone() {
         QFETCH(QString, archive);
         QFETCH(bool, isConfigured);
         const QString folder = QDir::cleanPath(archive);
-        pipeline_->drop(folder + QStringLiteral("/existing.pdf"));
-        pipeline_->drop(folder.section(u'/', 0, 0) + QStringLiteral("-not/existing.pdf"), "neighbour");
+        pipeline_->drop(folder + u"/existing.pdf"_s);
+        pipeline_->drop(folder.section(u'/', 0, 0) + u"-not/existing.pdf"_s, "neighbour");
         pipeline_->start();
         if (isConfigured) {
             pipeline_->settings->setArchiveFolderPath(pipeline_->path(archive));
         }
-        pipeline_->drop(folder + QStringLiteral("/new.pdf"));
-        pipeline_->drop(folder + QStringLiteral("/deep/new.pdf"));
+        pipeline_->drop(folder + u"/new.pdf"_s);
+        pipeline_->drop(folder + u"/deep/new.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"neighbour"});
     }
 
     void initialScanSkipsWhatIsHiddenAndDescendsElsewhere() {
-        pipeline_->drop(QStringLiteral(".hidden.pdf"), "hidden");
-        pipeline_->drop(QStringLiteral(".folder/a.pdf"), "hidden");
-        pipeline_->drop(QStringLiteral("one/two/a.pdf"), "found");
-        QFile::link(pipeline_->path(QStringLiteral("one/two/a.pdf")),
-                    pipeline_->path(QStringLiteral("link.pdf")));
-        QFile::link(pipeline_->path(QStringLiteral("one")), pipeline_->path(QStringLiteral("linked")));
+        pipeline_->drop(u".hidden.pdf"_s, "hidden");
+        pipeline_->drop(u".folder/a.pdf"_s, "hidden");
+        pipeline_->drop(u"one/two/a.pdf"_s, "found");
+        QFile::link(pipeline_->path(u"one/two/a.pdf"_s), pipeline_->path(u"link.pdf"_s));
+        QFile::link(pipeline_->path(u"one"_s), pipeline_->path(u"linked"_s));
         pipeline_->start();
         QVERIFY(waitUntil([this] { return pipeline_->receipts().size() == 2; }));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), QList<QByteArray>{"found"});
-        QCOMPARE(pipeline_->listedNames(), (QStringList{finalName, QStringLiteral("link.pdf")}));
+        QCOMPARE(pipeline_->listedNames(), (QStringList{finalName, u"link.pdf"_s}));
     }
 
     void initialScanTakesFilesInOneAfterTheOther() {
         countRequestsUnderWay();
         for (int index = 0; index < 4; ++index) {
-            pipeline_->drop(QString::number(index) + QStringLiteral(".pdf"));
+            pipeline_->drop(QString::number(index) + u".pdf"_s);
         }
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(4, ReceiptStatus::done));
@@ -193,7 +193,7 @@ private Q_SLOTS:
         slow.delay = milliseconds(1000);
         pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
         for (int index = 0; index < 12; ++index) {
-            pipeline_->drop(QString::number(index) + QStringLiteral(".pdf"));
+            pipeline_->drop(QString::number(index) + u".pdf"_s);
         }
         QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 12; }));
         QVERIFY(pipeline_->waitForRows(12, ReceiptStatus::done));
@@ -202,10 +202,10 @@ private Q_SLOTS:
     }
 
     void fileToldByScanAndEventIsAdmittedOnce() {
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         letTimePass(100);
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->server.requests().size(), 1);
@@ -216,12 +216,12 @@ private Q_SLOTS:
         pipeline_->server.setScript([](const HttpRequest &) {
             return HttpReply{.status = 500, .body = {}, .headers = {}}; // keeps the name
         });
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         pipeline_->store->clearAll();
         pipeline_->server.forgetRequests();
-        pipeline_->drop(QStringLiteral("a.pdf"), "changed");
+        pipeline_->drop(u"a.pdf"_s, "changed");
         letTimePass(longEnoughToBeTakenIn);
         pipeline_->start();
         letTimePass(longEnoughToBeTakenIn);
@@ -231,12 +231,12 @@ private Q_SLOTS:
 
     void changingTheFolderScansTheNewOneAndForgetsTheOld() {
         pipeline_->start();
-        const QString other = pipeline_->path(QString()) + QStringLiteral("../other");
-        writeFile(other + QStringLiteral("/existing.pdf"), "in the new folder");
+        const QString other = pipeline_->path(QString()) + u"../other"_s;
+        writeFile(other + u"/existing.pdf"_s, "in the new folder");
         pipeline_->appState->startWatching(QDir::cleanPath(other));
-        pipeline_->drop(QStringLiteral("a.pdf"), "in the old folder");
+        pipeline_->drop(u"a.pdf"_s, "in the old folder");
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        writeFile(other + QStringLiteral("/later.pdf"), "later");
+        writeFile(other + u"/later.pdf"_s, "later");
         QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), (QList<QByteArray>{"in the new folder", "later"}));
@@ -263,17 +263,17 @@ private Q_SLOTS:
     void folderSpelledWithASlashAtTheEndIsTheSame() {
         pipeline_->start();
         pipeline_->appState->startWatching(pipeline_->path(QString()));
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QVERIFY(!pipeline_->receipts().first().filePath.contains(u"//"));
     }
 
     void hiddenFilesAreSkippedByListingsOnly() {
-        pipeline_->drop(QStringLiteral(".before.pdf"));
-        pipeline_->drop(QStringLiteral("a.pdf"), "listed");
+        pipeline_->drop(u".before.pdf"_s);
+        pipeline_->drop(u"a.pdf"_s, "listed");
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        pipeline_->drop(QStringLiteral(".arrives.pdf"), "hidden");
+        pipeline_->drop(u".arrives.pdf"_s, "hidden");
         QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->sentDocuments(), (QList<QByteArray>{"listed", "hidden"}));
@@ -285,7 +285,7 @@ private Q_SLOTS:
         pipeline_->appState->startWatchingIfConfigured();
         pipeline_->settings->setWatchFolderPath(std::nullopt);
         pipeline_->appState->startWatchingIfConfigured();
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
     }
 
@@ -294,18 +294,18 @@ private Q_SLOTS:
         pipeline_->start();
         letTimePass(200);
         QVERIFY(!pipeline_->appState->lastError());
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
     }
 
     void movedInTreeIsTakenInWhole() {
         pipeline_->start();
-        const QString outside = surroundings_.home.path(QStringLiteral("outside"));
+        const QString outside = surroundings_.home.path(u"outside"_s);
         constexpr int files = 15;
         for (int index = 0; index < files; ++index) {
-            writeFile(outside + QStringLiteral("/sub%1/receipt.pdf").arg(index), QByteArray::number(index));
+            writeFile(outside + u"/sub%1/receipt.pdf"_s.arg(index), QByteArray::number(index));
         }
-        QVERIFY(QDir().rename(outside, pipeline_->path(QStringLiteral("moved"))));
+        QVERIFY(QDir().rename(outside, pipeline_->path(u"moved"_s)));
         QVERIFY(waitUntil([&] { return pipeline_->receipts().size() == files; }));
         QVERIFY(pipeline_->waitForRows(files, ReceiptStatus::done));
         QCOMPARE(pipeline_->server.requests().size(), files);
@@ -320,7 +320,7 @@ private Q_SLOTS:
         QFETCH(bool, isMovedIn);
         countRequestsUnderWay();
         pipeline_->start();
-        const QString outside = surroundings_.home.path(QStringLiteral("outside-again"));
+        const QString outside = surroundings_.home.path(u"outside-again"_s);
         const QString watched = QDir::cleanPath(pipeline_->path(QString()));
         if (!isMovedIn) {
             QVERIFY(QDir().rename(watched, outside));
@@ -331,8 +331,8 @@ private Q_SLOTS:
         for (const char *const name : {".5.pdf", ".Trash/6.pdf", "sub/.Trash-1000/files/7.pdf"}) {
             writeFile(joinedPath(outside, QString::fromUtf8(name)), "hidden");
         }
-        QVERIFY(QDir().mkpath(joinedPath(outside, QStringLiteral("folder.pdf"))));
-        QVERIFY(QDir().rename(outside, isMovedIn ? pipeline_->path(QStringLiteral("moved")) : watched));
+        QVERIFY(QDir().mkpath(joinedPath(outside, u"folder.pdf"_s)));
+        QVERIFY(QDir().rename(outside, isMovedIn ? pipeline_->path(u"moved"_s) : watched));
         QVERIFY(waitUntil([this] { return pipeline_->receipts().size() == 4; }));
         QVERIFY(pipeline_->waitForRows(4, ReceiptStatus::done));
         letTimePass(longEnoughToBeTakenIn);
@@ -349,14 +349,14 @@ private Q_SLOTS:
         connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [this] {
             Receipt receipt = pipeline_->receipts().first();
             if (receipt.fileName == finalName && receipt.filePath.endsWith(finalName)) {
-                receipt.filePath = QStringLiteral("/elsewhere");
+                receipt.filePath = u"/elsewhere"_s;
                 QTimer::singleShot(0, this, [this, receipt] { pipeline_->store->update(receipt); });
             }
         });
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(waitUntil([this] {
             return !pipeline_->receipts().isEmpty() &&
-                   pipeline_->receipts().first().filePath == QStringLiteral("/elsewhere");
+                   pipeline_->receipts().first().filePath == u"/elsewhere"_s;
         }));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(pipeline_->receipts().size(), 1);

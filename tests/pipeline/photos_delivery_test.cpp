@@ -15,6 +15,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,7 +29,7 @@ QByteArray picture(QSize size = {60, 80}) {
     return bytes;
 }
 
-const QString baseName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50");
+const QString baseName = u"2024-05-01 Lunch - Dockside Deli $23.50"_s;
 
 } // namespace
 
@@ -41,13 +42,11 @@ private Q_SLOTS:
 
     void finishedReceiptIsAddedToTheAlbumOfTheDay() {
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(waitForDelivery());
         const QString day = QDate::currentDate().toString(Qt::ISODate);
-        QCOMPARE(photos(),
-                 QStringList{QStringLiteral("Expenses ") + day + u'/' + baseName + QStringLiteral(".jpg")});
-        QCOMPARE(readFile(surroundings_.home.photoLibrary() + QStringLiteral("/Expenses ") + day +
-                          QStringLiteral("/.album")),
+        QCOMPARE(photos(), QStringList{u"Expenses "_s + day + u'/' + baseName + u".jpg"_s});
+        QCOMPARE(readFile(surroundings_.home.photoLibrary() + u"/Expenses "_s + day + u"/.album"_s),
                  QByteArray("Expenses: " + day.toUtf8()));
         QVERIFY(ReceiptStore().receipts().first().addedToPhotos);
     }
@@ -64,7 +63,7 @@ private Q_SLOTS:
         const QByteArray content = picture({3000, 3000});
         const qsizetype count = 4 * QThread::idealThreadCount();
         for (qsizetype index = 0; index < count; ++index) {
-            pipeline_->drop(QString::number(index) + QStringLiteral(".png"), content);
+            pipeline_->drop(QString::number(index) + u".png"_s, content);
         }
         QVERIFY(waitUntil([&] { return photos().size() == count; }));
         QVERIFY(most > 0);
@@ -73,8 +72,8 @@ private Q_SLOTS:
 
     void twoReceiptsOfADayShareTheAlbum() {
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
-        pipeline_->drop(QStringLiteral("b.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
+        pipeline_->drop(u"b.png"_s, picture());
         QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
         QVERIFY(waitUntil([&] { return photos().size() == 2; }));
         QCOMPARE(QDir(surroundings_.home.photoLibrary()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(),
@@ -84,17 +83,16 @@ private Q_SLOTS:
 
     void withoutGroupingThereIsNoAlbum() {
         startWithPhotos(false);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(waitForDelivery());
-        QCOMPARE(photos(), QStringList{baseName + QStringLiteral(".jpg")});
+        QCOMPARE(photos(), QStringList{baseName + u".jpg"_s});
     }
 
     void everyPageOfAPdfIsAPicture() {
         startWithPhotos(false);
-        pipeline_->drop(QStringLiteral("a.pdf"), stripedPdf(2));
+        pipeline_->drop(u"a.pdf"_s, stripedPdf(2));
         QVERIFY(waitForDelivery());
-        QCOMPARE(photos(), (QStringList{baseName + QStringLiteral(" (p1).jpg"),
-                                        baseName + QStringLiteral(" (p2).jpg")}));
+        QCOMPARE(photos(), (QStringList{baseName + u" (p1).jpg"_s, baseName + u" (p2).jpg"_s}));
     }
 
     void archivedWhileItsPicturesAreMadeIsStillDelivered() {
@@ -106,7 +104,7 @@ private Q_SLOTS:
                     0, this, [this] { pipeline_->appState->archiveAndClear(ExportService::Format::csv); });
             }
         });
-        pipeline_->drop(QStringLiteral("a.pdf"), stripedPdf(2));
+        pipeline_->drop(u"a.pdf"_s, stripedPdf(2));
         QVERIFY(waitUntil([this] { return photos().size() == 2; }));
         QVERIFY(pipeline_->receipts().isEmpty());
         QVERIFY(!pipeline_->appState->lastError());
@@ -117,23 +115,23 @@ private Q_SLOTS:
         startWithPhotos(false);
         connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [this] {
             Receipt receipt = pipeline_->receipts().first();
-            if (receipt.fileName.startsWith(baseName) && receipt.summary == QStringLiteral("Lunch.")) {
-                receipt.summary = QStringLiteral("corrected");
+            if (receipt.fileName.startsWith(baseName) && receipt.summary == u"Lunch."_s) {
+                receipt.summary = u"corrected"_s;
                 QTimer::singleShot(0, this, [this, receipt] { pipeline_->store->update(receipt); });
             }
         });
-        pipeline_->drop(QStringLiteral("a.pdf"), stripedPdf(2));
+        pipeline_->drop(u"a.pdf"_s, stripedPdf(2));
         QVERIFY(waitForDelivery());
-        QCOMPARE(pipeline_->receipts().first().summary, QStringLiteral("corrected"));
+        QCOMPARE(pipeline_->receipts().first().summary, u"corrected"_s);
     }
 
     void linkInPlaceOfAFinishedReceiptIsNotDelivered() {
         pipeline_->start();
         pipeline_->settings->setGroupIntoAlbum(false);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         const QString path = pipeline_->receipts().first().filePath;
-        const QString secret = surroundings_.home.path(QStringLiteral("secret.png"));
+        const QString secret = surroundings_.home.path(u"secret.png"_s);
         QVERIFY(QFile::rename(path, secret) && QFile::link(secret, path));
         pipeline_->settings->setAddToPhotos(true);
         pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
@@ -145,14 +143,14 @@ private Q_SLOTS:
 
     void temporaryImagesAreRemovedAfterwards() {
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(waitForDelivery());
         QVERIFY(QDir(surroundings_.home.temporaryImages()).isEmpty());
     }
 
     void withThePreferenceOffNothingIsDelivered() {
         pipeline_->start();
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QSignalSpy changes(pipeline_->store.get(), &ReceiptStore::receiptsChanged);
         pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
@@ -164,7 +162,7 @@ private Q_SLOTS:
 
     void deliveredReceiptIsNotDeliveredAgainByAScan() {
         startWithPhotos(false);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(waitForDelivery());
         pipeline_->appState->retry(pipeline_->receipts().first());
         QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 2; }));
@@ -176,21 +174,20 @@ private Q_SLOTS:
     void pushingTwiceAddsTheImagesTwice() {
         pipeline_->start();
         pipeline_->settings->setGroupIntoAlbum(false);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         pipeline_->settings->setAddToPhotos(true);
         pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
         QVERIFY(waitForDelivery());
         pipeline_->appState->pushToPhotos(pipeline_->receipts().first());
         QVERIFY(waitUntil([&] { return photos().size() == 2; }));
-        QCOMPARE(photos(),
-                 (QStringList{baseName + QStringLiteral(" (2).jpg"), baseName + QStringLiteral(".jpg")}));
+        QCOMPARE(photos(), (QStringList{baseName + u" (2).jpg"_s, baseName + u".jpg"_s}));
         QVERIFY(waitUntil([&] { return QDir(surroundings_.home.temporaryImages()).isEmpty(); }));
     }
 
     void failedPushIsToldAndChangesNothingElse() {
         pipeline_->start();
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QVERIFY(QFile::remove(pipeline_->receipts().first().filePath));
         pipeline_->settings->setAddToPhotos(true);
@@ -204,10 +201,9 @@ private Q_SLOTS:
 
     void failedConversionIsToldAndChangesNothingElse() {
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.pdf"), "no PDF at all");
+        pipeline_->drop(u"a.pdf"_s, "no PDF at all");
         QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
-        QCOMPARE(pipeline_->appState->lastError(),
-                 QStringLiteral("Photos export failed: Could not open PDF"));
+        QCOMPARE(pipeline_->appState->lastError(), u"Photos export failed: Could not open PDF"_s);
         QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::done);
         QVERIFY(!pipeline_->receipts().first().error);
         QVERIFY(!pipeline_->receipts().first().addedToPhotos);
@@ -215,31 +211,28 @@ private Q_SLOTS:
 
     void unreadableImageIsTold() {
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.jpg"), "no picture at all");
+        pipeline_->drop(u"a.jpg"_s, "no picture at all");
         QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
-        QCOMPARE(pipeline_->appState->lastError(),
-                 QStringLiteral("Photos export failed: Could not render page image"));
+        QCOMPARE(pipeline_->appState->lastError(), u"Photos export failed: Could not render page image"_s);
     }
 
     void deniedAccessIsToldAndTheImagesStay() {
         writeFile(surroundings_.home.permissionsFile(), "[General]\nphotos=denied\n");
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
         QCOMPARE(pipeline_->appState->lastError(),
-                 QStringLiteral(
-                     "Photos export failed: Photos access was not granted. Enable it in System Settings "
-                     "▸ Privacy & Security ▸ Photos."));
+                 u"Photos export failed: Photos access was not granted. Enable it in System Settings "
+                 "▸ Privacy & Security ▸ Photos."_s);
         QVERIFY(!pipeline_->receipts().first().addedToPhotos);
         QDirIterator images(surroundings_.home.temporaryImages(), QDir::Files, QDirIterator::Subdirectories);
         QVERIFY(images.hasNext());
     }
 
     void libraryThatRefusesIsToldInItsWords() {
-        QFile::link(surroundings_.home.path(QStringLiteral("unmounted/disk")),
-                    surroundings_.home.photoLibrary());
+        QFile::link(surroundings_.home.path(u"unmounted/disk"_s), surroundings_.home.photoLibrary());
         startWithPhotos(true);
-        pipeline_->drop(QStringLiteral("a.png"), picture());
+        pipeline_->drop(u"a.png"_s, picture());
         QVERIFY(waitUntil([&] { return pipeline_->appState->lastError().has_value(); }));
         QVERIFY2(pipeline_->appState->lastError()->startsWith(
                      u"Photos export failed: Failed to add image to Photos: "),
@@ -248,8 +241,7 @@ private Q_SLOTS:
     }
 
     void albumIsThatOfTheDayOfDelivery() {
-        QCOMPARE(AppState::albumName(QDateTime(QDate(2025, 3, 3), QTime(23, 59))),
-                 QStringLiteral("Expenses: 2025-03-03"));
+        QCOMPARE(AppState::albumName(QDateTime(QDate(2025, 3, 3), QTime(23, 59))), u"Expenses: 2025-03-03"_s);
     }
 
 private:

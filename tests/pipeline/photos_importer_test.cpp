@@ -12,6 +12,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Result = std::expected<void, PhotosImporter::PhotosError>;
 
 namespace {
@@ -26,7 +27,7 @@ QString added(const QStringList &paths, const std::optional<QString> &album) {
     const auto result = std::make_shared<std::optional<Result>>();
     addInto(paths, album, result);
     if (!waitUntil([&result] { return result->has_value(); })) {
-        return QStringLiteral("no end");
+        return u"no end"_s;
     }
     return **result ? QString() : (*result)->error().errorDescription();
 }
@@ -38,30 +39,30 @@ class PhotosImporterTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        QDir(home_.path(QStringLiteral("Pictures"))).removeRecursively();
-        QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+        QDir(home_.path(u"Pictures"_s)).removeRecursively();
+        QDir().mkpath(home_.path(u"Pictures"_s));
         QFile::remove(home_.permissionsFile());
-        image_ = home_.path(QStringLiteral("a.jpg"));
+        image_ = home_.path(u"a.jpg"_s);
         writeFile(image_, "picture");
     }
 
     void emptyListAsksForNothingAndTouchesNothing() {
-        QCOMPARE(added({}, QStringLiteral("Album")), QString());
+        QCOMPARE(added({}, u"Album"_s), QString());
         QVERIFY(QApplication::topLevelWidgets().isEmpty());
         QVERIFY(!QFileInfo::exists(home_.photoLibrary()));
     }
 
     void secondCallFindsTheAlbumOfTheFirst() {
         allow("authorized");
-        QCOMPARE(added({image_}, QStringLiteral("Album: 1")), QString());
-        QCOMPARE(added({image_}, QStringLiteral("Album: 1")), QString());
+        QCOMPARE(added({image_}, u"Album: 1"_s), QString());
+        QCOMPARE(added({image_}, u"Album: 1"_s), QString());
         QCOMPARE(QDir(home_.photoLibrary()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
     }
 
     void limitedAccessIsEnough() {
         allow("limited");
         QCOMPARE(added({image_}, std::nullopt), QString());
-        QVERIFY(QFileInfo::exists(home_.photoLibrary() + QStringLiteral("/a.jpg")));
+        QVERIFY(QFileInfo::exists(home_.photoLibrary() + u"/a.jpg"_s));
     }
 
     void withoutAnAlbumNoneIsMade() {
@@ -72,25 +73,24 @@ private Q_SLOTS:
 
     void deniedAccessFailsWithTheWholeText() {
         allow("denied");
-        QCOMPARE(
-            added({image_}, QStringLiteral("Album")),
-            QStringLiteral("Photos access was not granted. Enable it in System Settings ▸ Privacy & Security "
-                           "▸ Photos."));
+        QCOMPARE(added({image_}, u"Album"_s),
+                 u"Photos access was not granted. Enable it in System Settings ▸ Privacy & Security "
+                 "▸ Photos."_s);
         QVERIFY(!QFileInfo::exists(home_.photoLibrary()));
     }
 
     void failedAddCarriesTheLibrarysWords() {
         allow("authorized");
-        const QString text = added({image_, home_.path(QStringLiteral("missing.jpg"))}, std::nullopt);
-        const QString prefix = QStringLiteral("Failed to add image to Photos: ");
+        const QString text = added({image_, home_.path(u"missing.jpg"_s)}, std::nullopt);
+        const QString prefix = u"Failed to add image to Photos: "_s;
         QVERIFY2(text.startsWith(prefix) && text.size() > prefix.size(), qPrintable(text));
-        QVERIFY(text != prefix + QStringLiteral("unknown"));
-        QVERIFY(!QFileInfo::exists(home_.photoLibrary() + QStringLiteral("/a.jpg")));
+        QVERIFY(text != prefix + u"unknown"_s);
+        QVERIFY(!QFileInfo::exists(home_.photoLibrary() + u"/a.jpg"_s));
     }
 
     void failureWithoutWordsIsUnknown() {
         QCOMPARE(PhotosImporter::PhotosError::addFailed({}).errorDescription(),
-                 QStringLiteral("Failed to add image to Photos: unknown"));
+                 u"Failed to add image to Photos: unknown"_s);
     }
 
     void undeterminedAccessIsAskedForOnce() {

@@ -8,7 +8,9 @@
 
 namespace fennick::test {
 
-const QString finalName = QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50.pdf");
+using namespace Qt::StringLiterals;
+
+const QString finalName = u"2024-05-01 Lunch - Dockside Deli $23.50.pdf"_s;
 
 namespace {
 
@@ -22,10 +24,10 @@ const QByteArray answer = R"({"date": "2024-05-01", "time": "12:30", "amount": 2
 PipelineUnderTest::PipelineUnderTest(Surroundings &surroundings)
     : server([](const HttpRequest &) { return answering(answer); })
     , home_(surroundings.home)
-    , folder_(home_.path(QStringLiteral("watched-%1").arg(++folderNumber))) {
+    , folder_(home_.path(u"watched-%1"_s.arg(++folderNumber))) {
     QDir().mkpath(folder_);
-    QDir().mkpath(home_.path(QStringLiteral("Pictures")));
-    QDir(home_.path(QStringLiteral("data/Fennick"))).removeRecursively();
+    QDir().mkpath(home_.path(u"Pictures"_s));
+    QDir(home_.path(u"data/Fennick"_s)).removeRecursively();
     QDir(home_.photoLibrary()).removeRecursively();
     QFile::remove(home_.photoLibrary()); // a test may put something else there
     QDir(home_.temporaryImages()).removeRecursively();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "model/receipt_store.h"
 #include "pipeline/app_state.h"
+#include "settings/settings_store.h"
 #include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/scripted_server.h"

@@ -14,12 +14,13 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Format = ExportService::Format;
 
 namespace {
 
-const QString builtName = QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50.pdf");
-const QString interrupted = QStringLiteral("The scan was interrupted. Retry to scan this receipt again.");
+const QString builtName = u"2024-05-01 Lunch - Mario's Cafe $23.50.pdf"_s;
+const QString interrupted = u"The scan was interrupted. Retry to scan this receipt again."_s;
 
 } // namespace
 
@@ -44,7 +45,7 @@ private Q_SLOTS:
 
     void interruptedScanIsAnErrorThatCanBeRetried() {
         Receipt receipt = freshReceipt(file("scan.pdf"));
-        receipt.summary = QStringLiteral("From an earlier scan");
+        receipt.summary = u"From an earlier scan"_s;
         store_->add(receipt);
         recover();
         QCOMPARE(only().status, ReceiptStatus::error);
@@ -59,7 +60,7 @@ private Q_SLOTS:
     void finishedAndFailedScansStayAsTheyAre() {
         Receipt failed = freshReceipt(file("failed.pdf"));
         failed.status = ReceiptStatus::error;
-        failed.error = QStringLiteral("Gemini API error: 500");
+        failed.error = u"Gemini API error: 500"_s;
         store_->add(failed);
         store_->add(finishedReceipt(file("done.pdf")));
         const QList<Receipt> before = store_->receipts();
@@ -68,7 +69,7 @@ private Q_SLOTS:
     }
 
     void renamedFileIsAdopted() {
-        store_->add(finishedReceipt(folder_ + QStringLiteral("/scan.pdf")));
+        store_->add(finishedReceipt(folder_ + u"/scan.pdf"_s));
         const QString renamed = file(builtName);
         recover();
         QCOMPARE(only().filePath, renamed);
@@ -79,8 +80,8 @@ private Q_SLOTS:
 
     void renamedFileIsAdoptedUnderItsNumber() {
         store_->add(finishedReceipt(file(builtName)));
-        store_->add(finishedReceipt(folder_ + QStringLiteral("/scan.pdf")));
-        const QString renamed = file(QStringLiteral("2024-05-01 Lunch - Mario's Cafe $23.50 (2).pdf"));
+        store_->add(finishedReceipt(folder_ + u"/scan.pdf"_s));
+        const QString renamed = file(u"2024-05-01 Lunch - Mario's Cafe $23.50 (2).pdf"_s);
         recover();
         QCOMPARE(store_->receipts().last().filePath, renamed);
     }
@@ -96,7 +97,7 @@ private Q_SLOTS:
         if (isIgnored) {
             store_->clearAll();
         }
-        const QString missing = folder_ + QStringLiteral("/scan.pdf");
+        const QString missing = folder_ + u"/scan.pdf"_s;
         store_->add(finishedReceipt(missing));
         recover();
         QCOMPARE(store_->receipts().last().filePath, missing);
@@ -111,55 +112,52 @@ private Q_SLOTS:
     }
 
     void archiveThatWasCutOffIsCarriedThrough() {
-        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01.csv"));
+        const QString ledger = archivePath(u"receipts-2024-05-01.csv"_s);
         store_->add(finishedReceipt(file("first.pdf")));
         store_->add(finishedReceipt(file("second.pdf")));
         const QString expected = ExportService::buildCSV(store_->receipts());
         ArchiveJournal().begin({ledger, Format::csv});
         // Killed after the first file.
         QVERIFY(ExportService::writeLedger(store_->receipts(), Format::csv, ledger));
-        QVERIFY(
-            QFile::rename(folder_ + QStringLiteral("/first.pdf"), archivePath(QStringLiteral("first.pdf"))));
-        writeFile(archivePath(partOf(folder_ + QStringLiteral("/second.pdf"))), "half a fi");
+        QVERIFY(QFile::rename(folder_ + u"/first.pdf"_s, archivePath(u"first.pdf"_s)));
+        writeFile(archivePath(partOf(folder_ + u"/second.pdf"_s)), "half a fi");
         recover();
-        QCOMPARE(archived(),
-                 (QStringList{QStringLiteral("first.pdf"), QStringLiteral("receipts-2024-05-01.csv"),
-                              QStringLiteral("second.pdf")}));
+        QCOMPARE(archived(), (QStringList{u"first.pdf"_s, u"receipts-2024-05-01.csv"_s, u"second.pdf"_s}));
         QCOMPARE(QString::fromUtf8(readFile(ledger)), expected);
         QVERIFY(store_->receipts().isEmpty());
-        QVERIFY(store_->hasFilePath(folder_ + QStringLiteral("/first.pdf")));
+        QVERIFY(store_->hasFilePath(folder_ + u"/first.pdf"_s));
         QVERIFY(!ArchiveJournal().pending());
     }
 
     void onlyCopyOfAMovedFileIsKept() {
-        const QString source = folder_ + QStringLiteral("/first.pdf");
+        const QString source = folder_ + u"/first.pdf"_s;
         store_->add(finishedReceipt(source));
-        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01.csv"));
+        const QString ledger = archivePath(u"receipts-2024-05-01.csv"_s);
         ArchiveJournal().begin({ledger, Format::csv});
         writeFile(archivePath(partOf(source)), "the only copy");
         recover();
-        QCOMPARE(readFile(archivePath(QStringLiteral("first.pdf"))), "the only copy");
+        QCOMPARE(readFile(archivePath(u"first.pdf"_s)), "the only copy");
         QVERIFY(store_->receipts().isEmpty());
     }
 
     void listThatCannotBeSavedIsReportedAtOnce() {
-        const QString data = surroundings_.home.path(QStringLiteral("data/Fennick"));
+        const QString data = surroundings_.home.path(u"data/Fennick"_s);
         QVERIFY(QDir(data).removeRecursively());
         writeFile(data, "a file where the folder should be");
         QSignalSpy failures(appState_.get(), &AppState::lastErrorChanged);
-        store_->add(finishedReceipt(folder_ + QStringLiteral("/a.pdf")));
-        QCOMPARE(appState_->lastError(), QStringLiteral("The list could not be saved: Not a directory"));
-        store_->add(finishedReceipt(folder_ + QStringLiteral("/b.pdf")));
+        store_->add(finishedReceipt(folder_ + u"/a.pdf"_s));
+        QCOMPARE(appState_->lastError(), u"The list could not be saved: Not a directory"_s);
+        store_->add(finishedReceipt(folder_ + u"/b.pdf"_s));
         QCOMPARE(failures.size(), 1); // said once
         QVERIFY(QFile::remove(data) && QDir().mkpath(data));
-        store_->add(finishedReceipt(folder_ + QStringLiteral("/c.pdf")));
+        store_->add(finishedReceipt(folder_ + u"/c.pdf"_s));
         QCOMPARE(ReceiptStore().receipts().size(), 3);
         QCOMPARE(failures.size(), 1);
     }
 
     void archiveWithoutItsLedgerYetGetsOne() {
         store_->add(finishedReceipt(file("first.pdf")));
-        const QString ledger = archivePath(QStringLiteral("receipts-2024-05-01 (2).html"));
+        const QString ledger = archivePath(u"receipts-2024-05-01 (2).html"_s);
         ArchiveJournal().begin({ledger, Format::html});
         recover();
         QVERIFY(readFile(ledger).startsWith("<!doctype html>\n"));
@@ -167,7 +165,7 @@ private Q_SLOTS:
     }
 
     void archiveThatWasCutOffAfterTheClearingLeavesNewFilesAlone() {
-        ArchiveJournal().begin({archivePath(QStringLiteral("receipts-2024-05-01.csv")), Format::csv});
+        ArchiveJournal().begin({archivePath(u"receipts-2024-05-01.csv"_s), Format::csv});
         recover();
         QVERIFY(!ArchiveJournal().pending());
         store_->add(finishedReceipt(file("new.pdf")));
@@ -178,10 +176,10 @@ private Q_SLOTS:
     void archiveOutOfReachKeepsTheList() {
         const QString place = file("not a folder");
         store_->add(finishedReceipt(file("first.pdf")));
-        ArchiveJournal().begin({place + QStringLiteral("/2024-05-01/receipts-2024-05-01.csv"), Format::csv});
+        ArchiveJournal().begin({place + u"/2024-05-01/receipts-2024-05-01.csv"_s, Format::csv});
         recover();
         QCOMPARE(store_->receipts().size(), 1);
-        QVERIFY(QFileInfo::exists(folder_ + QStringLiteral("/first.pdf")));
+        QVERIFY(QFileInfo::exists(folder_ + u"/first.pdf"_s));
         QVERIFY(appState_->lastError()->startsWith(u"Couldn't create archive folder: "));
     }
 
@@ -189,8 +187,8 @@ private Q_SLOTS:
         store_->add(finishedReceipt(file("first.pdf")));
         appState_->archiveAndClear(Format::csv);
         QVERIFY(!ArchiveJournal().pending());
-        QCOMPARE(QDir(surroundings_.home.path(QStringLiteral("data/Fennick"))).entryList(QDir::Files),
-                 (QStringList{QStringLiteral("ignored.json"), QStringLiteral("receipts.json")}));
+        QCOMPARE(QDir(surroundings_.home.path(u"data/Fennick"_s)).entryList(QDir::Files),
+                 (QStringList{u"ignored.json"_s, u"receipts.json"_s}));
     }
 
 private:
@@ -202,7 +200,7 @@ private:
     // As a move to another file system that was cut off calls its copy.
     static QString partOf(const QString &source) {
         const QByteArray hash = QCryptographicHash::hash(source.toUtf8(), QCryptographicHash::Sha1).toHex();
-        return QStringLiteral(".moving-") + QString::fromLatin1(hash) + QStringLiteral("-1");
+        return u".moving-"_s + QString::fromLatin1(hash) + u"-1"_s;
     }
 
     QString file(const QString &name) const {
@@ -215,7 +213,7 @@ private:
     const Receipt &only() const { return store_->receipts().at(0); }
 
     QString archivePath(const QString &name) const {
-        const QString archive = folder_ + QStringLiteral("/Receipt Archive/2024-05-01");
+        const QString archive = folder_ + u"/Receipt Archive/2024-05-01"_s;
         QDir().mkpath(archive);
         return archive + u'/' + name;
     }

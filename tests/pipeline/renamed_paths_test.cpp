@@ -3,6 +3,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
 
 class RenamedPathsTest : public QObject {
@@ -12,11 +13,11 @@ private Q_SLOTS:
     void exclusionOfARenamedPathLastsFiveSeconds() {
         RenamedPaths renamed;
         const auto start = std::chrono::steady_clock::now();
-        const QString path = QStringLiteral("/w/a.pdf");
+        const QString path = u"/w/a.pdf"_s;
         renamed.insert(path, start);
         QVERIFY(renamed.contains(path, start + milliseconds(4999)));
         QVERIFY(!renamed.contains(path, start + milliseconds(5000)));
-        QVERIFY(!renamed.contains(QStringLiteral("/w/A.pdf"), start));
+        QVERIFY(!renamed.contains(u"/w/A.pdf"_s, start));
         renamed.insert(path, start + milliseconds(3000)); // counts anew
         QVERIFY(renamed.contains(path, start + milliseconds(7999)));
     }

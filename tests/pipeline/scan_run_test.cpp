@@ -8,6 +8,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,17 +36,17 @@ private Q_SLOTS:
         if (isStored) {
             PrivateSession::storeKey("");
         }
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         QCOMPARE(pipeline_->receipts().first().error,
-                 QStringLiteral("API key not configured. Set your Gemini API key in Settings."));
+                 u"API key not configured. Set your Gemini API key in Settings."_s);
         QCOMPARE(pipeline_->receipts().first().filePath, path);
         QVERIFY(QFileInfo::exists(path));
         QVERIFY(pipeline_->server.requests().isEmpty());
         QVERIFY(!pipeline_->appState->lastError());
 
-        pipeline_->settings->setAPIKey(QStringLiteral("AIza-late-key"));
+        pipeline_->settings->setAPIKey(u"AIza-late-key"_s);
         pipeline_->appState->retry(pipeline_->receipts().first());
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QCOMPARE(pipeline_->listedNames(), QStringList{finalName});
@@ -65,7 +66,7 @@ private Q_SLOTS:
             reply.delay = std::chrono::milliseconds(500);
             return reply;
         });
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         letTimePass(time);
         pipeline_->appState.reset();
@@ -75,15 +76,15 @@ private Q_SLOTS:
 
     void modelIsReadWhenTheRunStarts() {
         pipeline_->start();
-        pipeline_->settings->setModel(QStringLiteral("other-model"));
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->settings->setModel(u"other-model"_s);
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         QVERIFY(pipeline_->server.requests().first().target.startsWith(
             "/v1beta/models/other-model:generateContent?"));
     }
 
     void everyStepIsVisibleInTheListAtOnce() {
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QStringList steps;
         connect(pipeline_->store.get(), &ReceiptStore::receiptsChanged, this, [&] {
@@ -91,22 +92,21 @@ private Q_SLOTS:
             steps.append(rawValue(receipt.status) + u' ' + receipt.fileName);
         });
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        QCOMPARE(steps, (QStringList{QStringLiteral("processing a.pdf"), QStringLiteral("done a.pdf"),
-                                     QStringLiteral("done ") + finalName}));
+        QCOMPARE(steps, (QStringList{u"processing a.pdf"_s, u"done a.pdf"_s, u"done "_s + finalName}));
     }
 
     void resultIsCopiedIntoTheReceipt() {
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         const Receipt receipt = pipeline_->receipts().first();
-        QCOMPARE(receipt.date, QStringLiteral("2024-05-01"));
-        QCOMPARE(receipt.time, QStringLiteral("12:30"));
+        QCOMPARE(receipt.date, u"2024-05-01"_s);
+        QCOMPARE(receipt.time, u"12:30"_s);
         QCOMPARE(receipt.amount, 23.5);
-        QCOMPARE(receipt.currency, QStringLiteral("USD"));
-        QCOMPARE(receipt.location, QStringLiteral("Dockside Deli"));
-        QCOMPARE(receipt.category, QStringLiteral("lunch"));
-        QCOMPARE(receipt.summary, QStringLiteral("Lunch."));
+        QCOMPARE(receipt.currency, u"USD"_s);
+        QCOMPARE(receipt.location, u"Dockside Deli"_s);
+        QCOMPARE(receipt.category, u"lunch"_s);
+        QCOMPARE(receipt.summary, u"Lunch."_s);
         QVERIFY(!receipt.error);
         QCOMPARE(receipt.filePath, pipeline_->path(finalName));
         QVERIFY(QFileInfo::exists(receipt.filePath));
@@ -115,49 +115,49 @@ private Q_SLOTS:
 
     void correctionBeforeTheRetryStaysAlsoInAnOldCopy() {
         pipeline_->server.setScript([](const HttpRequest &) { return failing(429, "slow down"); });
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         const Receipt old = pipeline_->receipts().first();
         Receipt corrected = old;
-        corrected.summary = QStringLiteral("corrected");
+        corrected.summary = u"corrected"_s;
         pipeline_->store->update(corrected);
         pipeline_->server.forgetRequests();
         pipeline_->appState->retry(old);
-        QCOMPARE(pipeline_->receipts().first().summary, QStringLiteral("corrected"));
+        QCOMPARE(pipeline_->receipts().first().summary, u"corrected"_s);
         QVERIFY(waitUntil([this] { return pipeline_->server.requests().size() == 1; }));
         corrected = pipeline_->receipts().first();
-        corrected.summary = QStringLiteral("corrected once more");
+        corrected.summary = u"corrected once more"_s;
         pipeline_->store->update(corrected);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().summary, QStringLiteral("corrected once more"));
+        QCOMPARE(pipeline_->receipts().first().summary, u"corrected once more"_s);
     }
 
     void failedScanKeepsNameAndPath() {
         pipeline_->server.setScript([](const HttpRequest &) { return failing(429, "slow down"); });
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("Gemini API error: 429 — slow down"));
+        QCOMPARE(pipeline_->receipts().first().error, u"Gemini API error: 429 — slow down"_s);
         QCOMPARE(pipeline_->receipts().first().filePath, path);
-        QCOMPARE(pipeline_->listedNames(), QStringList{QStringLiteral("a.pdf")});
+        QCOMPARE(pipeline_->listedNames(), QStringList{u"a.pdf"_s});
         QVERIFY(QFileInfo::exists(path));
     }
 
     void retryShowsProcessingWithoutTheOldText() {
         pipeline_->server.setScript([](const HttpRequest &) { return failing(500); });
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
         pipeline_->appState->retry(pipeline_->receipts().first());
         QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::processing);
         QVERIFY(!pipeline_->receipts().first().error);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::error));
-        QCOMPARE(pipeline_->receipts().first().error, QStringLiteral("Gemini API error: 500"));
+        QCOMPARE(pipeline_->receipts().first().error, u"Gemini API error: 500"_s);
     }
 
     void absentFieldsClearThoseOfAnEarlierRun() {
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         pipeline_->server.setScript([](const HttpRequest &) { return answering("{}"); });
@@ -166,13 +166,13 @@ private Q_SLOTS:
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         const Receipt receipt = pipeline_->receipts().first();
         QVERIFY(!receipt.date && !receipt.time && !receipt.amount && !receipt.currency && !receipt.location);
-        QCOMPARE(receipt.category, QStringLiteral("misc"));
-        QCOMPARE(receipt.fileName, QStringLiteral("Undated Misc.pdf"));
+        QCOMPARE(receipt.category, u"misc"_s);
+        QCOMPARE(receipt.fileName, u"Undated Misc.pdf"_s);
     }
 
     void eventsOfTheRenamedFileMakeNoSecondReceipt() {
         pipeline_->start();
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
         pipeline_->drop(finalName, "touched at once");
         letTimePass(5500); // the exclusion has ended, the list still knows the path
@@ -183,22 +183,22 @@ private Q_SLOTS:
     }
 
     void twoReceiptsOfOneNameAreNumbered() {
-        pipeline_->drop(QStringLiteral("a.pdf"), "a");
-        pipeline_->drop(QStringLiteral("b.pdf"), "b");
+        pipeline_->drop(u"a.pdf"_s, "a");
+        pipeline_->drop(u"b.pdf"_s, "b");
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
         QCOMPARE(pipeline_->listedNames(),
-                 (QStringList{QStringLiteral("2024-05-01 Lunch - Dockside Deli $23.50 (2).pdf"), finalName}));
+                 (QStringList{u"2024-05-01 Lunch - Dockside Deli $23.50 (2).pdf"_s, finalName}));
     }
 
     void renameThatFailsIsNoFailure() {
         pipeline_->server.setScript([](const HttpRequest &) {
             return answering("{\"location\": \"" + QByteArray(300, 'x') + "\"}");
         });
-        pipeline_->drop(QStringLiteral("a.pdf"));
+        pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
-        QCOMPARE(pipeline_->listedNames(), QStringList{QStringLiteral("a.pdf")});
+        QCOMPARE(pipeline_->listedNames(), QStringList{u"a.pdf"_s});
         QVERIFY(!pipeline_->receipts().first().error);
         QVERIFY(!pipeline_->appState->lastError());
     }
@@ -207,7 +207,7 @@ private Q_SLOTS:
         HttpReply slow = answering("{}");
         slow.delay = std::chrono::milliseconds(300);
         pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
-        const QString path = pipeline_->drop(QStringLiteral("a.pdf"));
+        const QString path = pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 1; }));
         pipeline_->store->clearAll();

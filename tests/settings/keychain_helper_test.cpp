@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class KeychainHelperTest : public QObject {
     Q_OBJECT
@@ -16,30 +17,30 @@ private Q_SLOTS:
     void withoutAnItemThereIsNoKey() { QVERIFY(!KeychainHelper::apiKey()); }
 
     void storedKeyIsFoundByOtherPrograms() {
-        KeychainHelper::setAPIKey(QStringLiteral("AIza-test"));
+        KeychainHelper::setAPIKey(u"AIza-test"_s);
         QCOMPARE(test::PrivateSession::lookUpKey(), QByteArray("AIza-test"));
     }
 
     void keyOfAnotherProgramIsFound() {
         test::PrivateSession::storeKey("from-outside");
-        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("from-outside"));
+        QCOMPARE(KeychainHelper::apiKey(), u"from-outside"_s);
     }
 
     void storingTwiceLeavesOneItemWithTheSecondKey() {
-        KeychainHelper::setAPIKey(QStringLiteral("first"));
-        KeychainHelper::setAPIKey(QStringLiteral("second"));
-        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("second"));
+        KeychainHelper::setAPIKey(u"first"_s);
+        KeychainHelper::setAPIKey(u"second"_s);
+        QCOMPARE(KeychainHelper::apiKey(), u"second"_s);
         QCOMPARE(test::PrivateSession::keyCount(), 1);
     }
 
     void storingReplacesAnItemOfAnotherProgram() {
         test::PrivateSession::storeKey("from-outside");
-        KeychainHelper::setAPIKey(QStringLiteral("second"));
+        KeychainHelper::setAPIKey(u"second"_s);
         QCOMPARE(test::PrivateSession::keyCount(), 1);
     }
 
     void clearingRemovesTheItemAndIsHarmlessWithoutOne() {
-        KeychainHelper::setAPIKey(QStringLiteral("key"));
+        KeychainHelper::setAPIKey(u"key"_s);
         KeychainHelper::clearAPIKey();
         QVERIFY(!KeychainHelper::apiKey());
         KeychainHelper::clearAPIKey();
@@ -47,18 +48,18 @@ private Q_SLOTS:
     }
 
     void nonAsciiKeyReadsBackUnchanged() {
-        const QString key = QStringLiteral("  Schlüssel-鍵-\U0001F511 ");
+        const QString key = u"  Schlüssel-鍵-\U0001F511 "_s;
         KeychainHelper::setAPIKey(key);
         QCOMPARE(KeychainHelper::apiKey(), key);
     }
 
     void keyThatBeginsWithAByteOrderMarkIsReadAsItIs() {
-        const QString key = QStringLiteral("\uFEFF\uFEFFkey");
+        const QString key = u"\uFEFF\uFEFFkey"_s;
         KeychainHelper::setAPIKey(key);
         QCOMPARE(KeychainHelper::apiKey(), key);
         test::PrivateSession::storeKey("\xEF\xBB\xBF"
                                        "from-outside");
-        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("\uFEFFfrom-outside"));
+        QCOMPARE(KeychainHelper::apiKey(), u"\uFEFFfrom-outside"_s);
     }
 
     void emptyItemReadsAsEmptyText() {
@@ -76,8 +77,8 @@ private Q_SLOTS:
     // The last one: the store is not the same afterwards.
     void afterAFailedAddThereIsNoItem() {
         test::PrivateSession::refuseKeysBeside("old");
-        QCOMPARE(KeychainHelper::apiKey(), QStringLiteral("old"));
-        KeychainHelper::setAPIKey(QStringLiteral("new"));
+        QCOMPARE(KeychainHelper::apiKey(), u"old"_s);
+        KeychainHelper::setAPIKey(u"new"_s);
         QCOMPARE(test::PrivateSession::keyCount(), 0);
         QVERIFY(!KeychainHelper::apiKey());
     }

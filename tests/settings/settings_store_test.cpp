@@ -13,6 +13,7 @@
 #include <thread>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
@@ -22,7 +23,7 @@ class SettingsStoreTest : public QObject {
 private Q_SLOTS:
     void cleanup() {
         QFile::remove(home_.preferencesFile());
-        QFile::remove(home_.path(QStringLiteral("system-config/Fennick/Fennick.conf")));
+        QFile::remove(home_.path(u"system-config/Fennick/Fennick.conf"_s));
         test::PrivateSession::clearKey();
     }
 
@@ -30,7 +31,7 @@ private Q_SLOTS:
         const SettingsStore settings;
         QVERIFY(!settings.watchFolderPath());
         QVERIFY(!settings.archiveFolderPath());
-        QCOMPARE(settings.model(), QStringLiteral("gemini-2.5-flash"));
+        QCOMPARE(settings.model(), u"gemini-2.5-flash"_s);
         QVERIFY(!settings.openAtLogin());
         QVERIFY(!settings.menuBarMode());
         QVERIFY(settings.addToPhotos());
@@ -40,9 +41,9 @@ private Q_SLOTS:
 
     void everyAssignmentIsWrittenAtOnceUnderItsKey() {
         SettingsStore settings;
-        settings.setWatchFolderPath(QStringLiteral("/home/a, b/Receipts"));
-        settings.setArchiveFolderPath(QStringLiteral("/archive"));
-        settings.setModel(QStringLiteral("other-model"));
+        settings.setWatchFolderPath(u"/home/a, b/Receipts"_s);
+        settings.setArchiveFolderPath(u"/archive"_s);
+        settings.setModel(u"other-model"_s);
         settings.setOpenAtLogin(true);
         settings.setMenuBarMode(true);
         settings.setAddToPhotos(false);
@@ -56,9 +57,9 @@ private Q_SLOTS:
                                                                "openAtLogin=true\n"
                                                                "watchFolder=\"/home/a, b/Receipts\"\n"));
         const SettingsStore restarted;
-        QCOMPARE(restarted.watchFolderPath(), QStringLiteral("/home/a, b/Receipts"));
-        QCOMPARE(restarted.archiveFolderPath(), QStringLiteral("/archive"));
-        QCOMPARE(restarted.model(), QStringLiteral("other-model"));
+        QCOMPARE(restarted.watchFolderPath(), u"/home/a, b/Receipts"_s);
+        QCOMPARE(restarted.archiveFolderPath(), u"/archive"_s);
+        QCOMPARE(restarted.model(), u"other-model"_s);
         QVERIFY(restarted.openAtLogin());
         QVERIFY(restarted.menuBarMode());
         QVERIFY(!restarted.addToPhotos());
@@ -67,9 +68,9 @@ private Q_SLOTS:
 
     void unchangedValueIsWrittenAllTheSame() {
         SettingsStore settings;
-        settings.setModel(QStringLiteral("m"));
+        settings.setModel(u"m"_s);
         QVERIFY(QFile::remove(home_.preferencesFile()));
-        settings.setModel(QStringLiteral("m"));
+        settings.setModel(u"m"_s);
         QVERIFY(readFile(home_.preferencesFile()).contains("model=m\n"));
     }
 
@@ -89,23 +90,23 @@ private Q_SLOTS:
 
     void assignmentIsAnnouncedBeforeItIsWritten() {
         SettingsStore settings;
-        settings.setModel(QStringLiteral("first"));
+        settings.setModel(u"first"_s);
         QString announced;
         QByteArray writtenThen;
         connect(&settings, &SettingsStore::changed, this, [&] {
             announced = settings.model();
             writtenThen = readFile(home_.preferencesFile());
         });
-        settings.setModel(QStringLiteral("second"));
-        QCOMPARE(announced, QStringLiteral("second"));
+        settings.setModel(u"second"_s);
+        QCOMPARE(announced, u"second"_s);
         QVERIFY2(writtenThen.contains("model=first\n"), writtenThen.constData());
         QVERIFY(readFile(home_.preferencesFile()).contains("model=second\n"));
     }
 
     void absentFolderRemovesTheKey() {
         SettingsStore settings;
-        settings.setWatchFolderPath(QStringLiteral("/w"));
-        settings.setArchiveFolderPath(QStringLiteral("/a"));
+        settings.setWatchFolderPath(u"/w"_s);
+        settings.setArchiveFolderPath(u"/a"_s);
         settings.setWatchFolderPath(std::nullopt);
         settings.setArchiveFolderPath(std::nullopt);
         QVERIFY(!readFile(home_.preferencesFile()).contains("Folder"));
@@ -159,12 +160,12 @@ private Q_SLOTS:
         const SettingsStore settings;
         QVERIFY(!settings.watchFolderPath());
         QVERIFY(!settings.archiveFolderPath());
-        QCOMPARE(settings.model(), QStringLiteral("gemini-2.5-flash"));
+        QCOMPARE(settings.model(), u"gemini-2.5-flash"_s);
     }
 
     void modelNamedLikeABooleanStaysAText() {
-        SettingsStore().setModel(QStringLiteral("true"));
-        QCOMPARE(SettingsStore().model(), QStringLiteral("true"));
+        SettingsStore().setModel(u"true"_s);
+        QCOMPARE(SettingsStore().model(), u"true"_s);
     }
 
     void otherEntriesOfTheFileSurvive() {
@@ -177,9 +178,24 @@ private Q_SLOTS:
         QVERIFY(content.contains("menuBarMode=true\n"));
     }
 
+    void serviceAddressIsThePublicHostUnlessConfigured() {
+        const SettingsStore settings;
+        QCOMPARE(settings.serviceAddress(), u"https://generativelanguage.googleapis.com"_s);
+        writeFile(home_.path(u"system-config/Fennick/Fennick.conf"_s),
+                  "[General]\ngeminiEndpoint=https://system.example\n");
+        QCOMPARE(settings.serviceAddress(), u"https://system.example"_s);
+        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=http://127.0.0.1:47111\n");
+        QCOMPARE(settings.serviceAddress(), u"http://127.0.0.1:47111"_s);
+    }
+
+    void serviceAddressNamedLikeABooleanReadsAsAbsent() {
+        writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=true\n");
+        QCOMPARE(SettingsStore().serviceAddress(), u"https://generativelanguage.googleapis.com"_s);
+    }
+
     void keyIsStoredTrimmed() {
         SettingsStore settings;
-        settings.setAPIKey(QStringLiteral("  \tAIza-key \n"));
+        settings.setAPIKey(u"  \tAIza-key \n"_s);
         QVERIFY(settings.hasAPIKey());
         QCOMPARE(test::PrivateSession::lookUpKey(), QByteArray("AIza-key"));
         QVERIFY(SettingsStore().hasAPIKey());
@@ -190,17 +206,17 @@ private Q_SLOTS:
         SettingsStore settings;
         auto before = settings.storedAPIKey();
         auto sameMoment = settings.storedAPIKey();
-        settings.setAPIKey(QStringLiteral("new"));
+        settings.setAPIKey(u"new"_s);
         auto after = settings.storedAPIKey();
-        QCOMPARE(before.result(), QStringLiteral("old"));
-        QCOMPARE(sameMoment.result(), QStringLiteral("old"));
-        QCOMPARE(after.result(), QStringLiteral("new"));
+        QCOMPARE(before.result(), u"old"_s);
+        QCOMPARE(sameMoment.result(), u"old"_s);
+        QCOMPARE(after.result(), u"new"_s);
     }
 
     void blankKeyClearsTheStoredOne() {
         SettingsStore settings;
-        settings.setAPIKey(QStringLiteral("key"));
-        settings.setAPIKey(QStringLiteral(" \n "));
+        settings.setAPIKey(u"key"_s);
+        settings.setAPIKey(u" \n "_s);
         QVERIFY(!settings.hasAPIKey());
         QCOMPARE(test::PrivateSession::keyCount(), 0);
     }
@@ -218,7 +234,7 @@ private Q_SLOTS:
             SettingsStore settings;
             QVERIFY(settings.hasAPIKey());
             QCOMPARE(::kill(store, SIGSTOP), 0);
-            settings.setAPIKey(QStringLiteral("new"));
+            settings.setAPIKey(u"new"_s);
             slowness = std::jthread([store] {
                 std::this_thread::sleep_for(std::chrono::seconds(1));
                 ::kill(store, SIGCONT);
@@ -234,7 +250,7 @@ private Q_SLOTS:
         SettingsStore settings;
         QVERIFY(settings.hasAPIKey());
         QCOMPARE(::kill(store, SIGSTOP), 0);
-        settings.setAPIKey(QStringLiteral("new"));
+        settings.setAPIKey(u"new"_s);
         const bool isStored = settings.finishStoringAPIKey();
         QCOMPARE(::kill(store, SIGCONT), 0);
         QVERIFY(!isStored);
@@ -242,8 +258,8 @@ private Q_SLOTS:
 
     void keyNeverLandsInThePreferences() {
         SettingsStore settings;
-        settings.setAPIKey(QStringLiteral("AIza-secret"));
-        settings.setModel(QStringLiteral("m"));
+        settings.setAPIKey(u"AIza-secret"_s);
+        settings.setModel(u"m"_s);
         QVERIFY(!readFile(home_.preferencesFile()).contains("AIza-secret"));
     }
 

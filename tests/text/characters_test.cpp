@@ -4,27 +4,26 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class CharactersTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void shortenedTextEndsWithAWholeCharacter() {
-        QCOMPARE(shortened(QStringLiteral("e\u0301e\u0301e\u0301"), 2), QStringLiteral("e\u0301e\u0301"));
-        QCOMPARE(shortened(QStringLiteral("abc"), 5), QStringLiteral("abc"));
+        QCOMPARE(shortened(u"e\u0301e\u0301e\u0301"_s, 2), u"e\u0301e\u0301"_s);
+        QCOMPARE(shortened(u"abc"_s, 5), u"abc"_s);
         QCOMPARE(shortened(QString(), 5), QString());
-        const QString family = QStringLiteral("\U0001F469\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466");
+        const QString family = u"\U0001F469\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466"_s;
         QCOMPARE(shortened(family.repeated(600), 500), family.repeated(500));
     }
 
     void characterWithoutEndIsShortened() {
         QCOMPARE(shortened(u'e' + QString(100'000, QChar(0x0301)), 3), u'e' + QString(47, QChar(0x0301)));
-        const QString wide = QStringLiteral("\U0001F9B0"); // of two units
-        const QString odd = QStringLiteral("e\u200D") + QString(QStringLiteral("\u200D")) + wide.repeated(1);
+        const QString wide = u"\U0001F9B0"_s; // of two units
+        const QString odd = u"e\u200D"_s + QString(u"\u200D"_s) + wide.repeated(1);
         QVERIFY(shortened(odd, 4) == odd);
-        QVERIFY(!shortened(u'e' + QString(QStringLiteral("\U0001D165")).repeated(1000), 1)
-                     .back()
-                     .isHighSurrogate());
+        QVERIFY(!shortened(u'e' + QString(u"\U0001D165"_s).repeated(1000), 1).back().isHighSurrogate());
     }
 
     void composedAndDecomposedTextsAreEqual() {
@@ -47,42 +46,42 @@ private Q_SLOTS:
     }
 
     void firstCharactersCountsWhatAPersonSees() {
-        const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467"); // one character
-        const QString text = QStringLiteral("e\u0301") + family + QStringLiteral("xyz");
-        QCOMPARE(firstCharacters(text, 1), QStringLiteral("e\u0301"));
-        QCOMPARE(firstCharacters(text, 2), QStringLiteral("e\u0301") + family);
-        QCOMPARE(firstCharacters(text, 3), QStringLiteral("e\u0301") + family + u'x');
+        const QString family = u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s; // one character
+        const QString text = u"e\u0301"_s + family + u"xyz"_s;
+        QCOMPARE(firstCharacters(text, 1), u"e\u0301"_s);
+        QCOMPARE(firstCharacters(text, 2), u"e\u0301"_s + family);
+        QCOMPARE(firstCharacters(text, 3), u"e\u0301"_s + family + u'x');
     }
 
     void firstCharactersNeverSplitsASurrogatePair() {
-        const QString faces = QStringLiteral("\U0001F600").repeated(600);
+        const QString faces = u"\U0001F600"_s.repeated(600);
         QCOMPARE(firstCharacters(faces, 500).size(), 1000);
     }
 
     void firstCharactersLeavesShortTextsWhole() {
-        QCOMPARE(firstCharacters(QStringLiteral("short"), 500), QStringLiteral("short"));
+        QCOMPARE(firstCharacters(u"short"_s, 500), u"short"_s);
         QCOMPARE(firstCharacters(QString(), 500), QString());
     }
 
     void unpairedSurrogatesAreReplaced() {
         const QString broken = u'a' + QString(QChar(0xD83D)) + u'b';
-        QCOMPARE(wellFormed(broken), QStringLiteral("a\uFFFDb"));
-        QCOMPARE(wellFormed(QStringLiteral("a\U0001F600b")), QStringLiteral("a\U0001F600b"));
-        QCOMPARE(wellFormed(QStringLiteral("\U0001F600") + broken), QStringLiteral("\U0001F600a\uFFFDb"));
+        QCOMPARE(wellFormed(broken), u"a\uFFFDb"_s);
+        QCOMPARE(wellFormed(u"a\U0001F600b"_s), u"a\U0001F600b"_s);
+        QCOMPARE(wellFormed(u"\U0001F600"_s + broken), u"\U0001F600a\uFFFDb"_s);
     }
 
     void firstCharacterTakesTheFullUpperCaseMapping() {
-        QCOMPARE(firstCharacterUpperCased(QStringLiteral("ßtraße")), QStringLiteral("SStraße"));
-        QCOMPARE(firstCharacterUpperCased(QStringLiteral("ﬁsh")), QStringLiteral("FIsh"));
-        QCOMPARE(firstCharacterUpperCased(QStringLiteral("e\u0301clair")), QStringLiteral("E\u0301clair"));
-        QCOMPARE(firstCharacterUpperCased(QStringLiteral("lUNCH")), QStringLiteral("LUNCH"));
+        QCOMPARE(firstCharacterUpperCased(u"ßtraße"_s), u"SStraße"_s);
+        QCOMPARE(firstCharacterUpperCased(u"ﬁsh"_s), u"FIsh"_s);
+        QCOMPARE(firstCharacterUpperCased(u"e\u0301clair"_s), u"E\u0301clair"_s);
+        QCOMPARE(firstCharacterUpperCased(u"lUNCH"_s), u"LUNCH"_s);
         QCOMPARE(firstCharacterUpperCased(QString()), QString());
     }
 
     void caseMappingIgnoresTheUsersLocale() {
         QLocale::setDefault(QLocale(QLocale::Turkish));
-        QCOMPARE(upperCased(QStringLiteral("i")), QStringLiteral("I"));
-        QCOMPARE(lowerCased(QStringLiteral("PDF I")), QStringLiteral("pdf i"));
+        QCOMPARE(upperCased(u"i"_s), u"I"_s);
+        QCOMPARE(lowerCased(u"PDF I"_s), u"pdf i"_s);
         QLocale::setDefault(QLocale::c());
     }
 };

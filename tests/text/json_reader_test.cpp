@@ -8,6 +8,7 @@
 #include <limits>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,15 +28,14 @@ private Q_SLOTS:
         QVERIFY(value);
         const QJsonObject object = value->toObject();
         QCOMPARE(object.size(), 3);
-        QCOMPARE(object[u"a"],
-                 QJsonValue(QJsonArray{1, -25.0, true, false, QJsonValue(), QStringLiteral("x")}));
+        QCOMPARE(object[u"a"], QJsonValue(QJsonArray{1, -25.0, true, false, QJsonValue(), u"x"_s}));
         QVERIFY(object[u"b"].isObject());
         QVERIFY(object[u"c"].isArray());
     }
 
     void readsAValueThatStandsAlone() {
         QCOMPARE(parsedJson("7"), QJsonValue(7));
-        QCOMPARE(parsedJson("\"x\""), QJsonValue(QStringLiteral("x")));
+        QCOMPARE(parsedJson("\"x\""), QJsonValue(u"x"_s));
     }
 
     void whatIsNoJsonIsRefused_data() {
@@ -100,15 +100,15 @@ private Q_SLOTS:
 
     void escapesAreUndone() {
         const QByteArray json = "\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u0041\\u00e9\\u20AC\\ud83d\\ude00\\u0000\"";
-        const QString text = QStringLiteral("\"\\/\b\f\n\r\tA\u00E9\u20AC\U0001F600") + QChar(u'\0');
+        const QString text = u"\"\\/\b\f\n\r\tA\u00E9\u20AC\U0001F600"_s + QChar(u'\0');
         QCOMPARE(only(json).toString(), text);
     }
 
     void halfASurrogatePairIsReplaced() {
-        QCOMPARE(only(R"("a\ud83d")").toString(), QStringLiteral("a\uFFFD"));
-        QCOMPARE(only(R"("\ude00b")").toString(), QStringLiteral("\uFFFDb"));
-        QCOMPARE(only(R"("\ud83d\u0041")").toString(), QStringLiteral("\uFFFDA"));
-        QCOMPARE(only(R"("\ud83d\ud83d\ude00")").toString(), QStringLiteral("\uFFFD\U0001F600"));
+        QCOMPARE(only(R"("a\ud83d")").toString(), u"a\uFFFD"_s);
+        QCOMPARE(only(R"("\ude00b")").toString(), u"\uFFFDb"_s);
+        QCOMPARE(only(R"("\ud83d\u0041")").toString(), u"\uFFFDA"_s);
+        QCOMPARE(only(R"("\ud83d\ud83d\ude00")").toString(), u"\uFFFD\U0001F600"_s);
     }
 
     void numbersOfAnySizeAreRead_data() {
@@ -152,13 +152,13 @@ private Q_SLOTS:
 
     void lastOfARepeatedKeyCounts() {
         const auto object = parsedJson(R"({"a": 1, "b": 2, "a": 3})");
-        QCOMPARE(object->toObject(), (QJsonObject{{QStringLiteral("a"), 3}, {QStringLiteral("b"), 2}}));
+        QCOMPARE(object->toObject(), (QJsonObject{{u"a"_s, 3}, {u"b"_s, 2}}));
     }
 
     void byteOrderMarkBelongsToTextsButNotToTheFile() {
         const auto value = parsedJson("\xEF\xBB\xBF{\"\xEF\xBB\xBFk\": \"\xEF\xBB\xBFv\"}");
         QVERIFY(value);
-        QCOMPARE(value->toObject(), (QJsonObject{{QStringLiteral("\uFEFFk"), QStringLiteral("\uFEFFv")}}));
+        QCOMPARE(value->toObject(), (QJsonObject{{u"\uFEFFk"_s, u"\uFEFFv"_s}}));
     }
 };
 

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::runTest;
 
 class MoneyLocaleTest : public QObject {
@@ -18,20 +19,20 @@ private Q_SLOTS:
 
     void isTheFirstThatTheEnvironmentSets() {
         qputenv("LANG", "en_US.UTF-8");
-        QCOMPARE(moneyLocale().name(), QStringLiteral("en_US"));
+        QCOMPARE(moneyLocale().name(), u"en_US"_s);
         qputenv("LC_NUMERIC", "fr_CH.UTF-8");
-        QCOMPARE(moneyLocale().name(), QStringLiteral("fr_CH"));
+        QCOMPARE(moneyLocale().name(), u"fr_CH"_s);
         qputenv("LC_MONETARY", "de_DE.UTF-8@euro");
-        QCOMPARE(moneyLocale().name(), QStringLiteral("de_DE"));
+        QCOMPARE(moneyLocale().name(), u"de_DE"_s);
         qputenv("LC_ALL", "sv_SE");
-        QCOMPARE(moneyLocale().name(), QStringLiteral("sv_SE"));
+        QCOMPARE(moneyLocale().name(), u"sv_SE"_s);
     }
 
     void emptyVariableIsNone() {
         qputenv("LC_ALL", "");
         qputenv("LC_MONETARY", "");
         qputenv("LANG", "ja_JP.UTF-8");
-        QCOMPARE(moneyLocale().name(), QStringLiteral("ja_JP"));
+        QCOMPARE(moneyLocale().name(), u"ja_JP"_s);
     }
 
     void cIsC() {

@@ -7,15 +7,16 @@
 #include <limits>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class NumberTextTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void writesTwoDecimalsWithoutGrouping() {
-        QCOMPARE(twoDecimals(1234567.5), QStringLiteral("1234567.50"));
-        QCOMPARE(twoDecimals(0), QStringLiteral("0.00"));
-        QCOMPARE(twoDecimals(-3.456), QStringLiteral("-3.46"));
+        QCOMPARE(twoDecimals(1234567.5), u"1234567.50"_s);
+        QCOMPARE(twoDecimals(0), u"0.00"_s);
+        QCOMPARE(twoDecimals(-3.456), u"-3.46"_s);
     }
 
     void roundsTheExactBinaryValueLikeTheCFormat_data() {

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class PathTextTest : public QObject {
     Q_OBJECT
@@ -40,17 +41,17 @@ private Q_SLOTS:
     }
     void joinedNameStaysInItsFolder() {
         QFETCH(QString, name);
-        QCOMPARE(joinedPath(QStringLiteral("/w"), name), QStringLiteral("/w/") + name);
-        QCOMPARE(joinedPath(QStringLiteral("/w/"), name), QStringLiteral("/w/") + name);
-        QCOMPARE(joinedPath(QStringLiteral("/"), name), u'/' + name);
-        QCOMPARE(lastPathComponent(joinedPath(QStringLiteral("/w"), name)), name);
-        QCOMPARE(parentFolder(joinedPath(QStringLiteral("/w"), name)), QStringLiteral("/w"));
-        QCOMPARE(parentFolder(u'/' + name), QStringLiteral("/"));
+        QCOMPARE(joinedPath(u"/w"_s, name), u"/w/"_s + name);
+        QCOMPARE(joinedPath(u"/w/"_s, name), u"/w/"_s + name);
+        QCOMPARE(joinedPath(u"/"_s, name), u'/' + name);
+        QCOMPARE(lastPathComponent(joinedPath(u"/w"_s, name)), name);
+        QCOMPARE(parentFolder(joinedPath(u"/w"_s, name)), u"/w"_s);
+        QCOMPARE(parentFolder(u'/' + name), u"/"_s);
     }
 
     void lastComponentIsWhatFollowsTheLastSlash() {
-        QCOMPARE(lastPathComponent(QStringLiteral("/a/b.pdf")), QStringLiteral("b.pdf"));
-        QCOMPARE(lastPathComponent(QStringLiteral("b.pdf")), QStringLiteral("b.pdf"));
+        QCOMPARE(lastPathComponent(u"/a/b.pdf"_s), u"b.pdf"_s);
+        QCOMPARE(lastPathComponent(u"b.pdf"_s), u"b.pdf"_s);
     }
 };
 

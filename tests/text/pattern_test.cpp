@@ -4,27 +4,26 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class PatternTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void theWholeTextMustMatch() {
-        QVERIFY(matchesWhole(QStringLiteral("12:30"), R"(\d{2}:\d{2})"));
-        QVERIFY(!matchesWhole(QStringLiteral("12:30:05"), R"(\d{2}:\d{2})"));
-        QVERIFY(!matchesWhole(QStringLiteral(" 12:30"), R"(\d{2}:\d{2})"));
+        QVERIFY(matchesWhole(u"12:30"_s, R"(\d{2}:\d{2})"));
+        QVERIFY(!matchesWhole(u"12:30:05"_s, R"(\d{2}:\d{2})"));
+        QVERIFY(!matchesWhole(u" 12:30"_s, R"(\d{2}:\d{2})"));
     }
 
-    void aTrailingLineFeedDoesNotSlipThrough() {
-        QVERIFY(!matchesWhole(QStringLiteral("12:30\n"), R"(\d{2}:\d{2})"));
-    }
+    void aTrailingLineFeedDoesNotSlipThrough() { QVERIFY(!matchesWhole(u"12:30\n"_s, R"(\d{2}:\d{2})")); }
 
-    void digitsAreThoseOfAnyScript() { QVERIFY(matchesWhole(QStringLiteral("١٢:٣٠"), R"(\d{2}:\d{2})")); }
+    void digitsAreThoseOfAnyScript() { QVERIFY(matchesWhole(u"١٢:٣٠"_s, R"(\d{2}:\d{2})")); }
 
     void lettersInABracketAreAsciiAndCaseSensitive() {
-        QVERIFY(matchesWhole(QStringLiteral("EUR"), "[A-Z]{3}"));
-        QVERIFY(!matchesWhole(QStringLiteral("eur"), "[A-Z]{3}"));
-        QVERIFY(!matchesWhole(QStringLiteral("ÄUR"), "[A-Z]{3}"));
+        QVERIFY(matchesWhole(u"EUR"_s, "[A-Z]{3}"));
+        QVERIFY(!matchesWhole(u"eur"_s, "[A-Z]{3}"));
+        QVERIFY(!matchesWhole(u"ÄUR"_s, "[A-Z]{3}"));
     }
 };
 

@@ -4,15 +4,15 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 class UnsafeCharactersTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void exactlyNineCharactersAreDeleted() {
-        QCOMPARE(withoutUnsafeCharacters(QStringLiteral("a\\b/c:d*e?f\"g<h>i|j")),
-                 QStringLiteral("abcdefghij"));
-        const QString kept = QStringLiteral("Mario's Café $23.50 (2) é; #%&{}\u202E\t  x.");
+        QCOMPARE(withoutUnsafeCharacters(u"a\\b/c:d*e?f\"g<h>i|j"_s), u"abcdefghij"_s);
+        const QString kept = u"Mario's Café $23.50 (2) é; #%&{}\u202E\t  x."_s;
         QCOMPARE(withoutUnsafeCharacters(kept), kept);
     }
 };

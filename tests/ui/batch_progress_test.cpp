@@ -2,7 +2,7 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/batch_progress.h"
+#include "ui/tray/batch_progress.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
@@ -11,6 +11,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class BatchProgressTest : public QObject {
     Q_OBJECT
@@ -71,7 +72,7 @@ private Q_SLOTS:
 
 private:
     Receipt add(const char *name) {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/") + QString::fromUtf8(name));
+        Receipt receipt = freshReceipt(u"/w/"_s + QString::fromUtf8(name));
         store_->add(receipt);
         return receipt;
     }

@@ -1,7 +1,7 @@
 #include "clipped_texts.h"
 
-#include "ui/elided_label.h"
-#include "ui/settings_section.h"
+#include "ui/settings/settings_section.h"
+#include "ui/widgets/elided_label.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>
@@ -16,6 +16,8 @@
 #include <QToolButton>
 
 namespace fennick::test {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -198,7 +200,7 @@ QString clippedTexts(const QWidget *window) {
         const QStringList texts = clippedTextsOf(widget);
         for (const QString &text : texts) {
             clipped.append(QLatin1StringView(widget->metaObject()->className()) + u' ' +
-                           widget->objectName() + QStringLiteral(": ") + text);
+                           widget->objectName() + u": "_s + text);
         }
     }
     return clipped.join(u'\n');

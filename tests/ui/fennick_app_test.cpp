@@ -3,7 +3,7 @@
 #include "support/temporary_home.h"
 #include "support/test_program.h"
 #include "ui/fennick_app.h"
-#include "ui/settings_view.h"
+#include "ui/settings/settings_view.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,6 +13,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,7 +40,7 @@ class FennickAppTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        watched_ = home_.path(QStringLiteral("watched"));
+        watched_ = home_.path(u"watched"_s);
         QDir().mkpath(watched_);
         writeFile(home_.preferencesFile(), "[General]\nwatchFolder=" + watched_.toUtf8() + '\n');
         app_ = std::make_unique<FennickApp>();
@@ -50,7 +51,7 @@ private Q_SLOTS:
 
     void watchingStartsWhenTheWindowAppears() {
         letTimePass(100);
-        writeFile(watched_ + QStringLiteral("/a.pdf"), "x");
+        writeFile(watched_ + u"/a.pdf"_s, "x");
         QVERIFY(waitUntil([this] { return readList().contains("API key not configured"); }));
     }
 

@@ -15,6 +15,8 @@
 
 namespace fennick::test {
 
+using Qt::StringLiterals::operator""_s;
+
 // Runs an action on the folder chooser as soon as it is on the screen, from inside the modal event loop. A
 // chooser that the action leaves open is cancelled after a while, so that a failing test ends.
 class FolderChooserDriver {
@@ -39,12 +41,12 @@ public:
     }
 
     static QPushButton *button(QFileDialog *dialog, QDialogButtonBox::StandardButton which) {
-        return dialog->findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"))->button(which);
+        return dialog->findChild<QDialogButtonBox *>(u"buttonBox"_s)->button(which);
     }
 
     // In ASCII, which is what QTest can type.
     static void type(QFileDialog *dialog, const QString &path) {
-        auto *const field = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        auto *const field = dialog->findChild<QLineEdit *>(u"fileNameEdit"_s);
         field->setFocus();
         field->selectAll();
         QTest::keyClicks(field, path);

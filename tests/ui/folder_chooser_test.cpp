@@ -2,7 +2,7 @@
 #include "support/conditions.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/folder_chooser.h"
+#include "ui/dialogs/folder_chooser.h"
 
 #include <QApplication>
 #include <QListView>
@@ -12,6 +12,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Driver = FolderChooserDriver;
 
 class FolderChooserTest : public QObject {
@@ -20,8 +21,8 @@ class FolderChooserTest : public QObject {
 private Q_SLOTS:
     void initTestCase() {
         QDir().mkpath(folder_);
-        QDir().mkpath(folder_ + QStringLiteral("/inside"));
-        writeFile(folder_ + QStringLiteral("/receipt.pdf"), "a file");
+        QDir().mkpath(folder_ + u"/inside"_s);
+        writeFile(folder_ + u"/receipt.pdf"_s, "a file");
     }
 
     void confirmButtonCarriesTheGivenText() {
@@ -30,20 +31,20 @@ private Q_SLOTS:
             text = Driver::button(dialog, QDialogButtonBox::Open)->text();
             Driver::cancel(dialog);
         });
-        chooseFolder(nullptr, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
+        chooseFolder(nullptr, u"Watch This Folder"_s, folder_, NewFolders::refused);
         QVERIFY(driver.hasRun());
-        QCOMPARE(text, QStringLiteral("Watch This Folder"));
+        QCOMPARE(text, u"Watch This Folder"_s);
     }
 
     void confirmationWithoutASelectionChoosesTheStartFolder() {
-        const QString start = home_.path(QStringLiteral("Belege für „Müller“"));
+        const QString start = home_.path(u"Belege für „Müller“"_s);
         QDir().mkpath(start);
         Driver driver([](QFileDialog *dialog) { Driver::confirm(dialog); });
         QCOMPARE(choose(start).value_or(QString()), start);
     }
 
     void typedFolderIsChosen() {
-        const QString inside = folder_ + QStringLiteral("/inside");
+        const QString inside = folder_ + u"/inside"_s;
         Driver driver([&inside](QFileDialog *dialog) {
             Driver::type(dialog, inside);
             Driver::confirm(dialog);
@@ -52,7 +53,7 @@ private Q_SLOTS:
     }
 
     void pathEndsWithoutASlash() {
-        const QString inside = folder_ + QStringLiteral("/inside");
+        const QString inside = folder_ + u"/inside"_s;
         Driver driver([&inside](QFileDialog *dialog) {
             Driver::type(dialog, inside + u'/');
             Driver::confirm(dialog);
@@ -63,7 +64,7 @@ private Q_SLOTS:
     void onlyOneFolderCanBeSelected() {
         QAbstractItemView::SelectionMode mode{};
         Driver driver([&mode](QFileDialog *dialog) {
-            mode = dialog->findChild<QListView *>(QStringLiteral("listView"))->selectionMode();
+            mode = dialog->findChild<QListView *>(u"listView"_s)->selectionMode();
             Driver::cancel(dialog);
         });
         choose(folder_);
@@ -75,7 +76,7 @@ private Q_SLOTS:
         bool isOpenAfterwards = false;
         Driver driver([&](QFileDialog *dialog) {
             areFoldersOnly = dialog->testOption(QFileDialog::ShowDirsOnly);
-            Driver::type(dialog, folder_ + QStringLiteral("/receipt.pdf"));
+            Driver::type(dialog, folder_ + u"/receipt.pdf"_s);
             // The dialog tells in a message that this is no folder.
             QTimer::singleShot(0, dialog, [] {
                 const auto widgets = QApplication::topLevelWidgets();
@@ -118,7 +119,7 @@ private Q_SLOTS:
             start = dialog->directory().path();
             Driver::cancel(dialog);
         });
-        choose(isGiven ? std::optional(home_.path(QStringLiteral("gone"))) : std::nullopt);
+        choose(isGiven ? std::optional(home_.path(u"gone"_s)) : std::nullopt);
         QCOMPARE(start, QDir::homePath());
     }
 
@@ -129,14 +130,14 @@ private Q_SLOTS:
     }
     void newFoldersAreMadeOnlyWhereAllowed() {
         QFETCH(bool, isAllowed);
-        const QString start = home_.path(isAllowed ? QStringLiteral("new") : QStringLiteral("none-new"));
+        const QString start = home_.path(isAllowed ? u"new"_s : u"none-new"_s);
         QDir().mkpath(start);
         Driver driver([](QFileDialog *dialog) {
-            auto *const button = dialog->findChild<QToolButton *>(QStringLiteral("newFolderButton"));
+            auto *const button = dialog->findChild<QToolButton *>(u"newFolderButton"_s);
             QTest::mouseClick(button, Qt::LeftButton);
             Driver::cancel(dialog);
         });
-        chooseFolder(nullptr, QStringLiteral("Archive Here"), start,
+        chooseFolder(nullptr, u"Archive Here"_s, start,
                      isAllowed ? NewFolders::allowed : NewFolders::refused);
         QVERIFY(driver.hasRun());
         const auto folders = QDir(start).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -153,7 +154,7 @@ private Q_SLOTS:
             seen = dialog;
             Driver::cancel(dialog);
         });
-        chooseFolder(&parent, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
+        chooseFolder(&parent, u"Watch This Folder"_s, folder_, NewFolders::refused);
         QVERIFY(isModal);
         QVERIFY(waitUntil([&] { return !seen; }));
     }
@@ -162,19 +163,18 @@ private Q_SLOTS:
         auto *const parent = new QWidget;
         parent->show();
         Driver driver([parent](QFileDialog *) { delete parent; });
-        const auto chosen =
-            chooseFolder(parent, QStringLiteral("Watch This Folder"), folder_, NewFolders::refused);
+        const auto chosen = chooseFolder(parent, u"Watch This Folder"_s, folder_, NewFolders::refused);
         QVERIFY(driver.hasRun());
         QCOMPARE(chosen, std::nullopt);
     }
 
 private:
     static std::optional<QString> choose(const std::optional<QString> &startFolder) {
-        return chooseFolder(nullptr, QStringLiteral("Watch This Folder"), startFolder, NewFolders::refused);
+        return chooseFolder(nullptr, u"Watch This Folder"_s, startFolder, NewFolders::refused);
     }
 
     TemporaryHome home_;
-    QString folder_ = home_.path(QStringLiteral("Tax & receipts"));
+    QString folder_ = home_.path(u"Tax & receipts"_s);
 };
 
 int folder_chooser_test(int argc, char **argv) {

@@ -3,10 +3,10 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/caption_label.h"
-#include "ui/elided_label.h"
-#include "ui/home_view.h"
-#include "ui/symbol_label.h"
+#include "ui/main_window/home_view.h"
+#include "ui/widgets/caption_label.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/symbol_label.h"
 
 #include <QApplication>
 #include <QDir>
@@ -19,24 +19,25 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class HomeViewTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init() {
-        QDir(home_.path(QStringLiteral("data/Fennick"))).removeRecursively();
-        QDir(home_.path(QStringLiteral("config/Fennick"))).removeRecursively();
+        QDir(home_.path(u"data/Fennick"_s)).removeRecursively();
+        QDir(home_.path(u"config/Fennick"_s)).removeRecursively();
     }
 
     void folderIsShownAndFollowsTheSettings() {
         SettingsStore settings;
         ReceiptStore store;
         HomeView view(&store, &settings);
-        auto *const folder = view.findChild<ElidedLabel *>(QStringLiteral("watchFolder"));
-        QCOMPARE(folder->fullText(), QStringLiteral("No folder selected"));
-        settings.setWatchFolderPath(QStringLiteral("/home/me/<b>Receipts</b>"));
-        QCOMPARE(folder->fullText(), QStringLiteral("/home/me/<b>Receipts</b>"));
+        auto *const folder = view.findChild<ElidedLabel *>(u"watchFolder"_s);
+        QCOMPARE(folder->fullText(), u"No folder selected"_s);
+        settings.setWatchFolderPath(u"/home/me/<b>Receipts</b>"_s);
+        QCOMPARE(folder->fullText(), u"/home/me/<b>Receipts</b>"_s);
         QCOMPARE(folder->textFormat(), Qt::PlainText);
     }
 
@@ -44,13 +45,12 @@ private Q_SLOTS:
         SettingsStore settings;
         ReceiptStore store;
         HomeView view(&store, &settings);
-        auto *const warning = view.findChild<CaptionLabel *>(QStringLiteral("missingKey"));
-        QCOMPARE(warning->text(),
-                 QStringLiteral("Set your Gemini API key in Settings (⌘,) to start scanning."));
+        auto *const warning = view.findChild<CaptionLabel *>(u"missingKey"_s);
+        QCOMPARE(warning->text(), u"Set your Gemini API key in Settings (⌘,) to start scanning."_s);
         QVERIFY(warning->isVisibleTo(&view));
-        settings.setAPIKey(QStringLiteral("key"));
+        settings.setAPIKey(u"key"_s);
         QVERIFY(!warning->isVisibleTo(&view));
-        settings.setAPIKey(QStringLiteral("  ")); // removes the key
+        settings.setAPIKey(u"  "_s); // removes the key
         QVERIFY(warning->isVisibleTo(&view));
     }
 
@@ -60,13 +60,12 @@ private Q_SLOTS:
         HomeView view(&store, &settings);
         view.resize(720, 420);
         view.show();
-        auto *const folder = view.findChild<ElidedLabel *>(QStringLiteral("watchFolder"));
-        const QString path = QStringLiteral("/home/me/") + QStringLiteral("long/").repeated(60) +
-                             QStringLiteral("last folder");
+        auto *const folder = view.findChild<ElidedLabel *>(u"watchFolder"_s);
+        const QString path = u"/home/me/"_s + u"long/"_s.repeated(60) + u"last folder"_s;
         settings.setWatchFolderPath(path);
         QVERIFY(waitUntil([folder] { return folder->text().contains(u'…'); }));
-        QVERIFY(folder->text().startsWith(QStringLiteral("/home/me/long")));
-        QVERIFY(folder->text().endsWith(QStringLiteral("long/last folder")));
+        QVERIFY(folder->text().startsWith(u"/home/me/long"_s));
+        QVERIFY(folder->text().endsWith(u"long/last folder"_s));
         QVERIFY(folder->fontMetrics().horizontalAdvance(folder->text()) <= folder->width());
         QVERIFY(folder->height() < 2 * folder->fontMetrics().height());
         QVERIFY(folder->toolTip().contains(path)); // which shows the whole path
@@ -78,9 +77,9 @@ private Q_SLOTS:
         ReceiptStore store;
         HomeView view(&store, &settings);
         view.show();
-        store.add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        auto *const badge = view.findChild<CaptionLabel *>(QStringLiteral("photosBadge"));
-        QCOMPARE(badge->text(), QStringLiteral("Photos export on"));
+        store.add(finishedReceipt(u"/w/a.pdf"_s));
+        auto *const badge = view.findChild<CaptionLabel *>(u"photosBadge"_s);
+        QCOMPARE(badge->text(), u"Photos export on"_s);
         QVERIFY(badge->isVisible());
         QVERIFY(waitUntil([&view] { return offersAddToPhotos(view); }));
         settings.setAddToPhotos(false);
@@ -96,18 +95,18 @@ private Q_SLOTS:
         ReceiptStore store;
         HomeView view(&store, &settings);
         view.show();
-        const auto *const title = view.findChild<QLabel *>(QStringLiteral("emptyTitle"));
-        const auto *const explanation = view.findChild<QLabel *>(QStringLiteral("emptyExplanation"));
-        auto *const choose = view.findChild<QPushButton *>(QStringLiteral("emptyChooseFolder"));
-        QCOMPARE(title->text(), QStringLiteral("No receipts yet"));
+        const auto *const title = view.findChild<QLabel *>(u"emptyTitle"_s);
+        const auto *const explanation = view.findChild<QLabel *>(u"emptyExplanation"_s);
+        auto *const choose = view.findChild<QPushButton *>(u"emptyChooseFolder"_s);
+        QCOMPARE(title->text(), u"No receipts yet"_s);
         QCOMPARE(explanation->text(),
-                 QStringLiteral("Choose a folder to watch, then drop in receipt PDFs or photos.\nEach one is "
-                                "scanned, renamed, and added to Photos for Workday mobile."));
-        QCOMPARE(choose->text(), QStringLiteral("Choose Folder…"));
+                 u"Choose a folder to watch, then drop in receipt PDFs or photos.\nEach one is "
+                 "scanned, renamed, and added to Photos for Workday mobile."_s);
+        QCOMPARE(choose->text(), u"Choose Folder…"_s);
         QSignalSpy requested(&view, &HomeView::chooseFolderRequested);
         QTest::mouseClick(choose, Qt::LeftButton);
         QCOMPARE(requested.size(), 1);
-        store.add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store.add(finishedReceipt(u"/w/a.pdf"_s));
         QVERIFY(!title->isVisible());
         store.clearAll();
         QVERIFY(title->isVisible());
@@ -122,7 +121,7 @@ private Q_SLOTS:
         QCOMPARE(header->contentsMargins(), QMargins(16, 10, 16, 10));
         QCOMPARE(header->spacing(), 6);
         QCOMPARE(header->itemAt(0)->layout()->spacing(), 8);
-        const auto *const title = view.findChild<QLabel *>(QStringLiteral("emptyTitle"));
+        const auto *const title = view.findChild<QLabel *>(u"emptyTitle"_s);
         QCOMPARE(title->parentWidget()->layout()->spacing(), 12);
     }
 
@@ -133,7 +132,7 @@ private Q_SLOTS:
         const auto *const folder = view.findChild<ElidedLabel *>();
         const QPalette palette = QApplication::palette();
         QCOMPARE(folder->palette().color(QPalette::WindowText), tintColor(Tint::secondary, palette));
-        settings.setWatchFolderPath(QStringLiteral("/w"));
+        settings.setWatchFolderPath(u"/w"_s);
         QCOMPARE(folder->palette().color(QPalette::WindowText), tintColor(Tint::primary, palette));
     }
 
@@ -154,7 +153,7 @@ private Q_SLOTS:
             return text->font().pointSizeF();
         };
         QVERIFY(size("emptyTitle") > body);
-        QCOMPARE(view.findChild<QLabel *>(QStringLiteral("emptyTitle"))->font().weight(), QFont::Medium);
+        QCOMPARE(view.findChild<QLabel *>(u"emptyTitle"_s)->font().weight(), QFont::Medium);
         QVERIFY(size("watchFolder") < body);
         QCOMPARE(size("emptyExplanation"), size("watchFolder"));
         QVERIFY(captionSize("photosBadge") < size("watchFolder"));
@@ -166,9 +165,9 @@ private Q_SLOTS:
         ReceiptStore store;
         HomeView view(&store, &settings);
         view.show();
-        const auto *const symbol = view.findChild<SymbolLabel *>(QStringLiteral("folderSymbol"));
+        const auto *const symbol = view.findChild<SymbolLabel *>(u"folderSymbol"_s);
         const QPalette light = QApplication::palette();
-        const auto *const warning = view.findChild<CaptionLabel *>(QStringLiteral("missingKey"));
+        const auto *const warning = view.findChild<CaptionLabel *>(u"missingKey"_s);
         const QImage symbolBefore = symbol->pixmap().toImage();
         const QImage warningBefore = warning->findChild<SymbolLabel *>()->pixmap().toImage();
         QPalette dark = light;
@@ -190,14 +189,14 @@ private Q_SLOTS:
         ReceiptStore store;
         HomeView view(&store, &settings);
         view.show();
-        const auto *const table = view.findChild<QTableView *>(QStringLiteral("receipts"));
-        store.add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        const auto *const table = view.findChild<QTableView *>(u"receipts"_s);
+        store.add(finishedReceipt(u"/w/a.pdf"_s));
         QCOMPARE(table->model()->rowCount(), 1);
     }
 
 private:
     static bool offersAddToPhotos(const HomeView &view) {
-        const auto *const button = view.findChild<QToolButton *>(QStringLiteral("addToPhotos"));
+        const auto *const button = view.findChild<QToolButton *>(u"addToPhotos"_s);
         return button != nullptr && button->isVisible();
     }
 

@@ -8,7 +8,7 @@
 #include "support/test_program.h"
 #include "text/currency_text.h"
 #include "ui/interface_language.h"
-#include "ui/menu_bar_content.h"
+#include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -161,10 +161,10 @@ private Q_SLOTS:
 
     void formatsStayTheUsers() {
         const QLocale before;
-        const QString amount = amountText(1234.5, u"USD"_s);
+        const QString amount = AmountFormatter(FractionDigits::ofCurrency).text(1234.5, u"USD"_s);
         const InterfaceLanguage german({u"de"_s});
         QCOMPARE(QLocale(), before);
-        QCOMPARE(amountText(1234.5, u"USD"_s), amount);
+        QCOMPARE(AmountFormatter(FractionDigits::ofCurrency).text(1234.5, u"USD"_s), amount);
     }
 
     void programSpeaksTheLanguageOfItsEnvironment_data() {

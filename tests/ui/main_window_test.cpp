@@ -4,8 +4,8 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/main_window.h"
-#include "ui/receipts_table.h"
+#include "ui/main_window/main_window.h"
+#include "ui/main_window/receipts_table.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -26,6 +26,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -51,7 +52,7 @@ void clickButton(const QMessageBox *box, const QString &text) {
             return;
         }
     }
-    QFAIL(qPrintable(QStringLiteral("no button ") + text));
+    QFAIL(qPrintable(u"no button "_s + text));
 }
 
 QMessageBox::ButtonRole roleOf(const QMessageBox *box, const QString &text) {
@@ -71,9 +72,9 @@ class MainWindowTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        QDir(home_.path(QStringLiteral("data/Fennick"))).removeRecursively();
-        QDir(home_.path(QStringLiteral("config/Fennick"))).removeRecursively();
-        watched_ = home_.path(QStringLiteral("watched"));
+        QDir(home_.path(u"data/Fennick"_s)).removeRecursively();
+        QDir(home_.path(u"config/Fennick"_s)).removeRecursively();
+        watched_ = home_.path(u"watched"_s);
         QDir(watched_).removeRecursively();
         QDir().mkpath(watched_);
         settings_ = std::make_unique<SettingsStore>();
@@ -92,7 +93,7 @@ private Q_SLOTS:
     void windowHasTheSizesOfItsScreen() {
         QCOMPARE(window_->size(), QSize(900, 560));
         QCOMPARE(window_->centralWidget()->minimumSize(), QSize(720, 420));
-        QCOMPARE(window_->windowTitle(), QStringLiteral("Fennick"));
+        QCOMPARE(window_->windowTitle(), u"Fennick"_s);
     }
 
     void emptyListDisablesTheBatchControlsOnly() {
@@ -100,7 +101,7 @@ private Q_SLOTS:
         QVERIFY(!button("exportMenu")->isEnabled());
         QVERIFY(!button("archiveMenu")->isEnabled());
         QVERIFY(!action("clearAll")->isEnabled());
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
         QVERIFY(button("exportMenu")->isEnabled());
         QVERIFY(button("archiveMenu")->isEnabled());
         QVERIFY(action("clearAll")->isEnabled());
@@ -108,18 +109,17 @@ private Q_SLOTS:
 
     void toolbarReadsAsItShould() {
         QStringList texts;
-        const auto actions = window_->findChild<QToolBar *>(QStringLiteral("toolbar"))->actions();
+        const auto actions = window_->findChild<QToolBar *>(u"toolbar"_s)->actions();
         for (QAction *const action : actions) {
             const auto *const widget = qobject_cast<QToolButton *>(
-                window_->findChild<QToolBar *>(QStringLiteral("toolbar"))->widgetForAction(action));
+                window_->findChild<QToolBar *>(u"toolbar"_s)->widgetForAction(action));
             texts.append(widget->text());
         }
-        QCOMPARE(texts, (QStringList{QStringLiteral("Choose Folder"), QStringLiteral("Export"),
-                                     QStringLiteral("Archive && Clear"), QStringLiteral("Clear All")}));
-        QCOMPARE(menuTexts("exportMenu"),
-                 (QStringList{QStringLiteral("Export as CSV…"), QStringLiteral("Export as HTML…")}));
-        QCOMPARE(menuTexts("archiveMenu"), (QStringList{QStringLiteral("Export CSV, Archive && Clear"),
-                                                        QStringLiteral("Export HTML, Archive && Clear")}));
+        QCOMPARE(texts,
+                 (QStringList{u"Choose Folder"_s, u"Export"_s, u"Archive && Clear"_s, u"Clear All"_s}));
+        QCOMPARE(menuTexts("exportMenu"), (QStringList{u"Export as CSV…"_s, u"Export as HTML…"_s}));
+        QCOMPARE(menuTexts("archiveMenu"),
+                 (QStringList{u"Export CSV, Archive && Clear"_s, u"Export HTML, Archive && Clear"_s}));
     }
 
     void usualShortcutsAreThere() {
@@ -131,9 +131,9 @@ private Q_SLOTS:
     }
 
     void chosenFolderIsStoredAndWatched() {
-        writeFile(watched_ + QStringLiteral("/a.pdf"), "x");
+        writeFile(watched_ + u"/a.pdf"_s, "x");
         const FolderChooserDriver driver([this](QFileDialog *dialog) {
-            QCOMPARE(dialog->labelText(QFileDialog::Accept), QStringLiteral("Watch This Folder"));
+            QCOMPARE(dialog->labelText(QFileDialog::Accept), u"Watch This Folder"_s);
             FolderChooserDriver::type(dialog, watched_);
             QTest::mouseClick(FolderChooserDriver::button(dialog, QDialogButtonBox::Open), Qt::LeftButton);
         });
@@ -144,20 +144,19 @@ private Q_SLOTS:
     }
 
     void clearAsksFirstAndCancelKeepsTheList() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
         onNextDialog<QMessageBox>([](QMessageBox *box) {
-            QCOMPARE(box->text(), QStringLiteral("Clear all receipts from the list?"));
-            QCOMPARE(box->informativeText(),
-                     QStringLiteral("This empties the list. Your renamed files stay in the "
-                                    "folder and won't be re-scanned."));
-            clickButton(box, QStringLiteral("Cancel"));
+            QCOMPARE(box->text(), u"Clear all receipts from the list?"_s);
+            QCOMPARE(box->informativeText(), u"This empties the list. Your renamed files stay in the "
+                                             "folder and won't be re-scanned."_s);
+            clickButton(box, u"Cancel"_s);
         });
         action("clearAll")->trigger();
         QCOMPARE(store_->receipts().size(), 1);
         onNextDialog<QMessageBox>([](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Escape); });
         action("clearAll")->trigger();
         QCOMPARE(store_->receipts().size(), 1);
-        onNextDialog<QMessageBox>([](QMessageBox *box) { clickButton(box, QStringLiteral("Clear All")); });
+        onNextDialog<QMessageBox>([](QMessageBox *box) { clickButton(box, u"Clear All"_s); });
         action("clearAll")->trigger();
         QVERIFY(store_->receipts().isEmpty());
     }
@@ -167,10 +166,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("receipts");
         QTest::addColumn<QString>("start");
         QTest::newRow("one, CSV") << QByteArray("archiveCsv") << 1
-                                  << QStringLiteral("Saves a CSV ledger and moves 1 receipt file into “");
+                                  << u"Saves a CSV ledger and moves 1 receipt file into “"_s;
         QTest::newRow("three, HTML") << QByteArray("archiveHtml") << 3
-                                     << QStringLiteral(
-                                            "Saves a HTML ledger and moves 3 receipt files into “");
+                                     << u"Saves a HTML ledger and moves 3 receipt files into “"_s;
     }
     void archiveTellsWhatItWillDo() {
         QFETCH(QByteArray, actionName);
@@ -178,14 +176,14 @@ private Q_SLOTS:
         QFETCH(QString, start);
         settings_->setWatchFolderPath(watched_);
         for (int index = 0; index < receipts; ++index) {
-            store_->add(finishedReceipt(QStringLiteral("/w/%1.pdf").arg(index)));
+            store_->add(finishedReceipt(u"/w/%1.pdf"_s.arg(index)));
         }
         const QString message = start + appState_->archiveDestinationPath() +
-                                QStringLiteral("”, then clears the list. Your Photos are unaffected.");
+                                u"”, then clears the list. Your Photos are unaffected."_s;
         onNextDialog<QMessageBox>([message](QMessageBox *box) {
-            QCOMPARE(box->text(), QStringLiteral("Export, archive, and clear this batch?"));
+            QCOMPARE(box->text(), u"Export, archive, and clear this batch?"_s);
             QCOMPARE(box->informativeText(), message);
-            clickButton(box, QStringLiteral("Cancel"));
+            clickButton(box, u"Cancel"_s);
         });
         action(actionName.constData())->trigger();
         QCOMPARE(store_->receipts().size(), receipts);
@@ -194,17 +192,17 @@ private Q_SLOTS:
 
     void buttonsOfTheQuestionsHaveTheirRoles() {
         settings_->setWatchFolderPath(watched_);
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
         onNextDialog<QMessageBox>([](QMessageBox *box) {
-            QCOMPARE(roleOf(box, QStringLiteral("Clear All")), QMessageBox::DestructiveRole);
-            QCOMPARE(roleOf(box, QStringLiteral("Cancel")), QMessageBox::RejectRole);
-            clickButton(box, QStringLiteral("Cancel"));
+            QCOMPARE(roleOf(box, u"Clear All"_s), QMessageBox::DestructiveRole);
+            QCOMPARE(roleOf(box, u"Cancel"_s), QMessageBox::RejectRole);
+            clickButton(box, u"Cancel"_s);
         });
         action("clearAll")->trigger();
         onNextDialog<QMessageBox>([](QMessageBox *box) {
-            QCOMPARE(roleOf(box, QStringLiteral("Export, Archive && Clear")), QMessageBox::AcceptRole);
-            QCOMPARE(roleOf(box, QStringLiteral("Cancel")), QMessageBox::RejectRole);
-            clickButton(box, QStringLiteral("Cancel"));
+            QCOMPARE(roleOf(box, u"Export, Archive && Clear"_s), QMessageBox::AcceptRole);
+            QCOMPARE(roleOf(box, u"Cancel"_s), QMessageBox::RejectRole);
+            clickButton(box, u"Cancel"_s);
         });
         action("archiveCsv")->trigger();
         QCOMPARE(store_->receipts().size(), 1);
@@ -212,48 +210,46 @@ private Q_SLOTS:
 
     void archiveQuestionFollowsTheList() {
         settings_->setWatchFolderPath(watched_);
-        store_->add(finishedReceipt(addFile(QStringLiteral("a.pdf"))));
+        store_->add(finishedReceipt(addFile(u"a.pdf"_s)));
         onNextDialog<QMessageBox>([this](QMessageBox *box) {
             QVERIFY(box->informativeText().contains(u"moves 1 receipt file into"));
-            store_->add(finishedReceipt(addFile(QStringLiteral("b.pdf"))));
+            store_->add(finishedReceipt(addFile(u"b.pdf"_s)));
             QVERIFY(box->informativeText().contains(u"moves 2 receipt files into"));
-            clickButton(box, QStringLiteral("Export, Archive && Clear"));
+            clickButton(box, u"Export, Archive && Clear"_s);
         });
         action("archiveCsv")->trigger();
         QVERIFY(store_->receipts().isEmpty());
-        QCOMPARE(QDir(appState_->archiveDestinationPath()).entryList({QStringLiteral("*.pdf")}, QDir::Files),
-                 (QStringList{QStringLiteral("a.pdf"), QStringLiteral("b.pdf")}));
+        QCOMPARE(QDir(appState_->archiveDestinationPath()).entryList({u"*.pdf"_s}, QDir::Files),
+                 (QStringList{u"a.pdf"_s, u"b.pdf"_s}));
     }
 
     void confirmedArchiveMovesAndClears() {
         settings_->setWatchFolderPath(watched_);
-        const QString path = watched_ + QStringLiteral("/a.pdf");
+        const QString path = watched_ + u"/a.pdf"_s;
         writeFile(path, "x");
         store_->add(finishedReceipt(path));
-        onNextDialog<QMessageBox>(
-            [](QMessageBox *box) { clickButton(box, QStringLiteral("Export, Archive && Clear")); });
+        onNextDialog<QMessageBox>([](QMessageBox *box) { clickButton(box, u"Export, Archive && Clear"_s); });
         action("archiveHtml")->trigger();
         QVERIFY(store_->receipts().isEmpty());
         const QDir archive(appState_->archiveDestinationPath());
-        QCOMPARE(archive.entryList({QStringLiteral("*.html"), QStringLiteral("*.pdf")}, QDir::Files).size(),
-                 2);
+        QCOMPARE(archive.entryList({u"*.html"_s, u"*.pdf"_s}, QDir::Files).size(), 2);
     }
 
     void ledgerIsSavedWhereThePanelSays_data() {
         QTest::addColumn<QByteArray>("actionName");
         QTest::addColumn<QString>("ending");
-        QTest::newRow("CSV") << QByteArray("exportCsv") << QStringLiteral(".csv");
-        QTest::newRow("HTML") << QByteArray("exportHtml") << QStringLiteral(".html");
+        QTest::newRow("CSV") << QByteArray("exportCsv") << u".csv"_s;
+        QTest::newRow("HTML") << QByteArray("exportHtml") << u".html"_s;
     }
     void ledgerIsSavedWhereThePanelSays() {
         QFETCH(QByteArray, actionName);
         QFETCH(QString, ending);
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        const QString target = home_.path(QStringLiteral("ledger") + ending);
-        const QString proposed = QStringLiteral("receipts-") + AppState::dateStamp() + ending;
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        const QString target = home_.path(u"ledger"_s + ending);
+        const QString proposed = u"receipts-"_s + AppState::dateStamp() + ending;
         onNextDialog<QFileDialog>([target, proposed](QFileDialog *panel) {
-            QCOMPARE(panel->windowTitle(), QStringLiteral("Export Receipts"));
-            QCOMPARE(panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(), proposed);
+            QCOMPARE(panel->windowTitle(), u"Export Receipts"_s);
+            QCOMPARE(panel->findChild<QLineEdit *>(u"fileNameEdit"_s)->text(), proposed);
             confirmSaving(panel, target);
         });
         action(actionName.constData())->trigger();
@@ -261,10 +257,10 @@ private Q_SLOTS:
     }
 
     void ledgerIsTheListAsItWasAtTheClick() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        const QString target = home_.path(QStringLiteral("as-clicked.csv"));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        const QString target = home_.path(u"as-clicked.csv"_s);
         onNextDialog<QFileDialog>([this, target](QFileDialog *panel) {
-            store_->add(finishedReceipt(QStringLiteral("/w/later.pdf")));
+            store_->add(finishedReceipt(u"/w/later.pdf"_s));
             confirmSaving(panel, target);
         });
         action("exportCsv")->trigger();
@@ -275,16 +271,16 @@ private Q_SLOTS:
     void ledgerKeepsItsTypeWhateverNameIsTyped_data() {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("saved");
-        QTest::newRow("another type") << QStringLiteral("other.txt") << QStringLiteral("other.txt.csv");
-        QTest::newRow("none") << QStringLiteral("other") << QStringLiteral("other.csv");
-        QTest::newRow("its own") << QStringLiteral("own.csv") << QStringLiteral("own.csv");
-        QTest::newRow("its own, shouted") << QStringLiteral("OWN.CSV") << QStringLiteral("OWN.CSV");
+        QTest::newRow("another type") << u"other.txt"_s << u"other.txt.csv"_s;
+        QTest::newRow("none") << u"other"_s << u"other.csv"_s;
+        QTest::newRow("its own") << u"own.csv"_s << u"own.csv"_s;
+        QTest::newRow("its own, shouted") << u"OWN.CSV"_s << u"OWN.CSV"_s;
     }
     void ledgerKeepsItsTypeWhateverNameIsTyped() {
         QFETCH(QString, typed);
         QFETCH(QString, saved);
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        const QString folder = home_.path(QStringLiteral("ledgers-") + saved);
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        const QString folder = home_.path(u"ledgers-"_s + saved);
         QDir().mkpath(folder);
         onNextDialog<QFileDialog>([&](QFileDialog *panel) { confirmSaving(panel, folder + u'/' + typed); });
         action("exportCsv")->trigger();
@@ -292,18 +288,17 @@ private Q_SLOTS:
     }
 
     void fileThatTheTypeLeadsToIsNotReplacedUnasked() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        const QString taken = home_.path(QStringLiteral("taken.txt.csv"));
-        const QString free = home_.path(QStringLiteral("free.csv"));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        const QString taken = home_.path(u"taken.txt.csv"_s);
+        const QString free = home_.path(u"free.csv"_s);
         writeFile(taken, "precious");
         onNextDialog<QFileDialog>([&](QFileDialog *panel) {
             onNextDialog<QMessageBox>([&](QMessageBox *question) {
-                QCOMPARE(question->text(),
-                         QStringLiteral("“taken.txt.csv” already exists. Do you want to replace it?"));
+                QCOMPARE(question->text(), u"“taken.txt.csv” already exists. Do you want to replace it?"_s);
                 onNextDialog<QFileDialog>([&](QFileDialog *again) { confirmSaving(again, free); });
                 question->button(QMessageBox::No)->click();
             });
-            confirmSaving(panel, home_.path(QStringLiteral("taken.txt")));
+            confirmSaving(panel, home_.path(u"taken.txt"_s));
         });
         action("exportCsv")->trigger();
         QCOMPARE(readFile(taken), QByteArray("precious"));
@@ -311,7 +306,7 @@ private Q_SLOTS:
     }
 
     void cancelledPanelWritesNothing() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
         onNextDialog<QFileDialog>([](QFileDialog *panel) { panel->reject(); });
         const QStringList before = QDir::current().entryList();
         action("exportCsv")->trigger();
@@ -325,17 +320,16 @@ private Q_SLOTS:
         for (const QAction *const each : actions) {
             texts.append(each->text());
         }
-        QCOMPARE(texts, (QStringList{QStringLiteral("Open"), QStringLiteral("Reveal in Finder"),
-                                     QStringLiteral("Add to Photos"), QStringLiteral("Retry"),
-                                     QStringLiteral("Copy Summary")}));
+        QCOMPARE(texts, (QStringList{u"Open"_s, u"Reveal in Finder"_s, u"Add to Photos"_s, u"Retry"_s,
+                                     u"Copy Summary"_s}));
     }
 
     void receiptActionsFollowTheSelectedRow() {
-        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
-        failed.scannedAt = QStringLiteral("2025-01-01T00:00:02Z");
+        Receipt failed = finishedReceipt(u"/w/a.pdf"_s);
+        failed.scannedAt = u"2025-01-01T00:00:02Z"_s;
         failed.status = ReceiptStatus::error;
-        Receipt done = finishedReceipt(QStringLiteral("/w/b.pdf"));
-        done.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
+        Receipt done = finishedReceipt(u"/w/b.pdf"_s);
+        done.scannedAt = u"2025-01-01T00:00:01Z"_s;
         store_->add(failed);
         store_->add(done);
         QVERIFY(!action("retrySelected")->isEnabled());
@@ -352,15 +346,15 @@ private Q_SLOTS:
     }
 
     void retryFromTheMenuScansAgain() {
-        Receipt failed = finishedReceipt(watched_ + QStringLiteral("/a.pdf"));
+        Receipt failed = finishedReceipt(watched_ + u"/a.pdf"_s);
         failed.status = ReceiptStatus::error;
-        failed.error = QStringLiteral("Gemini API error: 500");
+        failed.error = u"Gemini API error: 500"_s;
         store_->add(failed);
         table()->selectRow(0);
         action("retrySelected")->trigger();
         QVERIFY(waitUntil([this] {
             return store_->receipts().first().error ==
-                   QStringLiteral("API key not configured. Set your Gemini API key in Settings.");
+                   u"API key not configured. Set your Gemini API key in Settings."_s;
         }));
     }
 
@@ -373,7 +367,7 @@ private Q_SLOTS:
 
     void sizeAndColumnWidthsAreRemembered() {
         window_->resize(790, 600);
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
         table()->setColumnWidth(3, 222);
         window_->close();
         const MainWindow again(store_.get(), settings_.get(), appState_.get());
@@ -383,26 +377,25 @@ private Q_SLOTS:
 
     void droppedReceiptsAreCopiedIntoTheWatchedFolder() {
         settings_->setWatchFolderPath(watched_);
-        const QString source = home_.path(QStringLiteral("elsewhere/scan.pdf"));
+        const QString source = home_.path(u"elsewhere/scan.pdf"_s);
         writeFile(source, "dropped");
-        writeFile(watched_ + QStringLiteral("/scan.pdf"), "already there");
+        writeFile(watched_ + u"/scan.pdf"_s, "already there");
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(source),
-                      QUrl::fromLocalFile(home_.path(QStringLiteral("elsewhere/x.txt")))});
+        data.setUrls({QUrl::fromLocalFile(source), QUrl::fromLocalFile(home_.path(u"elsewhere/x.txt"_s))});
         QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &enter);
         QVERIFY(enter.isAccepted());
         QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &drop);
-        QVERIFY(waitUntil([this] { return QFileInfo::exists(watched_ + QStringLiteral("/scan (2).pdf")); }));
-        QCOMPARE(readFile(watched_ + QStringLiteral("/scan.pdf")), QByteArray("already there"));
+        QVERIFY(waitUntil([this] { return QFileInfo::exists(watched_ + u"/scan (2).pdf"_s); }));
+        QCOMPARE(readFile(watched_ + u"/scan.pdf"_s), QByteArray("already there"));
         QVERIFY(QFileInfo::exists(source));
     }
 
     void otherFilesAreNotTakenByDropping() {
         settings_->setWatchFolderPath(watched_);
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(home_.path(QStringLiteral("x.txt")))});
+        data.setUrls({QUrl::fromLocalFile(home_.path(u"x.txt"_s))});
         QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         enter.ignore();
         QApplication::sendEvent(window_.get(), &enter);
@@ -411,7 +404,7 @@ private Q_SLOTS:
 
 private:
     static void confirmSaving(QFileDialog *panel, const QString &path) {
-        auto *const name = panel->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        auto *const name = panel->findChild<QLineEdit *>(u"fileNameEdit"_s);
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
     }

@@ -1,7 +1,7 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/menu_bar_content.h"
+#include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
 #include <QSignalSpy>
@@ -9,6 +9,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class MenuBarContentTest : public QObject {
     Q_OBJECT
@@ -17,15 +18,15 @@ private Q_SLOTS:
     void countHasNoSingular() {
         ReceiptStore store;
         const MenuBarContent menu(&store);
-        QCOMPARE(count(menu), QStringLiteral("No receipts yet"));
-        store.add(finishedReceipt(QStringLiteral("/w/0.pdf")));
-        QCOMPARE(count(menu), QStringLiteral("1 receipts"));
+        QCOMPARE(count(menu), u"No receipts yet"_s);
+        store.add(finishedReceipt(u"/w/0.pdf"_s));
+        QCOMPARE(count(menu), u"1 receipts"_s);
         for (int index = 1; index < 12; ++index) {
-            store.add(finishedReceipt(QStringLiteral("/w/%1.pdf").arg(index)));
+            store.add(finishedReceipt(u"/w/%1.pdf"_s.arg(index)));
         }
-        QCOMPARE(count(menu), QStringLiteral("12 receipts"));
+        QCOMPARE(count(menu), u"12 receipts"_s);
         store.clearAll();
-        QCOMPARE(count(menu), QStringLiteral("No receipts yet"));
+        QCOMPARE(count(menu), u"No receipts yet"_s);
     }
 
     void elementsStandInTheirOrder() {
@@ -34,13 +35,11 @@ private Q_SLOTS:
         QStringList texts;
         const auto actions = menu.actions();
         for (const QAction *const action : actions) {
-            texts.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+            texts.append(action->isSeparator() ? u"-"_s : action->text());
         }
-        QCOMPARE(texts, (QStringList{QStringLiteral("Show Receipts"), QStringLiteral("No receipts yet"),
-                                     QStringLiteral("-"), QStringLiteral("Settings…"), QStringLiteral("-"),
-                                     QStringLiteral("Quit Fennick")}));
-        QCOMPARE(menu.findChild<QAction *>(QStringLiteral("menuQuit"))->shortcut(),
-                 QKeySequence(Qt::CTRL | Qt::Key_Q));
+        QCOMPARE(texts, (QStringList{u"Show Receipts"_s, u"No receipts yet"_s, u"-"_s, u"Settings…"_s, u"-"_s,
+                                     u"Quit Fennick"_s}));
+        QCOMPARE(menu.findChild<QAction *>(u"menuQuit"_s)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
     }
 
     void elementsAskForWhatTheySay() {
@@ -73,14 +72,12 @@ private Q_SLOTS:
     void countIsACaption() {
         const ReceiptStore store;
         const MenuBarContent menu(&store);
-        const auto *const entry = menu.findChild<QAction *>(QStringLiteral("count"));
+        const auto *const entry = menu.findChild<QAction *>(u"count"_s);
         QVERIFY(entry->font().pointSizeF() < menu.font().pointSizeF());
     }
 
 private:
-    static QString count(const MenuBarContent &menu) {
-        return menu.findChild<QAction *>(QStringLiteral("count"))->text();
-    }
+    static QString count(const MenuBarContent &menu) { return menu.findChild<QAction *>(u"count"_s)->text(); }
 
     TemporaryHome home_;
 };

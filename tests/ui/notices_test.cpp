@@ -3,7 +3,7 @@
 #include "support/private_session.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/notices.h"
+#include "ui/tray/notices.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -13,6 +13,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class NoticesTest : public QObject {
     Q_OBJECT
@@ -32,10 +33,10 @@ private Q_SLOTS:
         QTest::addColumn<int>("scanned");
         QTest::addColumn<int>("failed");
         QTest::addColumn<QString>("text");
-        QTest::newRow("one") << 1 << 0 << QStringLiteral("1 receipt scanned");
-        QTest::newRow("several") << 3 << 0 << QStringLiteral("3 receipts scanned");
-        QTest::newRow("some failed") << 3 << 1 << QStringLiteral("3 receipts scanned, 1 failed");
-        QTest::newRow("all failed") << 0 << 2 << QStringLiteral("2 failed");
+        QTest::newRow("one") << 1 << 0 << u"1 receipt scanned"_s;
+        QTest::newRow("several") << 3 << 0 << u"3 receipts scanned"_s;
+        QTest::newRow("some failed") << 3 << 1 << u"3 receipts scanned, 1 failed"_s;
+        QTest::newRow("all failed") << 0 << 2 << u"2 failed"_s;
     }
     void batchIsToldInWords() {
         QFETCH(int, scanned);
@@ -45,16 +46,16 @@ private Q_SLOTS:
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().title, text);
         QCOMPARE(service_->notices().first().text, QString());
-        QCOMPARE(service_->notices().first().icon, QStringLiteral("org.fennick.Fennick"));
+        QCOMPARE(service_->notices().first().icon, u"org.fennick.Fennick"_s);
     }
 
     void windowInFrontTellsByItself() {
         isInFront_ = true;
         notices_->tellBatch(3, 1);
-        notices_->tellFailure(QStringLiteral("Photos export failed: no space")); // which it does not
+        notices_->tellFailure(u"Photos export failed: no space"_s); // which it does not
         QVERIFY(waitForNotices(1));
-        QCOMPARE(service_->notices().first().title, QStringLiteral("Fennick"));
-        QCOMPARE(service_->notices().first().text, QStringLiteral("Photos export failed: no space"));
+        QCOMPARE(service_->notices().first().title, u"Fennick"_s);
+        QCOMPARE(service_->notices().first().text, u"Photos export failed: no space"_s);
     }
 
     void withinTenSecondsThereIsOneNotice() {
@@ -65,7 +66,7 @@ private Q_SLOTS:
         notices_->tellBatch(3, 0);
         QVERIFY(waitForNotices(2));
         QVERIFY2(timer.elapsed() >= 10000, qPrintable(QString::number(timer.elapsed())));
-        QCOMPARE(service_->notices().last().title, QStringLiteral("5 receipts scanned, 1 failed"));
+        QCOMPARE(service_->notices().last().title, u"5 receipts scanned, 1 failed"_s);
         QCOMPARE(service_->notices().last().replaces, 1U);
     }
 
@@ -73,8 +74,8 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("capabilities");
         QTest::addColumn<QString>("text");
         QTest::newRow("desktop with markup")
-            << QStringList{QStringLiteral("body-markup")} << QStringLiteral("&lt;b&gt;x&lt;/b&gt; \uFFFDfdp");
-        QTest::newRow("desktop without") << QStringList{} << QStringLiteral("<b>x</b> \uFFFDfdp");
+            << QStringList{u"body-markup"_s} << u"&lt;b&gt;x&lt;/b&gt; \uFFFDfdp"_s;
+        QTest::newRow("desktop without") << QStringList{} << u"<b>x</b> \uFFFDfdp"_s;
     }
     void textsFromOutsideAreNoMarkup() {
         QFETCH(QStringList, capabilities);
@@ -84,7 +85,7 @@ private Q_SLOTS:
         service_ = std::make_unique<NotificationService>(capabilities);
         notices_ = std::make_unique<Notices>([] { return false; });
         letTimePass(100); // the capabilities are told by then
-        notices_->tellFailure(QStringLiteral("<b>x</b> \u202Efdp"));
+        notices_->tellFailure(u"<b>x</b> \u202Efdp"_s);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().text, text);
     }
@@ -93,7 +94,7 @@ private Q_SLOTS:
         QSignalSpy activated(notices_.get(), &Notices::activated);
         notices_->tellBatch(1, 0);
         QVERIFY(waitForNotices(1));
-        QVERIFY(service_->notices().first().actions.contains(QStringLiteral("default")));
+        QVERIFY(service_->notices().first().actions.contains(u"default"_s));
         QVERIFY(waitUntil([&] {
             service_->click(); // the answer to the notice may still be on its way
             return !activated.isEmpty();

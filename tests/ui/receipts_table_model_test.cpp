@@ -1,8 +1,8 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/receipts_table_model.h"
-#include "ui/symbols.h"
+#include "ui/main_window/receipts_table_model.h"
+#include "ui/widgets/symbols.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -13,6 +13,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Model = ReceiptsTableModel;
 
 class ReceiptsTableModelTest : public QObject {
@@ -30,9 +31,9 @@ private Q_SLOTS:
     void columnsWithoutAHeaderHaveASpokenOne() {
         const ReceiptStore store;
         const ReceiptsTableModel model(&store);
-        for (const auto &[column, spoken] : {std::pair{Model::statusColumn, QStringLiteral("Status")},
-                                             std::pair{Model::dateColumn, QStringLiteral("Date")},
-                                             std::pair{Model::actionsColumn, QStringLiteral("Actions")}}) {
+        for (const auto &[column, spoken] :
+             {std::pair{Model::statusColumn, u"Status"_s}, std::pair{Model::dateColumn, u"Date"_s},
+              std::pair{Model::actionsColumn, u"Actions"_s}}) {
             QCOMPARE(model.headerData(column, Qt::Horizontal, Qt::AccessibleTextRole).toString(), spoken);
         }
     }
@@ -41,12 +42,12 @@ private Q_SLOTS:
         QSignalSpy inserted(model_.get(), &Model::rowsInserted);
         QSignalSpy changed(model_.get(), &Model::dataChanged);
         QSignalSpy reset(model_.get(), &Model::modelReset);
-        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = finishedReceipt(u"/w/a.pdf"_s);
         store_->add(receipt);
-        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        store_->add(finishedReceipt(u"/w/b.pdf"_s));
         QCOMPARE(inserted.size(), 2);
         QCOMPARE(model_->rowCount(), 2);
-        receipt.summary = QStringLiteral("changed");
+        receipt.summary = u"changed"_s;
         store_->update(receipt);
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.first().first().toModelIndex().row(), 0);
@@ -56,54 +57,54 @@ private Q_SLOTS:
     }
 
     void receiptWithAnotherMomentMoves() {
-        Receipt older = finishedReceipt(QStringLiteral("/w/a.pdf"));
-        older.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
-        Receipt newer = finishedReceipt(QStringLiteral("/w/b.pdf"));
-        newer.scannedAt = QStringLiteral("2025-01-01T00:00:02Z");
+        Receipt older = finishedReceipt(u"/w/a.pdf"_s);
+        older.scannedAt = u"2025-01-01T00:00:01Z"_s;
+        Receipt newer = finishedReceipt(u"/w/b.pdf"_s);
+        newer.scannedAt = u"2025-01-01T00:00:02Z"_s;
         store_->add(older);
         store_->add(newer);
         QSignalSpy moved(model_.get(), &Model::rowsMoved);
-        older.scannedAt = QStringLiteral("2025-01-01T00:00:03Z");
+        older.scannedAt = u"2025-01-01T00:00:03Z"_s;
         store_->update(older);
-        newer.scannedAt = QStringLiteral("2025-01-01T00:00:04Z");
+        newer.scannedAt = u"2025-01-01T00:00:04Z"_s;
         store_->update(newer);
-        newer.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
+        newer.scannedAt = u"2025-01-01T00:00:01Z"_s;
         store_->update(newer);
         QCOMPARE(moved.size(), 3);
         QCOMPARE(store_->receipts().first().id, older.id);
     }
 
     void cellsShowTheReceipt() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        QCOMPARE(text(Model::dateColumn), QStringLiteral("2024-05-01"));
-        QCOMPARE(text(Model::amountColumn), QStringLiteral("$23.50"));
-        QCOMPARE(text(Model::locationColumn), QStringLiteral("Mario's Cafe"));
-        QCOMPARE(text(Model::categoryColumn), QStringLiteral("Lunch"));
-        QCOMPARE(text(Model::summaryColumn), QStringLiteral("Lunch at Mario's Cafe for $23.50"));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        QCOMPARE(text(Model::dateColumn), u"2024-05-01"_s);
+        QCOMPARE(text(Model::amountColumn), u"$23.50"_s);
+        QCOMPARE(text(Model::locationColumn), u"Mario's Cafe"_s);
+        QCOMPARE(text(Model::categoryColumn), u"Lunch"_s);
+        QCOMPARE(text(Model::summaryColumn), u"Lunch at Mario's Cafe for $23.50"_s);
     }
 
     void absentValuesShowADash() {
-        store_->add(freshReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(freshReceipt(u"/w/a.pdf"_s));
         for (const int column :
              {Model::dateColumn, Model::amountColumn, Model::locationColumn, Model::summaryColumn}) {
-            QCOMPARE(text(column), QStringLiteral("—"));
+            QCOMPARE(text(column), u"—"_s);
         }
-        QCOMPARE(text(Model::categoryColumn), QStringLiteral("Misc"));
+        QCOMPARE(text(Model::categoryColumn), u"Misc"_s);
     }
 
     void statusIsToldInWordsToo() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         store_->add(receipt);
-        QCOMPARE(accessibleStatus(), QStringLiteral("Processing"));
+        QCOMPARE(accessibleStatus(), u"Processing"_s);
         receipt.status = ReceiptStatus::done;
         store_->update(receipt);
-        QCOMPARE(accessibleStatus(), QStringLiteral("Done"));
+        QCOMPARE(accessibleStatus(), u"Done"_s);
         receipt.status = ReceiptStatus::error;
         store_->update(receipt);
-        QCOMPARE(accessibleStatus(), QStringLiteral("Error"));
-        receipt.error = QStringLiteral("Gemini API error: 500");
+        QCOMPARE(accessibleStatus(), u"Error"_s);
+        receipt.error = u"Gemini API error: 500"_s;
         store_->update(receipt);
-        QCOMPARE(accessibleStatus(), QStringLiteral("Gemini API error: 500"));
+        QCOMPARE(accessibleStatus(), u"Gemini API error: 500"_s);
     }
 
     void symbolsTellStatusAndPhotos() {
@@ -113,15 +114,15 @@ private Q_SLOTS:
         const auto shown = [&](int row, int column) {
             return picture(model_->index(row, column).data(Qt::DecorationRole).value<QIcon>());
         };
-        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt failed = finishedReceipt(u"/w/a.pdf"_s);
         failed.status = ReceiptStatus::error;
-        failed.scannedAt = QStringLiteral("2025-01-01T00:00:03Z");
-        Receipt done = finishedReceipt(QStringLiteral("/w/b.pdf"));
-        done.scannedAt = QStringLiteral("2025-01-01T00:00:02Z");
+        failed.scannedAt = u"2025-01-01T00:00:03Z"_s;
+        Receipt done = finishedReceipt(u"/w/b.pdf"_s);
+        done.scannedAt = u"2025-01-01T00:00:02Z"_s;
         done.addedToPhotos = true;
-        Receipt processing = finishedReceipt(QStringLiteral("/w/c.pdf"));
+        Receipt processing = finishedReceipt(u"/w/c.pdf"_s);
         processing.status = ReceiptStatus::processing;
-        processing.scannedAt = QStringLiteral("2025-01-01T00:00:01Z");
+        processing.scannedAt = u"2025-01-01T00:00:01Z"_s;
         for (const Receipt &receipt : {failed, done, processing}) {
             store_->add(receipt);
         }
@@ -153,35 +154,35 @@ private Q_SLOTS:
     }
 
     void onlyReceiptsInPhotosSayThatTheyAreThere() {
-        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = finishedReceipt(u"/w/a.pdf"_s);
         receipt.addedToPhotos = false;
         store_->add(receipt);
         const auto photos = [this](int role) {
             return model_->index(0, Model::photosColumn).data(role).toString();
         };
         QVERIFY(photos(Qt::ToolTipRole).isEmpty());
-        QCOMPARE(photos(Qt::DisplayRole), QStringLiteral("—"));
+        QCOMPARE(photos(Qt::DisplayRole), u"—"_s);
         receipt.addedToPhotos = true;
         store_->update(receipt);
         QVERIFY(photos(Qt::ToolTipRole).contains(u">Added to Photos<"));
     }
 
     void namesThatDisguiseAnExtensionAreShownAsWhatTheyAre() {
-        Receipt receipt = finishedReceipt(QStringLiteral("/w/bill\u202Efdp.exe"));
-        receipt.location = QStringLiteral("Two\nlines");
+        Receipt receipt = finishedReceipt(u"/w/bill\u202Efdp.exe"_s);
+        receipt.location = u"Two\nlines"_s;
         store_->add(receipt);
         const QModelIndex summary = model_->index(0, Model::summaryColumn);
-        const QString shown = QStringLiteral("bill\uFFFDfdp.exe");
+        const QString shown = u"bill\uFFFDfdp.exe"_s;
         QCOMPARE(summary.data(Model::fileNameRole).toString(), shown);
         QVERIFY(summary.data(Qt::ToolTipRole).toString().contains(shown));
         QVERIFY(summary.data(Qt::AccessibleTextRole).toString().contains(shown));
-        QCOMPARE(model_->index(0, Model::locationColumn).data().toString(), QStringLiteral("Two lines"));
+        QCOMPARE(model_->index(0, Model::locationColumn).data().toString(), u"Two lines"_s);
     }
 
     void toolTipTakesNoMarkupFromOutside() {
-        Receipt receipt = freshReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = freshReceipt(u"/w/a.pdf"_s);
         receipt.status = ReceiptStatus::error;
-        receipt.error = QStringLiteral("<b>&");
+        receipt.error = u"<b>&"_s;
         store_->add(receipt);
         const QString toolTip = model_->index(0, Model::statusColumn).data(Qt::ToolTipRole).toString();
         QVERIFY(toolTip.contains(u"&lt;b&gt;&amp;"));

@@ -3,9 +3,9 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/receipts_table.h"
-#include "ui/receipts_table_model.h"
-#include "ui/row_actions.h"
+#include "ui/main_window/receipts_table.h"
+#include "ui/main_window/receipts_table_model.h"
+#include "ui/main_window/row_actions.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -17,6 +17,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Model = ReceiptsTableModel;
 
 class ReceiptsTableTest : public QObject {
@@ -32,14 +33,8 @@ private Q_SLOTS:
     }
 
     void columnsHaveTheirHeadersAndWidths() {
-        const QStringList headers = {QString(),
-                                     QStringLiteral("Date"),
-                                     QStringLiteral("Amount"),
-                                     QStringLiteral("Location"),
-                                     QStringLiteral("Category"),
-                                     QStringLiteral("Summary"),
-                                     QStringLiteral("Photos"),
-                                     QString()};
+        const QStringList headers = {QString(),     u"Date"_s,    u"Amount"_s, u"Location"_s,
+                                     u"Category"_s, u"Summary"_s, u"Photos"_s, QString()};
         for (int column = 0; column < headers.size(); ++column) {
             QCOMPARE(table_->model()->headerData(column, Qt::Horizontal).toString(), headers[column]);
         }
@@ -119,16 +114,15 @@ private Q_SLOTS:
     }
 
     void digitsHaveOneWidthInAnyFont() {
-        const QFont font(QStringLiteral("Cantarell"), 20);
+        const QFont font(u"Cantarell"_s, 20);
         if (QFontInfo(font).family() != u"Cantarell") {
             QSKIP("Needs the font Cantarell, whose digits differ in width");
         }
         const QFontMetrics metrics(font);
-        QVERIFY(metrics.horizontalAdvance(QStringLiteral("11111111")) <
-                metrics.horizontalAdvance(QStringLiteral("00000000")));
+        QVERIFY(metrics.horizontalAdvance(u"11111111"_s) < metrics.horizontalAdvance(u"00000000"_s));
         table_->setFont(font);
         table_->setColumnWidth(Model::dateColumn, 300);
-        QCOMPARE(placeOfTheX(QStringLiteral("1111-11-11x")), placeOfTheX(QStringLiteral("0000-00-00x")));
+        QCOMPARE(placeOfTheX(u"1111-11-11x"_s), placeOfTheX(u"0000-00-00x"_s));
     }
 
     void rowOffersWhatItsStatusAllows_data() {
@@ -136,9 +130,9 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isAdded");
         QTest::addColumn<bool>("isExportOn");
         QTest::addColumn<QStringList>("buttons");
-        const QString reveal = QStringLiteral("reveal");
-        const QString add = QStringLiteral("addToPhotos");
-        const QString retry = QStringLiteral("retry");
+        const QString reveal = u"reveal"_s;
+        const QString add = u"addToPhotos"_s;
+        const QString retry = u"retry"_s;
         QTest::newRow("processing") << 0 << false << true << QStringList{reveal};
         QTest::newRow("done") << 1 << false << true << QStringList{reveal, add};
         QTest::newRow("done, export off") << 1 << false << false << QStringList{reveal};
@@ -150,7 +144,7 @@ private Q_SLOTS:
         QFETCH(bool, isAdded);
         QFETCH(bool, isExportOn);
         QFETCH(QStringList, buttons);
-        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = finishedReceipt(u"/w/a.pdf"_s);
         receipt.status = static_cast<ReceiptStatus>(status);
         receipt.addedToPhotos = isAdded;
         table_->setPhotosExportOn(isExportOn);
@@ -159,10 +153,10 @@ private Q_SLOTS:
     }
 
     void buttonsActOnTheirRow() {
-        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt failed = finishedReceipt(u"/w/a.pdf"_s);
         failed.status = ReceiptStatus::error;
         store_->add(failed);
-        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        store_->add(finishedReceipt(u"/w/b.pdf"_s));
         table_->setPhotosExportOn(true);
         QVERIFY(waitUntil([&] { return visibleButtons(1).size() == 2; }));
         QSignalSpy revealed(table_.get(), &ReceiptsTable::revealRequested);
@@ -171,27 +165,27 @@ private Q_SLOTS:
         QTest::mouseClick(button(1, "reveal"), Qt::LeftButton);
         QTest::mouseClick(button(0, "retry"), Qt::LeftButton);
         QTest::mouseClick(button(1, "addToPhotos"), Qt::LeftButton);
-        QCOMPARE(revealed.first().first().value<Receipt>().filePath, QStringLiteral("/w/b.pdf"));
+        QCOMPARE(revealed.first().first().value<Receipt>().filePath, u"/w/b.pdf"_s);
         QCOMPARE(retried.first().first().value<Receipt>().id, failed.id);
-        QCOMPARE(added.first().first().value<Receipt>().filePath, QStringLiteral("/w/b.pdf"));
+        QCOMPARE(added.first().first().value<Receipt>().filePath, u"/w/b.pdf"_s);
     }
 
     void errorWithoutTextSaysErrorAndRetry() {
-        Receipt failed = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt failed = finishedReceipt(u"/w/a.pdf"_s);
         failed.status = ReceiptStatus::error;
         store_->add(failed);
         QVERIFY(waitUntil([&] { return visibleButtons(0).size() == 2; }));
         QVERIFY(table_->model()->index(0, 0).data(Qt::ToolTipRole).toString().contains(u">Error<"));
         QVERIFY(button(0, "retry")->toolTip().contains(u">Retry<"));
-        failed.error = QStringLiteral("Gemini API error: 500");
+        failed.error = u"Gemini API error: 500"_s;
         store_->update(failed);
         QVERIFY(
             waitUntil([&] { return button(0, "retry")->toolTip().contains(u">Gemini API error: 500<"); }));
-        QCOMPARE(button(0, "reveal")->toolTip(), QStringLiteral("Reveal in Finder"));
+        QCOMPARE(button(0, "reveal")->toolTip(), u"Reveal in Finder"_s);
     }
 
     void enterAndDoubleClickOpenTheFile() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
         QSignalSpy opened(table_.get(), &ReceiptsTable::openRequested);
         table_->selectRow(0);
         QTest::keyClick(table_.get(), Qt::Key_Return);
@@ -203,8 +197,8 @@ private Q_SLOTS:
     }
 
     void keysThatLeadToTheTableSelectARow() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        store_->add(finishedReceipt(u"/w/b.pdf"_s));
         focus(Qt::ActiveWindowFocusReason);
         QVERIFY(!table_->selectedReceipt());
         QTest::keyClick(table_.get(), Qt::Key_Down);
@@ -215,8 +209,8 @@ private Q_SLOTS:
     }
 
     void tabStopsAtTheButtonsOfTheSelectedRowOnly() {
-        store_->add(finishedReceipt(QStringLiteral("/w/a.pdf")));
-        store_->add(finishedReceipt(QStringLiteral("/w/b.pdf")));
+        store_->add(finishedReceipt(u"/w/a.pdf"_s));
+        store_->add(finishedReceipt(u"/w/b.pdf"_s));
         QVERIFY(waitUntil([this] { return button(1, "reveal") != nullptr; }));
         table_->selectRow(1);
         QVERIFY(waitUntil([this] { return button(1, "reveal")->focusPolicy() == Qt::TabFocus; }));
@@ -252,7 +246,7 @@ private:
     // The right end of the ink in the date's cell.
     int placeOfTheX(const QString &date) {
         store_->clearAll();
-        Receipt receipt = finishedReceipt(QStringLiteral("/w/a.pdf"));
+        Receipt receipt = finishedReceipt(u"/w/a.pdf"_s);
         receipt.date = date;
         store_->add(receipt);
         const QRect cell = table_->visualRect(table_->model()->index(0, Model::dateColumn));
@@ -270,7 +264,7 @@ private:
     void loadManyReceipts(int count) {
         QList<Receipt> receipts;
         for (int index = 0; index < count; ++index) {
-            receipts.append(finishedReceipt(QStringLiteral("/w/%1.pdf").arg(index)));
+            receipts.append(finishedReceipt(u"/w/%1.pdf"_s.arg(index)));
         }
         writeFile(home_->receiptsFile(), encodeReceipts(receipts));
         table_.reset();

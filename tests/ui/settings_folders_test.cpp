@@ -2,11 +2,12 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
-#include "ui/elided_label.h"
-#include "ui/symbols.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/symbols.h"
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Driver = FolderChooserDriver;
 
 class SettingsFoldersTest : public SettingsViewUnderTest {
@@ -16,12 +17,12 @@ private Q_SLOTS:
     void pathIsShownWholeOrCutInTheMiddle() {
         show();
         const QColor missing = path("watchFolderPath")->palette().color(QPalette::WindowText);
-        settings_->setWatchFolderPath(QStringLiteral("/r"));
-        QCOMPARE(path("watchFolderPath")->text(), QStringLiteral("/r"));
+        settings_->setWatchFolderPath(u"/r"_s);
+        QCOMPARE(path("watchFolderPath")->text(), u"/r"_s);
         const QColor set = path("watchFolderPath")->palette().color(QPalette::WindowText);
         QCOMPARE(set, tintColor(Tint::primary, QApplication::palette()));
         QCOMPARE(missing, tintColor(Tint::secondary, QApplication::palette()));
-        const QString longPath = QStringLiteral("/start/") + QString(120, u'x') + QStringLiteral("/end");
+        const QString longPath = u"/start/"_s + QString(120, u'x') + u"/end"_s;
         settings_->setWatchFolderPath(longPath);
         QCOMPARE(path("watchFolderPath")->fullText(), longPath);
         QVERIFY(path("watchFolderPath")->text().startsWith(u"/start/"));
@@ -31,8 +32,8 @@ private Q_SLOTS:
 
     void chosenWatchFolderIsStoredAndWatched() {
         show();
-        const QString folder = makeFolder(QStringLiteral("watched"));
-        writeFile(folder + QStringLiteral("/receipt.pdf"), "a receipt");
+        const QString folder = makeFolder(u"watched"_s);
+        writeFile(folder + u"/receipt.pdf"_s, "a receipt");
         QString confirmText;
         Driver driver([&](QFileDialog *dialog) {
             confirmText = Driver::button(dialog, QDialogButtonBox::Open)->text();
@@ -41,7 +42,7 @@ private Q_SLOTS:
         });
         click(button("watchFolderChoose"));
         QVERIFY(driver.hasRun());
-        QCOMPARE(confirmText, QStringLiteral("Watch This Folder"));
+        QCOMPARE(confirmText, u"Watch This Folder"_s);
         QCOMPARE(settings_->watchFolderPath().value_or(QString()), folder);
         QCOMPARE(path("watchFolderPath")->fullText(), folder);
         // What lies there is taken in: without a key, as a failure.
@@ -53,33 +54,31 @@ private Q_SLOTS:
 
     void choosersStartInThePresentFolders_data() {
         QTest::addColumn<QString>("row");
-        QTest::newRow("watched folder") << QStringLiteral("watchFolder");
-        QTest::newRow("archive") << QStringLiteral("archiveFolder");
+        QTest::newRow("watched folder") << u"watchFolder"_s;
+        QTest::newRow("archive") << u"archiveFolder"_s;
     }
     void choosersStartInThePresentFolders() {
         QFETCH(QString, row);
-        settings_->setWatchFolderPath(makeFolder(QStringLiteral("present-watchFolder")));
-        settings_->setArchiveFolderPath(makeFolder(QStringLiteral("present-archiveFolder")));
+        settings_->setWatchFolderPath(makeFolder(u"present-watchFolder"_s));
+        settings_->setArchiveFolderPath(makeFolder(u"present-archiveFolder"_s));
         show();
         QString start;
         Driver driver([&start](QFileDialog *dialog) {
             start = dialog->directory().path();
             Driver::cancel(dialog);
         });
-        click(view_->findChild<QPushButton *>(row + QStringLiteral("Choose")));
-        QCOMPARE(start, home_.path(QStringLiteral("present-") + row));
-        QCOMPARE(settings_->watchFolderPath().value_or(QString()),
-                 home_.path(QStringLiteral("present-watchFolder")));
-        QCOMPARE(settings_->archiveFolderPath().value_or(QString()),
-                 home_.path(QStringLiteral("present-archiveFolder")));
+        click(view_->findChild<QPushButton *>(row + u"Choose"_s));
+        QCOMPARE(start, home_.path(u"present-"_s + row));
+        QCOMPARE(settings_->watchFolderPath().value_or(QString()), home_.path(u"present-watchFolder"_s));
+        QCOMPARE(settings_->archiveFolderPath().value_or(QString()), home_.path(u"present-archiveFolder"_s));
     }
 
     void chosenArchiveFolderIsStoredAndCanBeReset() {
         // The watch is not touched: what lies in the watched folder would be taken in if it were started.
-        settings_->setWatchFolderPath(makeFolder(QStringLiteral("unwatched")));
-        writeFile(home_.path(QStringLiteral("unwatched/receipt.pdf")), "a receipt");
+        settings_->setWatchFolderPath(makeFolder(u"unwatched"_s));
+        writeFile(home_.path(u"unwatched/receipt.pdf"_s), "a receipt");
         show();
-        const QString folder = makeFolder(QStringLiteral("archive"));
+        const QString folder = makeFolder(u"archive"_s);
         QString confirmText;
         bool canMakeFolders = false;
         Driver driver([&](QFileDialog *dialog) {
@@ -90,7 +89,7 @@ private Q_SLOTS:
         });
         click(button("archiveFolderChoose"));
         QVERIFY(driver.hasRun());
-        QCOMPARE(confirmText, QStringLiteral("Archive Here"));
+        QCOMPARE(confirmText, u"Archive Here"_s);
         QVERIFY(canMakeFolders);
         QCOMPARE(settings_->archiveFolderPath().value_or(QString()), folder);
         QCOMPARE(path("archiveFolderPath")->fullText(), folder);
@@ -101,7 +100,7 @@ private Q_SLOTS:
         QVERIFY(!readFile(home_.preferencesFile()).contains("archiveFolder"));
         QVERIFY(!button("archiveFolderReset")->isVisible());
         QCOMPARE(path("archiveFolderPath")->fullText(),
-                 QStringLiteral("Default: “Receipt Archive” inside the watched folder"));
+                 u"Default: “Receipt Archive” inside the watched folder"_s);
         letTimePass(1000);
         QVERIFY(store_->receipts().isEmpty());
     }

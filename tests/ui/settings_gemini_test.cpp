@@ -1,10 +1,11 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
-#include "ui/caption_label.h"
+#include "ui/widgets/caption_label.h"
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class SettingsGeminiTest : public SettingsViewUnderTest {
     Q_OBJECT
@@ -15,14 +16,14 @@ private Q_SLOTS:
         create();
         QCOMPARE(field("apiKey")->text(), QString());
         show();
-        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("first"); });
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("first"));
+        waitUntil([&] { return field("apiKey")->text() == u"first"_s; });
+        QCOMPARE(field("apiKey")->text(), u"first"_s);
         QVERIFY(!field("apiKey")->displayText().contains(u"first"));
         view_->close();
         PrivateSession::storeKey("second");
         show();
-        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("second"); });
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("second"));
+        waitUntil([&] { return field("apiKey")->text() == u"second"_s; });
+        QCOMPARE(field("apiKey")->text(), u"second"_s);
         view_->close();
         PrivateSession::clearKey();
         show();
@@ -37,24 +38,24 @@ private Q_SLOTS:
         QCOMPARE(field("apiKey")->text(), QString());
         click(button("saveKey"));
         QCOMPARE(PrivateSession::lookUpKey(), "stored");
-        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("stored"); });
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("stored"));
+        waitUntil([&] { return field("apiKey")->text() == u"stored"_s; });
+        QCOMPARE(field("apiKey")->text(), u"stored"_s);
     }
 
     void keyThatIsBeingTypedIsNotReplacedByTheStoredOne() {
         PrivateSession::storeKey("stored");
         create();
         view_->show();
-        field("apiKey")->insert(QStringLiteral("typed"));
+        field("apiKey")->insert(u"typed"_s);
         field("apiKey")->setModified(true);
-        QCOMPARE(settings_->storedAPIKey().result(), QStringLiteral("stored")); // asked after the window has
+        QCOMPARE(settings_->storedAPIKey().result(), u"stored"_s); // asked after the window has
         QTest::qWait(0);
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("typed"));
+        QCOMPARE(field("apiKey")->text(), u"typed"_s);
     }
 
     void keyIsStoredByTheButtonOnly() {
         show();
-        type(field("apiKey"), QStringLiteral(" AIza-typed "));
+        type(field("apiKey"), u" AIza-typed "_s);
         QTest::keyClick(field("apiKey"), Qt::Key_Return);
         QVERIFY(view_->isVisible());
         QCOMPARE(PrivateSession::lookUpKey(), QByteArray());
@@ -63,15 +64,15 @@ private Q_SLOTS:
         click(button("saveKey"));
         QCOMPARE(PrivateSession::lookUpKey(), QByteArray("AIza-typed"));
         QVERIFY(settings_->hasAPIKey());
-        QCOMPARE(field("apiKey")->text(), QStringLiteral(" AIza-typed "));
+        QCOMPARE(field("apiKey")->text(), u" AIza-typed "_s);
         QVERIFY(control<CaptionLabel>("keySaved")->isVisible());
-        QCOMPARE(control<CaptionLabel>("keySaved")->text(), QStringLiteral("Key saved"));
+        QCOMPARE(control<CaptionLabel>("keySaved")->text(), u"Key saved"_s);
     }
 
     void confirmationStaysUntilTheWindowIsMadeAnew() {
         show();
         click(button("saveKey"));
-        type(field("apiKey"), QStringLiteral("other"));
+        type(field("apiKey"), u"other"_s);
         QVERIFY(control<CaptionLabel>("keySaved")->isVisible());
         view_->close();
         show();
@@ -84,7 +85,7 @@ private Q_SLOTS:
     void blankKeyRemovesTheStoredOne_data() {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << QString();
-        QTest::newRow("blank") << QStringLiteral("   ");
+        QTest::newRow("blank") << u"   "_s;
     }
     void blankKeyRemovesTheStoredOne() {
         QFETCH(QString, text);
@@ -92,8 +93,8 @@ private Q_SLOTS:
         create();
         show();
         QVERIFY(settings_->hasAPIKey());
-        waitUntil([&] { return field("apiKey")->text() == QStringLiteral("stored"); });
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("stored"));
+        waitUntil([&] { return field("apiKey")->text() == u"stored"_s; });
+        QCOMPARE(field("apiKey")->text(), u"stored"_s);
         type(field("apiKey"), text);
         click(button("saveKey"));
         QCOMPARE(PrivateSession::keyCount(), 0);
@@ -104,16 +105,16 @@ private Q_SLOTS:
 
     void modelIsStoredOnEveryKeystroke() {
         show();
-        type(field("model"), QStringLiteral("g"));
+        type(field("model"), u"g"_s);
         QCOMPARE(storedPreference("model"), QByteArray("g"));
-        QTest::keyClicks(field("model"), QStringLiteral("x"));
+        QTest::keyClicks(field("model"), u"x"_s);
         QCOMPARE(storedPreference("model"), QByteArray("gx"));
         field("model")->setCursorPosition(1);
-        QTest::keyClicks(field("model"), QStringLiteral("yz"));
-        QCOMPARE(field("model")->text(), QStringLiteral("gyzx"));
-        QCOMPARE(settings_->model(), QStringLiteral("gyzx"));
-        settings_->setModel(QStringLiteral("set elsewhere"));
-        QCOMPARE(field("model")->text(), QStringLiteral("set elsewhere"));
+        QTest::keyClicks(field("model"), u"yz"_s);
+        QCOMPARE(field("model")->text(), u"gyzx"_s);
+        QCOMPARE(settings_->model(), u"gyzx"_s);
+        settings_->setModel(u"set elsewhere"_s);
+        QCOMPARE(field("model")->text(), u"set elsewhere"_s);
         type(field("model"), QString());
         QCOMPARE(settings_->model(), QString());
     }

@@ -2,13 +2,14 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
-#include "ui/caption_label.h"
+#include "ui/widgets/caption_label.h"
 
 #include <QApplication>
 #include <QMessageBox>
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -82,22 +83,22 @@ private Q_SLOTS:
     }
 
     void picturesFolderThatCannotBeWrittenShowsAsDenied() {
-        QDir(home_.path(QStringLiteral("Pictures"))).removeRecursively();
-        writeFile(home_.path(QStringLiteral("Pictures")), "no folder");
+        QDir(home_.path(u"Pictures"_s)).removeRecursively();
+        writeFile(home_.path(u"Pictures"_s), "no folder");
         show();
         const auto shown = shownStatuses();
-        QVERIFY(QFile::remove(home_.path(QStringLiteral("Pictures"))));
+        QVERIFY(QFile::remove(home_.path(u"Pictures"_s)));
         QCOMPARE(shown, QList<QByteArray>{"photosDenied"});
         QCOMPARE(control<CaptionLabel>("photosDenied")->text(),
-                 QStringLiteral("Photos access denied — enable in System Settings ▸ Privacy"));
+                 u"Photos access denied — enable in System Settings ▸ Privacy"_s);
     }
 
     void grantingAccessShowsIt_data() {
         QTest::addColumn<QString>("answer");
         QTest::addColumn<QByteArray>("shown");
-        QTest::newRow("allowed") << QStringLiteral("Allow") << QByteArray("photosGranted");
-        QTest::newRow("refused") << QStringLiteral("Don’t Allow") << QByteArray("photosDenied");
-        QTest::newRow("put off") << QStringLiteral("Not Now") << QByteArray("grantPhotosAccess");
+        QTest::newRow("allowed") << u"Allow"_s << QByteArray("photosGranted");
+        QTest::newRow("refused") << u"Don’t Allow"_s << QByteArray("photosDenied");
+        QTest::newRow("put off") << u"Not Now"_s << QByteArray("grantPhotosAccess");
     }
     void grantingAccessShowsIt() {
         QFETCH(QString, answer);
@@ -106,7 +107,7 @@ private Q_SLOTS:
         click(button("grantPhotosAccess"));
         QVERIFY(answerAccessQuestion(answer));
         QVERIFY(waitUntil([&] { return shownStatuses() == QList<QByteArray>{shown}; }));
-        QCOMPARE(control<CaptionLabel>("photosGranted")->text(), QStringLiteral("Photos access granted"));
+        QCOMPARE(control<CaptionLabel>("photosGranted")->text(), u"Photos access granted"_s);
     }
 
     void turningPhotosOnAsksForAccess() {
@@ -115,7 +116,7 @@ private Q_SLOTS:
         show();
         QVERIFY(accessQuestion() == nullptr);
         click(toggle("addToPhotos"));
-        QVERIFY(answerAccessQuestion(QStringLiteral("Allow")));
+        QVERIFY(answerAccessQuestion(u"Allow"_s));
         QVERIFY(waitUntil([this] { return shownStatuses() == QList<QByteArray>{"photosGranted"}; }));
     }
 
@@ -142,7 +143,7 @@ private Q_SLOTS:
         click(button("grantPhotosAccess"));
         QVERIFY(waitUntil([] { return accessQuestion() != nullptr; }));
         view_.reset();
-        QVERIFY(answerAccessQuestion(QStringLiteral("Allow")));
+        QVERIFY(answerAccessQuestion(u"Allow"_s));
         QVERIFY(waitUntil([] { return PhotoPermission::status() == PhotoPermission::Status::authorized; }));
     }
 

@@ -6,6 +6,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class SettingsStartupTest : public SettingsViewUnderTest {
     Q_OBJECT
@@ -27,7 +28,7 @@ private Q_SLOTS:
         QSignalSpy changed(view_.get(), &SettingsView::menuBarModeChanged);
         show();
         QVERIFY(toggle("launchAtLogin")->isChecked());
-        type(field("model"), QStringLiteral("other"));
+        type(field("model"), u"other"_s);
         QVERIFY(!QFile::exists(autostartFile()));
         QVERIFY(changed.isEmpty());
     }
@@ -49,7 +50,7 @@ private Q_SLOTS:
         click(toggle("menuBarMode"));
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.takeFirst().first().toBool(), true);
-        settings_->setModel(QStringLiteral("other"));
+        settings_->setModel(u"other"_s);
         QVERIFY(changed.isEmpty());
         click(toggle("menuBarMode"));
         QCOMPARE(changed.size(), 1);

@@ -1,8 +1,8 @@
 #include "settings_view_under_test.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
-#include "ui/caption_label.h"
-#include "ui/elided_label.h"
+#include "ui/widgets/caption_label.h"
+#include "ui/widgets/elided_label.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -15,6 +15,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class SettingsViewTest : public SettingsViewUnderTest {
     Q_OBJECT
@@ -22,13 +23,13 @@ class SettingsViewTest : public SettingsViewUnderTest {
 private Q_SLOTS:
     void freshInstallationShowsTheDefaults() {
         show();
-        QCOMPARE(path("watchFolderPath")->fullText(), QStringLiteral("None selected"));
+        QCOMPARE(path("watchFolderPath")->fullText(), u"None selected"_s);
         QCOMPARE(path("archiveFolderPath")->fullText(),
-                 QStringLiteral("Default: “Receipt Archive” inside the watched folder"));
+                 u"Default: “Receipt Archive” inside the watched folder"_s);
         QVERIFY(!button("archiveFolderReset")->isVisible());
         QCOMPARE(field("apiKey")->text(), QString());
         QVERIFY(!control<CaptionLabel>("keySaved")->isVisible());
-        QCOMPARE(field("model")->text(), QStringLiteral("gemini-2.5-flash"));
+        QCOMPARE(field("model")->text(), u"gemini-2.5-flash"_s);
         QVERIFY(toggle("addToPhotos")->isChecked());
         QVERIFY(toggle("groupIntoAlbum")->isChecked());
         QVERIFY(toggle("groupIntoAlbum")->isEnabled());
@@ -40,33 +41,32 @@ private Q_SLOTS:
     void everyTextStandsInItsPlace() {
         show();
         QCOMPARE(shownTexts(),
-                 QStringList(
-                     {QStringLiteral("# Watched Folder"),
-                      QStringLiteral("None selected"),
-                      QStringLiteral("Choose…"),
-                      QStringLiteral("New PDFs and photos dropped here are scanned automatically."),
-                      QStringLiteral("# Gemini"),
-                      QStringLiteral("API Key"),
-                      QStringLiteral("Save Key"),
-                      QStringLiteral("Model"),
-                      QStringLiteral("Default: gemini-2.5-flash"),
-                      QStringLiteral("# Photos Export"),
-                      QStringLiteral("Add receipts to Photos"),
-                      QStringLiteral("Converts each receipt to JPEG and adds it to Photos, so iCloud syncs "
-                                     "it to your iPhone for Workday's mobile Scan Receipt. Each photo is "
-                                     "named after the receipt."),
-                      QStringLiteral("Group into a dated album"),
-                      QStringLiteral("Everything you process in one sitting goes into an album named "
-                                     "“Expenses: <today's date>”, which also syncs to your iPhone."),
-                      QStringLiteral("Grant Photos Access"),
-                      QStringLiteral("# Archive"),
-                      QStringLiteral("“Archive & Clear” saves each batch — the receipt files and a "
-                                     "CSV/HTML ledger — into a dated subfolder here."),
-                      QStringLiteral("Default: “Receipt Archive” inside the watched folder"),
-                      QStringLiteral("Choose…"),
-                      QStringLiteral("# Startup & Background"),
-                      QStringLiteral("Launch at login"),
-                      QStringLiteral("Run in menu bar (hide Dock icon)")}));
+                 QStringList({u"# Watched Folder"_s,
+                              u"None selected"_s,
+                              u"Choose…"_s,
+                              u"New PDFs and photos dropped here are scanned automatically."_s,
+                              u"# Gemini"_s,
+                              u"API Key"_s,
+                              u"Save Key"_s,
+                              u"Model"_s,
+                              u"Default: gemini-2.5-flash"_s,
+                              u"# Photos Export"_s,
+                              u"Add receipts to Photos"_s,
+                              u"Converts each receipt to JPEG and adds it to Photos, so iCloud syncs "
+                              "it to your iPhone for Workday's mobile Scan Receipt. Each photo is "
+                              "named after the receipt."_s,
+                              u"Group into a dated album"_s,
+                              u"Everything you process in one sitting goes into an album named "
+                              "“Expenses: <today's date>”, which also syncs to your iPhone."_s,
+                              u"Grant Photos Access"_s,
+                              u"# Archive"_s,
+                              u"“Archive & Clear” saves each batch — the receipt files and a "
+                              "CSV/HTML ledger — into a dated subfolder here."_s,
+                              u"Default: “Receipt Archive” inside the watched folder"_s,
+                              u"Choose…"_s,
+                              u"# Startup & Background"_s,
+                              u"Launch at login"_s,
+                              u"Run in menu bar (hide Dock icon)"_s}));
     }
 
     void everyControlCanBeNamed() {
@@ -83,8 +83,8 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(controls, 11);
-        QCOMPARE(labelOf(field("apiKey")), QStringLiteral("API Key"));
-        QCOMPARE(labelOf(field("model")), QStringLiteral("Model"));
+        QCOMPARE(labelOf(field("apiKey")), u"API Key"_s);
+        QCOMPARE(labelOf(field("model")), u"Model"_s);
     }
 
     void windowKeepsItsSizeAndScrollsUpAndDownOnly_data() {
@@ -99,8 +99,7 @@ private Q_SLOTS:
         larger.setPointSizeF(before.pointSizeF() * scale);
         QApplication::setFont(larger);
         create();
-        settings_->setArchiveFolderPath(
-            home_.path(QStringLiteral("a/long/path/to/an/archive/folder/far/away")));
+        settings_->setArchiveFolderPath(home_.path(u"a/long/path/to/an/archive/folder/far/away"_s));
         show();
         const bool isNarrow = form()->minimumSizeHint().width() <= scrollArea()->viewport()->width();
         QApplication::setFont(before);
@@ -153,7 +152,7 @@ private Q_SLOTS:
 
     void typingSurvivesMinimising() {
         show();
-        type(field("apiKey"), QStringLiteral("half a ke"));
+        type(field("apiKey"), u"half a ke"_s);
         // As the window system tells it.
         for (const QEvent::Type shownOrHidden : {QEvent::Hide, QEvent::Show}) {
             const std::unique_ptr<QEvent> event(
@@ -161,7 +160,7 @@ private Q_SLOTS:
             QSpontaneKeyEvent::setSpontaneous(event.get());
             QVERIFY(QApplication::instance()->notify(view_.get(), event.get()));
         }
-        QCOMPARE(field("apiKey")->text(), QStringLiteral("half a ke"));
+        QCOMPARE(field("apiKey")->text(), u"half a ke"_s);
     }
 
     void keysCloseTheWindow_data() {
@@ -190,7 +189,7 @@ private Q_SLOTS:
     }
 
     void tabGoesFromTopToBottomAndScrollsAlong() {
-        settings_->setArchiveFolderPath(QStringLiteral("/archive"));
+        settings_->setArchiveFolderPath(u"/archive"_s);
         show();
         QStringList order;
         for (int i = 0; i < 11; ++i) {
@@ -198,13 +197,10 @@ private Q_SLOTS:
             order.append(QApplication::focusWidget()->objectName());
             QVERIFY2(isInSight(QApplication::focusWidget()), qPrintable(order.last()));
         }
-        QCOMPARE(
-            order,
-            QStringList({QStringLiteral("watchFolderChoose"), QStringLiteral("apiKey"),
-                         QStringLiteral("saveKey"), QStringLiteral("model"), QStringLiteral("addToPhotos"),
-                         QStringLiteral("groupIntoAlbum"), QStringLiteral("grantPhotosAccess"),
-                         QStringLiteral("archiveFolderReset"), QStringLiteral("archiveFolderChoose"),
-                         QStringLiteral("launchAtLogin"), QStringLiteral("menuBarMode")}));
+        QCOMPARE(order,
+                 QStringList({u"watchFolderChoose"_s, u"apiKey"_s, u"saveKey"_s, u"model"_s, u"addToPhotos"_s,
+                              u"groupIntoAlbum"_s, u"grantPhotosAccess"_s, u"archiveFolderReset"_s,
+                              u"archiveFolderChoose"_s, u"launchAtLogin"_s, u"menuBarMode"_s}));
     }
 
     void switchShowsItsStateAndItsFocus() {
@@ -251,7 +247,7 @@ private:
 
     static QString textOf(const QWidget *widget) {
         if (const auto *const section = qobject_cast<const QGroupBox *>(widget)) {
-            return QStringLiteral("# ") + section->accessibleName();
+            return u"# "_s + section->accessibleName();
         }
         if (const auto *const elided = qobject_cast<const ElidedLabel *>(widget)) {
             return elided->fullText();

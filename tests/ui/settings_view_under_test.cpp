@@ -1,12 +1,14 @@
 #include "settings_view_under_test.h"
 
 #include "support/conditions.h"
-#include "ui/elided_label.h"
+#include "ui/widgets/elided_label.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace fennick::test {
+
+using namespace Qt::StringLiterals;
 
 void SettingsViewUnderTest::init() {
     const QStringList files = {home_.preferencesFile(), home_.permissionsFile(), home_.receiptsFile(),
@@ -15,7 +17,7 @@ void SettingsViewUnderTest::init() {
         QFile::remove(file);
     }
     PrivateSession::clearKey();
-    QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+    QDir().mkpath(home_.path(u"Pictures"_s));
     create();
 }
 
@@ -23,6 +25,7 @@ void SettingsViewUnderTest::create() {
     view_.reset();
     appState_.reset();
     settings_ = std::make_unique<SettingsStore>();
+    loginItem_ = std::make_unique<LoginItem>(settings_.get());
     store_ = std::make_unique<ReceiptStore>();
     appState_ = std::make_unique<AppState>(store_.get(), settings_.get());
     constexpr bool canHideFromTaskBar = true;
@@ -74,7 +77,7 @@ QString SettingsViewUnderTest::makeFolder(const QString &name) const {
 }
 
 QString SettingsViewUnderTest::autostartFile() const {
-    return home_.path(QStringLiteral("config/autostart/org.fennick.Fennick.desktop"));
+    return home_.path(u"config/autostart/org.fennick.Fennick.desktop"_s);
 }
 
 } // namespace fennick::test

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "model/receipt_store.h"
 #include "pipeline/app_state.h"
+#include "settings/login_item.h"
+#include "settings/settings_store.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
-#include "ui/settings_view.h"
+#include "ui/settings/settings_view.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -70,6 +73,7 @@ protected:
     TemporaryHome home_;
     PrivateSession session_;
     std::unique_ptr<SettingsStore> settings_;
+    std::unique_ptr<LoginItem> loginItem_;
     std::unique_ptr<ReceiptStore> store_;
     std::unique_ptr<AppState> appState_;
     std::unique_ptr<SettingsView> view_;

@@ -5,13 +5,13 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
-#include "ui/confirmations.h"
-#include "ui/export_panel.h"
-#include "ui/folder_chooser.h"
+#include "ui/dialogs/confirmations.h"
+#include "ui/dialogs/export_panel.h"
+#include "ui/dialogs/folder_chooser.h"
 #include "ui/interface_language.h"
-#include "ui/main_window.h"
-#include "ui/menu_bar_content.h"
-#include "ui/settings_view.h"
+#include "ui/main_window/main_window.h"
+#include "ui/settings/settings_view.h"
+#include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -23,12 +23,13 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // A wide one among the usual desktop fonts, in the size that desktops start with.
 QFont desktopFont() {
-    return QFont(QStringLiteral("DejaVu Sans"), 10);
+    return QFont(u"DejaVu Sans"_s, 10);
 }
 
 QString shortcutLetter(const QString &text) {
@@ -77,9 +78,9 @@ private Q_SLOTS:
     }
 
     void init() {
-        QDir(home_.path(QStringLiteral("data/Fennick"))).removeRecursively();
-        QDir(home_.path(QStringLiteral("config/Fennick"))).removeRecursively();
-        QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+        QDir(home_.path(u"data/Fennick"_s)).removeRecursively();
+        QDir(home_.path(u"config/Fennick"_s)).removeRecursively();
+        QDir().mkpath(home_.path(u"Pictures"_s));
         settings_ = std::make_unique<SettingsStore>();
         store_ = std::make_unique<ReceiptStore>();
         appState_ = std::make_unique<AppState>(store_.get(), settings_.get());
@@ -118,10 +119,10 @@ private Q_SLOTS:
             QVERIFY(QTest::qWaitForWindowActive(&view));
             QCOMPARE(view.size(), QSize(460, 520));
             verifyTextsAreWhole(&view);
-            settings_->setWatchFolderPath(home_.path(QStringLiteral("a long name of a watched folder")));
-            settings_->setArchiveFolderPath(home_.path(QStringLiteral("a long name of an archive folder")));
-            view.findChild<QPushButton *>(QStringLiteral("saveKey"))->click();
-            QVERIFY(view.findChild<QWidget *>(QStringLiteral("archiveFolderReset"))->isVisibleTo(&view));
+            settings_->setWatchFolderPath(home_.path(u"a long name of a watched folder"_s));
+            settings_->setArchiveFolderPath(home_.path(u"a long name of an archive folder"_s));
+            view.findChild<QPushButton *>(u"saveKey"_s)->click();
+            QVERIFY(view.findChild<QWidget *>(u"archiveFolderReset"_s)->isVisibleTo(&view));
             QCoreApplication::processEvents(); // what has appeared is laid out
             verifyTextsAreWhole(&view);
         }
@@ -139,15 +140,15 @@ private Q_SLOTS:
             seen.append(dialog->objectName());
             verifyTextsAreWhole(dialog);
         };
-        const QString folder = home_.path(QStringLiteral("Receipts"));
+        const QString folder = home_.path(u"Receipts"_s);
         onNextDialog(look);
         Confirmations::confirmClear(&window);
         for (const int receipts : {1, 12}) {
             while (store_->receipts().size() < receipts) {
-                store_->add(finishedReceipt(QStringLiteral("/w/%1.pdf").arg(store_->receipts().size())));
+                store_->add(finishedReceipt(u"/w/%1.pdf"_s.arg(store_->receipts().size())));
             }
             onNextDialog(look);
-            Confirmations::confirmArchive(&window, QStringLiteral("HTML"), store_.get(), folder);
+            Confirmations::confirmArchive(&window, u"HTML"_s, store_.get(), folder);
         }
         onNextDialog(look);
         chooseFolder(&window, QCoreApplication::translate("WatchFolderChooser", "Watch This Folder"), folder,
@@ -161,7 +162,7 @@ private Q_SLOTS:
     void photosQuestionShowsItsTextsWhole() {
         QFETCH(QString, language);
         const InterfaceLanguage texts({language});
-        const QString name = QStringLiteral("photosAccessQuestion");
+        const QString name = u"photosAccessQuestion"_s;
         const auto request = PhotoPermission::request();
         QVERIFY(waitUntil([name] { return windowNamed(name) != nullptr; }));
         verifyTextsAreWhole(windowNamed(name));
@@ -189,18 +190,15 @@ private Q_SLOTS:
     void nothingIsLeftInEnglish_data() {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QStringList>("same"); // the same word in both languages
-        QTest::newRow("de") << QStringLiteral("de")
-                            << QStringList{QStringLiteral("Status"), QStringLiteral("Gemini")};
-        QTest::newRow("fr") << QStringLiteral("fr")
-                            << QStringList{QStringLiteral("Date"), QStringLiteral("Photos"),
-                                           QStringLiteral("Actions"), QStringLiteral("Gemini")};
+        QTest::newRow("de") << u"de"_s << QStringList{u"Status"_s, u"Gemini"_s};
+        QTest::newRow("fr") << u"fr"_s << QStringList{u"Date"_s, u"Photos"_s, u"Actions"_s, u"Gemini"_s};
     }
     void nothingIsLeftInEnglish() {
         QFETCH(QString, language);
         QFETCH(QStringList, same);
         addReceipts();
         const QStringList english = textsOfTheWindows();
-        QVERIFY(english.contains(QStringLiteral("Export CSV, Archive && Clear")));
+        QVERIFY(english.contains(u"Export CSV, Archive && Clear"_s));
         const InterfaceLanguage texts({language});
         QStringList left;
         const QStringList translated = textsOfTheWindows();
@@ -210,7 +208,7 @@ private Q_SLOTS:
             }
         }
         left.removeDuplicates();
-        QCOMPARE(left.join(QStringLiteral(" | ")), QStringLiteral("Fennick"));
+        QCOMPARE(left.join(u" | "_s), u"Fennick"_s);
         QCOMPARE(translated.size(), english.size());
     }
 
@@ -226,8 +224,7 @@ private:
         qsizetype visible = 0;
         const auto buttons = window.findChildren<QAbstractButton *>();
         for (const QAbstractButton *const button : buttons) {
-            const QStringList names = {QStringLiteral("reveal"), QStringLiteral("addToPhotos"),
-                                       QStringLiteral("retry")};
+            const QStringList names = {u"reveal"_s, u"addToPhotos"_s, u"retry"_s};
             visible += names.contains(button->objectName()) && button->isVisible() ? 1 : 0;
         }
         return visible;
@@ -248,8 +245,7 @@ private:
     void addReceipts() {
         const auto statuses = {ReceiptStatus::processing, ReceiptStatus::done, ReceiptStatus::error};
         for (const ReceiptStatus status : statuses) {
-            Receipt receipt =
-                finishedReceipt(home_.path(QStringLiteral("Receipts/%1.pdf").arg(static_cast<int>(status))));
+            Receipt receipt = finishedReceipt(home_.path(u"Receipts/%1.pdf"_s.arg(static_cast<int>(status))));
             receipt.status = status;
             store_->add(receipt);
         }

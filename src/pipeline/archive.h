@@ -1,0 +1,51 @@
+#pragma once
+
+#include "export/export_service.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <optional>
+
+namespace fennick {
+
+class LastError;
+class ReceiptStore;
+class SettingsStore;
+struct PendingArchive;
+
+// Moves a batch of receipts out of the list: a ledger and the files into the archive folder of the day. Owned
+// by AppState; main thread.
+class Archive {
+    Q_DECLARE_TR_FUNCTIONS(fennick::Archive)
+
+public:
+    Archive(ReceiptStore *store, SettingsStore *settings, LastError *lastError);
+
+    // The folder of the settings, or "Receipt Archive" in the watched folder; absent without either.
+    std::optional<QString> root() const;
+
+    // For display: the folder that a batch archived today is moved into.
+    QString destinationPath() const;
+
+    // Whether the path lies in an archive, where nothing is taken in.
+    bool contains(const QString &path) const;
+
+    // Writes a ledger of the whole list, moves the receipt files, whatever their status, and empties the
+    // list.
+    void archiveAndClear(ExportService::Format format);
+
+    // Completes an archive that was interrupted: some of its files are no longer where the list says. If its
+    // folder is out of reach, the list stays, and with it what can still be archived.
+    void resume();
+
+private:
+    void carryOut(const PendingArchive &archive);
+    void moveIntoArchive(const QString &path, const QString &folder);
+
+    ReceiptStore *store_;
+    SettingsStore *settings_;
+    LastError *lastError_;
+};
+
+} // namespace fennick

@@ -1,0 +1,27 @@
+#include "pipeline/folder_threads.h"
+
+#include <tuple>
+
+namespace fennick {
+
+namespace {
+
+// Threads may wait for several folders, one chosen after the other, on a network that is gone.
+constexpr int mostFolderThreads = 32;
+
+constexpr int patienceAtEnd = 2000; // milliseconds
+
+} // namespace
+
+FolderThreads::FolderThreads()
+    : pool_(std::make_unique<QThreadPool>()) {
+    pool_->setMaxThreadCount(mostFolderThreads);
+}
+
+void FolderThreads::end() {
+    if (!pool_->waitForDone(patienceAtEnd)) {
+        std::ignore = pool_.release(); // the end of the process waits for no thread
+    }
+}
+
+} // namespace fennick

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QThreadPool>
+
+#include <memory>
+
+namespace fennick {
+
+// Threads for what lists folders or looks at files in them: on a network that is gone, they wait for ever.
+// Owned by AppState, which ends them before anything else.
+class FolderThreads {
+public:
+    FolderThreads();
+
+    QThreadPool *pool() const { return pool_.get(); }
+
+    // Waits two seconds and leaves the threads that still wait behind. Nothing may be run afterwards.
+    void end();
+
+private:
+    std::unique_ptr<QThreadPool> pool_;
+};
+
+} // namespace fennick

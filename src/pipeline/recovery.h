@@ -1,0 +1,45 @@
+#pragma once
+
+#include "model/receipt.h"
+
+#include <QCoroTask>
+#include <QFuture>
+#include <QObject>
+#include <QPromise>
+#include <QStringList>
+
+namespace fennick {
+
+class Archive;
+class FolderThreads;
+class ReceiptStore;
+class Tasks;
+
+// Makes list, files and photo library consistent again after the program was killed in the middle of
+// something. Owned by AppState; main thread.
+class Recovery : public QObject {
+    Q_OBJECT
+
+public:
+    Recovery(ReceiptStore *store, Archive *archive, const FolderThreads *folderThreads, Tasks *tasks);
+
+    // Call once, before anything else. Returns `renamedFilesAdopted`.
+    QFuture<void> recover();
+
+    // Finished when the files that a killed run has renamed are in the list under their new names, also if
+    // there is nothing to recover.
+    const QFuture<void> &renamedFilesAdopted() const { return adoption_; }
+
+private:
+    void failInterruptedScans();
+    [[nodiscard]] QCoro::Task<> adoptRenamedFiles(QPromise<void> end);
+    void adoptFirstFree(Receipt receipt, const QStringList &paths);
+
+    ReceiptStore *store_;
+    Archive *archive_;
+    const FolderThreads *folderThreads_;
+    Tasks *tasks_;
+    QFuture<void> adoption_;
+};
+
+} // namespace fennick

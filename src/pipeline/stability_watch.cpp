@@ -1,0 +1,42 @@
+#include "pipeline/stability_watch.h"
+
+#include "pipeline/precise_sleep.h"
+
+#include <QPointer>
+
+namespace fennick {
+
+namespace {
+
+constexpr std::chrono::milliseconds stabilityInterval{500};
+
+} // namespace
+
+StabilityWatch::Reading StabilityWatch::read(const QString &path) {
+    return {fileStateAt(path), std::chrono::steady_clock::now()};
+}
+
+void StabilityWatch::restart(const QString &path) {
+    readings_[path] = read(path);
+}
+
+QCoro::Task<std::optional<FileState>> StabilityWatch::wait(QString path, Reading reading) {
+    if (reading.state.kind == FileKind::missing) {
+        co_return FileState();
+    }
+    readings_[path] = reading;
+    const QPointer<StabilityWatch> self(this);
+    co_await sleepUntil(reading.at + stabilityInterval);
+    if (!self) {
+        co_return FileState();
+    }
+    if (readings_.value(path).at != reading.at) {
+        co_return std::nullopt;
+    }
+    readings_.remove(path);
+    const FileState state = fileStateAt(path);
+    const bool isStable = state.size > 0 && state == reading.state;
+    co_return isStable ? state : FileState();
+}
+
+} // namespace fennick

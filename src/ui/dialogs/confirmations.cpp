@@ -1,0 +1,116 @@
+#include "ui/dialogs/confirmations.h"
+
+#include "text/display_text.h"
+#include "ui/widgets/symbols.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSpacerItem>
+
+#include <functional>
+
+namespace fennick::Confirmations {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int messageSymbolSize = 32;
+constexpr int textWidth = 420; // wide enough for a path
+
+// QMessageBox makes its text as narrow as it can; and its title is no more than a line of the text.
+void widen(QMessageBox *box) {
+    if (auto *const layout = qobject_cast<QGridLayout *>(box->layout())) {
+        layout->addItem(new QSpacerItem(textWidth, 0), layout->rowCount(), 0, 1, layout->columnCount());
+    }
+    if (auto *const title = box->findChild<QLabel *>(u"qt_msgbox_label"_s)) {
+        QFont bold = title->font();
+        bold.setBold(true);
+        title->setFont(bold);
+    }
+}
+
+struct Question {
+    QString objectName;
+    Symbol symbol;
+    QString title;
+    std::function<QString()> message; // of the moment
+    QString confirmText;
+    QMessageBox::ButtonRole confirmRole;
+};
+
+// The message follows `list`, if there is one, while the question is open.
+bool ask(QWidget *parent, const Question &question, const ReceiptStore *list = nullptr) {
+    QMessageBox box(parent);
+    box.setObjectName(question.objectName);
+    box.setIconPixmap(symbolIcon(question.symbol)
+                          .pixmap(QSize(messageSymbolSize, messageSymbolSize), parent->devicePixelRatio()));
+    box.setWindowTitle(u"Fennick"_s);
+    box.setTextFormat(Qt::PlainText); // paths may look like markup
+    box.setText(question.title);
+    box.setInformativeText(question.message());
+    if (list != nullptr) {
+        QObject::connect(list, &ReceiptStore::receiptsChanged, &box,
+                         [&box, &question] { box.setInformativeText(question.message()); });
+    }
+    const QPushButton *const confirm = box.addButton(question.confirmText, question.confirmRole);
+    QPushButton *const cancel =
+        box.addButton(QCoreApplication::translate("Confirmations", "Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(cancel);
+    widen(&box);
+    box.exec();
+    return box.clickedButton() == confirm;
+}
+
+// Two texts, since English is shown as it stands here, while a translation has plural forms of each.
+QString archiveMessage(int receipts) {
+    if (receipts == 1) {
+        //: %1 is CSV or HTML, %2 a folder.
+        return QCoreApplication::translate("Confirmations",
+                                           "Saves a %1 ledger and moves %n receipt file into “%2”, then "
+                                           "clears the list. Your Photos are unaffected.",
+                                           nullptr, receipts);
+    }
+    //: %1 is CSV or HTML, %2 a folder.
+    return QCoreApplication::translate("Confirmations",
+                                       "Saves a %1 ledger and moves %n receipt files into “%2”, then clears "
+                                       "the list. Your Photos are unaffected.",
+                                       nullptr, receipts);
+}
+
+} // namespace
+
+bool confirmClear(QWidget *parent) {
+    const Question question{
+        u"clearConfirmation"_s,
+        Symbol::clear,
+        QCoreApplication::translate("Confirmations", "Clear all receipts from the list?"),
+        [] {
+            return QCoreApplication::translate(
+                "Confirmations", "This empties the list. Your renamed files stay in the folder and won't be "
+                                 "re-scanned.");
+        },
+        QCoreApplication::translate("Confirmations", "Clear All"),
+        QMessageBox::DestructiveRole};
+    return ask(parent, question);
+}
+
+bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
+                    const QString &destination) {
+    const Question question{
+        u"archiveConfirmation"_s,
+        Symbol::archive,
+        QCoreApplication::translate("Confirmations", "Export, archive, and clear this batch?"),
+        [&] {
+            return archiveMessage(static_cast<int>(store->receipts().size()))
+                .arg(formatName, displayText(destination));
+        },
+        QCoreApplication::translate("Confirmations", "Export, Archive && Clear"),
+        QMessageBox::AcceptRole};
+    return ask(parent, question, store);
+}
+
+} // namespace fennick::Confirmations

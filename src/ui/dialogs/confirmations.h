@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QString>
+#include <QWidget>
+
+// The two questions before a batch leaves the list. Each call blocks until the user answers; closing the
+// dialog means no.
+namespace fennick::Confirmations {
+
+bool confirmClear(QWidget *parent);
+
+// `formatName` is "CSV" or "HTML". The question shows the number of all receipts, whatever their status, and
+// keeps it up to date.
+bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
+                    const QString &destination);
+
+} // namespace fennick::Confirmations

@@ -1,0 +1,99 @@
+#include "ui/main_window/home_view.h"
+
+#include "ui/main_window/empty_state.h"
+#include "ui/main_window/receipts_table.h"
+#include "ui/widgets/caption_label.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/symbol_label.h"
+#include "ui/widgets/text_style.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace fennick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int headerSymbolSize = 16;
+
+QFrame *makeDivider(QWidget *parent) {
+    auto *const divider = new QFrame(parent);
+    divider->setFrameShape(QFrame::HLine);
+    divider->setFrameShadow(QFrame::Plain);
+    divider->setForegroundRole(QPalette::Mid);
+    return divider;
+}
+
+} // namespace
+
+HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWidget *parent)
+    : QWidget(parent)
+    , store_(store)
+    , settings_(settings)
+    , folder_(new ElidedLabel(this))
+    , photosBadge_(new CaptionLabel(tr("Photos export on"), Tint::secondary, Symbol::photos, this))
+    //: Names the shortcut of the settings on the reader's keyboard.
+    , missingKey_(new CaptionLabel(tr("Set your Gemini API key in Settings (⌘,) to start scanning."),
+                                   Tint::warning, Symbol::warning, this))
+    , table_(new ReceiptsTable(store, this))
+    , list_(new QStackedWidget(this)) {
+    folder_->setObjectName(u"watchFolder"_s);
+    folder_->setFont(styledFont(folder_->font(), TextStyle::callout));
+    photosBadge_->setObjectName(u"photosBadge"_s);
+    missingKey_->setObjectName(u"missingKey"_s);
+    layOut();
+    connect(settings, &SettingsStore::changed, this, &HomeView::showSettings);
+    connect(store, &ReceiptStore::receiptsChanged, this, &HomeView::showList);
+    showSettings();
+    showList();
+}
+
+void HomeView::layOut() {
+    auto *const emptyState = new EmptyState(this);
+    connect(emptyState, &EmptyState::chooseFolderRequested, this, &HomeView::chooseFolderRequested);
+    list_->addWidget(emptyState);
+    list_->addWidget(table_);
+
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeHeader());
+    layout->addWidget(makeDivider(this));
+    layout->addWidget(list_, 1);
+}
+
+QWidget *HomeView::makeHeader() {
+    auto *const header = new QWidget(this);
+    auto *const firstLine = new QHBoxLayout;
+    firstLine->setSpacing(8);
+    auto *const symbol = new SymbolLabel(Symbol::watchedFolder, Tint::secondary, headerSymbolSize, header);
+    symbol->setObjectName(u"folderSymbol"_s);
+    firstLine->addWidget(symbol);
+    firstLine->addWidget(folder_, 1);
+    firstLine->addWidget(photosBadge_);
+
+    auto *const lines = new QVBoxLayout(header);
+    lines->setContentsMargins(16, 10, 16, 10);
+    lines->setSpacing(6);
+    lines->addLayout(firstLine);
+    lines->addWidget(missingKey_);
+    return header;
+}
+
+void HomeView::showSettings() {
+    const auto &path = settings_->watchFolderPath();
+    folder_->showValue(path.value_or(tr("No folder selected")), path.has_value());
+    photosBadge_->setVisible(settings_->addToPhotos());
+    missingKey_->setVisible(!settings_->hasAPIKey());
+    table_->setPhotosExportOn(settings_->addToPhotos());
+}
+
+void HomeView::showList() {
+    list_->setCurrentIndex(store_->receipts().isEmpty() ? 0 : 1);
+}
+
+} // namespace fennick

@@ -1,0 +1,53 @@
+#include "ui/main_window/main_actions.h"
+
+#include "ui/widgets/symbols.h"
+
+#include <QKeySequence>
+
+namespace fennick {
+
+namespace {
+
+QAction *make(QObject *owner, const char *objectName, const QString &text,
+              const QKeySequence &shortcut = {}) {
+    auto *const action = new QAction(text, owner);
+    action->setObjectName(QLatin1StringView(objectName));
+    action->setShortcut(shortcut);
+    return action;
+}
+
+QAction *withSymbol(QAction *action, Symbol symbol) {
+    action->setIcon(symbolIcon(symbol));
+    return action;
+}
+
+} // namespace
+
+MainActions::MainActions(QObject *owner)
+    : chooseFolder(withSymbol(make(owner, "chooseFolder", tr("Choose Folder"), QKeySequence::Open),
+                              Symbol::chooseFolder))
+    , exportCsv(make(owner, "exportCsv", tr("Export as CSV…"), QKeySequence(Qt::CTRL | Qt::Key_E)))
+    , exportHtml(
+          make(owner, "exportHtml", tr("Export as HTML…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)))
+    , archiveCsv(make(owner, "archiveCsv", tr("Export CSV, Archive && Clear")))
+    , archiveHtml(make(owner, "archiveHtml", tr("Export HTML, Archive && Clear")))
+    , clearAll(withSymbol(make(owner, "clearAll", tr("Clear All")), Symbol::clear))
+    , open(make(owner, "open", tr("Open")))
+    //: Shows the file in the desktop's file manager.
+    , reveal(withSymbol(
+          make(owner, "revealSelected", tr("Reveal in Finder"), QKeySequence(Qt::CTRL | Qt::Key_R)),
+          Symbol::reveal))
+    , addToPhotos(withSymbol(
+          make(owner, "addSelectedToPhotos", tr("Add to Photos"), QKeySequence(Qt::CTRL | Qt::Key_P)),
+          Symbol::addToPhotos))
+    , retry(withSymbol(make(owner, "retrySelected", tr("Retry"), QKeySequence(Qt::CTRL | Qt::Key_T)),
+                       Symbol::retry))
+    , copySummary(make(owner, "copySummary", tr("Copy Summary"), QKeySequence::Copy))
+    , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
+    , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))
+    , quit(make(owner, "quit", tr("Quit Fennick"), QKeySequence(Qt::CTRL | Qt::Key_Q))) {
+    settings->setMenuRole(QAction::PreferencesRole);
+    quit->setMenuRole(QAction::QuitRole);
+}
+
+} // namespace fennick

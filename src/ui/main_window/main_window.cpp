@@ -1,0 +1,246 @@
+#include "ui/main_window/main_window.h"
+
+#include "platform/file_manager.h"
+#include "settings/window_memory.h"
+#include "ui/dialogs/confirmations.h"
+#include "ui/dialogs/export_panel.h"
+#include "ui/dialogs/watch_folder_chooser.h"
+#include "ui/main_window/home_view.h"
+#include "ui/main_window/receipts_table.h"
+#include "ui/widgets/focus_frame.h"
+#include "ui/widgets/symbols.h"
+
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace fennick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Format = ExportService::Format;
+
+constexpr QSize defaultSize{900, 560};
+constexpr QSize minimumContentSize{720, 420};
+
+// Room around the buttons, and the arrow of a menu beside its text instead of in the corner below it.
+QString toolBarStyle() {
+    return focusFrameStyle(u"highlight"_s) + u"QToolButton { padding: 3px 8px; }"
+                                             "QToolButton[popupMode=\"2\"] { padding-right: 20px; }"
+                                             "QToolButton::menu-indicator { subcontrol-origin: padding;"
+                                             " subcontrol-position: center right; right: 6px; }"_s;
+}
+
+QStringList receiptFilesIn(const QMimeData &data) {
+    QStringList paths;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile() && AppState::isSupported(url.toLocalFile())) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    return paths;
+}
+
+} // namespace
+
+MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *appState)
+    : store_(store)
+    , settings_(settings)
+    , appState_(appState)
+    , actions_(this)
+    , home_(new HomeView(store, settings, this)) {
+    setObjectName(u"main"_s);
+    setWindowTitle(u"Fennick"_s);
+    home_->setMinimumSize(minimumContentSize);
+    setCentralWidget(home_);
+    setAcceptDrops(true);
+    setContextMenuPolicy(Qt::NoContextMenu); // the toolbar cannot be hidden by accident
+    buildToolBar();
+    buildMenuBar();
+    buildContextMenu();
+    connectActions();
+    enableActions();
+
+    resize(defaultSize);
+    const WindowMemory memory;
+    restoreGeometry(memory.geometry());
+    home_->table()->restoreColumnState(memory.columns());
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &MainWindow::rememberSize);
+}
+
+void MainWindow::buildToolBar() {
+    QToolBar *const bar = addToolBar(tr("Toolbar"));
+    bar->setObjectName(u"toolbar"_s);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setIconSize({18, 18});
+    bar->setStyleSheet(toolBarStyle());
+    bar->addAction(actions_.chooseFolder);
+    exportButton_ = makeMenuButton(u"exportMenu"_s, tr("Export"), symbolIcon(Symbol::exportLedger),
+                                   {actions_.exportCsv, actions_.exportHtml});
+    bar->addWidget(exportButton_);
+    archiveButton_ = makeMenuButton(u"archiveMenu"_s, tr("Archive && Clear"), symbolIcon(Symbol::archive),
+                                    {actions_.archiveCsv, actions_.archiveHtml});
+    bar->addWidget(archiveButton_);
+    bar->addAction(actions_.clearAll);
+    const auto buttons = bar->findChildren<QToolButton *>();
+    for (QToolButton *const button : buttons) {
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+}
+
+QToolButton *MainWindow::makeMenuButton(const QString &objectName, const QString &text, const QIcon &icon,
+                                        const QList<QAction *> &items) {
+    auto *const button = new QToolButton(this);
+    button->setObjectName(objectName);
+    button->setText(text);
+    button->setAccessibleName(QString(text).replace(u"&&"_s, u"&"_s));
+    button->setIcon(icon);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    auto *const menu = new QMenu(button);
+    menu->addActions(items);
+    button->setMenu(menu);
+    return button;
+}
+
+void MainWindow::buildMenuBar() {
+    QMenu *const file = menuBar()->addMenu(tr("&File"));
+    file->addActions({actions_.chooseFolder, actions_.exportCsv, actions_.exportHtml});
+    file->addSeparator();
+    file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
+    file->addSeparator();
+    file->addActions({actions_.closeWindow, actions_.quit});
+    QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
+    receipt->addActions(
+        {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});
+    QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addAction(actions_.settings);
+}
+
+void MainWindow::buildContextMenu() {
+    home_->table()->addActions(
+        {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});
+}
+
+void MainWindow::connectActions() {
+    connect(actions_.chooseFolder, &QAction::triggered, this, &MainWindow::chooseFolder);
+    connect(home_, &HomeView::chooseFolderRequested, this, &MainWindow::chooseFolder);
+    connect(actions_.exportCsv, &QAction::triggered, this,
+            [this] { exportLedger(this, store_->receipts(), Format::csv); });
+    connect(actions_.exportHtml, &QAction::triggered, this,
+            [this] { exportLedger(this, store_->receipts(), Format::html); });
+    connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
+    connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
+    connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
+    connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
+
+    ReceiptsTable *const table = home_->table();
+    const auto onSelected = [this, table](QAction *action, auto does) {
+        connect(action, &QAction::triggered, this, [table, does] {
+            if (const auto receipt = table->selectedReceipt()) {
+                does(*receipt);
+            }
+        });
+    };
+    const auto open = [](const Receipt &receipt) {
+        FileManager::open(receipt.filePath);
+    };
+    const auto reveal = [](const Receipt &receipt) {
+        FileManager::reveal(receipt.filePath);
+    };
+    const auto addToPhotos = [this](const Receipt &receipt) {
+        appState_->pushToPhotos(receipt);
+    };
+    const auto retry = [this](const Receipt &receipt) {
+        appState_->retry(receipt);
+    };
+    onSelected(actions_.open, open);
+    onSelected(actions_.reveal, reveal);
+    onSelected(actions_.addToPhotos, addToPhotos);
+    onSelected(actions_.retry, retry);
+    onSelected(actions_.copySummary,
+               [](const Receipt &receipt) { QGuiApplication::clipboard()->setText(receipt.summary); });
+    connect(table, &ReceiptsTable::openRequested, this, open);
+    connect(table, &ReceiptsTable::revealRequested, this, reveal);
+    connect(table, &ReceiptsTable::addToPhotosRequested, this, addToPhotos);
+    connect(table, &ReceiptsTable::retryRequested, this, retry);
+
+    connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);
+    connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::enableActions);
+}
+
+void MainWindow::enableActions() {
+    const bool hasReceipts = !store_->receipts().isEmpty();
+    for (QAction *const action : {actions_.exportCsv, actions_.exportHtml, actions_.archiveCsv,
+                                  actions_.archiveHtml, actions_.clearAll}) {
+        action->setEnabled(hasReceipts);
+    }
+    exportButton_->setEnabled(hasReceipts);
+    archiveButton_->setEnabled(hasReceipts);
+
+    const auto selected = home_->table()->selectedReceipt();
+    for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary}) {
+        action->setEnabled(selected.has_value());
+    }
+    actions_.addToPhotos->setEnabled(selected && selected->status == ReceiptStatus::done &&
+                                     !selected->addedToPhotos && settings_->addToPhotos());
+    actions_.retry->setEnabled(selected && selected->status == ReceiptStatus::error);
+}
+
+void MainWindow::chooseFolder() {
+    chooseWatchFolder(this, appState_, settings_);
+}
+
+void MainWindow::archive(Format format) {
+    const QString name = format == Format::html ? u"HTML"_s : u"CSV"_s;
+    if (Confirmations::confirmArchive(this, name, store_, appState_->archiveDestinationPath())) {
+        appState_->archiveAndClear(format);
+    }
+}
+
+void MainWindow::clearAll() {
+    if (Confirmations::confirmClear(this)) {
+        store_->clearAll();
+    }
+}
+
+void MainWindow::rememberSize() {
+    WindowMemory().remember(saveGeometry(), home_->table()->columnState());
+}
+
+void MainWindow::showEvent(QShowEvent *event) {
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous()) {
+        Q_EMIT appeared();
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+    rememberSize();
+    event->ignore();
+    Q_EMIT closeRequested();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event) {
+    if (settings_->watchFolderPath() && !receiptFilesIn(*event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent *event) {
+    appState_->copyIntoWatchFolder(receiptFilesIn(*event->mimeData()));
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+} // namespace fennick

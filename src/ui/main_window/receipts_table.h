@@ -1,0 +1,65 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QMap>
+#include <QPersistentModelIndex>
+#include <QTableView>
+#include <QTimer>
+
+#include <optional>
+
+namespace fennick {
+
+class ReceiptsTableModel;
+class RowActions;
+
+// The table of all receipts. All rows have the same height, and only visible rows have buttons, so that a
+// long list costs no more than a short one. Borrows the store; owned by the home view; main thread.
+class ReceiptsTable : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit ReceiptsTable(const ReceiptStore *store, QWidget *parent = nullptr);
+
+    // Whether rows offer to add their receipt to Photos.
+    void setPhotosExportOn(bool isOn);
+
+    std::optional<Receipt> selectedReceipt() const;
+
+    // The column widths that the user has set.
+    QByteArray columnState();
+    void restoreColumnState(const QByteArray &state);
+
+Q_SIGNALS:
+    void selectedReceiptChanged();
+    void openRequested(const Receipt &receipt);
+    void revealRequested(const Receipt &receipt);
+    void addToPhotosRequested(const Receipt &receipt);
+    void retryRequested(const Receipt &receipt);
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
+
+private:
+    void layOutColumns();
+    void fixColumns();
+    void takeChosenWidth(int column, int width);
+    void fitColumns();
+    void scheduleRowActions();
+    void showRowActions();
+    void selectFirstVisibleRow();
+    RowActions *makeRowActions(const QModelIndex &place);
+
+    ReceiptsTableModel *model_;
+    QList<QPersistentModelIndex> placesWithActions_;
+    QTimer rowActionsUpdate_;     // gathers many changes into one look at the visible rows
+    QMap<int, int> chosenWidths_; // by the user, of columns
+    bool isFitting_ = false;
+    bool isPhotosExportOn_ = false;
+};
+
+} // namespace fennick

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "model/receipt_store.h"
+#include "text/currency_text.h"
+
+#include <QAbstractTableModel>
+
+namespace fennick {
+
+// The store's receipts as the rows of a table, in the store's order. Passes changes on row by row, so that
+// views redraw only what has changed. Owned by the view that shows it; main thread.
+class ReceiptsTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column {
+        statusColumn,
+        dateColumn,
+        amountColumn,
+        locationColumn,
+        categoryColumn,
+        summaryColumn,
+        photosColumn,
+        actionsColumn,
+        columns
+    };
+    enum Role { fileNameRole = Qt::UserRole, isProcessingRole };
+
+    explicit ReceiptsTableModel(const ReceiptStore *store, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    // The receipt of a row, as it is now.
+    const Receipt &receipt(int row) const { return store_->receipts().at(row); }
+
+private:
+    void beginChange(const ReceiptsChange &change);
+    void endChange(const ReceiptsChange &change);
+
+    const ReceiptStore *store_;
+    mutable AmountFormatter amounts_{
+        FractionDigits::ofCurrency}; // which keeps what it needs for each currency
+};
+
+} // namespace fennick

@@ -1,0 +1,52 @@
+#include "ui/tray/batch_progress.h"
+
+#include <chrono>
+#include <utility>
+
+namespace fennick {
+
+namespace {
+
+constexpr std::chrono::seconds quietTime{2};
+
+} // namespace
+
+BatchProgress::BatchProgress(const ReceiptStore *store, QObject *parent)
+    : QObject(parent)
+    , store_(store) {
+    quiet_.setSingleShot(true);
+    quiet_.setInterval(quietTime);
+    connect(&quiet_, &QTimer::timeout, this, &BatchProgress::end);
+    connect(store, &ReceiptStore::receiptsChanged, this, &BatchProgress::follow);
+}
+
+void BatchProgress::follow(const ReceiptsChange &change) {
+    if (change.kind == ReceiptsChange::Kind::cleared) {
+        underWay_.clear();
+    } else {
+        const Receipt &receipt = store_->receipts().at(change.to);
+        if (receipt.status == ReceiptStatus::processing) {
+            underWay_.insert(receipt.id);
+        } else if (!underWay_.remove(receipt.id)) {
+            return; // a change after its scan
+        } else {
+            ++(receipt.status == ReceiptStatus::done ? scanned_ : failed_);
+        }
+    }
+    if (isUnderWay()) {
+        quiet_.stop();
+    } else {
+        quiet_.start();
+    }
+    Q_EMIT changed();
+}
+
+void BatchProgress::end() {
+    const int scanned = std::exchange(scanned_, 0);
+    const int failed = std::exchange(failed_, 0);
+    if (scanned + failed > 0) {
+        Q_EMIT ended(scanned, failed);
+    }
+}
+
+} // namespace fennick

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+namespace fennick {
+
+// Counts the receipts that are scanned together. A batch begins with the first receipt in progress and ends
+// when none has been in progress for two seconds, because files that already lie in the folder are taken in
+// one after the other. Owned by the shell; main thread.
+class BatchProgress : public QObject {
+    Q_OBJECT
+
+public:
+    explicit BatchProgress(const ReceiptStore *store, QObject *parent = nullptr);
+
+    // Of the current batch.
+    int finishedCount() const { return scanned_ + failed_; }
+    int totalCount() const { return finishedCount() + static_cast<int>(underWay_.size()); }
+    bool isUnderWay() const { return !underWay_.isEmpty(); }
+
+Q_SIGNALS:
+    void changed();
+    void ended(int scanned, int failed);
+
+private:
+    void follow(const ReceiptsChange &change);
+    void end();
+
+    const ReceiptStore *store_;
+    QSet<QString> underWay_; // identifiers
+    int scanned_ = 0;
+    int failed_ = 0;
+    QTimer quiet_;
+};
+
+} // namespace fennick

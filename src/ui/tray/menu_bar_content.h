@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/receipt_store.h"
+
+#include <QMenu>
+
+namespace fennick {
+
+// The menu of the tray icon: the number of receipts, and entries that open the windows or quit. Borrows the
+// store; owned by the shell.
+class MenuBarContent : public QMenu {
+    Q_OBJECT
+
+public:
+    explicit MenuBarContent(const ReceiptStore *store);
+
+Q_SIGNALS:
+    void showReceiptsRequested();
+    void settingsRequested();
+    void quitRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void showCount();
+
+    const ReceiptStore *store_;
+    QAction *count_;
+    QAction *quit_;
+};
+
+} // namespace fennick

@@ -1,0 +1,76 @@
+#include "ui/tray/notices.h"
+
+#include "text/display_text.h"
+
+#include <chrono>
+#include <utility>
+
+namespace fennick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::seconds shortestPause{10};
+
+} // namespace
+
+Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
+    : QObject(parent)
+    , isWindowInFront_(std::move(isWindowInFront)) {
+    pause_.setSingleShot(true);
+    pause_.setTimerType(Qt::PreciseTimer);
+    pause_.setInterval(shortestPause);
+    connect(&pause_, &QTimer::timeout, this, &Notices::tell);
+    connect(&notifier_, &Notifier::activated, this, &Notices::activated);
+}
+
+QString Notices::batchText(int scanned, int failed) {
+    QStringList parts;
+    if (scanned > 0) {
+        parts.append(scanned == 1 ? tr("1 receipt scanned") : tr("%n receipts scanned", nullptr, scanned));
+    }
+    if (failed > 0) {
+        //: Receipts; follows "3 receipts scanned".
+        parts.append(tr("%n failed", nullptr, failed));
+    }
+    //: Between "3 receipts scanned" and "1 failed".
+    return parts.join(tr(", "));
+}
+
+void Notices::tellBatch(int scanned, int failed) {
+    if (isWindowInFront_()) {
+        return;
+    }
+    scanned_ += scanned;
+    failed_ += failed;
+    tellWhenAllowed();
+}
+
+void Notices::tellFailure(const QString &failure) {
+    failure_ = displayText(failure);
+    tellWhenAllowed();
+}
+
+void Notices::tellWhenAllowed() {
+    if (!pause_.isActive()) {
+        tell();
+    }
+}
+
+// The failure is told also while the window is in front: it shows nothing of it.
+void Notices::tell() {
+    if (isWindowInFront_()) {
+        scanned_ = 0;
+        failed_ = 0;
+    }
+    const QString batch = batchText(std::exchange(scanned_, 0), std::exchange(failed_, 0));
+    const QString failure = std::exchange(failure_, {});
+    if (batch.isEmpty() && failure.isEmpty()) {
+        return;
+    }
+    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, failure);
+    pause_.start();
+}
+
+} // namespace fennick

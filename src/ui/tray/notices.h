@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/notifier.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+namespace fennick {
+
+// Shows desktop notifications for what the user cannot see in the window: batches that finish while it is
+// out of sight, and failures that no row shows. Never more than one notification in ten seconds; what
+// happens in between is combined. Owned by the shell; main thread.
+class Notices : public QObject {
+    Q_OBJECT
+
+public:
+    // `isWindowInFront` is called whenever there is something to show.
+    explicit Notices(std::function<bool()> isWindowInFront, QObject *parent = nullptr);
+
+    void tellBatch(int scanned, int failed);
+    void tellFailure(const QString &failure);
+
+    // "3 receipts scanned, 1 failed".
+    static QString batchText(int scanned, int failed);
+
+Q_SIGNALS:
+    // The user clicked a notification.
+    void activated();
+
+private:
+    void tellWhenAllowed();
+    void tell();
+
+    std::function<bool()> isWindowInFront_;
+    Notifier notifier_;
+    QTimer pause_;
+    int scanned_ = 0;
+    int failed_ = 0;
+    QString failure_;
+};
+
+} // namespace fennick
