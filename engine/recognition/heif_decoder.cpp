@@ -2,8 +2,6 @@
 
 #include "engine/recognition/picture_size.h"
 
-#include <QList>
-
 #include <libheif/heif.h>
 
 #include <algorithm>
@@ -50,11 +48,6 @@ QImage copied(const heif_image *image) {
 }
 
 } // namespace
-
-bool looksLikeHeif(const QByteArray &bytes) {
-    static const QList<QByteArray> brands = {"heic", "heix", "hevc", "heim", "heis", "mif1", "msf1"};
-    return bytes.mid(4, 4) == "ftyp" && brands.contains(bytes.mid(8, 4));
-}
 
 std::expected<QImage, ReadError> decodedHeif(const QByteArray &bytes) {
     const Context context(heif_context_alloc(), heif_context_free);

@@ -2,6 +2,7 @@
 
 #include "engine/recognition/heif_decoder.h"
 #include "engine/recognition/picture_size.h"
+#include "kinds/document_kind.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -12,17 +13,17 @@ namespace fennick::engine {
 namespace {
 
 // The name of Qt's decoder; empty for anything that is no receipt picture (Qt would also try SVG, ICO ...).
-QByteArray decoderName(const QByteArray &bytes) {
-    if (bytes.startsWith("\xFF\xD8\xFF")) {
+QByteArray decoderName(std::optional<DocumentKind> kind) {
+    switch (kind.value_or(DocumentKind::pdf)) {
+    case DocumentKind::jpeg:
         return "jpeg";
-    }
-    if (bytes.startsWith("\x89PNG\r\n\x1A\n")) {
+    case DocumentKind::png:
         return "png";
-    }
-    if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP") {
+    case DocumentKind::webp:
         return "webp";
+    default:
+        return {};
     }
-    return {};
 }
 
 QImage onWhite(const QImage &picture) {
@@ -47,11 +48,12 @@ void raiseAllocationLimit() {
 } // namespace
 
 std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
-    if (looksLikeHeif(bytes)) {
+    const std::optional<DocumentKind> kind = kindOfContent(bytes);
+    if (kind == DocumentKind::heif) {
         return decodedHeif(bytes);
     }
 
-    const QByteArray decoder = decoderName(bytes);
+    const QByteArray decoder = decoderName(kind);
     if (decoder.isEmpty()) {
         return std::unexpected(ReadError::UnreadableImage);
     }

@@ -158,13 +158,6 @@ QImage copied(const heif_image *picture, bool premultiplied) {
 
 } // namespace
 
-bool looksLikeHeif(const QByteArray &file) {
-    constexpr qsizetype enough = 64;
-    const auto answer = heif_check_filetype(reinterpret_cast<const std::uint8_t *>(file.constData()),
-                                            static_cast<int>(qMin(file.size(), enough)));
-    return answer == heif_filetype_yes_supported || answer == heif_filetype_maybe;
-}
-
 std::optional<StoredPicture> decodeHeif(const QByteArray &file) {
     const Context context(heif_context_alloc());
     if (!context) {

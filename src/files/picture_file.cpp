@@ -3,30 +3,28 @@
 #include "files/decoded_image.h"
 #include "files/heic_image.h"
 #include "files/jpeg_decoder.h"
+#include "kinds/document_kind.h"
 #include "platform/regular_file.h"
 
 namespace fennick {
 
 std::optional<StoredPicture> readPictureFile(QFile &file) {
     const QByteArray content = readWhole(file).value_or(QByteArray());
-    if (content.startsWith("\xFF\xD8\xFF")) {
+    switch (kindOfContent(content).value_or(DocumentKind::pdf)) {
+    case DocumentKind::jpeg:
         return decodeJpeg(content);
-    }
-    if (content.startsWith("\x89PNG\r\n\x1A\n")) {
+    case DocumentKind::png:
         return decodePng(content);
-    }
-    if (content.startsWith("RIFF") && content.mid(8, 4) == QByteArrayView("WEBP")) {
+    case DocumentKind::webp:
         return decodeWebp(content);
-    }
-    // No kinds that are taken in, but a camera or a scanner may give them a name that is.
-    if (content.startsWith("BM")) {
-        return decodePlain(content, "bmp");
-    }
-    if (content.startsWith("GIF8")) {
-        return decodePlain(content, "gif");
-    }
-    if (looksLikeHeif(content)) {
+    case DocumentKind::heif:
         return decodeHeif(content);
+    case DocumentKind::gif:
+        return decodePlain(content, "gif");
+    case DocumentKind::bmp:
+        return decodePlain(content, "bmp");
+    case DocumentKind::pdf:
+        break;
     }
     return std::nullopt;
 }

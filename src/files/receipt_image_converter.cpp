@@ -7,6 +7,7 @@
 #include "files/picture_file.h"
 #include "files/plane_scaling.h"
 #include "files/private_folder.h"
+#include "kinds/document_kind.h"
 #include "platform/regular_file.h"
 #include "text/characters.h"
 #include "text/path_text.h"
@@ -26,26 +27,20 @@ using Result = std::expected<QStringList, ConverterError>;
 
 constexpr int longestSide = 3000;
 
-const QStringList imageExtensions{u"png"_s, u"jpg"_s, u"jpeg"_s, u"heic"_s, u"webp"_s};
-
 std::unexpected<ConverterError> failure(Kind kind, const QString &payload = {}) {
     return std::unexpected(ConverterError{kind, payload});
 }
 
-QString typeOf(const QString &fileName) {
-    return lowerCased(pathExtension(fileName));
-}
-
 bool isPdf(const QString &fileName) {
-    return typeOf(fileName) == u"pdf";
+    return kindOfName(fileName) == DocumentKind::pdf;
 }
 
 // Nothing for a file of a kind that is converted.
 std::optional<ConverterError> refusal(const QString &fileName) {
-    if (isPdf(fileName) || imageExtensions.contains(typeOf(fileName))) {
+    if (kindOfName(fileName)) {
         return std::nullopt;
     }
-    return ConverterError{Kind::unsupported, typeOf(fileName)};
+    return ConverterError{Kind::unsupported, lowerCased(pathExtension(fileName))};
 }
 
 QString usableBaseName(const QString &baseName) {

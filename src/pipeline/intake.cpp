@@ -1,8 +1,8 @@
 #include "extraction/gemini_client.h"
+#include "kinds/document_kind.h"
 #include "pipeline/app_state.h"
 #include "pipeline/precise_sleep.h"
 #include "platform/unreadable_names.h"
-#include "text/characters.h"
 #include "text/path_text.h"
 
 #include <QCoroFuture>
@@ -39,10 +39,7 @@ QStringList existingFiles(const QString &folder) {
 } // namespace
 
 bool AppState::isSupported(const QString &path) {
-    static const QSet<QString> supportedExtensions = {QStringLiteral("pdf"),  QStringLiteral("png"),
-                                                      QStringLiteral("jpg"),  QStringLiteral("jpeg"),
-                                                      QStringLiteral("heic"), QStringLiteral("webp")};
-    return supportedExtensions.contains(lowerCased(pathExtension(path)));
+    return kindOfName(path).has_value();
 }
 
 void AppState::startWatchingIfConfigured() {
