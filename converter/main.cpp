@@ -1,5 +1,5 @@
-#include "files/conversion_report.h"
-#include "files/receipt_image_converter.h"
+#include "conversion/conversion_report.h"
+#include "converter/receipt_image_converter.h"
 #include "platform/picture_memory.h"
 #include "text/path_text.h"
 

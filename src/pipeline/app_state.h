@@ -1,9 +1,9 @@
 #pragma once
 
+#include "conversion/converter_error.h"
 #include "export/export_service.h"
 #include "extraction/gemini_client.h"
 #include "extraction/on_device_engine.h"
-#include "files/converter_error.h"
 #include "files/fs_events_watcher.h"
 #include "model/receipt_store.h"
 #include "pipeline/renamed_paths.h"

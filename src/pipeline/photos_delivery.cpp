@@ -1,5 +1,5 @@
+#include "conversion/conversion_process.h"
 #include "extraction/gemini_error.h"
-#include "files/conversion_process.h"
 #include "files/file_renamer.h"
 #include "pipeline/app_state.h"
 #include "pipeline/photos_importer.h"

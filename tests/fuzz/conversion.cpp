@@ -1,6 +1,6 @@
 #include "conversion.h"
 
-#include "files/receipt_image_converter.h"
+#include "converter/receipt_image_converter.h"
 #include "invariant.h"
 
 #include <QDir>

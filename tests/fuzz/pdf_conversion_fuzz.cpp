@@ -1,5 +1,5 @@
 // Any bytes that a PDF file may hold, through conversion.
-#include "files/pdf_media_boxes.h"
+#include "documents/pdf_media_boxes.h"
 #include "fuzz/conversion.h"
 #include "fuzz/invariant.h"
 

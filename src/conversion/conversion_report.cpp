@@ -1,0 +1,60 @@
+#include "conversion/conversion_report.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <array>
+
+namespace fennick {
+
+namespace {
+
+using Kind = ConverterError::Kind;
+
+const QString pathsKey = QStringLiteral("paths");
+const QString errorKey = QStringLiteral("error");
+const QString payloadKey = QStringLiteral("payload");
+
+// In the order of ConverterError::Kind.
+constexpr std::array<QLatin1StringView, 5> kindNames = {
+    {QLatin1StringView("unsupported"), QLatin1StringView("pdfLoad"), QLatin1StringView("renderFailed"),
+     QLatin1StringView("encodeFailed"), QLatin1StringView("platform")}};
+
+Kind kindNamed(const QString &name) {
+    for (std::size_t index = 0; index < kindNames.size(); ++index) {
+        if (name == kindNames.at(index)) {
+            return static_cast<Kind>(index);
+        }
+    }
+    return Kind::renderFailed;
+}
+
+} // namespace
+
+QByteArray encodeReport(const std::expected<QStringList, ConverterError> &result) {
+    QJsonObject report;
+    if (result) {
+        report.insert(pathsKey, QJsonArray::fromStringList(*result));
+    } else {
+        report.insert(errorKey, kindNames.at(static_cast<std::size_t>(result.error().kind)));
+        report.insert(payloadKey, result.error().payload);
+    }
+    return QJsonDocument(report).toJson(QJsonDocument::Compact) + '\n';
+}
+
+std::expected<QStringList, ConverterError> decodeReport(const QByteArray &report) {
+    const QJsonObject object = QJsonDocument::fromJson(report).object();
+    if (!object.value(pathsKey).isArray()) {
+        return std::unexpected(ConverterError{kindNamed(object.value(errorKey).toString()),
+                                              object.value(payloadKey).toString()});
+    }
+    QStringList paths;
+    const QJsonArray reported = object.value(pathsKey).toArray();
+    for (const auto &path : reported) {
+        paths.append(path.toString());
+    }
+    return paths;
+}
+
+} // namespace fennick
