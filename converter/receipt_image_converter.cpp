@@ -98,7 +98,7 @@ Result convertPdf(QFile &file, const QString &folder, const QString &base, int p
 }
 
 Result convertImage(QFile &file, const QString &path) {
-    std::optional<StoredPicture> stored = readPictureFile(file);
+    auto stored = decodedPicture(readWhole(file).value_or(QByteArray()), converterLimits);
     if (!stored) {
         return failure(Kind::renderFailed);
     }

@@ -1,9 +1,9 @@
 #include "engine/recognition/pdf_checker.h"
 
 #include "documents/pdf_page_tree.h"
+#include "documents/picture_limits.h"
 #include "engine/recognition/pdf_page_size.h"
 #include "engine/recognition/pdf_table_check.h"
-#include "engine/recognition/picture_size.h"
 
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
@@ -31,8 +31,8 @@ bool hasOversizedImage(QPDFPageObjectHelper &page) {
     bool oversized = false;
     page.forEachImage(true, [&](QPDFObjectHandle &image, QPDFObjectHandle &, const std::string &) {
         const QPDFObjectHandle dictionary = image.getDict();
-        const QSize pixels(wholeNumber(dictionary, "/Width"), wholeNumber(dictionary, "/Height"));
-        oversized = oversized || !isDecodableSize(pixels);
+        oversized = oversized || !pdfImageLimits.allow(wholeNumber(dictionary, "/Width"),
+                                                       wholeNumber(dictionary, "/Height"));
     });
     return oversized;
 }

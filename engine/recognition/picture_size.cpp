@@ -7,7 +7,6 @@ namespace fennick::engine {
 
 namespace {
 
-constexpr double decodablePixels = 100e6;
 constexpr double recognisablePixels = 12e6;
 constexpr double renderDotsPerInch = 300;
 constexpr double longestSide = 20000;
@@ -23,10 +22,6 @@ QSize reduced(QSizeF size) {
 }
 
 } // namespace
-
-bool isDecodableSize(QSize size) {
-    return !size.isEmpty() && area(size) <= decodablePixels;
-}
 
 QSize recognisableSize(QSize size) {
     return reduced(size);

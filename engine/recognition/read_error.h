@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/document_error.h"
+
 #include <QString>
 
 namespace fennick::engine {
@@ -16,6 +18,9 @@ enum class ReadError {
     TookTooMuch, // memory or time
     Abandoned,   // nobody waits for the answer any more
 };
+
+// The same for what the documents' decoders report.
+ReadError readErrorOf(DocumentError error);
 
 // One English sentence for the caller.
 QString readErrorText(ReadError error);

@@ -1,7 +1,6 @@
 #include "documents/heif_decoder.h"
 
 #include "documents/colour_profile.h"
-#include "documents/picture_limits.h"
 #include "documents/qt_image_decoder.h"
 #include "platform/regular_file.h"
 
@@ -10,6 +9,7 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <ranges>
 
 namespace fennick {
@@ -116,7 +116,7 @@ std::optional<Plane> planeOf(const heif_image *picture, heif_channel channel) {
 // The picture as it is coded, without a way over red, green and blue, which takes half of the time after
 // decoding and, for 12 megapixels, 105 MB in place of 180. Nothing when its samples are of another kind than
 // those of JPEG files.
-std::optional<YuvPicture> usualPlanesOf(const heif_image_handle *handle) {
+std::optional<YuvPicture> usualPlanesOf(const heif_image_handle *handle, const PictureLimits &limits) {
     const Picture coded = decoded(handle, heif_colorspace_YCbCr, heif_chroma_420);
     if (!coded || !isAsInJpeg(codePointsOf(coded.get()))) {
         return std::nullopt;
@@ -137,18 +137,18 @@ std::optional<YuvPicture> usualPlanesOf(const heif_image_handle *handle) {
         std::ranges::all_of(picture.planes | std::views::drop(1), [=](const Plane &plane) {
             return QSize(plane.width(), plane.height()) == chromaSize;
         });
-    if (!isComplete || !isAcceptablePixelCount(picture.width, picture.height)) {
+    if (!isComplete || !limits.allow(picture.width, picture.height)) {
         return std::nullopt;
     }
     return picture;
 }
 
-QImage copied(const heif_image *picture, bool premultiplied) {
+QImage copied(const heif_image *picture, bool premultiplied, const PictureLimits &limits) {
     int stride = 0;
     const std::uint8_t *pixels = heif_image_get_plane_readonly(picture, heif_channel_interleaved, &stride);
     const int width = heif_image_get_width(picture, heif_channel_interleaved);
     const int height = heif_image_get_height(picture, heif_channel_interleaved);
-    if (!pixels || !isAcceptablePixelCount(width, height)) {
+    if (!pixels || !limits.allow(width, height)) {
         return {};
     }
     const QImage view(pixels, width, height, stride,
@@ -158,46 +158,47 @@ QImage copied(const heif_image *picture, bool premultiplied) {
 
 } // namespace
 
-std::optional<StoredPicture> decodeHeif(const QByteArray &file) {
+std::expected<StoredPicture, DocumentError> decodedHeif(const QByteArray &file, const PictureLimits &limits) {
     const Context context(heif_context_alloc());
     if (!context) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
-    // The limit is the side of a square, for the coded picture and each of its tiles.
-    constexpr int sideOfLargestSquare = 14142;
-    static_assert(isAcceptablePixelCount(sideOfLargestSquare, sideOfLargestSquare));
-    heif_context_set_maximum_image_size_limit(context.get(), sideOfLargestSquare);
+    // For the coded picture and each of its tiles. Newer versions of the library take it for the side of a
+    // square whose area counts.
+    constexpr int longestCodedSide = 14142;
+    static_assert(converterLimits.allow(longestCodedSide, longestCodedSide));
+    heif_context_set_maximum_image_size_limit(context.get(), longestCodedSide);
     heif_image_handle *found = nullptr;
     if (!succeeded(heif_context_read_from_memory_without_copy(
             context.get(), file.constData(), static_cast<std::size_t>(file.size()), nullptr)) ||
         !succeeded(heif_context_get_primary_image_handle(context.get(), &found))) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
     const Handle handle(found);
-    if (!isAcceptablePixelCount(heif_image_handle_get_width(found), heif_image_handle_get_height(found))) {
-        return std::nullopt;
+    if (!limits.allow(heif_image_handle_get_width(found), heif_image_handle_get_height(found))) {
+        return std::unexpected(DocumentError::imageTooLarge);
     }
 
     // An orientation in the file's EXIF data repeats what the decoder has already done.
     constexpr int upright = 1;
     if (mayHaveUsualPlanes(found)) {
-        if (auto picture = usualPlanesOf(found)) {
+        if (auto picture = usualPlanesOf(found, limits)) {
             return StoredPicture{std::move(*picture), upright, iccProfileOf(found)};
         }
     }
     Picture pixels = decoded(found, heif_colorspace_RGB, heif_chroma_interleaved_RGBA);
     if (!pixels) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
-    QImage image = copied(pixels.get(), heif_image_handle_is_premultiplied_alpha(found) != 0);
+    QImage image = copied(pixels.get(), heif_image_handle_is_premultiplied_alpha(found) != 0, limits);
     pixels.reset();
     if (image.isNull()) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
     convertToSrgb(image, profileOf(found));
     auto picture = yuvPictureOnWhite(std::move(image));
     if (!picture) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
     return StoredPicture{std::move(*picture), upright, {}};
 }

@@ -2,7 +2,6 @@
 
 #include "documents/colour_profile.h"
 #include "documents/exif_orientation.h"
-#include "documents/picture_limits.h"
 
 #include <jerror.h>
 #include <jpeglib.h>
@@ -10,6 +9,7 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace fennick {
 
@@ -230,13 +230,13 @@ std::optional<YuvPicture> planesOfPixels(Decompressor &decompressor, const Colou
 
 } // namespace
 
-std::optional<StoredPicture> decodeJpeg(const QByteArray &file) {
+std::expected<StoredPicture, DocumentError> decodedJpeg(const QByteArray &file, const PictureLimits &limits) {
     Decompressor decompressor(file);
     if (!decompressor.readHeader()) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
-    if (!isAcceptablePixelCount(decompressor.codec().image_width, decompressor.codec().image_height)) {
-        return std::nullopt;
+    if (!limits.allow(decompressor.codec().image_width, decompressor.codec().image_height)) {
+        return std::unexpected(DocumentError::imageTooLarge);
     }
 
     StoredPicture result;
@@ -250,7 +250,7 @@ std::optional<StoredPicture> decodeJpeg(const QByteArray &file) {
         picture = planesOfPixels(decompressor, profileFromIcc(profile));
     }
     if (!picture) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
     result.picture = std::move(*picture);
     return result;

@@ -30,7 +30,7 @@ double pixels(double points) {
 QSize pixelSize(QSizeF points) {
     const double width = pixels(points.width());
     const double height = pixels(points.height());
-    if (width * height > static_cast<double>(maximumPixelCount)) {
+    if (width * height > static_cast<double>(converterLimits.pixels)) {
         return {};
     }
     return QSize(static_cast<int>(width), static_cast<int>(height));

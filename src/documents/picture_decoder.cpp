@@ -4,29 +4,28 @@
 #include "documents/jpeg_decoder.h"
 #include "documents/qt_image_decoder.h"
 #include "kinds/document_kind.h"
-#include "platform/regular_file.h"
 
 namespace fennick {
 
-std::optional<StoredPicture> readPictureFile(QFile &file) {
-    const QByteArray content = readWhole(file).value_or(QByteArray());
+std::expected<StoredPicture, DocumentError> decodedPicture(const QByteArray &content,
+                                                           const PictureLimits &limits) {
     switch (kindOfContent(content).value_or(DocumentKind::pdf)) {
     case DocumentKind::jpeg:
-        return decodeJpeg(content);
-    case DocumentKind::png:
-        return decodePng(content);
-    case DocumentKind::webp:
-        return decodeWebp(content);
+        return decodedJpeg(content, limits);
     case DocumentKind::heif:
-        return decodeHeif(content);
+        return decodedHeif(content, limits);
+    case DocumentKind::png:
+        return decodedPng(content, limits);
+    case DocumentKind::webp:
+        return decodedWebp(content, limits);
     case DocumentKind::gif:
-        return decodePlain(content, "gif");
+        return decodedPlain(content, "gif", limits);
     case DocumentKind::bmp:
-        return decodePlain(content, "bmp");
+        return decodedPlain(content, "bmp", limits);
     case DocumentKind::pdf:
         break;
     }
-    return std::nullopt;
+    return std::unexpected(DocumentError::unreadableImage);
 }
 
 } // namespace fennick

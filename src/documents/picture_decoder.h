@@ -1,15 +1,19 @@
 #pragma once
 
+#include "documents/document_error.h"
+#include "documents/picture_limits.h"
 #include "documents/yuv_picture.h"
 
-#include <optional>
+#include <QByteArray>
 
-class QFile;
+#include <expected>
 
 namespace fennick {
 
-// Reads and decodes an open picture file. What it is shows in its first bytes; its name does not count.
-// Nothing for anything but a readable, whole JPEG, PNG, WebP or HEIC file of acceptable size.
-std::optional<StoredPicture> readPictureFile(QFile &file);
+// Decodes a whole picture file (JPEG, PNG, WebP, HEIC, GIF or BMP). Its kind shows in its first bytes; names
+// often lie. A file that is cut off or damaged in the picture itself is unreadable. Callable from any thread.
+// Throws std::bad_alloc.
+[[nodiscard]] std::expected<StoredPicture, DocumentError> decodedPicture(const QByteArray &content,
+                                                                         const PictureLimits &limits);
 
 } // namespace fennick

@@ -2,7 +2,6 @@
 
 #include "documents/colour_profile.h"
 #include "documents/exif_orientation.h"
-#include "documents/picture_limits.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -16,12 +15,12 @@ namespace fennick {
 namespace {
 
 // Qt refuses pictures over 128 MB by default, which is a photo of 32 megapixels. Its limit is one for the
-// whole process; the pixels of ours have been counted before, and take 8 bytes each at most.
+// whole process; the limit of ours is checked before, and is never above this one.
 void raiseAllocationLimit() {
     static std::once_flag raised;
     std::call_once(raised, [] {
-        constexpr int mostBytesPerPixel = 8;
-        QImageReader::setAllocationLimit(maximumPixelCount * mostBytesPerPixel / (1 << 20) + 1);
+        constexpr qint64 bytesPerMegabyte = 1 << 20;
+        QImageReader::setAllocationLimit(static_cast<int>(converterLimits.memory / bytesPerMegabyte) + 1);
     });
 }
 
@@ -35,11 +34,8 @@ std::optional<YuvPicture> yuvPicture(const QImage &image) {
 
 // Counts the picture as it is read together with the one of 32 bits that it is turned into, or that one
 // together with its planes.
-bool isAcceptable(const QImageReader &reader) {
+bool fitsInto(const PictureLimits &limits, const QImageReader &reader) {
     const QSize size = reader.size();
-    if (!isAcceptablePixelCount(size.width(), size.height())) {
-        return false;
-    }
     const QImage::Format format = reader.imageFormat();
     const qint64 bitsAsRead =
         format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
@@ -47,18 +43,24 @@ bool isAcceptable(const QImageReader &reader) {
     constexpr qint64 bitsConverted = 32;
     constexpr qint64 bitsOfPlanes = 12;
     const qint64 bits = std::max(isConverted ? bitsAsRead + bitsConverted : 0, bitsConverted + bitsOfPlanes);
-    return qint64(size.width()) * size.height() * bits / 8 <= mostPictureMemory;
+    return limits.allow(size.width(), size.height()) &&
+           qint64(size.width()) * size.height() * bits / 8 <= limits.memory;
 }
 
-std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
+std::expected<StoredPicture, DocumentError> decoded(const QByteArray &file, const char *format,
+                                                    const PictureLimits &limits, int orientation) {
     raiseAllocationLimit();
     QBuffer buffer;
     buffer.setData(file);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(false);
-    if (!isAcceptable(reader)) {
-        return std::nullopt;
+    if (reader.size().isEmpty()) {
+        return std::unexpected(DocumentError::unreadableImage);
+    }
+    if (!fitsInto(limits, reader)) {
+        return std::unexpected(DocumentError::imageTooLarge);
     }
 
     // A palette with transparent entries turns black on the way through formats without alpha.
@@ -66,17 +68,14 @@ std::optional<YuvPicture> decoded(const QByteArray &file, const char *format) {
     const bool isOpaque = !image.hasAlphaChannel();
     image.convertTo(isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32);
     if (image.isNull()) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
     if (image.colorSpace() != QColorSpace(QColorSpace::SRgb)) {
         convertToSrgb(image, profileFromIcc(image.colorSpace().iccProfile()));
     }
-    return isOpaque ? yuvPicture(image) : yuvPictureOnWhite(std::move(image));
-}
-
-std::optional<StoredPicture> stored(std::optional<YuvPicture> picture, int orientation) {
+    std::optional<YuvPicture> picture = isOpaque ? yuvPicture(image) : yuvPictureOnWhite(std::move(image));
     if (!picture) {
-        return std::nullopt;
+        return std::unexpected(DocumentError::unreadableImage);
     }
     return StoredPicture{std::move(*picture), orientation, {}};
 }
@@ -88,17 +87,18 @@ std::optional<YuvPicture> yuvPictureOnWhite(QImage image) {
     return yuvPicture(image);
 }
 
-std::optional<StoredPicture> decodePng(const QByteArray &file) {
-    return stored(decoded(file, "png"), pngOrientation(file));
+std::expected<StoredPicture, DocumentError> decodedPng(const QByteArray &file, const PictureLimits &limits) {
+    return decoded(file, "png", limits, pngOrientation(file));
 }
 
-std::optional<StoredPicture> decodeWebp(const QByteArray &file) {
-    return stored(decoded(file, "webp"), webpOrientation(file));
+std::expected<StoredPicture, DocumentError> decodedWebp(const QByteArray &file, const PictureLimits &limits) {
+    return decoded(file, "webp", limits, webpOrientation(file));
 }
 
-std::optional<StoredPicture> decodePlain(const QByteArray &file, const char *format) {
+std::expected<StoredPicture, DocumentError> decodedPlain(const QByteArray &file, const char *format,
+                                                         const PictureLimits &limits) {
     constexpr int upright = 1;
-    return stored(decoded(file, format), upright);
+    return decoded(file, format, limits, upright);
 }
 
 } // namespace fennick
