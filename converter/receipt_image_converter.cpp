@@ -5,6 +5,7 @@
 #include "converter/pages_ahead.h"
 #include "documents/pdf_pages.h"
 #include "documents/picture_decoder.h"
+#include "documents/picture_limits.h"
 #include "documents/plane_scaling.h"
 #include "documents/upright_picture.h"
 #include "kinds/document_kind.h"
@@ -13,6 +14,8 @@
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <utility>
 
@@ -26,6 +29,9 @@ using Kind = ConverterError::Kind;
 using Result = std::expected<QStringList, ConverterError>;
 
 constexpr int longestSide = 3000;
+
+// PDF points are 1/72 inch, the pictures have 200 pixels an inch.
+constexpr double pixelsPerPoint = 200.0 / 72.0;
 
 std::unexpected<ConverterError> failure(Kind kind, const QString &payload = {}) {
     return std::unexpected(ConverterError{kind, payload});
@@ -52,8 +58,19 @@ QString pageName(const QString &base, int page, int pageCount) {
     return pageCount == 1 ? base + u".jpg"_s : base + u" (p%1).jpg"_s.arg(page + 1);
 }
 
+// Null for a page that is too large.
+QSize pixelSize(QSizeF points) {
+    const double width = std::max(1.0, std::round(points.width() * pixelsPerPoint));
+    const double height = std::max(1.0, std::round(points.height() * pixelsPerPoint));
+    if (width * height > static_cast<double>(converterLimits.pixels)) {
+        return {};
+    }
+    return QSize(static_cast<int>(width), static_cast<int>(height));
+}
+
 std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const QString &path) {
-    QImage image = pages.render(page);
+    const QSize size = pixelSize(pages.page(page).mediaBox);
+    QImage image = size.isEmpty() ? QImage() : pages.render(page, size);
     if (image.isNull()) {
         return failure(Kind::renderFailed);
     }
@@ -69,30 +86,29 @@ std::expected<void, ConverterError> writePage(PdfPages &pages, int page, const Q
 }
 
 Result convertPdf(QFile &file, const QString &folder, const QString &base, int processes) {
-    const std::unique_ptr<PdfPages> pages = PdfPages::open(file);
-    if (!pages) {
-        return failure(Kind::pdfLoad);
+    const auto opened = PdfPages::open(readWhole(file).value_or(QByteArray()),
+                                       {.wholeMediaBoxes = true, .annotations = true});
+    if (!opened) {
+        return failure(opened.error() == DocumentError::emptyPdf ? Kind::renderFailed : Kind::pdfLoad);
     }
-    const int count = pages->count();
+    PdfPages &pages = **opened;
+    const int count = pages.count();
     const auto path = [&](int page) {
         return joinedPath(folder, pageName(base, page, count));
     };
     std::vector<bool> written(static_cast<std::size_t>(count));
     if (processes > 1 && count > 1) {
         written = writePagesAhead(count, processes,
-                                  [&](int page) { return writePage(*pages, page, path(page)).has_value(); });
+                                  [&](int page) { return writePage(pages, page, path(page)).has_value(); });
     }
     QStringList paths;
     for (int page = 0; page < count; ++page) {
         if (!written[static_cast<std::size_t>(page)]) {
-            if (const auto now = writePage(*pages, page, path(page)); !now) {
+            if (const auto now = writePage(pages, page, path(page)); !now) {
                 return std::unexpected(now.error());
             }
         }
         paths.append(path(page));
-    }
-    if (paths.isEmpty()) {
-        return failure(Kind::renderFailed);
     }
     return paths;
 }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double recognisablePixels = 12e6;
 constexpr double renderDotsPerInch = 300;
-constexpr double longestSide = 20000;
+constexpr double longestPictureSide = 20000;
 
 double area(QSizeF size) {
     return size.width() * size.height();
@@ -17,7 +17,7 @@ double area(QSizeF size) {
 
 QSize reduced(QSizeF size) {
     double factor = std::min(1.0, std::sqrt(recognisablePixels / area(size)));
-    factor = std::min(factor, longestSide / std::max(size.width(), size.height()));
+    factor = std::min(factor, longestPictureSide / std::max(size.width(), size.height()));
     return (size * factor).toSize().expandedTo(QSize(1, 1));
 }
 

@@ -1,41 +1,42 @@
 #pragma once
 
-#include <QByteArray>
+#include "documents/pdf_checker.h"
+
+#include <QBuffer>
 #include <QImage>
-#include <QSizeF>
+#include <QPdfDocument>
 
 #include <memory>
-#include <vector>
-
-class QBuffer;
-class QFile;
-class QPdfDocument;
+#include <mutex>
 
 namespace fennick {
 
-// The pages of one PDF file as pictures, whole media boxes at 200 dots per inch on white. To be used by one
-// thread; several objects may be used by several threads, which then take turns in rendering.
+// The pages of one checked PDF, open in the renderer. PDFium keeps global state and is not made for threads:
+// while one object exists, other threads wait in open(). A thread has one object at a time.
 class PdfPages {
 public:
-    // Null when the file cannot be used: unreadable, not a PDF, or locked by a password. The file is needed
-    // for as long as this takes only.
-    static std::unique_ptr<PdfPages> open(QFile &file);
+    [[nodiscard]] static std::expected<std::unique_ptr<PdfPages>, DocumentError> open(const QByteArray &bytes,
+                                                                                      const PdfUse &use);
 
-    ~PdfPages();
     Q_DISABLE_COPY_MOVE(PdfPages)
 
-    int count() const { return static_cast<int>(pageSizes_.size()); }
+    int count() const { return static_cast<int>(pdf_.pages.size()); }
+    const CheckedPage &page(int index) const { return pdf_.pages[static_cast<std::size_t>(index)]; }
 
-    // The page (first: 0), opaque. Null when it is too large or cannot be rendered.
-    QImage render(int page);
+    // The page at this size in pixels, on white, in the format RGB32. Null if it cannot be rendered.
+    [[nodiscard]] QImage render(int index, QSize size);
+
+    // For what it tells about a page's text.
+    QPdfDocument &document() { return document_; }
 
 private:
-    PdfPages(QByteArray bytes, std::vector<QSizeF> pageSizes);
+    PdfPages(CheckedPdf pdf, const PdfUse &use);
 
-    QByteArray bytes_;
-    std::vector<QSizeF> pageSizes_;
-    std::unique_ptr<QBuffer> buffer_;
-    std::unique_ptr<QPdfDocument> document_;
+    CheckedPdf pdf_;
+    bool annotations_;
+    std::unique_lock<std::mutex> turn_;
+    QBuffer buffer_;
+    QPdfDocument document_;
 };
 
 } // namespace fennick

@@ -1,10 +1,7 @@
 // Any bytes that a PDF file may hold, through conversion.
-#include "documents/pdf_media_boxes.h"
+#include "documents/pdf_checker.h"
 #include "fuzz/conversion.h"
 #include "fuzz/invariant.h"
-
-#include <QDir>
-#include <QFile>
 
 #include <cmath>
 
@@ -17,23 +14,18 @@ constexpr double largestArea = 500.0 * 500.0; // square points over all pages
 constexpr size_t mostPages = 20;
 
 bool isSmall(const QByteArray &content) {
-    const QString path = QDir::tempPath() + QStringLiteral("/looked-at.pdf");
-    QFile file(path);
-    fuzz::require(file.open(QIODevice::WriteOnly) && file.write(content) == content.size(),
-                  "a file is written");
-    file.close();
-    fuzz::require(file.open(QIODevice::ReadOnly), "the file is opened");
-    const auto document = readWithMediaBoxes(file);
+    const auto document = checkedPdf(content, {.wholeMediaBoxes = true, .annotations = true});
     if (!document) {
         return true;
     }
     double area = 0;
-    for (const QSizeF &size : document->pageSizes) {
+    for (const CheckedPage &page : document->pages) {
+        const QSizeF size = page.mediaBox;
         fuzz::require(std::isfinite(size.width()) && std::isfinite(size.height()), "a page has a size");
         fuzz::require(size.width() > 0 && size.height() > 0, "a page has an area");
         area += size.width() * size.height();
     }
-    return area <= largestArea && document->pageSizes.size() <= mostPages;
+    return area <= largestArea && document->pages.size() <= mostPages;
 }
 
 } // namespace

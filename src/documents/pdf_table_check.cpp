@@ -1,6 +1,6 @@
-#include "engine/recognition/pdf_table_check.h"
+#include "documents/pdf_table_check.h"
 
-#include "engine/recognition/pdf_stream_meter.h"
+#include "documents/pdf_stream_meter.h"
 
 #include <QRegularExpression>
 #include <qpdf/Pl_Flate.hh>
@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <exception>
 
-namespace fennick::engine {
+namespace fennick {
 
 using namespace Qt::StringLiterals;
 
@@ -21,19 +21,19 @@ constexpr qsizetype largestUnmeasured = 128 * 1024;
 constexpr qsizetype pieceSize = 16 * 1024;
 
 // Any letter of a name may be written as # and its code (PDF 1.7, 7.3.5).
-QByteArray withPlainNames(const QByteArray &text) {
+QByteArray withPlainNames(QByteArrayView text) {
     QByteArray plain;
     plain.reserve(text.size());
-    for (qsizetype index = 0; index < text.size(); ++index) {
+    qsizetype done = 0;
+    for (qsizetype at = text.indexOf('#'); at >= 0; at = text.indexOf('#', done)) {
+        plain.append(text.sliced(done, at - done));
+        const qsizetype digits = std::min<qsizetype>(2, text.size() - at - 1);
         bool isCode = false;
-        if (text[index] == '#') {
-            const int code = text.mid(index + 1, 2).toInt(&isCode, 16);
-            plain += isCode ? static_cast<char>(code) : '#';
-            index += isCode ? 2 : 0;
-        } else {
-            plain += text[index];
-        }
+        const int code = text.sliced(at + 1, digits).toInt(&isCode, 16);
+        plain.append(isCode ? static_cast<char>(code) : '#');
+        done = at + 1 + (isCode ? digits : 0);
     }
+    plain.append(text.sliced(done));
     return plain;
 }
 
@@ -72,7 +72,7 @@ bool hasBoundedTables(const QByteArray &bytes) {
     static const QByteArray keyword = "stream";
     qsizetype last = 0;
     for (qsizetype at = bytes.indexOf(keyword); at >= 0; at = bytes.indexOf(keyword, last)) {
-        const QByteArray description = withPlainNames(bytes.sliced(last, at - last));
+        const QByteArray description = withPlainNames(QByteArrayView(bytes).sliced(last, at - last));
         last = at + keyword.size();
         if (!isTable(description)) {
             continue;
@@ -93,4 +93,4 @@ bool hasBoundedTables(const QByteArray &bytes) {
     return true;
 }
 
-} // namespace fennick::engine
+} // namespace fennick

@@ -3,7 +3,7 @@
 #include <QByteArray>
 
 // Small files that would grow to hundreds of megabytes in a reader that trusts them.
-namespace fennick::engine {
+namespace fennick::test {
 
 // A whole PNG, RGBA, every pixel of it zero.
 QByteArray blankPng(int width, int height);
@@ -24,4 +24,4 @@ QByteArray pdfWithSharedChildren(int count);
 QByteArray pdfWithCrossReferences(qsizetype size);
 QByteArray pdfWithObjectStream(qsizetype size);
 
-} // namespace fennick::engine
+} // namespace fennick::test

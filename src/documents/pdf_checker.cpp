@@ -1,9 +1,10 @@
-#include "engine/recognition/pdf_checker.h"
+#include "documents/pdf_checker.h"
 
+#include "documents/pdf_media_box.h"
 #include "documents/pdf_page_tree.h"
+#include "documents/pdf_stream_limits.h"
+#include "documents/pdf_table_check.h"
 #include "documents/picture_limits.h"
-#include "engine/recognition/pdf_page_size.h"
-#include "engine/recognition/pdf_table_check.h"
 
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
@@ -16,11 +17,12 @@
 #include <exception>
 #include <memory>
 #include <string>
-#include <vector>
 
-namespace fennick::engine {
+namespace fennick {
 
 namespace {
+
+using Pages = std::vector<QPDFPageObjectHelper>;
 
 int wholeNumber(QPDFObjectHandle dictionary, const std::string &key) {
     QPDFObjectHandle value = dictionary.getKey(key);
@@ -54,7 +56,7 @@ bool hasFonts(QPDFPageObjectHelper &page) {
 }
 
 // Streams are passed on as they are: unpacking them here would only give a bomb a second chance.
-QByteArray written(QPDF &pdf) {
+QByteArray rewritten(QPDF &pdf) {
     QPDFWriter writer(pdf);
     writer.setOutputMemory();
     writer.setStreamDataMode(qpdf_s_preserve);
@@ -65,47 +67,56 @@ QByteArray written(QPDF &pdf) {
                       static_cast<qsizetype>(buffer->getSize()));
 }
 
-std::expected<CheckedPdf, ReadError> checked(QPDF &pdf, int pageLimit) {
+CheckedPdf prepared(QPDF &pdf, Pages &pages, const PdfUse &use) {
+    CheckedPdf result;
+    for (QPDFPageObjectHelper &page : pages) {
+        if (use.wholeMediaBoxes) {
+            cropToMediaBox(page);
+        }
+        result.pages.push_back({.mediaBox = uprightMediaBox(page), .hasFonts = hasFonts(page)});
+    }
+    result.bytes = rewritten(pdf);
+    return result;
+}
+
+std::expected<CheckedPdf, DocumentError> checked(QPDF &pdf, const PdfUse &use) {
     if (!hasReasonablePageTree(pdf)) {
-        return std::unexpected(ReadError::UnreadablePdf);
+        return std::unexpected(DocumentError::unreadablePdf);
     }
-    std::vector<QPDFPageObjectHelper> pages = QPDFPageDocumentHelper(pdf).getAllPages();
+    Pages pages = QPDFPageDocumentHelper(pdf).getAllPages();
     if (pages.empty()) {
-        return std::unexpected(ReadError::EmptyPdf);
+        return std::unexpected(DocumentError::emptyPdf);
     }
-    if (pages.size() > static_cast<size_t>(pageLimit)) {
-        pages.resize(static_cast<size_t>(pageLimit), pages.front());
+    if (pages.size() > static_cast<size_t>(use.pageLimit)) {
+        pages.resize(static_cast<size_t>(use.pageLimit), pages.front());
     }
     if (std::ranges::any_of(pages, hasOversizedImage)) {
-        return std::unexpected(ReadError::ImageTooLarge);
+        return std::unexpected(DocumentError::imageTooLarge);
     }
     if (!haveBoundedStreams(pages)) {
-        return std::unexpected(ReadError::PdfTooLarge);
+        return std::unexpected(DocumentError::pdfTooLarge);
     }
-    CheckedPdf result{.bytes = written(pdf), .hasFonts = {}};
-    for (QPDFPageObjectHelper &page : pages) {
-        result.hasFonts.append(hasFonts(page));
-    }
-    return result;
+    return prepared(pdf, pages, use);
 }
 
 } // namespace
 
-std::expected<CheckedPdf, ReadError> checkedPdf(const QByteArray &bytes, int pageLimit) {
+std::expected<CheckedPdf, DocumentError> checkedPdf(const QByteArray &bytes, const PdfUse &use) {
     if (!hasBoundedTables(bytes)) {
-        return std::unexpected(ReadError::PdfTooLarge);
+        return std::unexpected(DocumentError::pdfTooLarge);
     }
+    // The library reports every failure by an exception.
     try {
         QPDF pdf;
         pdf.setSuppressWarnings(true);
         pdf.processMemoryFile("document", bytes.constData(), static_cast<size_t>(bytes.size()));
-        return checked(pdf, pageLimit);
+        return checked(pdf, use);
     } catch (const QPDFExc &failure) {
         const bool locked = failure.getErrorCode() == qpdf_e_password;
-        return std::unexpected(locked ? ReadError::LockedPdf : ReadError::UnreadablePdf);
+        return std::unexpected(locked ? DocumentError::lockedPdf : DocumentError::unreadablePdf);
     } catch (const std::exception &) {
-        return std::unexpected(ReadError::UnreadablePdf);
+        return std::unexpected(DocumentError::unreadablePdf);
     }
 }
 
-} // namespace fennick::engine
+} // namespace fennick

@@ -1,6 +1,6 @@
-#include "engine/hostile_documents.h"
+#include "documents/hostile_documents.h"
 
-namespace fennick::engine {
+namespace fennick::test {
 
 namespace {
 
@@ -146,4 +146,4 @@ QByteArray pdfWithObjectStream(qsizetype size) {
                  stream(7, "/Type/Obj#53tm/N 1/First 5/Filter/FlateDecode", packed(QByteArray(size, ' '))));
 }
 
-} // namespace fennick::engine
+} // namespace fennick::test

@@ -1,25 +1,50 @@
-#include "engine/recognition/pdf_page_size.h"
+#include "documents/pdf_stream_limits.h"
 
-#include "engine/recognition/pdf_stream_meter.h"
+#include "documents/pdf_stream_meter.h"
 
 #include <qpdf/QPDF.hh>
 
+#include <algorithm>
+#include <map>
 #include <set>
+#include <span>
 #include <string>
 
-namespace fennick::engine {
+namespace fennick {
 
 namespace {
 
-// Drawing instructions take seventeen times as much once they are understood.
+// Measured: PDFium needs seventeen times as much memory for drawing instructions that it has parsed.
 constexpr size_t largestInstructions = 12 * 1024 * 1024;
-// One font for Chinese takes 20 MB.
+// A single font for Chinese has 20 MB.
 constexpr size_t largestFonts = 64 * 1024 * 1024;
+constexpr size_t pagesTogether = 5;
+
+using PageRun = std::span<const QPDFPageObjectHelper>;
+
+// The unpacked sizes of streams, each of which is unpacked once, however many pages share it.
+class StreamSizes {
+public:
+    // At most a byte more than `limit`.
+    size_t sizeOf(QPDFObjectHandle stream, size_t limit) {
+        const auto [known, isNew] = sizes_.try_emplace(stream.getObjGen(), 0);
+        if (isNew) {
+            PdfStreamMeter meter(limit);
+            stream.pipeStreamData(&meter, 0, qpdf_dl_generalized, true);
+            known->second = std::min(meter.size(), limit + 1);
+        }
+        return known->second;
+    }
+
+private:
+    std::map<QPDFObjGen, size_t> sizes_;
+};
 
 // Walks through everything that pages refer to, other pages aside.
 class StreamWalk {
 public:
-    explicit StreamWalk(const std::vector<QPDFPageObjectHelper> &pages) {
+    StreamWalk(PageRun pages, StreamSizes &sizes)
+        : sizes_(sizes) {
         for (QPDFPageObjectHelper page : pages) {
             QPDFObjectHandle dictionary = page.getObjectHandle();
             seen_.insert(dictionary.getObjGen());
@@ -29,11 +54,11 @@ public:
     }
 
     bool isBounded() {
-        while (!waiting_.empty()) {
+        while (!waiting_.empty() && areBoundedSoFar()) {
             QPDFObjectHandle object = waiting_.back();
             waiting_.pop_back();
             if (object.isStream()) {
-                measure(object, instructions_);
+                addInstructions(object);
                 addMembers(object.getDict());
             } else if (object.isArray()) {
                 for (const QPDFObjectHandle &item : object.aitems()) {
@@ -42,14 +67,13 @@ public:
             } else if (object.isDictionary() && !object.isDictionaryOfType("/Page")) {
                 addMembers(object);
             }
-            if (instructions_.isOver() || fonts_.isOver()) {
-                return false;
-            }
         }
-        return true;
+        return areBoundedSoFar();
     }
 
 private:
+    bool areBoundedSoFar() const { return instructions_ <= largestInstructions && fonts_ <= largestFonts; }
+
     void add(QPDFObjectHandle object) {
         if (object.isIndirect() && !seen_.insert(object.getObjGen()).second) {
             return;
@@ -63,32 +87,40 @@ private:
         for (const std::string &key : dictionary.getKeys()) {
             QPDFObjectHandle member = dictionary.getKey(key);
             if (key.starts_with("/FontFile") && member.isStream()) {
-                measure(member, fonts_);
+                fonts_ += sizes_.sizeOf(member, largestFonts);
             } else if (key != "/Parent") {
                 add(member);
             }
         }
     }
 
-    static void measure(QPDFObjectHandle &stream, PdfStreamMeter &meter) {
+    void addInstructions(QPDFObjectHandle stream) {
         QPDFObjectHandle dictionary = stream.getDict();
         QPDFObjectHandle filter = dictionary.getKey("/Filter");
         const bool isPackedAgain = filter.isArray() && filter.getArrayNItems() > 1;
         if (!dictionary.isDictionaryOfType("", "/Image") || isPackedAgain) {
-            stream.pipeStreamData(&meter, 0, qpdf_dl_generalized, true);
+            instructions_ += sizes_.sizeOf(stream, largestInstructions);
         }
     }
 
+    StreamSizes &sizes_;
     std::vector<QPDFObjectHandle> waiting_;
     std::set<QPDFObjGen> seen_;
-    PdfStreamMeter instructions_{largestInstructions};
-    PdfStreamMeter fonts_{largestFonts};
+    size_t instructions_ = 0;
+    size_t fonts_ = 0;
 };
 
 } // namespace
 
 bool haveBoundedStreams(const std::vector<QPDFPageObjectHelper> &pages) {
-    return StreamWalk(pages).isBounded();
+    StreamSizes sizes;
+    for (size_t first = 0; first < pages.size(); first += pagesTogether) {
+        const PageRun together = PageRun(pages).subspan(first, std::min(pagesTogether, pages.size() - first));
+        if (!StreamWalk(together, sizes).isBounded()) {
+            return false;
+        }
+    }
+    return true;
 }
 
-} // namespace fennick::engine
+} // namespace fennick
