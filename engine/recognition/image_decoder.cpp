@@ -31,7 +31,11 @@ QImage greyImage(const Plane &plane) {
 std::expected<QImage, ReadError> greyImageOf(StoredPicture stored) {
     YuvPicture picture = std::move(stored.picture);
     picture.planes.erase(picture.planes.begin() + 1, picture.planes.end());
-    const QSize useful = recognisableSize(QSize(picture.width, picture.height));
+    const QSize size(picture.width, picture.height);
+    QSize useful = recognisableSize(size);
+    if (useful.width() + 1 >= size.width() && useful.height() + 1 >= size.height()) {
+        useful = size; // it has been reduced while it was read, and rounded up
+    }
     std::optional<YuvPicture> scaled = scaledPicture(std::move(picture), useful);
     if (!scaled) {
         return std::unexpected(ReadError::UnreadableImage);
@@ -46,7 +50,8 @@ std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
         return std::unexpected(ReadError::UnreadableImage);
     }
     try {
-        std::expected<StoredPicture, DocumentError> stored = decodedPicture(bytes, engineLimits);
+        std::expected<StoredPicture, DocumentError> stored =
+            decodedPicture(bytes, engineLimits, recognisableSize);
         if (!stored) {
             return std::unexpected(readErrorOf(stored.error()));
         }

@@ -7,17 +7,17 @@
 
 namespace fennick {
 
-std::expected<StoredPicture, DocumentError> decodedPicture(const QByteArray &content,
-                                                           const PictureLimits &limits) {
+std::expected<StoredPicture, DocumentError>
+decodedPicture(const QByteArray &content, const PictureLimits &limits, UsefulSize usefulSize) {
     switch (kindOfContent(content).value_or(DocumentKind::pdf)) {
     case DocumentKind::jpeg:
         return decodedJpeg(content, limits);
     case DocumentKind::heif:
         return decodedHeif(content, limits);
     case DocumentKind::png:
-        return decodedPng(content, limits);
+        return decodedPng(content, limits, usefulSize);
     case DocumentKind::webp:
-        return decodedWebp(content, limits);
+        return decodedWebp(content, limits, usefulSize);
     case DocumentKind::gif:
         return decodedPlain(content, "gif", limits);
     case DocumentKind::bmp:

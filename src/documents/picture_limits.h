@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QSize>
 
 // What a picture may cost in memory. A file's own header decides, before anything is allocated for it: a few
 // bytes can claim billions of pixels.
@@ -28,5 +28,8 @@ inline constexpr PictureLimits engineLimits{.pixels = 100'000'000, .memory = 512
 
 // An image on a page of a PDF, in either program: PDFium decodes it whole.
 inline constexpr PictureLimits pdfImageLimits = engineLimits;
+
+// The size that suffices for a picture of the given size.
+using UsefulSize = QSize (*)(QSize stored);
 
 } // namespace fennick

@@ -48,7 +48,8 @@ bool fitsInto(const PictureLimits &limits, const QImageReader &reader) {
 }
 
 std::expected<StoredPicture, DocumentError> decoded(const QByteArray &file, const char *format,
-                                                    const PictureLimits &limits, int orientation) {
+                                                    const PictureLimits &limits, UsefulSize usefulSize,
+                                                    int orientation) {
     raiseAllocationLimit();
     QBuffer buffer;
     buffer.setData(file);
@@ -61,6 +62,9 @@ std::expected<StoredPicture, DocumentError> decoded(const QByteArray &file, cons
     }
     if (!fitsInto(limits, reader)) {
         return std::unexpected(DocumentError::imageTooLarge);
+    }
+    if (usefulSize != nullptr && usefulSize(reader.size()) != reader.size()) {
+        reader.setScaledSize(usefulSize(reader.size()));
     }
 
     // A palette with transparent entries turns black on the way through formats without alpha.
@@ -87,18 +91,20 @@ std::optional<YuvPicture> yuvPictureOnWhite(QImage image) {
     return yuvPicture(image);
 }
 
-std::expected<StoredPicture, DocumentError> decodedPng(const QByteArray &file, const PictureLimits &limits) {
-    return decoded(file, "png", limits, pngOrientation(file));
+std::expected<StoredPicture, DocumentError> decodedPng(const QByteArray &file, const PictureLimits &limits,
+                                                       UsefulSize usefulSize) {
+    return decoded(file, "png", limits, usefulSize, pngOrientation(file));
 }
 
-std::expected<StoredPicture, DocumentError> decodedWebp(const QByteArray &file, const PictureLimits &limits) {
-    return decoded(file, "webp", limits, webpOrientation(file));
+std::expected<StoredPicture, DocumentError> decodedWebp(const QByteArray &file, const PictureLimits &limits,
+                                                        UsefulSize usefulSize) {
+    return decoded(file, "webp", limits, usefulSize, webpOrientation(file));
 }
 
 std::expected<StoredPicture, DocumentError> decodedPlain(const QByteArray &file, const char *format,
                                                          const PictureLimits &limits) {
     constexpr int upright = 1;
-    return decoded(file, format, limits, upright);
+    return decoded(file, format, limits, nullptr, upright);
 }
 
 } // namespace fennick

@@ -12,11 +12,11 @@
 namespace fennick {
 
 // Decode whole PNG and WebP files by Qt's readers, converted to sRGB and laid on white; of an animation the
-// first picture.
-[[nodiscard]] std::expected<StoredPicture, DocumentError> decodedPng(const QByteArray &file,
-                                                                     const PictureLimits &limits);
-[[nodiscard]] std::expected<StoredPicture, DocumentError> decodedWebp(const QByteArray &file,
-                                                                      const PictureLimits &limits);
+// first picture. They reduce the picture while they read it to what `usefulSize` gives, if that is not null.
+[[nodiscard]] std::expected<StoredPicture, DocumentError>
+decodedPng(const QByteArray &file, const PictureLimits &limits, UsefulSize usefulSize);
+[[nodiscard]] std::expected<StoredPicture, DocumentError>
+decodedWebp(const QByteArray &file, const PictureLimits &limits, UsefulSize usefulSize);
 
 // The same for a kind without orientation, by the name that Qt gives it.
 [[nodiscard]] std::expected<StoredPicture, DocumentError>
