@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::engine {
 
 namespace {
@@ -26,7 +28,7 @@ bool isWorthReading(const QString &text) {
 // Where letters are placed one by one, PDFium may guess a blank inside of a word or a number: "2 3 .50". Only
 // the places of the words say whether it is one.
 bool hasDoubtfulBlanks(const QString &piece) {
-    static const QRegularExpression loneCharacter(QStringLiteral(R"((?:^|\s)\S(?:\s|$))"));
+    static const QRegularExpression loneCharacter(uR"((?:^|\s)\S(?:\s|$))"_s);
     return piece.contains(u' ') && piece.contains(loneCharacter);
 }
 

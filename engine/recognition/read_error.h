@@ -19,10 +19,10 @@ enum class ReadError {
     Abandoned,   // nobody waits for the answer any more
 };
 
-// The same for what the documents' decoders report.
-ReadError readErrorOf(DocumentError error);
+// What an error of the room that opens documents is to the engine.
+[[nodiscard]] ReadError readErrorOf(DocumentError error);
 
 // One English sentence for the caller.
-QString readErrorText(ReadError error);
+[[nodiscard]] QString readErrorText(ReadError error);
 
 } // namespace fennick::engine

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::ConversionProcess {
 
 namespace {
@@ -46,8 +48,7 @@ QCoro::Task<Result> convertToJPEGs(QString program, std::shared_ptr<QFile> file,
     process.setStandardErrorFile(QProcess::nullDevice());
     QTimer::singleShot(longestTime * wallTimePerProcessorTime, &process, &QProcess::kill);
     process.setStandardInputFile(reopeningPath(*file));
-    process.start(program, {QStringLiteral("--standard-input"), fileName, *folder, baseName},
-                  QIODevice::ReadOnly);
+    process.start(program, {u"--standard-input"_s, fileName, *folder, baseName}, QIODevice::ReadOnly);
     if (!process.waitForStarted()) {
         const QString reason =
             QCoreApplication::translate("ConverterError", "The converter could not be started: %1")

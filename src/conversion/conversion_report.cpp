@@ -6,20 +6,21 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
 
 using Kind = ConverterError::Kind;
 
-const QString pathsKey = QStringLiteral("paths");
-const QString errorKey = QStringLiteral("error");
-const QString payloadKey = QStringLiteral("payload");
+const QString pathsKey = u"paths"_s;
+const QString errorKey = u"error"_s;
+const QString payloadKey = u"payload"_s;
 
 // In the order of ConverterError::Kind.
 constexpr std::array<QLatin1StringView, 5> kindNames = {
-    {QLatin1StringView("unsupported"), QLatin1StringView("pdfLoad"), QLatin1StringView("renderFailed"),
-     QLatin1StringView("encodeFailed"), QLatin1StringView("platform")}};
+    {"unsupported"_L1, "pdfLoad"_L1, "renderFailed"_L1, "encodeFailed"_L1, "platform"_L1}};
 
 Kind kindNamed(const QString &name) {
     for (std::size_t index = 0; index < kindNames.size(); ++index) {

@@ -9,10 +9,10 @@
 
 namespace fennick {
 
-// What the converter's process tells on its standard output, as JSON on one line.
-QByteArray encodeReport(const std::expected<QStringList, ConverterError> &result);
+// What the converter's process writes to its standard output, as JSON on one line.
+[[nodiscard]] QByteArray encodeReport(const std::expected<QStringList, ConverterError> &result);
 
-// A report that is not whole, as after a crash, is a renderFailed error.
-std::expected<QStringList, ConverterError> decodeReport(const QByteArray &report);
+// An incomplete report, as after a crash, is a renderFailed error.
+[[nodiscard]] std::expected<QStringList, ConverterError> decodeReport(const QByteArray &report);
 
 } // namespace fennick

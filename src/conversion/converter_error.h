@@ -13,7 +13,7 @@ struct ConverterError {
     QString payload;
 
     // A sentence for the user, without a full stop.
-    QString errorDescription() const;
+    [[nodiscard]] QString errorDescription() const;
 };
 
 } // namespace fennick

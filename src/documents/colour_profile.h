@@ -11,15 +11,15 @@ namespace fennick {
 
 using ColourProfile = std::unique_ptr<void, int (*)(void *)>;
 
-// A profile from the bytes of an ICC profile; null when they are none.
-ColourProfile profileFromIcc(const QByteArray &iccProfile);
+// A profile from the bytes of an ICC profile; null if they are none.
+[[nodiscard]] ColourProfile profileFromIcc(const QByteArray &iccProfile);
 
 // The four numbers by which an HEIF file names its colours (ITU-T H.273 code points). Null for sRGB itself
-// and for code points that say nothing.
-ColourProfile profileFromCodePoints(int colourPrimaries, int transferCharacteristics);
+// and for code points that name no colours.
+[[nodiscard]] ColourProfile profileFromCodePoints(int colourPrimaries, int transferCharacteristics);
 
-// `image` has the format RGB32 or ARGB32; alpha stays as it is. A profile for another kind of picture, or
-// none, leaves the pixels as they are: without a usable profile they count as sRGB.
+// `image` has the format RGB32 or ARGB32; alpha does not change. Without a profile, or with one for another
+// kind of picture, the pixels count as sRGB and do not change.
 void convertToSrgb(QImage &image, const ColourProfile &profile);
 
 // `image` has the format RGB32, but its four bytes a pixel are cyan, magenta, yellow and black, where

@@ -2,8 +2,8 @@
 
 #include <QByteArrayView>
 
-// Where image files keep the orientation their camera noted. All functions give 1 (upright) for anything
-// absent, out of range or malformed, and never read outside what they are given.
+// Where image files keep the orientation that their camera recorded. All functions return 1 (upright) for
+// anything absent, out of range or malformed, and never read outside their argument.
 namespace fennick {
 
 // `exif`: the TIFF structure ("II*" or "MM*" first), with or without the "Exif" mark before it.

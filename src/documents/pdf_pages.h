@@ -26,7 +26,7 @@ public:
     // The page at this size in pixels, on white, in the format RGB32. Null if it cannot be rendered.
     [[nodiscard]] QImage render(int index, QSize size);
 
-    // For what it tells about a page's text.
+    // For the text and the size of its pages.
     QPdfDocument &document() { return document_; }
 
 private:

@@ -14,7 +14,7 @@ namespace fennick {
 
 namespace {
 
-// Measured: PDFium needs seventeen times as much memory for drawing instructions that it has parsed.
+// Once PDFium has parsed drawing instructions, they take seventeen times as much memory.
 constexpr size_t largestInstructions = 12 * 1024 * 1024;
 // A single font for Chinese has 20 MB.
 constexpr size_t largestFonts = 64 * 1024 * 1024;

@@ -16,7 +16,7 @@ namespace {
 
 // A table of a million objects is 7 MB.
 constexpr size_t largestTable = 32 * 1024 * 1024;
-// What is encrypted cannot be measured before it is opened; it grows a thousandfold at the most.
+// What is encrypted cannot be measured before it is opened; deflate packs 1032 to 1 at the most.
 constexpr qsizetype largestUnmeasured = 128 * 1024;
 constexpr qsizetype pieceSize = 16 * 1024;
 

@@ -12,7 +12,7 @@ namespace fennick {
 QSize fittedSize(QSize size, int longestSide);
 
 // The picture scaled (Lanczos) to `size` pixels, with its chroma brought to one sample for 2 by 2 pixels.
-// Nothing when the scaler refuses the sizes.
-std::optional<YuvPicture> scaledPicture(YuvPicture picture, QSize size);
+// Empty if the scaler refuses the sizes.
+[[nodiscard]] std::optional<YuvPicture> scaledPicture(YuvPicture picture, QSize size);
 
 } // namespace fennick

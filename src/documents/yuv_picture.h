@@ -15,10 +15,10 @@ static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN);
 
 // One channel of a picture, 8 bits a sample. Rows start at multiples of `stride` bytes; base and stride are
 // aligned to 64 bytes, as vector code wants them. There is memory for a column and a row more than the size
-// says, since coders with one chroma sample for 2 by 2 pixels work on pairs. Owns its samples; moves only.
+// says, because coders with one chroma sample for 2 by 2 pixels work on pairs. Owns its samples; moves only.
 class Plane {
 public:
-    // Throws std::bad_alloc when there is no memory. The samples are not initialised.
+    // Throws std::bad_alloc. The samples are not initialised.
     Plane(int width, int height)
         : Plane(width, height, width + 1, height + 1) {}
 
@@ -63,8 +63,8 @@ struct YuvPicture {
 };
 
 // With one chroma sample for 2 by 2 pixels, as it will be written. `image` must have the format RGB32 or an
-// opaque ARGB32. Empty (no planes) when the conversion fails.
-YuvPicture yuvPictureFromRgb(const QImage &image);
+// opaque ARGB32. Empty (no planes) if the conversion fails.
+[[nodiscard]] YuvPicture yuvPictureFromRgb(const QImage &image);
 
 // Lays the picture on white, in place, and makes it opaque. `image` must have the format ARGB32.
 void blendOntoWhite(QImage &image);

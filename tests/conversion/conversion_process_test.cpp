@@ -16,6 +16,7 @@
 using namespace fennick;
 using namespace fennick::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 using Kind = ConverterError::Kind;
 using Result = std::expected<QStringList, ConverterError>;
@@ -28,7 +29,7 @@ private Q_SLOTS:
     void init() { home_ = std::make_unique<TemporaryHome>(); }
 
     void pagesComeBackInOrder() {
-        const QString file = home_->path(QStringLiteral("scan.pdf"));
+        const QString file = home_->path(u"scan.pdf"_s);
         writeFile(file, stripedPdf(3));
         const Result result = convert(converter, file);
         QVERIFY2(result.has_value(), result ? "" : qPrintable(result.error().errorDescription()));
@@ -37,15 +38,14 @@ private Q_SLOTS:
             QVERIFY(readFile(path).startsWith("\xFF\xD8"));
             names.append(QFileInfo(path).fileName());
         }
-        QCOMPARE(names, (QStringList{QStringLiteral("Lunch (p1).jpg"), QStringLiteral("Lunch (p2).jpg"),
-                                     QStringLiteral("Lunch (p3).jpg")}));
+        QCOMPARE(names, (QStringList{u"Lunch (p1).jpg"_s, u"Lunch (p2).jpg"_s, u"Lunch (p3).jpg"_s}));
     }
 
     void pagesOfTwoProcessesAreThoseOfOne() {
-        const QString file = home_->path(QStringLiteral("scan.pdf"));
+        const QString file = home_->path(u"scan.pdf"_s);
         writeFile(file, stripedPdf(5));
         const Result apart = convert(converter, file);
-        const Result together = ReceiptImageConverter::convertToJPEGs(file, QStringLiteral("Lunch"));
+        const Result together = ReceiptImageConverter::convertToJPEGs(file, u"Lunch"_s);
         QVERIFY(apart && together);
         QCOMPARE(apart->size(), 5);
         for (qsizetype page = 0; page < 5; ++page) {
@@ -54,25 +54,24 @@ private Q_SLOTS:
     }
 
     void fileIsConvertedThatWasOpenedWhateverItsNameIsByThen() {
-        const QString path = home_->path(QStringLiteral("scan.pdf"));
+        const QString path = home_->path(u"scan.pdf"_s);
         writeFile(path, stripedPdf(2));
         OpenedFile opened = openRegularFile(path);
         QVERIFY(opened);
         QVERIFY(QFile::remove(path));
-        QVERIFY(QFile::link(home_->path(QStringLiteral("secret")), path));
+        QVERIFY(QFile::link(home_->path(u"secret"_s), path));
         const Result result = convert(converter, std::move(*opened), path);
         QVERIFY2(result.has_value(), result ? "" : qPrintable(result.error().errorDescription()));
         QCOMPARE(result->size(), 2);
     }
 
     void errorsComeBackAsTheyAre() {
-        const QString damaged = home_->path(QStringLiteral("damaged.pdf"));
+        const QString damaged = home_->path(u"damaged.pdf"_s);
         writeFile(damaged, "no PDF");
         QCOMPARE(convert(converter, damaged).error().kind, Kind::pdfLoad);
-        const QString text = home_->path(QStringLiteral("notes.TXT"));
+        const QString text = home_->path(u"notes.TXT"_s);
         writeFile(text, "notes");
-        QCOMPARE(convert(converter, text).error().errorDescription(),
-                 QStringLiteral("Unsupported file type: .txt"));
+        QCOMPARE(convert(converter, text).error().errorDescription(), u"Unsupported file type: .txt"_s);
     }
 
     void converterThatFailsIsAnErrorOfTheReceipt_data() {
@@ -88,7 +87,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, script);
         const Result result = convert(program(script), anyReceipt());
         QVERIFY(!result);
-        QCOMPARE(result.error().errorDescription(), QStringLiteral("Could not render page image"));
+        QCOMPARE(result.error().errorDescription(), u"Could not render page image"_s);
     }
 
     void converterThatHangsIsEnded_data() {
@@ -121,7 +120,7 @@ private Q_SLOTS:
 #endif
         QImage picture(QSize(12'600, 12'600), QImage::Format_Grayscale8); // 159 megapixels
         picture.fill(90);
-        const QString file = home_->path(QStringLiteral("large.png"));
+        const QString file = home_->path(u"large.png"_s);
         writeFile(file, ""); // makes its folder
         QVERIFY(picture.save(file));
         const Result result = convert(converter, file);
@@ -130,7 +129,7 @@ private Q_SLOTS:
     }
 
     void missingConverterIsNamed() {
-        const Result result = convert(QStringLiteral("/nowhere/convert_receipt"), anyReceipt());
+        const Result result = convert(u"/nowhere/convert_receipt"_s, anyReceipt());
         QCOMPARE(result.error().kind, Kind::platform);
         QVERIFY(result.error().errorDescription().startsWith(u"The converter could not be started: "));
     }
@@ -139,9 +138,9 @@ private Q_SLOTS:
         for (const Kind kind :
              {Kind::unsupported, Kind::pdfLoad, Kind::renderFailed, Kind::encodeFailed, Kind::platform}) {
             const Result back =
-                decodeReport(encodeReport(std::unexpected(ConverterError{kind, QStringLiteral("é \"x\"")})));
+                decodeReport(encodeReport(std::unexpected(ConverterError{kind, u"é \"x\""_s})));
             QCOMPARE(back.error().kind, kind);
-            QCOMPARE(back.error().payload, QStringLiteral("é \"x\""));
+            QCOMPARE(back.error().payload, u"é \"x\""_s);
         }
     }
 
@@ -160,21 +159,21 @@ private:
     static Result convert(const QString &program, std::shared_ptr<QFile> content, const QString &name,
                           std::chrono::seconds longest = 60s) {
         std::optional<Result> result;
-        QCoro::connect(ConversionProcess::convertToJPEGs(program, std::move(content), name,
-                                                         QStringLiteral("Lunch"), longest),
-                       QCoreApplication::instance(), [&result](Result given) { result = std::move(given); });
+        QCoro::connect(
+            ConversionProcess::convertToJPEGs(program, std::move(content), name, u"Lunch"_s, longest),
+            QCoreApplication::instance(), [&result](Result given) { result = std::move(given); });
         waitUntil([&result] { return result.has_value(); });
         return *result;
     }
 
     QString anyReceipt() const {
-        const QString path = home_->path(QStringLiteral("scan.pdf"));
+        const QString path = home_->path(u"scan.pdf"_s);
         writeFile(path, "a receipt");
         return path;
     }
 
     QString program(const QByteArray &script) const {
-        const QString path = home_->path(QStringLiteral("converter"));
+        const QString path = home_->path(u"converter"_s);
         writeFile(path, "#!/bin/sh\n" + script + '\n');
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return path;

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString cannotOpen = QStringLiteral("Could not open PDF");
+const QString cannotOpen = u"Could not open PDF"_s;
 
 QByteArray encrypted(const QByteArray &pdf, const char *userPassword) {
     QPDF document;

@@ -13,9 +13,11 @@
 #include <array>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::testing {
 
-const QString cannotRender = QStringLiteral("Could not render page image");
+const QString cannotRender = u"Could not render page image"_s;
 
 namespace {
 
@@ -80,14 +82,14 @@ QString ScratchFolder::file(const QString &name, const QByteArray &content) cons
 }
 
 QImage ScratchFolder::converted(const QString &name, const QByteArray &content) const {
-    const auto result = ReceiptImageConverter::convertToJPEGs(file(name, content), QStringLiteral("Out"));
+    const auto result = ReceiptImageConverter::convertToJPEGs(file(name, content), u"Out"_s);
     if (!result || result->size() != 1)
         return {};
     return QImage(result->front(), "jpeg").convertToFormat(QImage::Format_RGB32);
 }
 
 QString ScratchFolder::failureOf(const QString &name, const QByteArray &content) const {
-    const auto result = ReceiptImageConverter::convertToJPEGs(file(name, content), QStringLiteral("Out"));
+    const auto result = ReceiptImageConverter::convertToJPEGs(file(name, content), u"Out"_s);
     return result ? QString() : result.error().errorDescription();
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,7 +39,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const QByteArray content(reinterpret_cast<const char *>(data), qsizetype(size));
     if (isSmall(content)) {
-        fuzz::checkConversion(QStringLiteral("receipt.pdf"), content, [](QSize) { return true; });
+        fuzz::checkConversion(u"receipt.pdf"_s, content, [](QSize) { return true; });
     }
     return 0;
 }

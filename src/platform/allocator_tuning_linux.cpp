@@ -1,4 +1,4 @@
-#include "platform/picture_memory.h"
+#include "platform/allocator_tuning.h"
 
 #include <malloc.h>
 #include <sys/mman.h>
@@ -17,7 +17,7 @@ constexpr std::size_t reserved = 48 * hugePage; // a page of A4 with all that is
 
 } // namespace
 
-void reusePictureMemory() {
+void keepFreedMemory() {
     ::mallopt(M_MMAP_MAX, 0); // large blocks come from the heap, too
     ::mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     void *const block = std::malloc(reserved);
