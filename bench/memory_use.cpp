@@ -2,9 +2,9 @@
 // made of.
 
 #include "comparison_row.h"
+#include "documents/hostile_documents.h"
 #include "e2e/user_session.h"
 #include "engine/engine_process.h"
-#include "engine/hostile_documents.h"
 #include "engine/sample_table.h"
 #include "engine/service/generate_request.h"
 #include "support/process_status.h"

@@ -1,6 +1,6 @@
-#include "files/conversion_report.h"
-#include "files/receipt_image_converter.h"
-#include "platform/picture_memory.h"
+#include "conversion/conversion_report.h"
+#include "converter/receipt_image_converter.h"
+#include "platform/allocator_tuning.h"
 #include "text/path_text.h"
 
 #include <QCoreApplication>
@@ -8,12 +8,14 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Each page takes a bitmap; more than two at once would take more memory than they save time.
 constexpr int processes = 2;
 
-const QString fromStandardInput = QStringLiteral("--standard-input");
+const QString fromStandardInput = u"--standard-input"_s;
 
 } // namespace
 
@@ -23,7 +25,7 @@ const QString fromStandardInput = QStringLiteral("--standard-input");
 // Fennick uses the option for every receipt that it adds to the photo library, so that the scanned file is
 // the one converted, even if it is renamed or moved meanwhile.
 int main(int argc, char **argv) {
-    fennick::reusePictureMemory();
+    fennick::keepFreedMemory();
     const QCoreApplication application(argc, argv);
     QStringList arguments = QCoreApplication::arguments();
     const bool isOpen = arguments.value(1) == fromStandardInput;

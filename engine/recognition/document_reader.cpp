@@ -3,19 +3,13 @@
 #include "engine/recognition/image_decoder.h"
 #include "engine/recognition/pdf_reader.h"
 #include "engine/recognition/picture_reader.h"
-
-#include <algorithm>
+#include "kinds/document_kind.h"
 
 namespace fennick::engine {
 
 namespace {
 
 constexpr int mostPages = 5;
-
-// The header may follow up to a kilobyte of other bytes (PDF 1.7, annex H, note 13).
-bool looksLikePdf(const QByteArray &bytes) {
-    return bytes.first(std::min<qsizetype>(bytes.size(), 1024)).contains("%PDF-");
-}
 
 } // namespace
 
@@ -25,7 +19,7 @@ std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, c
     if (stop.stop_requested()) {
         return std::unexpected(ReadError::Abandoned);
     }
-    if (looksLikePdf(bytes)) {
+    if (kindOfContent(bytes) == DocumentKind::pdf) {
         const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, mostPages, stop);
         if (!pages) {
             return std::unexpected(pages.error());

@@ -20,8 +20,9 @@ using Sufficiency = std::function<bool(const QList<Reading> &readings)>;
 // it. A PDF's own text has a single one; pictures are looked at in pairs of different ways until `isEnough`.
 // May take seconds: call it off the main thread. Any number of threads may; they share the processors. Ends
 // soon after `stop` is requested, without a reading. `pagesOf` reads a PDF's pages.
-std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, const Sufficiency &isEnough,
-                                                      const std::stop_token &stop = {},
-                                                      const PdfReading &pagesOf = readPdf);
+[[nodiscard]] std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes,
+                                                                    const Sufficiency &isEnough,
+                                                                    const std::stop_token &stop = {},
+                                                                    const PdfReading &pagesOf = readPdf);
 
 } // namespace fennick::engine

@@ -1,83 +1,64 @@
 #include "engine/recognition/image_decoder.h"
 
-#include "engine/recognition/heif_decoder.h"
+#include "documents/picture_decoder.h"
+#include "documents/plane_scaling.h"
+#include "documents/upright_picture.h"
 #include "engine/recognition/picture_size.h"
+#include "kinds/document_kind.h"
 
-#include <QBuffer>
-#include <QImageReader>
-#include <QPainter>
+#include <cstring>
+#include <new>
+#include <utility>
 
 namespace fennick::engine {
 
 namespace {
 
-// The name of Qt's decoder; empty for anything that is no receipt picture (Qt would also try SVG, ICO ...).
-QByteArray decoderName(const QByteArray &bytes) {
-    if (bytes.startsWith("\xFF\xD8\xFF")) {
-        return "jpeg";
-    }
-    if (bytes.startsWith("\x89PNG\r\n\x1A\n")) {
-        return "png";
-    }
-    if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP") {
-        return "webp";
-    }
-    return {};
+bool isTakenIn(const QByteArray &bytes) {
+    const std::optional<DocumentKind> kind = kindOfContent(bytes);
+    return kind && !mimeTypeOf(*kind).isEmpty();
 }
 
-QImage onWhite(const QImage &picture) {
-    if (!picture.hasAlphaChannel()) {
-        return picture;
+QImage greyImage(const Plane &plane) {
+    QImage image(plane.width(), plane.height(), QImage::Format_Grayscale8);
+    for (int y = 0; y < image.height(); ++y) {
+        std::memcpy(image.scanLine(y), plane.row(y), static_cast<size_t>(plane.width()));
     }
-    QImage page(picture.size(), QImage::Format_RGB32);
-    page.fill(Qt::white);
-    QPainter(&page).drawImage(0, 0, picture);
-    return page;
+    return image;
 }
 
-// Qt refuses pictures above 128 MB by default; the size check here is the stricter one for small files.
-void raiseAllocationLimit() {
-    static const bool raised = [] {
-        QImageReader::setAllocationLimit(512);
-        return true;
-    }();
-    Q_UNUSED(raised)
+// Without its chroma, which says nothing about letters.
+std::expected<QImage, ReadError> greyImageOf(StoredPicture stored) {
+    YuvPicture picture = std::move(stored.picture);
+    picture.planes.erase(picture.planes.begin() + 1, picture.planes.end());
+    const QSize size(picture.width, picture.height);
+    QSize useful = recognisableSize(size);
+    if (useful.width() + 1 >= size.width() && useful.height() + 1 >= size.height()) {
+        useful = size; // it has been reduced while it was read, and rounded up
+    }
+    std::optional<YuvPicture> scaled = scaledPicture(std::move(picture), useful);
+    if (!scaled) {
+        return std::unexpected(ReadError::UnreadableImage);
+    }
+    return greyImage(uprightPicture(std::move(*scaled), stored.orientation).planes.front());
 }
 
 } // namespace
 
 std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
-    if (looksLikeHeif(bytes)) {
-        return decodedHeif(bytes);
-    }
-
-    const QByteArray decoder = decoderName(bytes);
-    if (decoder.isEmpty()) {
+    if (!isTakenIn(bytes)) {
         return std::unexpected(ReadError::UnreadableImage);
     }
-    raiseAllocationLimit();
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, decoder);
-    reader.setAutoDetectImageFormat(false);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.isEmpty()) {
-        return std::unexpected(ReadError::UnreadableImage);
+    try {
+        std::expected<StoredPicture, DocumentError> stored =
+            decodedPicture(bytes, engineLimits, recognisableSize);
+        if (!stored) {
+            return std::unexpected(readErrorOf(stored.error()));
+        }
+        return greyImageOf(*std::move(stored));
+    } catch (const std::bad_alloc &) {
+        return std::unexpected(ReadError::TookTooMuch);
     }
-    if (!isDecodableSize(size)) {
-        return std::unexpected(ReadError::ImageTooLarge);
-    }
-    if (const QSize useful = recognisableSize(size); useful != size) {
-        reader.setScaledSize(useful);
-    }
-
-    const QImage picture = reader.read();
-    if (picture.isNull()) {
-        return std::unexpected(ReadError::UnreadableImage);
-    }
-    return onWhite(picture);
 }
 
 } // namespace fennick::engine

@@ -9,8 +9,8 @@
 
 namespace fennick::engine {
 
-// The picture in `bytes` (JPEG, PNG, WebP or HEIC, told by its first bytes: file names often lie), upright,
-// on white, reduced to what text recognition can use. Callable from any thread.
-std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes);
+// The brightness of the picture in `bytes` (JPEG, PNG, WebP or HEIC; the first bytes show which), upright, on
+// white, reduced to what text recognition can use. Its format is Grayscale8. Callable from any thread.
+[[nodiscard]] std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes);
 
 } // namespace fennick::engine

@@ -1,15 +1,14 @@
 #include "engine/recognition/pdf_reader.h"
 
-#include "engine/recognition/pdf_checker.h"
+#include "documents/pdf_pages.h"
 #include "engine/recognition/picture_size.h"
 
-#include <QBuffer>
-#include <QPainter>
 #include <QPdfDocument>
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <mutex>
+
+using namespace Qt::StringLiterals;
 
 namespace fennick::engine {
 
@@ -29,7 +28,7 @@ bool isWorthReading(const QString &text) {
 // Where letters are placed one by one, PDFium may guess a blank inside of a word or a number: "2 3 .50". Only
 // the places of the words say whether it is one.
 bool hasDoubtfulBlanks(const QString &piece) {
-    static const QRegularExpression loneCharacter(QStringLiteral(R"((?:^|\s)\S(?:\s|$))"));
+    static const QRegularExpression loneCharacter(uR"((?:^|\s)\S(?:\s|$))"_s);
     return piece.contains(u' ') && piece.contains(loneCharacter);
 }
 
@@ -113,72 +112,41 @@ private:
     int lookUps_ = 0;
 };
 
-QImage pagePicture(QPdfDocument &document, int page) {
-    const QSize size = renderSize(document.pagePointSize(page));
-    if (size.isEmpty()) {
-        return {};
-    }
-    const QImage drawn = document.render(page, size);
-    if (drawn.isNull()) {
-        return {};
-    }
-    QImage picture(drawn.size(), QImage::Format_RGB32);
-    picture.fill(Qt::white);
-    QPainter(&picture).drawImage(0, 0, drawn);
-    return picture.convertToFormat(QImage::Format_Grayscale8);
+QImage pagePicture(PdfPages &pages, int page) {
+    const QSize size = renderSize(pages.document().pagePointSize(page));
+    return size.isEmpty() ? QImage() : pages.render(page, size).convertToFormat(QImage::Format_Grayscale8);
 }
 
-PdfPage pageContent(QPdfDocument &document, int page, bool hasFonts) {
+PdfPage pageContent(PdfPages &pages, int page) {
     PdfPage content;
-    if (hasFonts) {
-        content.lines = PageText(document, page).rows();
+    if (pages.page(page).hasFonts) {
+        content.lines = PageText(pages.document(), page).rows();
     }
     if (content.lines.isEmpty()) {
-        content.picture = pagePicture(document, page);
+        content.picture = pagePicture(pages, page);
     }
     return content;
 }
-
-ReadError loadError(const QPdfDocument &document) {
-    switch (document.error()) {
-    case QPdfDocument::Error::IncorrectPassword:
-    case QPdfDocument::Error::UnsupportedSecurityScheme:
-        return ReadError::LockedPdf;
-    default:
-        return ReadError::UnreadablePdf;
-    }
-}
-
-std::mutex pdfiumMutex;
 
 } // namespace
 
 std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
                                                  const std::stop_token &stop) {
-    const std::expected<CheckedPdf, ReadError> checked = checkedPdf(bytes, pageLimit);
-    if (!checked) {
-        return std::unexpected(checked.error());
+    const auto opened = PdfPages::open(bytes, {.pageLimit = pageLimit});
+    if (!opened) {
+        return std::unexpected(readErrorOf(opened.error()));
     }
 
-    const std::lock_guard lock(pdfiumMutex);
-    QBuffer buffer;
-    buffer.setData(checked->bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QPdfDocument document;
-    document.load(&buffer);
-    if (document.status() != QPdfDocument::Status::Ready) {
-        return std::unexpected(loadError(document));
-    }
-
-    QList<PdfPage> pages;
-    const int pageCount = std::min(document.pageCount(), pageLimit);
-    for (int page = 0; page < pageCount; ++page) {
+    PdfPages &pages = **opened;
+    const int count = std::min(pages.document().pageCount(), pages.count());
+    QList<PdfPage> contents;
+    for (int page = 0; page < count; ++page) {
         if (stop.stop_requested()) {
             return std::unexpected(ReadError::Abandoned);
         }
-        pages.append(pageContent(document, page, checked->hasFonts.value(page)));
+        contents.append(pageContent(pages, page));
     }
-    return pages;
+    return contents;
 }
 
 } // namespace fennick::engine

@@ -20,10 +20,10 @@ struct PdfPage {
     QImage picture;
 };
 
-// The first `pageLimit` pages. Callable from any thread; one document is read at a time, because PDFium works
-// for one thread of a process only. Ends after the page in hand when `stop` is requested.
-std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
-                                                 const std::stop_token &stop = {});
+// Reads the first `pageLimit` pages. Callable from any thread; one document is read at a time, because PDFium
+// supports only one thread. Ends after the current page if `stop` is requested.
+[[nodiscard]] std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
+                                                               const std::stop_token &stop = {});
 
 // A way to read a PDF: as above, or in a process of its own.
 using PdfReading = std::function<std::expected<QList<PdfPage>, ReadError>(

@@ -7,10 +7,9 @@ namespace fennick::engine {
 
 namespace {
 
-constexpr double decodablePixels = 100e6;
 constexpr double recognisablePixels = 12e6;
 constexpr double renderDotsPerInch = 300;
-constexpr double longestSide = 20000;
+constexpr double longestPictureSide = 20000;
 
 double area(QSizeF size) {
     return size.width() * size.height();
@@ -18,15 +17,11 @@ double area(QSizeF size) {
 
 QSize reduced(QSizeF size) {
     double factor = std::min(1.0, std::sqrt(recognisablePixels / area(size)));
-    factor = std::min(factor, longestSide / std::max(size.width(), size.height()));
+    factor = std::min(factor, longestPictureSide / std::max(size.width(), size.height()));
     return (size * factor).toSize().expandedTo(QSize(1, 1));
 }
 
 } // namespace
-
-bool isDecodableSize(QSize size) {
-    return !size.isEmpty() && area(size) <= decodablePixels;
-}
 
 QSize recognisableSize(QSize size) {
     return reduced(size);

@@ -4,6 +4,24 @@ namespace fennick::engine {
 
 using namespace Qt::StringLiterals;
 
+ReadError readErrorOf(DocumentError error) {
+    switch (error) {
+    case DocumentError::unreadableImage:
+        return ReadError::UnreadableImage;
+    case DocumentError::imageTooLarge:
+        return ReadError::ImageTooLarge;
+    case DocumentError::unreadablePdf:
+        return ReadError::UnreadablePdf;
+    case DocumentError::pdfTooLarge:
+        return ReadError::PdfTooLarge;
+    case DocumentError::lockedPdf:
+        return ReadError::LockedPdf;
+    case DocumentError::emptyPdf:
+        return ReadError::EmptyPdf;
+    }
+    return ReadError::UnreadablePdf;
+}
+
 QString readErrorText(ReadError error) {
     switch (error) {
     case ReadError::UnreadableImage:

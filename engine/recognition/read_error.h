@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/document_error.h"
+
 #include <QString>
 
 namespace fennick::engine {
@@ -17,7 +19,10 @@ enum class ReadError {
     Abandoned,   // nobody waits for the answer any more
 };
 
+// What an error of the room that opens documents is to the engine.
+[[nodiscard]] ReadError readErrorOf(DocumentError error);
+
 // One English sentence for the caller.
-QString readErrorText(ReadError error);
+[[nodiscard]] QString readErrorText(ReadError error);
 
 } // namespace fennick::engine

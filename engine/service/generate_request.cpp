@@ -1,10 +1,11 @@
 #include "engine/service/generate_request.h"
 
+#include "kinds/document_kind.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <QStringList>
 
 #include <optional>
 #include <utility>
@@ -35,12 +36,6 @@ std::optional<QJsonObject> firstInlineData(const QJsonObject &request) {
         }
     }
     return std::nullopt;
-}
-
-bool isReadableType(const QString &mimeType) {
-    static const QStringList types = {u"application/pdf"_s, u"image/jpeg"_s, u"image/png"_s,
-                                      u"image/webp"_s,      u"image/heic"_s, u"image/heif"_s};
-    return types.contains(mimeType);
 }
 
 } // namespace
@@ -94,7 +89,7 @@ std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body) {
     }
 
     const QString mimeType = member(*data, "mimeType"_L1, "mime_type"_L1).toString();
-    if (!isReadableType(mimeType)) {
+    if (!kindOfMimeType(mimeType)) {
         return std::unexpected(invalidArgument(u"Unsupported MIME type: "_s + mimeType.left(100)));
     }
     QString text = data->value("data"_L1).toString();

@@ -9,6 +9,7 @@ namespace fennick {
 
 namespace {
 
+// A balanced tree has three levels for thousands of pages.
 constexpr int mostLevels = 500;
 // Nodes may share their lists of children, and a small file thus have any number of them.
 constexpr int mostChildren = 1'000'000;

@@ -1,10 +1,8 @@
 #include "extraction/gemini_request.h"
 
 #include "extraction/valid_categories.h"
-#include "text/characters.h"
-#include "text/path_text.h"
+#include "kinds/document_kind.h"
 
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -107,15 +105,8 @@ std::expected<void, FileProblem> appendBase64(QByteArray &body, QFile &file, qin
 } // namespace
 
 QString mimeType(const QString &filePath) {
-    static const QHash<QString, QString> types = {
-        {QStringLiteral("pdf"), QStringLiteral("application/pdf")},
-        {QStringLiteral("png"), QStringLiteral("image/png")},
-        {QStringLiteral("jpg"), QStringLiteral("image/jpeg")},
-        {QStringLiteral("jpeg"), QStringLiteral("image/jpeg")},
-        {QStringLiteral("heic"), QStringLiteral("image/heic")},
-        {QStringLiteral("webp"), QStringLiteral("image/webp")},
-    };
-    return types.value(lowerCased(pathExtension(filePath)), QStringLiteral("application/octet-stream"));
+    const std::optional<DocumentKind> kind = kindOfName(filePath);
+    return kind ? mimeTypeOf(*kind) : QStringLiteral("application/octet-stream");
 }
 
 std::expected<QByteArray, QString> requestBody(const FileToRead &wanted) {

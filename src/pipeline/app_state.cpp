@@ -1,7 +1,7 @@
 #include "pipeline/app_state.h"
 
+#include "kinds/document_kind.h"
 #include "model/receipt_store.h"
-#include "pipeline/supported_files.h"
 #include "platform/free_path.h"
 #include "settings/settings_store.h"
 
@@ -47,7 +47,7 @@ void AppState::copyIntoWatchFolder(const QStringList &paths) {
 }
 
 bool AppState::isSupported(const QString &path) {
-    return fennick::isSupported(path);
+    return kindOfName(path).has_value();
 }
 
 void AppState::retry(const Receipt &receipt) {

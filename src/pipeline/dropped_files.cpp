@@ -1,7 +1,7 @@
 #include "pipeline/dropped_files.h"
 
+#include "kinds/document_kind.h"
 #include "pipeline/last_error.h"
-#include "pipeline/supported_files.h"
 #include "pipeline/tasks.h"
 #include "platform/file_operations.h"
 #include "platform/free_path.h"
@@ -32,7 +32,7 @@ QCoro::Task<> DroppedFiles::copyReceipts(QStringList paths, QString folder) {
     const QPointer<DroppedFiles> self(this);
     for (const QString &path : paths) {
         const QFileInfo dropped(path);
-        if (!isSupported(path) || !dropped.isFile()) {
+        if (!kindOfName(path) || !dropped.isFile()) {
             continue;
         }
         // Who drops a link means the file behind it.

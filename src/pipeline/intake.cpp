@@ -1,12 +1,12 @@
 #include "pipeline/intake.h"
 
 #include "files/fs_events_watcher.h"
+#include "kinds/document_kind.h"
 #include "model/receipt_store.h"
 #include "pipeline/archive.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/renamed_paths.h"
 #include "pipeline/scan_run.h"
-#include "pipeline/supported_files.h"
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
 #include "platform/unreadable_names.h"
@@ -29,7 +29,7 @@ QStringList existingFiles(const QString &folder) {
     QDirIterator entries(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString path = entries.next();
-        const FileKind kind = isSupported(path) ? fileStateAt(path).kind : FileKind::missing;
+        const FileKind kind = kindOfName(path) ? fileStateAt(path).kind : FileKind::missing;
         if (kind == FileKind::regular || kind == FileKind::link) {
             paths.append(path);
         }
@@ -76,7 +76,7 @@ void Intake::startWatching(const QString &path, const QFuture<void> &ready) {
 void Intake::handleEvents(const QList<FileEvent> &events) {
     QStringList listed;
     for (const FileEvent &event : events) {
-        if (!isSupported(event.path) || archive_->contains(event.path) ||
+        if (!kindOfName(event.path) || archive_->contains(event.path) ||
             renamedPaths_->contains(event.path, event.at)) {
             continue;
         }
@@ -141,7 +141,7 @@ bool Intake::isHidden(const QString &path) const {
 }
 
 QCoro::Task<> Intake::processFile(QString path) {
-    if (!isSupported(path) || archive_->contains(path) || store_->hasFilePath(path)) {
+    if (!kindOfName(path) || archive_->contains(path) || store_->hasFilePath(path)) {
         co_return;
     }
     if (inFlight_.contains(path)) {

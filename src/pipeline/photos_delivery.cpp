@@ -1,7 +1,7 @@
 #include "pipeline/photos_delivery.h"
 
+#include "conversion/conversion_process.h"
 #include "extraction/gemini_error.h"
-#include "files/conversion_process.h"
 #include "files/file_renamer.h"
 #include "model/receipt_store.h"
 #include "pipeline/last_error.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/converter_error.h"
+#include "conversion/converter_error.h"
 #include "model/receipt.h"
 #include "platform/regular_file.h"
 

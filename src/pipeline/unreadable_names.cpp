@@ -1,9 +1,9 @@
 #include "pipeline/unreadable_names.h"
 
+#include "kinds/document_kind.h"
 #include "model/receipt_store.h"
 #include "pipeline/archive.h"
 #include "pipeline/folder_threads.h"
-#include "pipeline/supported_files.h"
 #include "pipeline/tasks.h"
 #include "platform/unreadable_names.h"
 
@@ -41,7 +41,7 @@ QCoro::Task<> UnreadableNames::addRows(QString folder) {
         co_return;
     }
     for (const QString &path : paths) {
-        if (isSupported(path) && !archive_->contains(path) && !store_->hasFilePath(path)) {
+        if (kindOfName(path) && !archive_->contains(path) && !store_->hasFilePath(path)) {
             Receipt receipt = freshReceipt(path);
             receipt.status = ReceiptStatus::error;
             receipt.error =

@@ -1,6 +1,6 @@
 #include "conversion.h"
 
-#include "files/receipt_image_converter.h"
+#include "converter/receipt_image_converter.h"
 #include "invariant.h"
 
 #include <QDir>
@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImageReader>
+
+using namespace Qt::StringLiterals;
 
 namespace fennick::fuzz {
 
@@ -28,7 +30,7 @@ void checkPicture(const QString &path, const std::function<bool(QSize)> &isAccep
 }
 
 QString expectedName(qsizetype index, qsizetype count) {
-    return count == 1 ? QStringLiteral("Lunch.jpg") : QStringLiteral("Lunch (p%1).jpg").arg(index + 1);
+    return count == 1 ? u"Lunch.jpg"_s : u"Lunch (p%1).jpg"_s.arg(index + 1);
 }
 
 } // namespace
@@ -49,7 +51,7 @@ void checkConversion(const QString &name, const QByteArray &content,
     QFile file(path);
     require(file.open(QIODevice::WriteOnly) && file.write(content) == content.size(), "a file is written");
     file.close();
-    const auto pictures = ReceiptImageConverter::convertToJPEGs(path, QStringLiteral("Lunch"));
+    const auto pictures = ReceiptImageConverter::convertToJPEGs(path, u"Lunch"_s);
     if (pictures) {
         require(!pictures->isEmpty(), "a conversion that succeeds gives pictures");
         for (qsizetype index = 0; index < pictures->size(); ++index) {
@@ -62,7 +64,7 @@ void checkConversion(const QString &name, const QByteArray &content,
         require(pictures.error().kind != ConverterError::Kind::platform, "the folder can be made");
         require(pictures.error().kind != ConverterError::Kind::unsupported, "the kind of file is known");
     }
-    QDir(temporaryFile(QStringLiteral("FennickJPEG"))).removeRecursively();
+    QDir(temporaryFile(u"FennickJPEG"_s)).removeRecursively();
 }
 
 } // namespace fennick::fuzz

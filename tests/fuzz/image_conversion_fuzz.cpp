@@ -5,6 +5,7 @@
 #include <QImageReader>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,7 +29,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const QByteArray content(reinterpret_cast<const char *>(data), qsizetype(size));
     if (isSmall(content)) {
-        fuzz::checkConversion(QStringLiteral("receipt.jpg"), content, [](QSize picture) {
+        fuzz::checkConversion(u"receipt.jpg"_s, content, [](QSize picture) {
             return picture.width() <= 3000 && picture.height() <= 3000;
         });
     }

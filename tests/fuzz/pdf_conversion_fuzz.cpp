@@ -1,14 +1,12 @@
 // Any bytes that a PDF file may hold, through conversion.
-#include "files/pdf_media_boxes.h"
+#include "documents/pdf_checker.h"
 #include "fuzz/conversion.h"
 #include "fuzz/invariant.h"
-
-#include <QDir>
-#include <QFile>
 
 #include <cmath>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,23 +15,18 @@ constexpr double largestArea = 500.0 * 500.0; // square points over all pages
 constexpr size_t mostPages = 20;
 
 bool isSmall(const QByteArray &content) {
-    const QString path = QDir::tempPath() + QStringLiteral("/looked-at.pdf");
-    QFile file(path);
-    fuzz::require(file.open(QIODevice::WriteOnly) && file.write(content) == content.size(),
-                  "a file is written");
-    file.close();
-    fuzz::require(file.open(QIODevice::ReadOnly), "the file is opened");
-    const auto document = readWithMediaBoxes(file);
+    const auto document = checkedPdf(content, {.wholeMediaBoxes = true, .annotations = true});
     if (!document) {
         return true;
     }
     double area = 0;
-    for (const QSizeF &size : document->pageSizes) {
+    for (const CheckedPage &page : document->pages) {
+        const QSizeF size = page.mediaBox;
         fuzz::require(std::isfinite(size.width()) && std::isfinite(size.height()), "a page has a size");
         fuzz::require(size.width() > 0 && size.height() > 0, "a page has an area");
         area += size.width() * size.height();
     }
-    return area <= largestArea && document->pageSizes.size() <= mostPages;
+    return area <= largestArea && document->pages.size() <= mostPages;
 }
 
 } // namespace
@@ -46,7 +39,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     const QByteArray content(reinterpret_cast<const char *>(data), qsizetype(size));
     if (isSmall(content)) {
-        fuzz::checkConversion(QStringLiteral("receipt.pdf"), content, [](QSize) { return true; });
+        fuzz::checkConversion(u"receipt.pdf"_s, content, [](QSize) { return true; });
     }
     return 0;
 }

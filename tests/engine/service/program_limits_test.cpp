@@ -1,6 +1,6 @@
+#include "documents/hostile_documents.h"
 #include "engine/drawn_page.h"
 #include "engine/engine_process.h"
-#include "engine/hostile_documents.h"
 #include "engine/sample_table.h"
 #include "engine/service/generate_request.h"
 #include "support/conditions.h"
@@ -18,6 +18,7 @@
 
 using namespace fennick;
 using namespace fennick::engine;
+using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
 namespace {
