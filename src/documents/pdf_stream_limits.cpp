@@ -18,6 +18,9 @@ namespace {
 constexpr size_t largestInstructions = 12 * 1024 * 1024;
 // A single font for Chinese has 20 MB.
 constexpr size_t largestFonts = 64 * 1024 * 1024;
+// A picture that is packed by two filters, as some scanners pack their JPEGs, is no instruction, but it may
+// unpack to anything. Those of five pages at 600 dpi have 40 MB.
+constexpr size_t largestPackedPictures = 128 * 1024 * 1024;
 constexpr size_t pagesTogether = 5;
 
 using PageRun = std::span<const QPDFPageObjectHelper>;
@@ -72,7 +75,10 @@ public:
     }
 
 private:
-    bool areBoundedSoFar() const { return instructions_ <= largestInstructions && fonts_ <= largestFonts; }
+    bool areBoundedSoFar() const {
+        return instructions_ <= largestInstructions && fonts_ <= largestFonts &&
+               pictures_ <= largestPackedPictures;
+    }
 
     void add(QPDFObjectHandle object) {
         if (object.isIndirect() && !seen_.insert(object.getObjGen()).second) {
@@ -98,8 +104,10 @@ private:
         QPDFObjectHandle dictionary = stream.getDict();
         QPDFObjectHandle filter = dictionary.getKey("/Filter");
         const bool isPackedAgain = filter.isArray() && filter.getArrayNItems() > 1;
-        if (!dictionary.isDictionaryOfType("", "/Image") || isPackedAgain) {
+        if (!dictionary.isDictionaryOfType("", "/Image")) {
             instructions_ += sizes_.sizeOf(stream, largestInstructions);
+        } else if (isPackedAgain) {
+            pictures_ += sizes_.sizeOf(stream, largestPackedPictures);
         }
     }
 
@@ -108,6 +116,7 @@ private:
     std::set<QPDFObjGen> seen_;
     size_t instructions_ = 0;
     size_t fonts_ = 0;
+    size_t pictures_ = 0;
 };
 
 } // namespace

@@ -39,6 +39,19 @@ QByteArray pdfDrawingBlanks(const QList<qsizetype> &sizes) {
            objects + "trailer\n<</Root 1 0 R/Size 600>>\n%%EOF\n";
 }
 
+// A page with a grey picture of so many bytes, packed by two filters.
+QByteArray pdfWithPackedPicture(qsizetype size) {
+    const QByteArray once = qCompress(QByteArray(size, ' '), 9).sliced(4);
+    const QByteArray packed = qCompress(once, 9).sliced(4);
+    return "%PDF-1.7\n" + object(1, "<</Type/Catalog/Pages 2 0 R>>") +
+           object(2, "<</Type/Pages/Kids[3 0 R]/Count 1>>") +
+           object(3, "<</Type/Page/Parent 2 0 R/MediaBox[0 0 99 99]/Resources<</XObject<</I 4 0 R>>>>>>") +
+           object(4, "<</Subtype/Image/Width 1024/Height 1024/BitsPerComponent "
+                     "8/ColorSpace/DeviceGray/Filter[/FlateDecode/FlateDecode]/Length " +
+                         QByteArray::number(packed.size()) + ">>\nstream\n" + packed + "\nendstream") +
+           "trailer\n<</Root 1 0 R/Size 5>>\n%%EOF\n";
+}
+
 // The error, or nothing.
 std::optional<DocumentError> problemOf(const QByteArray &bytes, const PdfUse &use = {}) {
     const auto pdf = checkedPdf(bytes, use);
@@ -51,11 +64,16 @@ class PdfCheckerTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void acceptsAScanThatIsPackedTwice() {
+        QCOMPARE(problemOf(pdfWithPackedPicture(30 * megabyte)), std::nullopt);
+    }
+
     void refusesWhatUnpacksTooFar_data() {
         QTest::addColumn<QByteArray>("bytes");
         const QByteArray blanks(20 * megabyte, ' ');
         QTest::newRow("instructions") << pdfDrawing(blanks, 1);
         QTest::newRow("instructions packed twice") << pdfDrawing(blanks, 2);
+        QTest::newRow("picture packed twice") << pdfWithPackedPicture(200 * megabyte);
         QTest::newRow("cross-references") << pdfWithCrossReferences(200 * megabyte);
         QTest::newRow("objects") << pdfWithObjectStream(200 * megabyte);
     }
