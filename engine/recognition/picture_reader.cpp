@@ -12,6 +12,7 @@
 #include <array>
 #include <chrono>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace fennick::engine {
@@ -24,6 +25,11 @@ using namespace std::chrono_literals;
 // turn; what is read by then is worth more than nothing. A pass over a page takes half a second or so.
 constexpr auto recognitionTime = 25s;
 constexpr size_t passesAtOnce = 2;
+// Of its 0 to 1: lines on their head come out below.
+constexpr double sureLine = 0.6;
+// How much more must be legible for a page to be turned; and letters per page below which that is tried.
+constexpr double clearlyBetter = 1.5;
+constexpr double hardlyLegible = 20;
 
 QSemaphore freeProcessors(std::max(1, QThread::idealThreadCount()));
 
@@ -32,6 +38,18 @@ Reading movedDown(Reading lines, int distance) {
         line.box.translate(0, distance);
     }
     return lines;
+}
+
+// How many letters were surely read.
+double legibility(const Reading &reading) {
+    double letters = 0;
+    for (const TextLine &line : reading) {
+        if (line.confidence >= sureLine) {
+            letters += static_cast<double>(std::ranges::count_if(
+                line.text, [](QChar character) { return character.isLetterOrNumber(); }));
+        }
+    }
+    return letters;
 }
 
 // One pass at a time over all pages of a document, on a thread of its own.
@@ -62,9 +80,22 @@ public:
         return reading;
     }
 
+    // Whether the page can be read better with its top at the bottom.
+    bool isUpsideDown(const PreparedPage &page, QDeadlineTimer deadline, const std::stop_token &stop) {
+        PreparedPage sample = sampleOf(page);
+        const double asItIs = legibilityOf(sample, deadline, stop);
+        turnUpsideDown(sample);
+        return legibilityOf(sample, deadline, stop) > clearlyBetter * asItIs;
+    }
+
     bool isReady() const { return recogniser_.isReady(); }
 
 private:
+    double legibilityOf(const PreparedPage &sample, QDeadlineTimer deadline, const std::stop_token &stop) {
+        return legibility(
+            recogniser_.recognise(pictureFor(sample, recognitionPasses.front()), 0, deadline, stop));
+    }
+
     TextRecogniser recogniser_;
 };
 
@@ -78,6 +109,33 @@ std::vector<PreparedPage> prepared(const QList<PdfPage> &pages, const std::stop_
         ready.push_back(preparedPage(page.picture));
     }
     return ready;
+}
+
+// A pass and the one after it, at the same time.
+std::array<Reading, passesAtOnce> readTwice(std::array<PassReader, passesAtOnce> &readers,
+                                            const QList<PdfPage> &pages,
+                                            const std::vector<PreparedPage> &prepared, size_t pass,
+                                            QDeadlineTimer deadline, const std::stop_token &stop) {
+    std::array<Reading, passesAtOnce> pair;
+    {
+        const std::jthread other(
+            [&] { pair[1] = readers[1].read(pages, prepared, pass + 1, deadline, stop); });
+        pair[0] = readers[0].read(pages, prepared, pass, deadline, stop);
+    }
+    return pair;
+}
+
+// Whether any page was turned.
+bool turnIfUpsideDown(std::vector<PreparedPage> &pages, PassReader &reader, QDeadlineTimer deadline,
+                      const std::stop_token &stop) {
+    bool isAnyTurned = false;
+    for (PreparedPage &page : pages) {
+        if (!page.wasOnItsSide && reader.isUpsideDown(page, deadline, stop)) {
+            turnUpsideDown(page);
+            isAnyTurned = true;
+        }
+    }
+    return isAnyTurned;
 }
 
 } // namespace
@@ -100,22 +158,31 @@ readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Read
     if (!readers.front().isReady()) {
         return std::unexpected(ReadError::RecogniserMissing);
     }
-    const std::vector<PreparedPage> ready = prepared(pages, stop);
+    std::vector<PreparedPage> ready = prepared(pages, stop);
+    for (PreparedPage &page : ready) {
+        if (page.wasOnItsSide && readers.front().isUpsideDown(page, deadline, stop)) {
+            turnUpsideDown(page);
+        }
+    }
     QList<Reading> readings;
-    for (size_t pass = 0; pass + 1 < recognitionPasses.size(); pass += passesAtOnce) {
+    bool mayBeUpsideDown = true;
+    size_t pass = 0;
+    while (pass + 1 < recognitionPasses.size()) {
         if (stop.stop_requested()) {
             return std::unexpected(ReadError::Abandoned);
         }
-        std::array<Reading, passesAtOnce> pair;
-        {
-            const std::jthread other(
-                [&] { pair[1] = readers[1].read(pages, ready, pass + 1, deadline, stop); });
-            pair[0] = readers[0].read(pages, ready, pass, deadline, stop);
+        const auto pair = readTwice(readers, pages, ready, pass, deadline, stop);
+        const bool isLegible = std::ranges::any_of(
+            pair, [](const Reading &reading) { return legibility(reading) >= hardlyLegible; });
+        if (std::exchange(mayBeUpsideDown, false) && !isLegible &&
+            turnIfUpsideDown(ready, readers.front(), deadline, stop)) {
+            continue; // with the same pass
         }
         readings << pair[0] << pair[1];
         if (deadline.hasExpired() || isEnough(readings)) {
             break;
         }
+        pass += passesAtOnce;
     }
     if (stop.stop_requested()) {
         return std::unexpected(ReadError::Abandoned);

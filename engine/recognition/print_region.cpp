@@ -178,9 +178,11 @@ GreyPicture drawn(const QList<Mark> &marks, const GreyPicture &like) {
     return picture;
 }
 
-QList<Group> groupsOf(const QList<Mark> &marks, const GreyPicture &like) {
+QList<Group> groupsOf(const QList<Mark> &marks, const GreyPicture &like, bool isUpright) {
     const GreyPicture cover = drawn(marks, like);
-    const GreyPicture joined(pixCloseSafeBrick(nullptr, cover.get(), gapBetweenWords, gapBetweenLines));
+    const GreyPicture joined(pixCloseSafeBrick(nullptr, cover.get(),
+                                               isUpright ? gapBetweenWords : gapBetweenLines,
+                                               isUpright ? gapBetweenLines : gapBetweenWords));
     const BoxList boxes(joined ? pixConnCompBB(joined.get(), 8) : nullptr);
     QList<Group> groups;
     for (int index = 0; boxes && index < boxaGetCount(boxes.get()); ++index) {
@@ -213,13 +215,16 @@ bool belongTogether(const QRect &region, const QRect &other, QSize page) {
            (isBeside && -sharedWidth <= largestGapBetweenColumns * page.width());
 }
 
-QRect regionAround(const Group &first, QList<Group> groups, QSize page) {
-    QRect region = first.box;
+Group regionAround(const Group &first, QList<Group> groups, QSize page) {
+    Group region{.box = first.box, .marks = 0, .ink = 0};
     for (bool isGrowing = true; isGrowing;) {
         isGrowing = false;
         for (qsizetype index = 0; index < groups.size(); ++index) {
-            if (belongTogether(region, groups[index].box, page)) {
-                region |= groups.takeAt(index).box;
+            if (belongTogether(region.box, groups[index].box, page)) {
+                const Group taken = groups.takeAt(index);
+                region.box |= taken.box;
+                region.marks += taken.marks;
+                region.ink += taken.ink;
                 isGrowing = true;
                 break;
             }
@@ -245,13 +250,17 @@ std::optional<PrintRegion> printRegion(const GreyPicture &picture) {
     const QList<Mark> upright = inLines(marks);
     const QList<Mark> turned = onTheirSide(inLines(onTheirSide(marks)));
     const bool isUpright = 2 * inkOf(upright) >= inkOf(turned);
-    const QList<Group> groups = groupsOf(isUpright ? upright : turned, contrast);
+    const QList<Group> groups = groupsOf(isUpright ? upright : turned, contrast, isUpright);
     const auto largest = std::ranges::max_element(groups, {}, &Group::ink);
-    if (largest == groups.cend() || largest->marks < fewestMarks) {
+    if (largest == groups.cend()) {
         return std::nullopt;
     }
-    const QRect box =
+    const Group region =
         regionAround(*largest, groups, QSize(pixGetWidth(small.get()), pixGetHeight(small.get())));
+    if (region.marks < fewestMarks) {
+        return std::nullopt;
+    }
+    const QRect &box = region.box;
     const auto enlarged = [factor](int length) {
         return static_cast<int>(std::ceil(static_cast<float>(length) / factor));
     };

@@ -25,6 +25,9 @@ constexpr double keptAboveAndBelow = 0.4;
 constexpr double mostlyPrint = 0.6;
 // A smaller page is read as quickly with all that surrounds its print, and better.
 constexpr double smallPage = 0.25e6;
+// The part of a page that shows which way up it is: so many heights of its letters, and a share of the whole.
+constexpr int sampleLines = 20;
+constexpr int sampleShare = 5;
 
 GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
     const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
@@ -44,9 +47,13 @@ QRect withSurroundings(const QRect &print) {
     return print.adjusted(-beside, -above, beside, above);
 }
 
+GreyPicture turnedByAQuarter(GreyPicture picture) {
+    GreyPicture turned(pixRotate90(picture.get(), 1));
+    return turned ? std::move(turned) : std::move(picture);
+}
+
 // What is left of a page without the table, scanner or cardboard that the receipt lies on.
-GreyPicture cutToPrint(GreyPicture picture) {
-    const std::optional<PrintRegion> region = printRegion(picture);
+GreyPicture cutToPrint(GreyPicture picture, const std::optional<PrintRegion> &region) {
     if (!region) {
         return picture;
     }
@@ -72,13 +79,39 @@ GreyPicture scaled(const GreyPicture &picture, double factor) {
 
 PreparedPage preparedPage(const QImage &picture) {
     PreparedPage page;
-    page.picture = straightened(onEvenPaper(cutToPrint(seenFromAbove(greyPicture(picture)))));
+    page.picture = seenFromAbove(greyPicture(picture));
+    std::optional<PrintRegion> region = printRegion(page.picture);
+    page.wasOnItsSide = region && !region->isUpright;
+    if (page.wasOnItsSide) {
+        page.picture = turnedByAQuarter(std::move(page.picture));
+        region = printRegion(page.picture);
+    }
+    page.picture = straightened(onEvenPaper(cutToPrint(std::move(page.picture), region)));
     const PrintedArea area = printedArea(page.picture);
     page.letterHeight = area.letterHeight;
     if (area.letterHeight > 0) {
         page.picture = cutTo(std::move(page.picture), area.box, area.letterHeight * 3 / 2);
     }
     return page;
+}
+
+void turnUpsideDown(PreparedPage &page) {
+    if (page.picture) {
+        pixRotate180(page.picture.get(), page.picture.get());
+    }
+}
+
+PreparedPage sampleOf(const PreparedPage &page) {
+    PreparedPage sample{.picture = {}, .letterHeight = page.letterHeight};
+    if (!page.picture) {
+        return sample;
+    }
+    const int width = pixGetWidth(page.picture.get());
+    const int height = pixGetHeight(page.picture.get());
+    const int kept = std::min(height, std::max(sampleLines * page.letterHeight, height / sampleShare));
+    const BoxPointer middle(boxCreate(0, (height - kept) / 2, width, kept));
+    sample.picture.reset(pixClipRectangle(page.picture.get(), middle.get(), nullptr));
+    return sample;
 }
 
 GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass) {

@@ -27,9 +27,16 @@ inline constexpr std::array recognitionPasses = {
 struct PreparedPage {
     GreyPicture picture;
     int letterHeight = 0;
+    bool wasOnItsSide = false; // it was turned by a quarter; which way up is for its words to say
 };
 
 PreparedPage preparedPage(const QImage &picture);
+
+// Turns a page by half a circle.
+void turnUpsideDown(PreparedPage &page);
+
+// The middle of a page, enough of it to see whether it can be read.
+[[nodiscard]] PreparedPage sampleOf(const PreparedPage &page);
 
 // `page` as `pass` wants it.
 GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass);

@@ -67,6 +67,10 @@ QImage takenFromBelow(const QImage &page) {
     return table;
 }
 
+QImage rotated(const QImage &page, int degrees) {
+    return page.transformed(QTransform().rotate(degrees));
+}
+
 QImage withGrain(QImage page, int strength) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> grain(-strength, strength);
@@ -98,6 +102,10 @@ private Q_SLOTS:
         QTest::newRow("small on a wide page") << drawnPage(receipt, 24, 2400);
         QTest::newRow("turned to the left") << onTable(drawnPage(receipt, 30), -3);
         QTest::newRow("turned to the right") << onTable(drawnPage(receipt, 30), 4);
+        QTest::newRow("on its left side") << rotated(drawnPage(receipt, 30), -90);
+        QTest::newRow("on its right side") << rotated(drawnPage(receipt, 30), 90);
+        QTest::newRow("upside down") << rotated(drawnPage(receipt, 30), 180);
+        QTest::newRow("upside down on a table") << rotated(onTable(drawnPage(receipt, 30), 3), 180);
         QTest::newRow("taken from below") << takenFromBelow(drawnPage(receipt, 30));
         QTest::newRow("grainy") << withGrain(drawnPage(receipt, 30), 40);
         QTest::newRow("faint") << faint(drawnPage(receipt, 30));
