@@ -187,6 +187,11 @@ readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Read
     if (stop.stop_requested()) {
         return std::unexpected(ReadError::Abandoned);
     }
+    const bool isAnyLegible = std::ranges::any_of(
+        readings, [](const Reading &reading) { return legibility(reading) >= hardlyLegible; });
+    if (deadline.hasExpired() && !isAnyLegible) {
+        return std::unexpected(ReadError::TookTooMuch);
+    }
     return readings;
 }
 
