@@ -15,7 +15,7 @@ namespace fennick::engine {
 struct FoundBrand {
     QString name;
     QStringList categories; // the kinds of places that bear the name
-    QStringList countries;  // ISO 3166-1 codes; empty = anywhere or too many to tell
+    QStringList countries;  // ISO 3166-1 codes; empty = anywhere, or too many to be evidence
     bool isProven = false;  // by a legal form, a web address or a tax number
 };
 

@@ -12,7 +12,7 @@ namespace fennick::engine {
 
 // The kind of purchase: one of lunch, dinner, breakfast, coffee, hotel, transport, fuel, groceries, shopping,
 // entertainment, misc. The words of category_words.txt vote, each word once, those of `merchant` threefold; a
-// meal is told apart by `time` unless the receipt names it. `brandCategories`, what the seller's brand stands
+// meal is classified by `time` unless the receipt names it. `brandCategories`, what the seller's brand stands
 // for, count more than the words of most receipts. misc when nothing is known.
 [[nodiscard]] QString readCategory(const QList<TextLine> &lines, const std::optional<QString> &merchant,
                                    std::optional<QTime> time, const QStringList &brandCategories = {});

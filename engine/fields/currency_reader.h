@@ -12,7 +12,7 @@ namespace fennick::engine {
 
 // The ISO 4217 code of the currency that `lines` are in: a conclusion from the codes and signs printed and
 // from what points to a country. A sign that several currencies share, such as a bare $ or kr, belongs to the
-// one whose country the rest points to. None if nothing tells.
+// one whose country the rest points to. Empty if there is no evidence.
 [[nodiscard]] std::optional<QString> readCurrency(const Reading &lines, const CountryScores &countryScores);
 
 // Whether a currency symbol or code stands directly before `start` or after `end` in `line`.

@@ -22,12 +22,7 @@ QList<QRect> marks(const GreyPicture &picture) {
     const BoxList boxes(closed ? pixConnCompBB(closed.get(), 8) : nullptr);
     QList<QRect> found;
     for (int index = 0; boxes && index < boxaGetCount(boxes.get()); ++index) {
-        int left = 0;
-        int top = 0;
-        int width = 0;
-        int height = 0;
-        boxaGetBoxGeometry(boxes.get(), index, &left, &top, &width, &height);
-        found.append(QRect(left, top, width, height));
+        found.append(boxAt(boxes, index));
     }
     return found;
 }

@@ -56,12 +56,8 @@ GreyPicture largestPart(const GreyPicture &parts) {
     }
     GreyPicture sheet(pixCreateTemplate(parts.get()));
     const GreyPicture part(pixaGetPix(pictures.get(), best, L_CLONE));
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-    boxaGetBoxGeometry(boxes.get(), best, &left, &top, &width, &height);
-    pixRasterop(sheet.get(), left, top, width, height, PIX_SRC, part.get(), 0, 0);
+    const QRect place = boxAt(boxes, best);
+    pixRasterop(sheet.get(), place.x(), place.y(), place.width(), place.height(), PIX_SRC, part.get(), 0, 0);
     const GreyPicture holes(pixHolesByFilling(sheet.get(), 8));
     if (holes) {
         pixOr(sheet.get(), sheet.get(), holes.get());

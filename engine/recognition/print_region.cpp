@@ -67,12 +67,16 @@ GreyPicture contrastOf(const GreyPicture &picture) {
     const auto row = [](const GreyPicture &of, int y) {
         return pixGetData(of.get()) + static_cast<ptrdiff_t>(y) * pixGetWpl(of.get());
     };
+    const int width = pixGetWidth(picture.get());
     for (int y = 0; y < pixGetHeight(picture.get()); ++y) {
-        for (int x = 0; x < pixGetWidth(picture.get()); ++x) {
-            const int around = GET_DATA_BYTE(row(ground, y), x);
-            const int here = GET_DATA_BYTE(row(picture, y), x);
+        const l_uint32 *grounds = row(ground, y);
+        const l_uint32 *pixels = row(picture, y);
+        l_uint32 *contrasts = row(contrast, y);
+        for (int x = 0; x < width; ++x) {
+            const int around = GET_DATA_BYTE(grounds, x);
+            const int here = GET_DATA_BYTE(pixels, x);
             const int darker = around >= darkest ? 100 * (around - here) / around : 0;
-            SET_DATA_BYTE(row(contrast, y), x, static_cast<l_uint8>(darker));
+            SET_DATA_BYTE(contrasts, x, static_cast<l_uint8>(darker));
         }
     }
     return contrast;
@@ -104,20 +108,16 @@ QList<Mark> marksOf(const GreyPicture &contrast) {
     const PictureList pictures(parts);
     QList<Mark> marks;
     for (int index = 0; boxes && index < boxaGetCount(boxes.get()); ++index) {
-        int left = 0;
-        int top = 0;
-        int width = 0;
-        int height = 0;
-        boxaGetBoxGeometry(boxes.get(), index, &left, &top, &width, &height);
-        const int longer = std::max(width, height);
-        const int shorter = std::min(width, height);
+        const QRect box = boxAt(boxes, index);
+        const int longer = std::max(box.width(), box.height());
+        const int shorter = std::min(box.width(), box.height());
         if (longer < lowestMark || shorter > highestMark || longer > widestMark) {
             continue;
         }
         int pixels = 0;
         const GreyPicture part(pixaGetPix(pictures.get(), index, L_CLONE));
         pixCountPixels(part.get(), &pixels, nullptr);
-        marks.append({QRect(left, top, width, height), pixels});
+        marks.append({box, pixels});
     }
     return marks;
 }
@@ -186,12 +186,7 @@ QList<Group> groupsOf(const QList<Mark> &marks, const GreyPicture &like, bool is
     const BoxList boxes(joined ? pixConnCompBB(joined.get(), 8) : nullptr);
     QList<Group> groups;
     for (int index = 0; boxes && index < boxaGetCount(boxes.get()); ++index) {
-        int left = 0;
-        int top = 0;
-        int width = 0;
-        int height = 0;
-        boxaGetBoxGeometry(boxes.get(), index, &left, &top, &width, &height);
-        Group group{.box = QRect(left, top, width, height)};
+        Group group{.box = boxAt(boxes, index)};
         for (const Mark &mark : marks) {
             if (group.box.contains(mark.box.center())) {
                 ++group.marks;
