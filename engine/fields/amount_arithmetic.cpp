@@ -16,43 +16,46 @@ constexpr double itemProof = 2;
 constexpr double taxTableProof = 2.5;
 constexpr double restProof = 4; // more than what the items and taxes say for the whole
 // Half of the largest coin step in use (Swiss 5 centimes, Malaysian 5 sen, Swedish 1 krona).
-constexpr qint64 largestRounding = 50;
-constexpr qint64 smallestCoin = 5;
+constexpr qint64 largestRounding = 500;
+constexpr qint64 smallestCoin = 50;
+// Of currencies that count in hundreds (5 forint, 100 rupiah) the step is a small share of what is rounded.
+constexpr qint64 leastShareOfTotal = 200;
 constexpr double leastWeight = 0.3;
 
-QList<qint64> centsOf(const QList<LabelledAmount> &amounts, AmountRole role) {
-    QList<qint64> cents;
+QList<qint64> amountsOf(const QList<LabelledAmount> &amounts, AmountRole role) {
+    QList<qint64> thousandths;
     for (const LabelledAmount &amount : amounts) {
-        if (amount.role == role && amount.weight >= leastWeight && !cents.contains(amount.cents)) {
-            cents.append(amount.cents);
+        if (amount.role == role && amount.weight >= leastWeight &&
+            !thousandths.contains(amount.thousandths)) {
+            thousandths.append(amount.thousandths);
         }
     }
-    return cents;
+    return thousandths;
 }
 
 // Nothing, or one of the amounts: a tax or a charge may be there or not.
-QList<qint64> optional(QList<qint64> cents) {
-    cents.append(0);
-    return cents;
+QList<qint64> optional(QList<qint64> thousandths) {
+    thousandths.append(0);
+    return thousandths;
 }
 
-// The roundings, with either sign: that is easily lost.
-QList<qint64> roundings(const QList<LabelledAmount> &amounts) {
+// The roundings that `total` may have, with either sign: that is easily lost.
+QList<qint64> roundings(qint64 total, const QList<LabelledAmount> &amounts) {
     QList<qint64> steps;
-    for (const qint64 step : centsOf(amounts, AmountRole::Rounding)) {
-        if (step > 0 && step <= largestRounding) {
+    for (const qint64 step : amountsOf(amounts, AmountRole::Rounding)) {
+        if (step > 0 && (step <= largestRounding || step * leastShareOfTotal <= total)) {
             steps << step << -step;
         }
     }
     return steps;
 }
 
-// What `cents` can have been rounded to, which coins can pay.
-QList<qint64> rounded(qint64 cents, const QList<LabelledAmount> &amounts) {
+// What `thousandths` can have been rounded to, which coins can pay.
+QList<qint64> rounded(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     QList<qint64> results;
-    for (const qint64 step : roundings(amounts)) {
-        if ((cents + step) % smallestCoin == 0) {
-            results.append(cents + step);
+    for (const qint64 step : roundings(thousandths, amounts)) {
+        if ((thousandths + step) % smallestCoin == 0) {
+            results.append(thousandths + step);
         }
     }
     return results;
@@ -62,15 +65,15 @@ QList<qint64> rounded(qint64 cents, const QList<LabelledAmount> &amounts) {
 // so; not the bare subtotals.
 QList<qint64> sums(const QList<LabelledAmount> &amounts) {
     QList<qint64> additions;
-    for (const qint64 tax : optional(centsOf(amounts, AmountRole::Tax))) {
-        for (const qint64 charge : optional(centsOf(amounts, AmountRole::Charge))) {
-            for (const qint64 discount : optional(centsOf(amounts, AmountRole::Discount))) {
+    for (const qint64 tax : optional(amountsOf(amounts, AmountRole::Tax))) {
+        for (const qint64 charge : optional(amountsOf(amounts, AmountRole::Charge))) {
+            for (const qint64 discount : optional(amountsOf(amounts, AmountRole::Discount))) {
                 additions.append(tax + charge - discount);
             }
         }
     }
     QList<qint64> found;
-    for (const qint64 base : centsOf(amounts, AmountRole::SubTotal)) {
+    for (const qint64 base : amountsOf(amounts, AmountRole::SubTotal)) {
         for (const qint64 addition : std::as_const(additions)) {
             const QList<qint64> results = rounded(base + addition, amounts);
             if (!results.isEmpty()) {
@@ -84,14 +87,14 @@ QList<qint64> sums(const QList<LabelledAmount> &amounts) {
 }
 
 struct Payment {
-    qint64 cents = 0;
+    qint64 thousandths = 0;
     bool hasChange = false;
 };
 
 QList<Payment> payments(const QList<LabelledAmount> &amounts) {
     QList<Payment> paid;
-    for (const qint64 cash : centsOf(amounts, AmountRole::Tendered)) {
-        for (const qint64 change : centsOf(amounts, AmountRole::Change)) {
+    for (const qint64 cash : amountsOf(amounts, AmountRole::Tendered)) {
+        for (const qint64 change : amountsOf(amounts, AmountRole::Change)) {
             if (cash > change) {
                 paid.append({cash - change, change > 0});
             }
@@ -100,11 +103,12 @@ QList<Payment> payments(const QList<LabelledAmount> &amounts) {
     return paid;
 }
 
-double paymentSupport(qint64 cents, const QList<LabelledAmount> &amounts) {
+double paymentSupport(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     double support = 0;
     for (const Payment &payment : payments(amounts)) {
         // Cash pays the rounded total, which not every till prints.
-        if (payment.cents == cents || rounded(cents, amounts).contains(payment.cents)) {
+        if (payment.thousandths == thousandths ||
+            rounded(thousandths, amounts).contains(payment.thousandths)) {
             support = std::max(support, payment.hasChange ? cashProof : exactCashProof);
         }
     }
@@ -113,14 +117,14 @@ double paymentSupport(qint64 cents, const QList<LabelledAmount> &amounts) {
 
 // "Total 12.39", further down "Total 12.40": rounded to what coins can pay, whether the difference is read
 // or not.
-bool isRoundedFromAbove(qint64 cents, const QList<LabelledAmount> &amounts) {
-    const QList<qint64> totals = centsOf(amounts, AmountRole::Total);
-    const qsizetype own = totals.indexOf(cents);
-    if (own <= 0 || cents % smallestCoin != 0) {
+bool isRoundedFromAbove(qint64 thousandths, const QList<LabelledAmount> &amounts) {
+    const QList<qint64> totals = amountsOf(amounts, AmountRole::Total);
+    const qsizetype own = totals.indexOf(thousandths);
+    if (own <= 0 || thousandths % smallestCoin != 0) {
         return false;
     }
     const qint64 before = totals[own - 1];
-    return before % smallestCoin != 0 && std::abs(cents - before) < smallestCoin;
+    return before % smallestCoin != 0 && std::abs(thousandths - before) < smallestCoin;
 }
 
 // The last amount of each line without a label above the first total, from the lowest line up.
@@ -132,9 +136,9 @@ QList<qint64> itemPrices(const QList<LabelledAmount> &amounts) {
             break;
         }
         if (amount.line == line) {
-            prices.first() = amount.cents;
+            prices.first() = amount.thousandths;
         } else {
-            prices.prepend(amount.cents);
+            prices.prepend(amount.thousandths);
         }
         line = amount.line;
     }
@@ -142,11 +146,11 @@ QList<qint64> itemPrices(const QList<LabelledAmount> &amounts) {
 }
 
 // Above the items stand addresses and numbers that may look like prices, so the sum may begin anywhere.
-bool isSumOfItems(qint64 cents, const QList<LabelledAmount> &amounts) {
+bool isSumOfItems(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     qint64 sum = 0;
     for (const qint64 price : itemPrices(amounts)) {
         sum += price;
-        if (sum == cents || rounded(sum, amounts).contains(cents)) {
+        if (sum == thousandths || rounded(sum, amounts).contains(thousandths)) {
             return true;
         }
     }
@@ -155,19 +159,19 @@ bool isSumOfItems(qint64 cents, const QList<LabelledAmount> &amounts) {
 
 // What the table of taxes comes to, and what that is rounded to.
 QList<qint64> taxedTotals(const QList<LabelledAmount> &amounts) {
-    QList<qint64> totals = centsOf(amounts, AmountRole::Taxed);
-    for (const qint64 total : centsOf(amounts, AmountRole::Taxed)) {
+    QList<qint64> totals = amountsOf(amounts, AmountRole::Taxed);
+    for (const qint64 total : amountsOf(amounts, AmountRole::Taxed)) {
         totals += rounded(total, amounts);
     }
     return totals;
 }
 
 // "Total 900.00, deposit paid 300.00, balance due 600.00".
-bool isRestOfTotal(qint64 cents, const QList<LabelledAmount> &amounts) {
+bool isRestOfTotal(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     const QList<qint64> totals =
-        centsOf(amounts, AmountRole::Total) + centsOf(amounts, AmountRole::FinalTotal);
-    for (const qint64 before : centsOf(amounts, AmountRole::PaidBefore)) {
-        if (before > 0 && totals.contains(cents + before)) {
+        amountsOf(amounts, AmountRole::Total) + amountsOf(amounts, AmountRole::FinalTotal);
+    for (const qint64 before : amountsOf(amounts, AmountRole::PaidBefore)) {
+        if (before > 0 && totals.contains(thousandths + before)) {
             return true;
         }
     }
@@ -176,11 +180,11 @@ bool isRestOfTotal(qint64 cents, const QList<LabelledAmount> &amounts) {
 
 } // namespace
 
-bool isRoundedResult(qint64 cents, const QList<LabelledAmount> &amounts) {
+bool isRoundedResult(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     for (const AmountRole role : {AmountRole::Total, AmountRole::FinalTotal, AmountRole::SubTotal}) {
-        const QList<qint64> totals = centsOf(amounts, role);
-        if (std::ranges::any_of(totals,
-                                [&](qint64 total) { return rounded(total, amounts).contains(cents); })) {
+        const QList<qint64> totals = amountsOf(amounts, role);
+        if (std::ranges::any_of(
+                totals, [&](qint64 total) { return rounded(total, amounts).contains(thousandths); })) {
             return true;
         }
     }
@@ -190,33 +194,33 @@ bool isRoundedResult(qint64 cents, const QList<LabelledAmount> &amounts) {
 QList<qint64> derivedTotals(const QList<LabelledAmount> &amounts) {
     QList<qint64> totals = sums(amounts) + taxedTotals(amounts);
     for (const Payment &payment : payments(amounts)) {
-        if (!totals.contains(payment.cents)) {
-            totals.append(payment.cents);
+        if (!totals.contains(payment.thousandths)) {
+            totals.append(payment.thousandths);
         }
     }
     return totals;
 }
 
-double arithmeticSupport(qint64 cents, const QList<LabelledAmount> &amounts) {
-    double support = paymentSupport(cents, amounts);
-    if (sums(amounts).contains(cents)) {
+double arithmeticSupport(qint64 thousandths, const QList<LabelledAmount> &amounts) {
+    double support = paymentSupport(thousandths, amounts);
+    if (sums(amounts).contains(thousandths)) {
         support += sumProof;
     }
-    if (isRestOfTotal(cents, amounts)) {
+    if (isRestOfTotal(thousandths, amounts)) {
         support += restProof;
     }
-    if (taxedTotals(amounts).contains(cents)) {
+    if (taxedTotals(amounts).contains(thousandths)) {
         support += taxTableProof;
     }
-    if (centsOf(amounts, AmountRole::Card).contains(cents)) {
+    if (amountsOf(amounts, AmountRole::Card).contains(thousandths)) {
         support += cardProof;
     }
-    const bool isPrinted =
-        std::ranges::any_of(amounts, [cents](const LabelledAmount &amount) { return amount.cents == cents; });
-    if ((isPrinted && isRoundedResult(cents, amounts)) || isRoundedFromAbove(cents, amounts)) {
+    const bool isPrinted = std::ranges::any_of(
+        amounts, [thousandths](const LabelledAmount &amount) { return amount.thousandths == thousandths; });
+    if ((isPrinted && isRoundedResult(thousandths, amounts)) || isRoundedFromAbove(thousandths, amounts)) {
         support += roundingProof;
     }
-    if (isSumOfItems(cents, amounts)) {
+    if (isSumOfItems(thousandths, amounts)) {
         support += itemProof;
     }
     return support;

@@ -48,13 +48,13 @@ double labelScore(AmountRole role) {
 }
 
 // "Rounding 31.25" names what was rounded to; as an adjustment it is less than a unit.
-constexpr qint64 leastRoundedTotal = 100;
+constexpr qint64 leastRoundedTotal = 1000;
 
 bool isCandidate(const LabelledAmount &amount) {
-    if (amount.cents <= 0 || labelScore(amount.role) <= 0) {
+    if (amount.thousandths <= 0 || labelScore(amount.role) <= 0) {
         return false;
     }
-    return amount.role != AmountRole::Rounding || amount.cents >= leastRoundedTotal;
+    return amount.role != AmountRole::Rounding || amount.thousandths >= leastRoundedTotal;
 }
 
 bool differsInOneDigit(qint64 left, qint64 right) {
@@ -70,34 +70,34 @@ bool differsInOneDigit(qint64 left, qint64 right) {
     return differences == 1;
 }
 
-bool isPrinted(qint64 cents, const QList<LabelledAmount> &amounts) {
-    return std::ranges::any_of(amounts, [cents](const LabelledAmount &amount) {
-        return amount.cents == cents && amount.role != AmountRole::Taxed;
+bool isPrinted(qint64 thousandths, const QList<LabelledAmount> &amounts) {
+    return std::ranges::any_of(amounts, [thousandths](const LabelledAmount &amount) {
+        return amount.thousandths == thousandths && amount.role != AmountRole::Taxed;
     });
 }
 
 // The score of an amount that no label names but the others come to.
-double derivedScore(qint64 cents, const QList<LabelledAmount> &amounts,
+double derivedScore(qint64 thousandths, const QList<LabelledAmount> &amounts,
                     const QMap<qint64, double> &labelled) {
-    const double support = arithmeticSupport(cents, amounts);
-    if (isPrinted(cents, amounts)) {
+    const double support = arithmeticSupport(thousandths, amounts);
+    if (isPrinted(thousandths, amounts)) {
         return derivedAndPrinted + support;
     }
-    if (isRoundedResult(cents, amounts)) {
+    if (isRoundedResult(thousandths, amounts)) {
         // Had the till rounded the total it would have printed it; this is what was paid in coins.
         return derivedOnly + support / 2;
     }
     double score = derivedOnly;
     for (auto other = labelled.cbegin(); other != labelled.cend(); ++other) {
-        if (differsInOneDigit(cents, other.key())) {
+        if (differsInOneDigit(thousandths, other.key())) {
             score = std::max(score, misreadShare * other.value());
         }
     }
     return score + support;
 }
 
-// A reading's candidates in cents, with what it says for each. The best label counts in full, further ones
-// less.
+// A reading's candidates in thousandths, with what it says for each. The best label counts in full, further
+// ones less.
 QMap<qint64, double> scoredCandidates(const QList<LabelledAmount> &amounts) {
     QMap<qint64, double> best;
     QMap<qint64, double> sum;
@@ -106,8 +106,8 @@ QMap<qint64, double> scoredCandidates(const QList<LabelledAmount> &amounts) {
             continue;
         }
         const double score = labelScore(amount.role) * amount.weight;
-        best[amount.cents] = std::max(best.value(amount.cents), score);
-        sum[amount.cents] += score;
+        best[amount.thousandths] = std::max(best.value(amount.thousandths), score);
+        sum[amount.thousandths] += score;
     }
     QMap<qint64, double> scores;
     for (auto candidate = best.cbegin(); candidate != best.cend(); ++candidate) {
@@ -115,9 +115,9 @@ QMap<qint64, double> scoredCandidates(const QList<LabelledAmount> &amounts) {
         scores[candidate.key()] =
             candidate.value() + repeatedAmountShare * further + arithmeticSupport(candidate.key(), amounts);
     }
-    for (const qint64 cents : derivedTotals(amounts)) {
-        if (cents > 0 && !scores.contains(cents)) {
-            scores[cents] = derivedScore(cents, amounts, best);
+    for (const qint64 thousandths : derivedTotals(amounts)) {
+        if (thousandths > 0 && !scores.contains(thousandths)) {
+            scores[thousandths] = derivedScore(thousandths, amounts, best);
         }
     }
     return scores;
@@ -128,13 +128,13 @@ std::optional<FoundAmount> largestWithCurrency(const QList<LabelledAmount> &amou
     for (const LabelledAmount &amount : amounts) {
         const bool isUnnamed = amount.role == AmountRole::Unnamed;
         if (isUnnamed && amount.hasCurrency) {
-            largest = std::max(largest, amount.cents);
+            largest = std::max(largest, amount.thousandths);
         }
     }
     if (largest == 0) {
         return std::nullopt;
     }
-    return FoundAmount{.amount = static_cast<double>(largest) / 100};
+    return FoundAmount{.amount = static_cast<double>(largest) / 1000};
 }
 
 } // namespace
@@ -167,7 +167,7 @@ std::optional<FoundAmount> readAmount(const QList<QList<LabelledAmount>> &readin
     if (!isUnrivalled && !isAhead) {
         return std::nullopt;
     }
-    return FoundAmount{.amount = static_cast<double>(best) / 100,
+    return FoundAmount{.amount = static_cast<double>(best) / 1000,
                        .isCertain =
                            bestScore >= certainAmountScore && bestScore - second >= certainAmountLead};
 }

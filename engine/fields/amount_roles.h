@@ -1,6 +1,11 @@
 #pragma once
 
+#include "engine/knowledge/word_table.h"
+
+#include <QList>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 namespace fennick::engine {
 
@@ -23,10 +28,43 @@ enum class AmountRole {
     Unnamed,    // no label that is known: items
 };
 
-// The role that `label` gives, misread words and all.
-AmountRole amountRole(const QString &label);
+// What labels mean in English and some other languages. Made once for each reading; used on one thread.
+class AmountRoles {
+public:
+    explicit AmountRoles(const Languages &languages);
 
-// Whether `line` heads the table of taxes, whose totals are not the receipt's.
-bool startsTaxTable(const QString &line);
+    // The role that `label` gives, misread words and all.
+    [[nodiscard]] AmountRole role(const QString &label) const;
+
+    // Whether `line` heads the table of taxes, whose totals are not the receipt's.
+    [[nodiscard]] bool startsTaxTable(const QString &line) const;
+
+    // Whether `line` names columns of such a table, which may have no heading of its own.
+    [[nodiscard]] bool namesTaxColumns(const QString &line) const;
+
+private:
+    struct Meaning {
+        AmountRole role;
+        QStringList phrases;
+    };
+
+    QString repairedLabel(const QString &label) const;
+    AmountRole totalRole(const QString &words) const;
+    bool isTotalAlone(QString words) const;
+    bool namesTaxWithin(QString words) const;
+
+    QList<Meaning> inOrder_; // the first that fits decides
+    QStringList total_;
+    QStringList totalAlone_;
+    QStringList partOfTotal_;
+    QStringList mention_;
+    QStringList tax_;
+    QStringList inclusive_;
+    QStringList within_;
+    QStringList exclusive_;
+    QStringList taxTable_;
+    QStringList taxColumn_;
+    QSet<QString> vocabulary_;
+};
 
 } // namespace fennick::engine

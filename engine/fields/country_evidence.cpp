@@ -66,7 +66,7 @@ bool isDialled(const QSet<QString> &numbers, const QString &code) {
 
 } // namespace
 
-CountryScores countryScores(const Reading &reading, const QStringList &brandCountries) {
+CountryScores countryScores(const Reading &reading) {
     QString text;
     for (const TextLine &line : reading) {
         text += line.text + u'\n';
@@ -79,7 +79,6 @@ CountryScores countryScores(const Reading &reading, const QStringList &brandCoun
         double score = perWord * countOf(words, country.words, mostWords);
         const int places = countOf(words, country.places, 2);
         score += places > 0 ? firstPlace + furtherPlaces * (places - 1) : 0;
-        score += brandCountries.contains(country.code) ? perBrand : 0;
         score += domains.contains(country.domain) ? perDomain : 0;
         score += !country.dialCode.isEmpty() && isDialled(dialled, country.dialCode) ? perDialCode : 0;
         const auto isThere = [&text](const QRegularExpression &pattern) {
@@ -90,6 +89,13 @@ CountryScores countryScores(const Reading &reading, const QStringList &brandCoun
         if (score > 0) {
             scores[country.code] = score;
         }
+    }
+    return scores;
+}
+
+CountryScores withBrand(CountryScores scores, const QStringList &brandCountries) {
+    for (const QString &code : brandCountries) {
+        scores[code] += perBrand;
     }
     return scores;
 }

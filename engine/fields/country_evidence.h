@@ -10,11 +10,14 @@
 
 namespace fennick::engine {
 
-// How much of a reading points to each country, by ISO 3166-1 code: tax numbers and brands most, then
-// telephone numbers, web addresses, places and postcodes, then words. `brandCountries` are those of the
-// seller's brand. Countries that nothing points to are left out.
+// How much of a reading points to each country, by ISO 3166-1 code: tax numbers most, then
+// telephone numbers, web addresses, places and postcodes, then words. Countries that nothing points to are
+// left out.
 using CountryScores = QHash<QString, double>;
-[[nodiscard]] CountryScores countryScores(const Reading &reading, const QStringList &brandCountries = {});
+[[nodiscard]] CountryScores countryScores(const Reading &reading);
+
+// `scores` and what the seller's brand, which is found in `brandCountries`, says of the country.
+[[nodiscard]] CountryScores withBrand(CountryScores scores, const QStringList &brandCountries);
 
 // The country that most points to, if it is enough to go by.
 [[nodiscard]] std::optional<QString> likeliestCountry(const CountryScores &scores);

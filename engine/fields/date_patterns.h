@@ -1,15 +1,19 @@
 #pragma once
 
+#include "engine/knowledge/country_table.h"
+#include "engine/knowledge/word_table.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
 
 namespace fennick::engine {
 
-// How to read 03/04/2024, where nothing in it tells which of the two is the month.
-enum class DayMonthOrder {
-    DayFirst,
-    MonthFirst,
+// How dates are written where a receipt comes from.
+struct DateStyle {
+    DateOrder order = DateOrder::DayFirst;
+    Languages languages = {};      // of the names of months, besides English
+    bool hasBuddhistYears = false; // short ones too: 67 is 2024
 };
 
 // A date as it stands in a line of text.
@@ -19,7 +23,8 @@ struct PrintedDate {
 };
 
 // The dates of `line`, from left to right: 2024-05-01, 2024/05/01, 01.05.2024, 01/05/24, 1 May 2024,
-// May 1, 2024, 1. Mai 2024, 2024年5月1日. Years of two digits are of this century. Only days that exist.
-QList<PrintedDate> printedDates(const QString &line, DayMonthOrder order);
+// May 1, 2024, 1. Mai 2024, 2024年5月1日. Years of two digits are of this century, those from 2443 on of the
+// Buddhist era. Only days that exist.
+[[nodiscard]] QList<PrintedDate> printedDates(const QString &line, const DateStyle &style);
 
 } // namespace fennick::engine

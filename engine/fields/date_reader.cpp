@@ -1,6 +1,7 @@
 #include "engine/fields/date_reader.h"
 
 #include "engine/fields/date_repair.h"
+#include "engine/knowledge/calendar_names.h"
 #include "engine/knowledge/words.h"
 
 #include <QMap>
@@ -21,26 +22,14 @@ bool isPlausible(QDate date, QDate today) {
     return date.year() >= earliestYear && date <= today.addDays(1);
 }
 
-// Dates of other events than the purchase. Words that only stand before a date: "Date due", "Valid until".
-const QStringList &otherEvents() {
-    static const QStringList words = {
-        u"due"_s,      u"fällig"_s,     u"zahlbar"_s,     u"expires"_s,     u"expiry"_s,       u"exp"_s,
-        u"valid"_s,    u"until"_s,      u"gültig"_s,      u"arrival"_s,     u"arrive"_s,       u"anreise"_s,
-        u"check in"_s, u"born"_s,       u"birth"_s,       u"since"_s,       u"best before"_s,  u"return by"_s,
-        u"delivery"_s, u"delivered"_s,  u"lieferung"_s,   u"lieferdatum"_s, u"shipped"_s,      u"period"_s,
-        u"next"_s,     u"from"_s,       u"established"_s, u"departure"_s,   u"abreise"_s,      u"check out"_s,
-        u"bis"_s,      u"order date"_s, u"ordered"_s,     u"valid thru"_s,  u"member since"_s,
-    };
-    return words;
-}
+struct DateWords {
+    QStringList labels;
+    QStringList otherEvents; // words that only stand before a date: "Date due", "Valid until"
+};
 
-const QStringList &labels() {
-    static const QStringList words = {
-        u"date"_s,       u"datum"_s,  u"invoice date"_s, u"rechnungsdatum"_s,
-        u"belegdatum"_s, u"issued"_s, u"fecha"_s,        u"data"_s,
-        u"le"_s,         u"den"_s,    u"dated"_s,        u"dato"_s,
-    };
-    return words;
+DateWords wordsIn(const Languages &languages) {
+    return {.labels = dateWords().phrases(u"date"_s, languages),
+            .otherEvents = dateWords().phrases(u"other date"_s, languages)};
 }
 
 bool hasClockTime(const QString &line) {
@@ -54,6 +43,7 @@ constexpr double labelled = 2;
 constexpr double besideTime = 2;
 constexpr double ofOtherEvent = 0.1;
 constexpr double garbledShare = 0.3;
+constexpr double otherOrderShare = 0.9;
 constexpr double repeatedDateShare = 0.2;
 // What being one line further up is worth between equals.
 constexpr double perLine = 0.001;
@@ -61,16 +51,16 @@ constexpr double perLine = 0.001;
 constexpr double certainDateScore = 1.5;
 constexpr double certainDateLead = 8;
 
-double score(const TextLine &line, qsizetype start) {
-    const QString before = wordsOf(line.text.left(start));
+double score(const TextLine &line, qsizetype start, const DateWords &words) {
+    const QString before = withoutAccents(wordsOf(line.text.left(start)));
     double points = plainDate;
-    if (containsAnyPhrase(before, labels())) {
+    if (containsAnyPhrase(before, words.labels)) {
         points += labelled;
     }
     if (hasClockTime(line.text)) {
         points += besideTime;
     }
-    if (containsAnyPhrase(before, otherEvents())) {
+    if (containsAnyPhrase(before, words.otherEvents)) {
         points *= ofOtherEvent;
     }
     return points * (0.5 + line.confidence / 2);
@@ -84,24 +74,37 @@ struct Candidate {
 // The dates of one reading.
 class ReadingDates {
 public:
-    ReadingDates(const Reading &reading, DayMonthOrder order, QDate today)
-        : today_(today) {
+    ReadingDates(const Reading &reading, const DateStyle &style, QDate today)
+        : words_(wordsIn(style.languages))
+        , today_(today) {
+        DateStyle other = style;
+        other.order = style.order == DateOrder::MonthFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
         for (qsizetype index = 0; index < reading.size(); ++index) {
             const TextLine &line = reading[index];
-            add(line, index, printedDates(line.text, order), 1);
-            add(line, index, garbledDates(line.text, order), garbledShare);
+            add(line, index, printedDates(line.text, style), 1);
+            add(line, index, garbledDates(line.text, style), garbledShare);
+            // What is still to come in one order was in the other.
+            if (hasImplausible(printedDates(line.text, style))) {
+                add(line, index, printedDates(line.text, other), otherOrderShare);
+            }
         }
     }
 
     const QMap<QDate, Candidate> &candidates() const { return candidates_; }
 
 private:
+    bool hasImplausible(const QList<PrintedDate> &dates) const {
+        return std::ranges::any_of(
+            dates, [this](const PrintedDate &printed) { return !isPlausible(printed.date, today_); });
+    }
+
     void add(const TextLine &line, qsizetype index, const QList<PrintedDate> &dates, double share) {
         for (const PrintedDate &printed : dates) {
             if (!isPlausible(printed.date, today_)) {
                 continue;
             }
-            const double points = share * score(line, printed.start) - perLine * static_cast<double>(index);
+            const double points =
+                share * score(line, printed.start, words_) - perLine * static_cast<double>(index);
             Candidate &candidate = candidates_[printed.date];
             if (points > candidate.score) {
                 candidate.score = points + repeatedDateShare * candidate.score;
@@ -112,17 +115,58 @@ private:
         }
     }
 
+    DateWords words_;
     QDate today_;
     QMap<QDate, Candidate> candidates_;
 };
 
+// How many dates of a line prove that the day, or the month, stands first.
+struct OrderProof {
+    int dayFirst = 0;
+    int monthFirst = 0;
+};
+
+// The day of the week that `line` names beside a date, if any.
+int weekdayIn(const QString &line, const Languages &languages) {
+    const QStringList words = wordsOf(line).split(u' ', Qt::SkipEmptyParts);
+    for (const QString &word : words) {
+        if (const int day = weekdayNumber(word, languages)) {
+            return day;
+        }
+    }
+    return 0;
+}
+
+OrderProof orderProof(const QString &line, const Languages &languages) {
+    static const QRegularExpression numbers(
+        uR"((?<![\d.,/\-])(\d{1,2})([\-/.])(\d{1,2})\2(\d{4}|\d{2})(?![\d/]))"_s);
+    OrderProof proof;
+    QRegularExpressionMatchIterator matches = numbers.globalMatch(line);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        const int first = match.captured(1).toInt();
+        const int second = match.captured(3).toInt();
+        const int year = match.captured(4).toInt() + (match.capturedLength(4) == 2 ? 2000 : 0);
+        const QDate dayFirst(year, second, first);
+        const QDate monthFirst(year, first, second);
+        const int weekday = dayFirst.isValid() && monthFirst.isValid() ? weekdayIn(line, languages) : 0;
+        const auto isIt = [weekday](QDate date, QDate other) {
+            return date.isValid() &&
+                   (!other.isValid() || (date.dayOfWeek() == weekday && other.dayOfWeek() != weekday));
+        };
+        proof.dayFirst += isIt(dayFirst, monthFirst) ? 1 : 0;
+        proof.monthFirst += isIt(monthFirst, dayFirst) ? 1 : 0;
+    }
+    return proof;
+}
+
 } // namespace
 
-std::optional<FoundDate> readDate(const QList<Reading> &readings, DayMonthOrder order, QDate today) {
+std::optional<FoundDate> readDate(const QList<Reading> &readings, const DateStyle &style, QDate today) {
     QList<QMap<QDate, Candidate>> byReading;
     QMap<QDate, double> scores;
     for (const Reading &reading : readings) {
-        byReading.append(ReadingDates(reading, order, today).candidates());
+        byReading.append(ReadingDates(reading, style, today).candidates());
         const QMap<QDate, Candidate> &own = byReading.last();
         for (auto candidate = own.cbegin(); candidate != own.cend(); ++candidate) {
             scores[candidate.key()] += candidate->score / static_cast<double>(readings.size());
@@ -147,27 +191,20 @@ std::optional<FoundDate> readDate(const QList<Reading> &readings, DayMonthOrder 
     return found;
 }
 
-DayMonthOrder printedOrder(const QList<Reading> &readings, DayMonthOrder fallback) {
-    static const QRegularExpression numbers(
-        uR"((?<![\d.,/\-])(\d{1,2})([\-/.])(\d{1,2})\2(?:\d{4}|\d{2})(?![\d/]))"_s);
+DateOrder printedOrder(const QList<Reading> &readings, const DateStyle &style) {
     int dayFirst = 0;
     int monthFirst = 0;
     for (const Reading &reading : readings) {
         for (const TextLine &line : reading) {
-            QRegularExpressionMatchIterator matches = numbers.globalMatch(line.text);
-            while (matches.hasNext()) {
-                const QRegularExpressionMatch match = matches.next();
-                const int first = match.captured(1).toInt();
-                const int second = match.captured(3).toInt();
-                dayFirst += first > 12 && first <= 31 && second <= 12 ? 1 : 0;
-                monthFirst += second > 12 && second <= 31 && first <= 12 ? 1 : 0;
-            }
+            const OrderProof proof = orderProof(line.text, style.languages);
+            dayFirst += proof.dayFirst;
+            monthFirst += proof.monthFirst;
         }
     }
     if (dayFirst == monthFirst) {
-        return fallback;
+        return style.order;
     }
-    return dayFirst > monthFirst ? DayMonthOrder::DayFirst : DayMonthOrder::MonthFirst;
+    return dayFirst > monthFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
 }
 
 } // namespace fennick::engine

@@ -22,10 +22,11 @@ struct FoundDate {
 // dates of something else (due, arrival, best before ...) only when there is no other. The more readings have
 // it the better; garbled dates count for little. Dates before 1990 and after the day that follows `today` are
 // misreadings.
-std::optional<FoundDate> readDate(const QList<Reading> &readings, DayMonthOrder order, QDate today);
+[[nodiscard]] std::optional<FoundDate> readDate(const QList<Reading> &readings, const DateStyle &style,
+                                                QDate today);
 
 // How days and months stand in the dates of `readings`: as in those that can be read in one way only
-// (25/03/2018); `fallback` when there is none.
-DayMonthOrder printedOrder(const QList<Reading> &readings, DayMonthOrder fallback);
+// (25/03/2018, Mon 03/04/2023); that of `style` when there is none.
+[[nodiscard]] DateOrder printedOrder(const QList<Reading> &readings, const DateStyle &style);
 
 } // namespace fennick::engine

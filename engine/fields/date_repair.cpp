@@ -23,21 +23,21 @@ QString withDigits(const QString &line) {
     return digits.replace(five, u"5"_s).replace(eight, u"8"_s);
 }
 
-QDate dateOf(int first, int second, int year, DayMonthOrder order) {
-    if (order == DayMonthOrder::MonthFirst) {
+QDate dateOf(int first, int second, int year, DateOrder order) {
+    if (order == DateOrder::MonthFirst) {
         std::swap(first, second);
     }
     return QDate(year, second, first);
 }
 
 void collect(QList<PrintedDate> &dates, const QString &line, const QRegularExpression &pattern,
-             DayMonthOrder order) {
+             const DateStyle &style) {
     QRegularExpressionMatchIterator matches = pattern.globalMatch(line);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
         const int year = 2000 + match.captured(u"year").toInt();
         const QDate date =
-            dateOf(match.captured(u"first").toInt(), match.captured(u"second").toInt(), year, order);
+            dateOf(match.captured(u"first").toInt(), match.captured(u"second").toInt(), year, style.order);
         if (date.isValid()) {
             dates.append({date, match.capturedStart()});
         }
@@ -46,7 +46,7 @@ void collect(QList<PrintedDate> &dates, const QString &line, const QRegularExpre
 
 } // namespace
 
-QList<PrintedDate> garbledDates(const QString &line, DayMonthOrder order) {
+QList<PrintedDate> garbledDates(const QString &line, const DateStyle &style) {
     // Two digits, two digits and a year from 2000 on; between them a sign, a digit that was one, or nothing.
     static const QRegularExpression anySeparators(
         uR"((?<!\d)(?<first>[0-3]?\d)\s?[/\-.,:'’\\17l|]?\s?(?<second>[0-3]\d)\s?[/\-.,:'’\\17l|]?\s?20(?<year>[0-3]\d)(?!\d))"_s);
@@ -56,9 +56,9 @@ QList<PrintedDate> garbledDates(const QString &line, DayMonthOrder order) {
     static const QRegularExpression shortYear(
         uR"((?<!\d)(?<first>[0-3]?\d)\s?[/\-.,]\s?(?<second>[0-3]?\d)\s?[/\-.,\s]\s?(?<year>[0-3]\d)[\s,;]+\d{1,2}[:.]\d{2})"_s);
     const QString digits = withDigits(line);
-    QList<PrintedDate> dates = printedDates(digits, order);
+    QList<PrintedDate> dates = printedDates(digits, style);
     for (const QRegularExpression &pattern : {anySeparators, century, shortYear}) {
-        collect(dates, digits, pattern, order);
+        collect(dates, digits, pattern, style);
     }
     return dates;
 }

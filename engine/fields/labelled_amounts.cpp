@@ -21,7 +21,7 @@ constexpr double wholeNumber = 0.5;
 constexpr double wholeNumberAmongPrices = 0.15;
 // "Total 4815" among prices with decimals: the point was too faint.
 constexpr double lostDecimalSign = 0.35;
-constexpr qint64 leastWithoutSign = 100;
+constexpr qint64 leastWithoutSign = 1000; // "100": hundredths as thousandths
 constexpr double inTaxTable = 0.25;
 
 qsizetype letterCount(QStringView text) {
@@ -38,15 +38,17 @@ QString withoutMinus(QString line) {
 // One line's amounts, each with the label before it.
 class LineAmounts {
 public:
-    LineAmounts(const QString &line, QString inheritedLabel)
-        : label_(std::move(inheritedLabel)) {
-        text_ = repairedPrices(line);
-        const AmountRole role = amountRole(text_);
+    LineAmounts(const QString &line, QString inheritedLabel, const AmountRoles &roles,
+                const PriceStyle &style)
+        : label_(std::move(inheritedLabel))
+        , roles_(roles) {
+        text_ = style.decimals == 2 ? repairedPrices(line) : line;
+        const AmountRole role = roles_.role(text_);
         if (role == AmountRole::Tendered || role == AmountRole::Card || role == AmountRole::Rounding ||
             role == AmountRole::Discount) {
             text_ = withoutMinus(text_);
         }
-        numbers_ = printedNumbers(text_);
+        numbers_ = printedNumbers(text_, style);
         const bool hasPrices = std::ranges::any_of(numbers_, &PrintedNumber::hasDecimals);
         numbers_.removeIf([hasPrices](const PrintedNumber &number) {
             return hasPrices && !number.hasDecimals && !number.hasCurrency;
@@ -69,8 +71,8 @@ public:
             for (qsizetype index = firstOfLabel; index < found.size(); ++index) {
                 found[index].weight = notTheLast;
             }
-            found.append({.cents = std::llround(number.value * 100),
-                          .role = amountRole(label_),
+            found.append({.thousandths = std::llround(number.value * 1000),
+                          .role = roles_.role(label_),
                           .hasDecimals = number.hasDecimals,
                           .hasCurrency = number.hasCurrency});
             end = number.start + number.length;
@@ -81,20 +83,22 @@ public:
 private:
     QString text_;
     QString label_;
+    const AmountRoles &roles_;
     QList<PrintedNumber> numbers_;
 };
 
 } // namespace
 
-QList<LabelledAmount> labelledAmounts(const Reading &reading) {
+QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles &roles,
+                                      const PriceStyle &style) {
     QList<LabelledAmount> all;
     bool isInTaxTable = false;
     QString labelAbove;
     for (qsizetype index = 0; index < reading.size(); ++index) {
         const TextLine &line = reading[index];
-        isInTaxTable = isInTaxTable || startsTaxTable(line.text);
+        isInTaxTable = isInTaxTable || roles.startsTaxTable(line.text);
         const bool standsAlone = letterCount(line.text) <= 3;
-        LineAmounts amounts(line.text, standsAlone ? labelAbove : QString());
+        LineAmounts amounts(line.text, standsAlone ? labelAbove : QString(), roles, style);
         labelAbove = amounts.isEmpty() ? line.text : QString();
         for (LabelledAmount amount : amounts.amounts()) {
             amount.line = index;
@@ -109,15 +113,16 @@ QList<LabelledAmount> labelledAmounts(const Reading &reading) {
         }
         const bool isPayable = amount.role == AmountRole::Total || amount.role == AmountRole::FinalTotal ||
                                amount.role == AmountRole::Tendered;
-        const bool lacksDecimalSign = hasPrices && isPayable && amount.cents >= leastWithoutSign * 100;
+        const bool lacksDecimalSign = hasPrices && isPayable && amount.thousandths >= leastWithoutSign * 100;
         if (lacksDecimalSign) {
-            amount.cents /= 100;
+            amount.thousandths /= 100;
         }
         amount.weight *=
             lacksDecimalSign ? lostDecimalSign : (hasPrices ? wholeNumberAmongPrices : wholeNumber);
     }
-    for (const qint64 total : taxTableTotals(reading)) {
-        all.append({.cents = total, .role = AmountRole::Taxed, .hasDecimals = true, .line = reading.size()});
+    for (const qint64 total : taxTableTotals(reading, roles, style)) {
+        all.append(
+            {.thousandths = total, .role = AmountRole::Taxed, .hasDecimals = true, .line = reading.size()});
     }
     return all;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/fields/amount_roles.h"
+#include "engine/knowledge/currency_table.h"
 #include "engine/recognition/text_line.h"
 
 #include <QList>
@@ -9,7 +10,7 @@ namespace fennick::engine {
 
 // An amount and what it is said to be.
 struct LabelledAmount {
-    qint64 cents = 0; // hundredths of the currency's unit
+    qint64 thousandths = 0; // of the currency's unit: some have three decimals
     AmountRole role = AmountRole::Unnamed;
     // 0 to 1: how surely this is the amount that the label means. Less for one of several behind a label, for
     // whole numbers, in a table of taxes, and where recognition was unsure.
@@ -20,7 +21,9 @@ struct LabelledAmount {
 };
 
 // Every amount of `reading`, from top to bottom and left to right. A label stands before its amount, on the
-// same line or on the one above. Last come the sums that its table of taxes proves.
-QList<LabelledAmount> labelledAmounts(const Reading &reading);
+// same line or on the one above. Last come the sums that its table of taxes proves. `style` is that of the
+// reading's currency.
+[[nodiscard]] QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles &roles,
+                                                    const PriceStyle &style);
 
 } // namespace fennick::engine

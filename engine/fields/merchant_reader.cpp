@@ -2,7 +2,6 @@
 
 #include "engine/fields/company_names.h"
 #include "engine/fields/edit_distance.h"
-#include "engine/fields/merchant_lines.h"
 #include "engine/fields/number_reader.h"
 #include "engine/fields/text_vote.h"
 #include "engine/knowledge/words.h"
@@ -48,8 +47,8 @@ bool isItem(const QString &line) {
     return std::ranges::any_of(printedNumbers(line), &PrintedNumber::hasDecimals);
 }
 
-bool canBeName(const QString &line, const QString &name) {
-    return isMostlyLetters(name) && !isHeading(name) && !isDetail(name) && !isItem(line);
+bool canBeName(const QString &line, const QString &name, const MerchantLines &lines) {
+    return isMostlyLetters(name) && !lines.isHeading(name) && !lines.isDetail(name) && !isItem(line);
 }
 
 // Scribbles and logos come out as many short words or signs: "o ku wz", "EA 7 Vi".
@@ -69,29 +68,30 @@ double wordQuality(const QString &name) {
 // Whether the name goes on in the line below: brackets that are still open, or a line that begins no name by
 // itself.
 bool goesOn(const TextLine &line, const TextLine &next, const QString &name, const QString &nextName,
-            double typical) {
-    if (next.page != line.page || hasLegalForm(name)) {
+            double typical, const MerchantLines &lines) {
+    if (next.page != line.page || lines.hasLegalForm(name)) {
         return false;
     }
-    if (isOnlyLegalForm(nextName) || name.count(u'(') > name.count(u')') || nextName.startsWith(u'(') ||
-        nextName.startsWith(u'&') || name.endsWith(u'&')) {
+    if (isOnlyLegalForm(nextName, lines) || name.count(u'(') > name.count(u')') ||
+        nextName.startsWith(u'(') || nextName.startsWith(u'&') || name.endsWith(u'&')) {
         return true;
     }
     const double taller = std::max(line.box.height(), next.box.height());
     const bool areAlike = std::abs(line.box.height() - next.box.height()) <= sameHeight * taller;
     const bool areLarge = std::min(line.box.height(), next.box.height()) >= largePrint * typical;
-    return areAlike && areLarge && hasLegalForm(nextName);
+    return areAlike && areLarge && lines.hasLegalForm(nextName);
 }
 
 // The candidates of one reading, best first.
 class ReadingNames {
 public:
-    explicit ReadingNames(const Reading &reading)
-        : reading_(reading.first(std::min(linesLookedAt, reading.size())))
+    ReadingNames(const Reading &reading, const MerchantLines &lines)
+        : lines_(lines)
+        , reading_(reading.first(std::min(linesLookedAt, reading.size())))
         , typical_(typicalHeight(reading)) {
         qsizetype anotherUntil = -1;
         for (qsizetype index = 0; index < reading_.size(); ++index) {
-            if (introducesAnother(reading_[index].text)) {
+            if (lines_.introducesAnother(reading_[index].text)) {
                 anotherUntil = index + linesOfAnother;
             }
             if (index > anotherUntil) {
@@ -105,34 +105,36 @@ public:
 private:
     void add(qsizetype index) {
         const TextLine &line = reading_[index];
-        QString name = companyName(line.text);
-        if (line.confidence < leastConfidence || !canBeName(line.text, name)) {
+        QString name = companyName(line.text, lines_);
+        if (line.confidence < leastConfidence || !canBeName(line.text, name, lines_)) {
             return;
         }
         double points = 3 - 0.35 * static_cast<double>(index) + wordQuality(name);
-        points += isRegistration(line.text) ? 1.5 : 0;
+        points += lines_.isRegistration(line.text) ? 1.5 : 0;
         points += line.box.height() >= largePrint * typical_ ? 0.5 : 0;
         qsizetype last = index;
         while (last + 1 < reading_.size()) {
             const TextLine &next = reading_[last + 1];
-            const QString nextName = companyName(next.text);
-            if (!isMostlyLetters(nextName) || isHeading(nextName) || isItem(next.text) ||
-                !goesOn(reading_[last], next, name, nextName, typical_)) {
+            const QString nextName = companyName(next.text, lines_);
+            if (!isMostlyLetters(nextName) || lines_.isHeading(nextName) || isItem(next.text) ||
+                !goesOn(reading_[last], next, name, nextName, typical_, lines_)) {
                 break;
             }
             name += u' ' + nextName;
             ++last;
         }
-        points += hasLegalForm(name) ? 4 : (hasBusinessWord(name) ? 2 : 0);
-        const bool isRegistered = last + 1 < reading_.size() && isRegistration(reading_[last + 1].text);
+        points += lines_.hasLegalForm(name) ? 4 : (lines_.hasBusinessWord(name) ? 2 : 0);
+        const bool isRegistered =
+            last + 1 < reading_.size() && lines_.isRegistration(reading_[last + 1].text);
         points += isRegistered ? 1 : 0;
         points += hasProperName_ ? 0 : 1;
         hasProperName_ = hasProperName_ || wordQuality(name) >= 0;
-        points -= isOnlyLegalForm(name) ? 4 : 0;
+        points -= isOnlyLegalForm(name, lines_) ? 4 : 0;
         const double trust = line.confidence < trustedConfidence ? 0.4 : 1;
         candidates_.append({name, points * trust * (0.4 + 0.6 * line.confidence), line.confidence});
     }
 
+    const MerchantLines &lines_;
     Reading reading_;
     double typical_;
     QList<NameCandidate> candidates_;
@@ -182,10 +184,10 @@ struct NameGroup {
 
 } // namespace
 
-std::optional<QString> readMerchant(const QList<Reading> &readings) {
+std::optional<QString> readMerchant(const QList<Reading> &readings, const MerchantLines &lines) {
     QList<NameGroup> groups;
     for (const Reading &reading : readings) {
-        const ReadingNames names(reading);
+        const ReadingNames names(reading, lines);
         for (const NameCandidate &candidate : names.candidates()) {
             const auto group =
                 std::ranges::find_if(groups, [&](const NameGroup &known) { return known.takes(candidate); });

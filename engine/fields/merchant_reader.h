@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/fields/merchant_lines.h"
 #include "engine/recognition/text_line.h"
 
 #include <QList>
@@ -13,6 +14,6 @@ namespace fennick::engine {
 // top and is no heading ("Invoice"), address, number or greeting; a legal form (Ltd, Sdn Bhd), the
 // registration number that belongs to it and large print speak for a line. The readings vote; a name in large
 // print may run over several lines.
-std::optional<QString> readMerchant(const QList<Reading> &readings);
+[[nodiscard]] std::optional<QString> readMerchant(const QList<Reading> &readings, const MerchantLines &lines);
 
 } // namespace fennick::engine

@@ -15,27 +15,81 @@ namespace {
 // Digits with groups of three (Indian ones of two before the last) and at most two decimals. A space groups
 // only where a decimal comma or a currency that is written so follows, so that "2 100.00" on an item line
 // stays two numbers.
-const QRegularExpression &numberPattern() {
+const QRegularExpression &twoDecimals() {
     static const QRegularExpression pattern(
-        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,2}(?:,\d{2})+,\d{3}|\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:kr|€|EUR|SEK)(?!\p{L}))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,2}(?:,\d{2})+,\d{3}|\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:kr|€|EUR|SEK|NOK|DKK|Kč|CZK|zł|PLN)(?!\p{L}))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
     return pattern;
 }
 
-// 1.234,56: the last separator counts as decimal sign when exactly two digits follow it.
-PrintedNumber parsed(const QString &text) {
+const QRegularExpression &threeDecimals() {
+    static const QRegularExpression pattern(
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,']\d{3})*[.,]\d{3}|\d+)(?:[.,]\d{2,3})?(?!\d))"_s);
+    return pattern;
+}
+
+// "175, 000": recognition sees a blank behind a comma. Few tills print two noughts all the same.
+const QRegularExpression &wholeNumbers() {
+    static const QRegularExpression pattern(
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’]\s?\d{3})+|\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:Ft|HUF|đ|₫|VND|F|Rp|kr)(?!\p{L}))|\d+)(?:[.,]\d{2}(?!\d))?)"_s);
+    return pattern;
+}
+
+const QRegularExpression &wholeNumbersWithSpaces() {
+    static const QRegularExpression pattern(
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’ \x{a0}\x{202f}]\d{3})+|\d+)(?:[.,]\d{2}(?!\d))?(?!\d))"_s);
+    return pattern;
+}
+
+const QRegularExpression &numberPattern(const PriceStyle &style) {
+    if (style.decimals == 3) {
+        return threeDecimals();
+    }
+    if (style.decimals == 2) {
+        return twoDecimals();
+    }
+    return style.groupsWithSpaces ? wholeNumbersWithSpaces() : wholeNumbers();
+}
+
+bool isSeparator(QChar character) {
+    return character == u'.' || character == u',';
+}
+
+// Where in `text` the decimal sign stands: as many digits follow it as prices have, two at any rate.
+qsizetype decimalSign(const QString &text, int decimals) {
+    for (const int digits : {decimals, 2}) {
+        const qsizetype sign = text.size() - digits - 1;
+        if (digits > 0 && sign > 0 && isSeparator(text[sign])) {
+            return sign;
+        }
+    }
+    return -1;
+}
+
+// Longer ones without groups are numbers of receipts, telephones and taxpayers.
+constexpr qsizetype mostDigits = 7;
+
+PrintedNumber parsed(const QString &text, int decimals) {
     PrintedNumber number;
+    const qsizetype sign = decimalSign(text, decimals);
     QString digits;
-    const qsizetype sign = text.size() - 3;
     for (qsizetype index = 0; index < text.size(); ++index) {
         if (text[index].isDigit()) {
             digits += text[index];
-        } else if (index == sign && (text[index] == u'.' || text[index] == u',')) {
+        } else if (index == sign) {
             digits += u'.';
-            number.hasDecimals = true;
         }
     }
+    const bool isWholePrice =
+        decimals == 0 && text.size() > 1 && (digits.size() != text.size() || digits.size() <= mostDigits);
+    number.hasDecimals = sign >= 0 || isWholePrice;
     number.value = digits.toDouble();
     return number;
+}
+
+// "29:-", "45.-", "12,–": so many and no hundredths.
+qsizetype lengthOfDash(const QString &line, qsizetype end) {
+    static const QRegularExpression dash(uR"(\G\s?[:.,]\s?[\-–—]{1,2}(?![\d\p{L}]))"_s);
+    return dash.match(line, end).capturedLength();
 }
 
 // What follows decides whether the digits were a price at all.
@@ -54,18 +108,21 @@ bool isPartOfSomethingElse(const QString &line, qsizetype start, qsizetype end) 
 
 } // namespace
 
-QList<PrintedNumber> printedNumbers(const QString &line) {
+QList<PrintedNumber> printedNumbers(const QString &line, const PriceStyle &style) {
     QList<PrintedNumber> numbers;
-    QRegularExpressionMatchIterator matches = numberPattern().globalMatch(line);
+    QRegularExpressionMatchIterator matches = numberPattern(style).globalMatch(line);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        if (isPartOfSomethingElse(line, match.capturedStart(), match.capturedEnd())) {
+        const qsizetype dash = lengthOfDash(line, match.capturedEnd());
+        const qsizetype end = match.capturedEnd() + dash;
+        if (isPartOfSomethingElse(line, match.capturedStart(), end)) {
             continue;
         }
-        PrintedNumber number = parsed(match.captured());
+        PrintedNumber number = parsed(match.captured(), style.decimals);
+        number.hasDecimals = number.hasDecimals || dash > 0;
         number.start = match.capturedStart();
-        number.length = match.capturedLength();
-        number.hasCurrency = hasCurrencyBeside(line, number.start, match.capturedEnd());
+        number.length = end - number.start;
+        number.hasCurrency = hasCurrencyBeside(line, number.start, end);
         numbers.append(number);
     }
     return numbers;

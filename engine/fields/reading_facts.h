@@ -1,7 +1,9 @@
 #pragma once
 
 #include "engine/fields/brand_reader.h"
+#include "engine/fields/country_evidence.h"
 #include "engine/fields/labelled_amounts.h"
+#include "engine/knowledge/word_table.h"
 #include "engine/recognition/text_line.h"
 
 namespace fennick::engine {
@@ -9,8 +11,11 @@ namespace fennick::engine {
 // What one reading says by itself. Computed once; the fields are votes over the facts of all readings.
 struct ReadingFacts {
     Reading lines;
-    QList<LabelledAmount> amounts;
     BrandScores brands;
+    CountryScores countries; // without what the brand says of them
+    Languages languages;
+    QList<LabelledAmount> amounts;
+    bool isRefund = false; // the amounts were given back
 };
 
 [[nodiscard]] ReadingFacts factsOf(const Reading &lines);

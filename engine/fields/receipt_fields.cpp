@@ -39,43 +39,57 @@ std::optional<QString> voted(const QMap<QString, int> &votes, qsizetype readings
     return best != votes.end() && leastShare * *best >= readings ? std::optional(best.key()) : std::nullopt;
 }
 
-Origin originOf(const QList<Reading> &readings, const std::optional<FoundBrand> &brand) {
+Origin originOf(const QList<ReadingFacts> &facts, const std::optional<FoundBrand> &brand) {
     const QStringList brandCountries = brand ? brand->countries : QStringList();
     QMap<QString, int> countries;
     QMap<QString, int> currencies;
-    for (const Reading &reading : readings) {
-        const CountryScores scores = countryScores(reading, brandCountries);
+    for (const ReadingFacts &reading : facts) {
+        const CountryScores scores = withBrand(reading.countries, brandCountries);
         if (const std::optional<QString> country = likeliestCountry(scores)) {
             ++countries[*country];
         }
-        if (const std::optional<QString> currency = readCurrency(reading, scores)) {
+        if (const std::optional<QString> currency = readCurrency(reading.lines, scores)) {
             ++currencies[*currency];
         }
     }
-    return {voted(countries, readings.size()), voted(currencies, readings.size())};
+    return {voted(countries, facts.size()), voted(currencies, facts.size())};
+}
+
+Languages languagesOf(const QList<ReadingFacts> &facts) {
+    Languages languages;
+    for (const ReadingFacts &reading : facts) {
+        languages.unite(reading.languages);
+    }
+    return languages;
 }
 
 // Without a country, its currency stands for it.
-DayMonthOrder orderFor(const Origin &origin) {
+DateStyle dateStyleOf(const Origin &origin, const Languages &languages) {
     const auto isIt = [&](const Country &country) {
         return origin.country ? country.code == origin.country : country.currency == origin.currency;
     };
     const auto country = std::ranges::find_if(countries(), isIt);
-    const bool isMonthFirst = country != countries().cend() && country->isMonthFirst;
-    return isMonthFirst ? DayMonthOrder::MonthFirst : DayMonthOrder::DayFirst;
+    DateStyle style{.languages = languages};
+    if (country != countries().cend()) {
+        style.order = country->dateOrder;
+        style.hasBuddhistYears = country->hasBuddhistYears;
+    }
+    return style;
 }
 
-std::optional<FoundDate> foundDate(const QList<Reading> &readings, const Origin &origin, QDate today) {
-    return readDate(readings, printedOrder(readings, orderFor(origin)), today);
+std::optional<FoundDate> foundDate(const QList<Reading> &readings, DateStyle style, QDate today) {
+    style.order = printedOrder(readings, style);
+    return readDate(readings, style, today);
 }
 
 // The time that most readings have; of equals, the one of the earliest.
-std::optional<QTime> votedTime(const QList<Reading> &readings, const std::optional<FoundDate> &date) {
+std::optional<QTime> votedTime(const QList<Reading> &readings, const std::optional<FoundDate> &date,
+                               const Languages &languages) {
     QMap<QTime, int> votes;
     std::optional<QTime> best;
     for (qsizetype index = 0; index < readings.size(); ++index) {
         const std::optional<QTime> time =
-            readTime(readings[index], date ? date->lines.value(index) : std::nullopt);
+            readTime(readings[index], date ? date->lines.value(index) : std::nullopt, languages);
         if (time) {
             ++votes[*time];
         }
@@ -89,24 +103,27 @@ std::optional<QTime> votedTime(const QList<Reading> &readings, const std::option
 // A company's full name or one that holds the brand says more than the brand; any other line may be a slogan
 // or an address.
 std::optional<QString> sellerOf(const std::optional<QString> &merchant,
-                                const std::optional<FoundBrand> &brand) {
+                                const std::optional<FoundBrand> &brand, const MerchantLines &lines) {
     if (!merchant || !brand) {
         return merchant ? merchant : (brand ? std::optional(brand->name) : std::nullopt);
     }
     const bool holdsBrand =
         containsPhrase(withoutAccents(wordsOf(*merchant)), withoutAccents(wordsOf(brand->name)).trimmed());
-    const bool isName = hasLegalForm(*merchant) || (hasBusinessWord(*merchant) && !brand->isProven);
+    const bool isName =
+        lines.hasLegalForm(*merchant) || (lines.hasBusinessWord(*merchant) && !brand->isProven);
     return holdsBrand || isName ? *merchant : brand->name;
 }
 
 // What the brand stands for, unless the shop only bears a word of it in its name: "Driftwood Coffee Roasters"
 // is no hotel of the brand Driftwood.
-QStringList categoriesOf(const std::optional<FoundBrand> &brand, const std::optional<QString> &seller) {
+QStringList categoriesOf(const std::optional<FoundBrand> &brand, const std::optional<QString> &seller,
+                         const MerchantLines &lines) {
     if (!brand) {
         return {};
     }
     const bool isBrand = !seller || withoutAccents(wordsOf(*seller)) == withoutAccents(wordsOf(brand->name));
-    return isBrand || hasLegalForm(*seller) || !hasBusinessWord(*seller) ? brand->categories : QStringList();
+    return isBrand || lines.hasLegalForm(*seller) || !lines.hasBusinessWord(*seller) ? brand->categories
+                                                                                     : QStringList();
 }
 
 ReceiptFields noReceipt() {
@@ -131,7 +148,12 @@ std::optional<FoundBrand> brandOf(const QList<ReadingFacts> &facts) {
 std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts) {
     QList<QList<LabelledAmount>> amounts;
     std::ranges::transform(facts, std::back_inserter(amounts), &ReadingFacts::amounts);
-    return readAmount(amounts);
+    std::optional<FoundAmount> found = readAmount(amounts);
+    const auto refunds = std::ranges::count_if(facts, &ReadingFacts::isRefund);
+    if (found && 2 * refunds > facts.size()) {
+        found->amount = -found->amount;
+    }
+    return found;
 }
 
 } // namespace
@@ -141,10 +163,12 @@ ReceiptFields readReceipt(const QList<ReadingFacts> &facts, QDate today) {
     const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
     ReceiptFields fields;
     const std::optional<FoundBrand> brand = brandOf(facts);
-    const Origin origin = originOf(readings, brand);
+    const Origin origin = originOf(facts, brand);
+    const Languages languages = languagesOf(facts);
+    const MerchantLines merchantLines(languages);
     fields.currency = origin.currency;
     const std::optional<FoundAmount> amount = amountOf(facts);
-    const std::optional<FoundDate> date = foundDate(readings, origin, today);
+    const std::optional<FoundDate> date = foundDate(readings, dateStyleOf(origin, languages), today);
     if (!date && !amount) {
         return noReceipt();
     }
@@ -155,10 +179,10 @@ ReceiptFields readReceipt(const QList<ReadingFacts> &facts, QDate today) {
     if (date) {
         fields.date = date->date;
     }
-    fields.time = votedTime(readings, date);
-    fields.location = sellerOf(readMerchant(readings), brand);
-    fields.category =
-        readCategory(allLines, fields.location, fields.time, categoriesOf(brand, fields.location));
+    fields.time = votedTime(readings, date, languages);
+    fields.location = sellerOf(readMerchant(readings, merchantLines), brand, merchantLines);
+    fields.category = readCategory(allLines, fields.location, fields.time,
+                                   categoriesOf(brand, fields.location, merchantLines));
     fields.summary = summaryOf(fields);
     return fields;
 }
@@ -168,8 +192,9 @@ bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today) {
     if (!amount || !amount->isCertain) {
         return false;
     }
-    const QList<Reading> readings = linesOf(facts);
-    const std::optional<FoundDate> date = foundDate(readings, originOf(readings, brandOf(facts)), today);
+    const Origin origin = originOf(facts, brandOf(facts));
+    const std::optional<FoundDate> date =
+        foundDate(linesOf(facts), dateStyleOf(origin, languagesOf(facts)), today);
     return date && date->isCertain;
 }
 

@@ -1,12 +1,9 @@
 #include "engine/fields/tax_table.h"
 
-#include "engine/fields/amount_roles.h"
 #include "engine/fields/number_reader.h"
 #include "engine/fields/price_repair.h"
-#include "engine/knowledge/words.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
@@ -21,13 +18,13 @@ namespace {
 constexpr double lowestRate = 1;
 constexpr double highestRate = 30; // per cent; Hungary's 27 is the highest in use
 // Below this any two prices fit one rate or another.
-constexpr qint64 leastTax = 10;
+constexpr qint64 leastTax = 100; // thousandths
 // Rates of many countries, for rows whose own was not read; with a tax this large two wrong prices rarely fit
 // any of them.
 const QList<double> usualRates = {5, 6, 7, 8, 10, 19, 20, 21, 22, 25};
-constexpr qint64 leastUnratedTax = 60;
+constexpr qint64 leastUnratedTax = 600;
 // Taxes of several items are rounded one by one.
-constexpr double roundingError = 1.01;
+constexpr double roundingError = 10.1;
 // Rows of goods without tax stand right beside those with.
 constexpr qsizetype rowsBetween = 2;
 
@@ -80,32 +77,20 @@ std::optional<TaxRow> taxRow(const QList<qint64> &prices, const QList<double> &r
     return std::nullopt;
 }
 
-// "Tax code  %  Amount  GST": above such a table stand the things bought, "10 x  1.50  15.00", among which
-// a price and its tenth are a quantity, not a tax.
-bool headsTheTable(const QString &line) {
-    static const QStringList taxes = {u"tax"_s, u"gst"_s, u"vat"_s, u"sst"_s,  u"mwst"_s,
-                                      u"ust"_s, u"tva"_s, u"iva"_s, u"moms"_s, u"btw"_s};
-    static const QStringList columns = {u"code"_s,    u"amount"_s,  u"amt"_s,     u"net"_s,    u"rate"_s,
-                                        u"summary"_s, u"taxable"_s, u"netto"_s,   u"brutto"_s, u"satz"_s,
-                                        u"base"_s,    u"taux"_s,    u"analysis"_s};
-    const QString words = wordsOf(line);
-    return startsTaxTable(line) || (containsAnyPhrase(words, taxes) && containsAnyPhrase(words, columns));
-}
-
-QList<qint64> pricesOf(const QString &text) {
+QList<qint64> pricesOf(const QString &text, const PriceStyle &style) {
     QList<qint64> prices;
-    const QList<PrintedNumber> numbers = printedNumbers(text);
+    const QList<PrintedNumber> numbers = printedNumbers(text, style);
     for (const PrintedNumber &number : numbers) {
         if (number.hasDecimals) {
-            prices.append(std::llround(number.value * 100));
+            prices.append(std::llround(number.value * 1000));
         }
     }
     return prices;
 }
 
 // "10 % discount  45.00  4.50" has the same shape.
-bool isReduction(const QString &text) {
-    const AmountRole role = amountRole(text);
+bool isReduction(const QString &text, const AmountRoles &roles) {
+    const AmountRole role = roles.role(text);
     return role == AmountRole::Discount || role == AmountRole::Charge;
 }
 
@@ -114,7 +99,7 @@ std::optional<TaxRow> rowWithItsRate(const QString &text, const QList<qint64> &p
     static const QRegularExpression standingAlone(uR"((?<![\w.,])(\d{1,2}(?:[.,]\d{1,2})?)(?![\w.,]))"_s);
     for (const double rate : rates(text, standingAlone)) {
         QList<qint64> others = prices;
-        others.removeOne(std::llround(rate * 100));
+        others.removeOne(std::llround(rate * 1000));
         if (const std::optional<TaxRow> row = taxRow(others, {rate}, leastTax)) {
             return row;
         }
@@ -122,15 +107,18 @@ std::optional<TaxRow> rowWithItsRate(const QString &text, const QList<qint64> &p
     return std::nullopt;
 }
 
-QList<TaxRow> taxRows(const Reading &reading) {
+QList<TaxRow> taxRows(const Reading &reading, const AmountRoles &roles, const PriceStyle &style) {
     const QList<double> everywhere = percentages(reading);
     bool isInTable = false;
     QList<TaxRow> rows;
     for (qsizetype index = 0; index < reading.size(); ++index) {
-        const QString text = repairedPrices(reading[index].text);
-        const QList<qint64> prices = pricesOf(text);
-        isInTable = isInTable || (prices.isEmpty() && headsTheTable(text));
-        if (prices.size() < 2 || isReduction(text)) {
+        const QString &line = reading[index].text;
+        const QString text = style.decimals == 2 ? repairedPrices(line) : line;
+        const QList<qint64> prices = pricesOf(text, style);
+        // Above such a heading stand the things bought, "10 x  1.50  15.00", among which a price and its
+        // tenth are a quantity, not a tax.
+        isInTable = isInTable || (prices.isEmpty() && roles.namesTaxColumns(text));
+        if (prices.size() < 2 || isReduction(text, roles)) {
             continue;
         }
         std::optional<TaxRow> row = taxRow(prices, everywhere, leastTax);
@@ -155,10 +143,10 @@ QList<TaxRow> taxRows(const Reading &reading) {
 
 } // namespace
 
-QList<qint64> taxTableTotals(const Reading &reading) {
+QList<qint64> taxTableTotals(const Reading &reading, const AmountRoles &roles, const PriceStyle &style) {
     QList<qint64> totals;
     qint64 sum = 0;
-    const QList<TaxRow> rows = taxRows(reading);
+    const QList<TaxRow> rows = taxRows(reading, roles, style);
     for (const TaxRow &row : rows) {
         sum += row.net + row.tax;
         for (const qint64 total : {row.net + row.tax, sum}) {

@@ -1,14 +1,18 @@
 #pragma once
 
+#include "engine/fields/amount_roles.h"
+#include "engine/knowledge/currency_table.h"
 #include "engine/recognition/text_line.h"
 
 #include <QList>
 
 namespace fennick::engine {
 
-// What the rows of a receipt's table of taxes come to, in cents: net amount and tax of each row together, and
-// of all rows. A row is two prices of which one is the tax on the other at a rate that the receipt prints
+// What the rows of a receipt's table of taxes come to, in thousandths of the currency's unit: net amount and
+// tax of each row together, and of all rows. A row is two prices of which one is the tax on the other at a
+// rate that the receipt prints
 // ("6 %  56.60  3.40"), so that it proves itself: two misread prices hardly ever fit.
-QList<qint64> taxTableTotals(const Reading &reading);
+[[nodiscard]] QList<qint64> taxTableTotals(const Reading &reading, const AmountRoles &roles,
+                                           const PriceStyle &style);
 
 } // namespace fennick::engine

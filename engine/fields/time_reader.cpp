@@ -34,7 +34,12 @@ std::optional<QTime> firstTime(const QString &line) {
         uR"((?<![\d:.,])(?<hour>\d{1,2})\s?[:h]\s?(?<minute>[0-5]\d)(?:\s?:\s?[0-5]\d)?(?!\d)(?:\s*(?<half>[AaPp])\.?\s?[Mm]\b)?)"_s);
     static const QRegularExpression points(
         uR"((?<![\d:.,])(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?![.,]?\d)(?:\s*(?<half>[AaPp])\.?[Mm]\b|\s*Uhr\b))"_s);
-    for (const QRegularExpression &pattern : {colons, points}) {
+    // With a point it is a time behind a date or a word for it only: "12.5.2024 14.32", "klo 14.32",
+    // "Jam 14.32".
+    static const QRegularExpression introduced(
+        uR"((?:(?<!\d)\d{1,4}[./\-]\d{1,2}[./\-]\d{1,4}[\s,]{1,3}|\b(?:kl\.?|klo|ore|jam|pukul|godz\.?|ob|alle)\s?)(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?!\d|[.,]\d))"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    for (const QRegularExpression &pattern : {colons, points, introduced}) {
         QRegularExpressionMatchIterator matches = pattern.globalMatch(line);
         while (matches.hasNext()) {
             const QTime time = parsed(matches.next());
@@ -46,21 +51,19 @@ std::optional<QTime> firstTime(const QString &line) {
     return std::nullopt;
 }
 
-bool tellsOpeningHours(const QString &line) {
+bool tellsOpeningHours(const QString &line, const QStringList &words) {
     static const QRegularExpression span(
         uR"(\d{1,2}[:.]\d{2}\s*(?:[AaPp]\.?[Mm]\.?)?\s*(?:-|–|—|to|bis)\s*\d{1,2}[:.]\d{2})"_s);
-    static const QStringList words = {u"open"_s, u"opening"_s, u"hours"_s, u"öffnungszeiten"_s,
-                                      u"geöffnet"_s};
-    return span.match(line).hasMatch() || containsAnyPhrase(wordsOf(line), words);
+    return span.match(line).hasMatch() || containsAnyPhrase(withoutAccents(wordsOf(line)), words);
 }
 
 // Lower is better.
-qsizetype distance(const QString &line, qsizetype index, std::optional<qsizetype> dateLine) {
-    static const QStringList labels = {u"time"_s, u"uhrzeit"_s, u"zeit"_s, u"heure"_s, u"uhr"_s, u"hora"_s};
+qsizetype distance(const QString &line, qsizetype index, std::optional<qsizetype> dateLine,
+                   const QStringList &labels) {
     if (index == dateLine) {
         return -2;
     }
-    if (containsAnyPhrase(wordsOf(line), labels)) {
+    if (containsAnyPhrase(withoutAccents(wordsOf(line)), labels)) {
         return -1;
     }
     return dateLine ? std::abs(index - *dateLine) : index;
@@ -68,16 +71,19 @@ qsizetype distance(const QString &line, qsizetype index, std::optional<qsizetype
 
 } // namespace
 
-std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine) {
+std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine,
+                              const Languages &languages) {
+    const QStringList labels = dateWords().phrases(u"time"_s, languages);
+    const QStringList hours = dateWords().phrases(u"hours"_s, languages);
     std::optional<QTime> best;
     qsizetype bestDistance = 0;
     for (qsizetype index = 0; index < lines.size(); ++index) {
         const QString &line = lines[index].text;
         const std::optional<QTime> time = firstTime(line);
-        if (!time || (index != dateLine && tellsOpeningHours(line))) {
+        if (!time || (index != dateLine && tellsOpeningHours(line, hours))) {
             continue;
         }
-        const qsizetype away = distance(line, index, dateLine);
+        const qsizetype away = distance(line, index, dateLine, labels);
         if (best && away >= bestDistance) {
             continue;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/knowledge/word_table.h"
 #include "engine/recognition/text_line.h"
 
 #include <QList>
@@ -12,6 +13,7 @@ namespace fennick::engine {
 // The time of the purchase, to the minute: 14:32, 2:32 PM, 14h32, 14.32 Uhr. The one beside the date (on line
 // `dateLine`) wins, then a labelled one, then the one nearest to the date; opening hours ("9:00 - 18:00") do
 // not count.
-std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine);
+[[nodiscard]] std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine,
+                                            const Languages &languages);
 
 } // namespace fennick::engine

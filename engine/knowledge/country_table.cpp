@@ -29,7 +29,12 @@ void set(Country &country, const QString &kind, const QString &value) {
     if (kind == u"currency") {
         country.currency = value;
     } else if (kind == u"order") {
-        country.isMonthFirst = value == u"month first";
+        country.dateOrder = value == u"month first" ? DateOrder::MonthFirst : DateOrder::YearFirst;
+    } else if (kind == u"calendar") {
+        country.hasBuddhistYears = value == u"buddhist";
+    } else if (kind == u"languages") {
+        const QStringList codes = value.split(u", "_s);
+        country.languages = Languages(codes.cbegin(), codes.cend());
     } else if (kind == u"dial") {
         country.dialCode = value;
     } else if (kind == u"domain") {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/knowledge/word_table.h"
+
 #include <QList>
 #include <QRegularExpression>
 #include <QString>
@@ -7,12 +9,21 @@
 
 namespace fennick::engine {
 
+// How to read 03/04/05, where nothing in it tells which of the numbers is which.
+enum class DateOrder {
+    DayFirst,
+    MonthFirst,
+    YearFirst,
+};
+
 // What on a receipt points to one country. Phrases are words without accents, as wordsOf() gives them.
 struct Country {
     QString code;     // ISO 3166-1
     QString currency; // ISO 4217
-    bool isMonthFirst = false;
-    QString dialCode; // empty if it is no evidence
+    DateOrder dateOrder = DateOrder::DayFirst;
+    bool hasBuddhistYears = false;
+    Languages languages; // besides English
+    QString dialCode;    // empty if it is no evidence
     QString domain;
     QStringList places;
     QStringList words;

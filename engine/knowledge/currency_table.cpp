@@ -3,6 +3,7 @@
 #include "engine/knowledge/country_table.h"
 #include "engine/knowledge/table_file.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace fennick::engine {
@@ -42,7 +43,25 @@ QList<CurrencySign> loadedSigns() {
     return signs;
 }
 
+QHash<QString, PriceStyle> loadedStyles() {
+    QHash<QString, PriceStyle> styles;
+    const QList<QStringList> rows = tableRows(u":/engine/minor_units.txt"_s);
+    for (const QStringList &row : rows) {
+        const QStringList codes = row.value(2).split(u',');
+        for (const QString &code : codes) {
+            styles.insert(code.trimmed(),
+                          {.decimals = row.value(0).toInt(), .groupsWithSpaces = row.value(1) == u"space"});
+        }
+    }
+    return styles;
+}
+
 } // namespace
+
+PriceStyle priceStyle(const std::optional<QString> &currency) {
+    static const QHash<QString, PriceStyle> styles = loadedStyles();
+    return currency ? styles.value(*currency) : PriceStyle();
+}
 
 const QList<CurrencySign> &currencySigns() {
     static const QList<CurrencySign> signs = loadedSigns();

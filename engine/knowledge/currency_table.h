@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <optional>
+
 namespace fennick::engine {
 
 enum class SignKind {
@@ -18,6 +20,15 @@ struct CurrencySign {
     QStringList currencies; // ISO 4217; those that the sign may stand for
     QRegularExpression pattern;
 };
+
+// How prices in a currency are printed.
+struct PriceStyle {
+    int decimals = 2;              // 0: whole numbers, though some tills print two noughts behind them
+    bool groupsWithSpaces = false; // "5 480" is one number whatever stands around it
+};
+
+// Prices have two decimals where `currency` (ISO 4217) is unknown.
+[[nodiscard]] PriceStyle priceStyle(const std::optional<QString> &currency);
 
 // All signs, the codes themselves included. Callable from any thread.
 [[nodiscard]] const QList<CurrencySign> &currencySigns();

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 LabelledAmount amount(AmountRole role, qint64 cents, qsizetype line = 0) {
-    return {.cents = cents, .role = role, .hasDecimals = true, .line = line};
+    return {.thousandths = 10 * cents, .role = role, .hasDecimals = true, .line = line};
 }
 
 } // namespace
@@ -23,28 +23,28 @@ private Q_SLOTS:
         QTest::addColumn<qint64>("unsupported");
         using enum AmountRole;
         QTest::newRow("cash less change")
-            << QList{amount(Tendered, 5000), amount(Change, 1250)} << qint64{3750} << qint64{5000};
+            << QList{amount(Tendered, 5000), amount(Change, 1250)} << qint64{37500} << qint64{50000};
         QTest::newRow("subtotal and tax")
-            << QList{amount(SubTotal, 1000), amount(Tax, 60)} << qint64{1060} << qint64{1000};
+            << QList{amount(SubTotal, 1000), amount(Tax, 60)} << qint64{10600} << qint64{10000};
         QTest::newRow("subtotal, service and tax")
-            << QList{amount(SubTotal, 1000), amount(Charge, 100), amount(Tax, 66)} << qint64{1166}
-            << qint64{1200};
+            << QList{amount(SubTotal, 1000), amount(Charge, 100), amount(Tax, 66)} << qint64{11660}
+            << qint64{12000};
         QTest::newRow("subtotal less discount")
-            << QList{amount(SubTotal, 1000), amount(Discount, 200)} << qint64{800} << qint64{1000};
+            << QList{amount(SubTotal, 1000), amount(Discount, 200)} << qint64{8000} << qint64{10000};
         QTest::newRow("rounded sum") << QList{amount(SubTotal, 1000), amount(Tax, 62), amount(Rounding, 2)}
-                                     << qint64{1060} << qint64{1064};
-        QTest::newRow("card") << QList{amount(Card, 990)} << qint64{990} << qint64{991};
+                                     << qint64{10600} << qint64{10640};
+        QTest::newRow("card") << QList{amount(Card, 990)} << qint64{9900} << qint64{9910};
         QTest::newRow("items") << QList{amount(Unnamed, 250, 1), amount(Unnamed, 150, 2),
                                         amount(Total, 400, 3)}
-                               << qint64{400} << qint64{300};
+                               << qint64{4000} << qint64{3000};
         QTest::newRow("items below an address") << QList{amount(Unnamed, 5557, 0), amount(Unnamed, 250, 1),
                                                          amount(Unnamed, 150, 2), amount(Total, 400, 3)}
-                                                << qint64{400} << qint64{5958};
+                                                << qint64{4000} << qint64{59580};
         QTest::newRow("rounded further down")
-            << QList{amount(Total, 1239, 1), amount(Total, 1240, 2)} << qint64{1240} << qint64{1239};
+            << QList{amount(Total, 1239, 1), amount(Total, 1240, 2)} << qint64{12400} << qint64{12390};
         QTest::newRow("cash pays the rounded total")
             << QList{amount(Total, 1238), amount(Rounding, 2), amount(Tendered, 2000), amount(Change, 760)}
-            << qint64{1238} << qint64{1239};
+            << qint64{12380} << qint64{12390};
     }
     void findsSupport() {
         QFETCH(QList<LabelledAmount>, amounts);
@@ -56,9 +56,9 @@ private Q_SLOTS:
 
     void trustsChangeMoreThanExactCash() {
         const double withChange =
-            arithmeticSupport(750, {amount(AmountRole::Tendered, 1000), amount(AmountRole::Change, 250)});
+            arithmeticSupport(7500, {amount(AmountRole::Tendered, 1000), amount(AmountRole::Change, 250)});
         const double exact =
-            arithmeticSupport(750, {amount(AmountRole::Tendered, 750), amount(AmountRole::Change, 0)});
+            arithmeticSupport(7500, {amount(AmountRole::Tendered, 750), amount(AmountRole::Change, 0)});
         QVERIFY(withChange > exact);
         QVERIFY(exact > 0);
     }
@@ -67,7 +67,7 @@ private Q_SLOTS:
         const QList<qint64> totals =
             derivedTotals({amount(AmountRole::SubTotal, 1000), amount(AmountRole::Tax, 60),
                            amount(AmountRole::Tendered, 2000), amount(AmountRole::Change, 940)});
-        QCOMPARE(totals, (QList<qint64>{1060}));
+        QCOMPARE(totals, (QList<qint64>{10600}));
         QVERIFY(derivedTotals({}).isEmpty());
         QVERIFY(derivedTotals({amount(AmountRole::Tendered, 2000)}).isEmpty());
     }
@@ -75,7 +75,7 @@ private Q_SLOTS:
     void doubtsWhatWasHardlyRead() {
         LabelledAmount faint = amount(AmountRole::Tendered, 5000);
         faint.weight = 0.1;
-        QCOMPARE(arithmeticSupport(3750, {faint, amount(AmountRole::Change, 1250)}), 0.0);
+        QCOMPARE(arithmeticSupport(37500, {faint, amount(AmountRole::Change, 1250)}), 0.0);
     }
 };
 

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::optional<FoundAmount> amountIn(const QList<Reading> &readings) {
-    return readAmount(factOfEach(readings, &labelledAmounts));
+    return readAmount(factOfEach(readings, &amountsOf));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "engine/engine_lines.h"
 #include "engine/fields/company_names.h"
 #include "support/test_program.h"
 
@@ -32,7 +33,7 @@ private Q_SLOTS:
     void takesOffWhatSurroundsAName() {
         QFETCH(QString, line);
         QFETCH(QString, name);
-        QCOMPARE(companyName(line), name);
+        QCOMPARE(companyName(line, MerchantLines(testLanguages)), name);
     }
 
     void knowsLegalForms_data() {
@@ -49,22 +50,22 @@ private Q_SLOTS:
     void knowsLegalForms() {
         QFETCH(QString, name);
         QFETCH(bool, has);
-        QCOMPARE(hasLegalForm(name), has);
+        QCOMPARE(MerchantLines(testLanguages).hasLegalForm(name), has);
     }
 
     void knowsBusinessWords() {
-        QVERIFY(hasBusinessWord(u"Harbour Hardware"_s));
-        QVERIFY(hasBusinessWord(u"RESTORAN HARBOUR"_s));
-        QVERIFY(!hasBusinessWord(u"Harbour Lights"_s));
-        QVERIFY(!hasBusinessWord(u"Bistro & Cafe"_s));
+        QVERIFY(MerchantLines(testLanguages).hasBusinessWord(u"Harbour Hardware"_s));
+        QVERIFY(MerchantLines(testLanguages).hasBusinessWord(u"RESTORAN HARBOUR"_s));
+        QVERIFY(!MerchantLines(testLanguages).hasBusinessWord(u"Harbour Lights"_s));
+        QVERIFY(!MerchantLines(testLanguages).hasBusinessWord(u"Bistro & Cafe"_s));
     }
 
     void knowsTheRestOfAName() {
-        QVERIFY(isOnlyLegalForm(u"CO. (M) SDN BHD"_s));
-        QVERIFY(isOnlyLegalForm(u"(M) SDN BHD"_s));
-        QVERIFY(isOnlyLegalForm(u"ENTERPRISE SDN BHD"_s));
-        QVERIFY(!isOnlyLegalForm(u"Company Reg. No 1234567"_s));
-        QVERIFY(!isOnlyLegalForm(u"Harbour Sdn Bhd"_s));
+        QVERIFY(isOnlyLegalForm(u"CO. (M) SDN BHD"_s, MerchantLines(testLanguages)));
+        QVERIFY(isOnlyLegalForm(u"(M) SDN BHD"_s, MerchantLines(testLanguages)));
+        QVERIFY(isOnlyLegalForm(u"ENTERPRISE SDN BHD"_s, MerchantLines(testLanguages)));
+        QVERIFY(!isOnlyLegalForm(u"Company Reg. No 1234567"_s, MerchantLines(testLanguages)));
+        QVERIFY(!isOnlyLegalForm(u"Harbour Sdn Bhd"_s, MerchantLines(testLanguages)));
     }
 };
 

@@ -52,7 +52,7 @@ private Q_SLOTS:
     }
 
     void brandOfOneCountryCounts() {
-        QCOMPARE(likeliestCountry(countryScores(linesOf({u"Total 5.00"_s}), {u"RO"_s})),
+        QCOMPARE(likeliestCountry(withBrand(countryScores(linesOf({u"Total 5.00"_s})), {u"RO"_s})),
                  std::optional(u"RO"_s));
     }
 

@@ -10,8 +10,9 @@ namespace {
 
 const QDate today(2025, 6, 15);
 
-std::optional<QDate> dateIn(const QStringList &lines, DayMonthOrder order = DayMonthOrder::DayFirst) {
-    const std::optional<FoundDate> found = readDate({linesOf(lines)}, order, today);
+std::optional<QDate> dateIn(const QStringList &lines, DateOrder order = DateOrder::DayFirst) {
+    const std::optional<FoundDate> found =
+        readDate({linesOf(lines)}, {.order = order, .languages = testLanguages}, today);
     return found ? std::optional(found->date) : std::nullopt;
 }
 
@@ -21,6 +22,64 @@ class DateReaderTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void readsMonthsOfManyLanguages_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<int>("month");
+        QTest::newRow("Polish") << u"5 października 2023"_s << u"pl"_s << 10;
+        QTest::newRow("Polish, short") << u"05-wrz-2023"_s << u"pl"_s << 9;
+        QTest::newRow("Czech") << u"5. září 2023"_s << u"cs"_s << 9;
+        QTest::newRow("Czech November") << u"5. listopadu 2023"_s << u"cs"_s << 11;
+        QTest::newRow("Croatian October") << u"5. listopada 2023"_s << u"hr"_s << 10;
+        QTest::newRow("Finnish") << u"5. toukokuuta 2023"_s << u"fi"_s << 5;
+        QTest::newRow("Turkish") << u"5 Ağustos 2023"_s << u"tr"_s << 8;
+        QTest::newRow("Turkish without accents") << u"05 Agu 2023"_s << u"tr"_s << 8;
+        QTest::newRow("Indonesian") << u"5 Agustus 2023"_s << u"id"_s << 8;
+        QTest::newRow("Portuguese") << u"5 de fevereiro de 2023"_s << u"pt"_s << 2;
+        QTest::newRow("Hungarian") << u"2023. május 5."_s << u"hu"_s << 5;
+        QTest::newRow("Swahili") << u"5 Agosti 2023"_s << u"sw"_s << 8;
+    }
+    void readsMonthsOfManyLanguages() {
+        QFETCH(QString, text);
+        QFETCH(QString, language);
+        QFETCH(int, month);
+        const auto found = readDate({linesOf({text})}, {.languages = {language}}, today);
+        QVERIFY(found);
+        QCOMPARE(found->date, QDate(2023, month, 5));
+    }
+
+    void readsMonthsOnlyOfItsLanguages() {
+        QVERIFY(!readDate({linesOf({u"5. toukokuuta 2023"_s})}, {}, today));
+    }
+
+    void readsBuddhistYears() {
+        QCOMPARE(dateIn({u"05/08/2566"_s}), std::optional(QDate(2023, 8, 5)));
+        const DateStyle thai{.hasBuddhistYears = true};
+        QCOMPARE(readDate({linesOf({u"05/08/66 14:32"_s})}, thai, today)->date, QDate(2023, 8, 5));
+        QCOMPARE(readDate({linesOf({u"05/08/23 14:32"_s})}, thai, today)->date, QDate(2023, 8, 5));
+    }
+
+    void readsYearsInFront() {
+        QCOMPARE(dateIn({u"2023.08.05. 14:32"_s}), std::optional(QDate(2023, 8, 5)));
+        const DateStyle korean{.order = DateOrder::YearFirst};
+        QCOMPARE(readDate({linesOf({u"23-08-05"_s})}, korean, today)->date, QDate(2023, 8, 5));
+    }
+
+    void weekdayProvesTheOrder() {
+        // 3 April 2023 was a Monday, 4 March 2023 a Saturday.
+        QCOMPARE(printedOrder({linesOf({u"Mon 03/04/2023"_s})}, {.order = DateOrder::MonthFirst}),
+                 DateOrder::DayFirst);
+        QCOMPARE(printedOrder({linesOf({u"Sat 03/04/2023"_s})}, {}), DateOrder::MonthFirst);
+        QCOMPARE(printedOrder({linesOf({u"lunes 03/04/2023"_s})},
+                              {.order = DateOrder::MonthFirst, .languages = {u"es"_s}}),
+                 DateOrder::DayFirst);
+    }
+
+    void takesTheOtherOrderForADayToCome() {
+        QCOMPARE(dateIn({today.addDays(-8).toString(u"MM/dd/yyyy"_s)}, DateOrder::DayFirst),
+                 std::optional(today.addDays(-8)));
+    }
+
     void readsEveryStyle_data() {
         QTest::addColumn<QString>("text");
         for (const char *text : {"2024-05-01",
@@ -75,14 +134,14 @@ private Q_SLOTS:
     }
 
     void followsTheOrderWhereItIsOpen() {
-        QCOMPARE(dateIn({u"03/04/2024"_s}, DayMonthOrder::DayFirst), std::optional(QDate(2024, 4, 3)));
-        QCOMPARE(dateIn({u"03/04/2024"_s}, DayMonthOrder::MonthFirst), std::optional(QDate(2024, 3, 4)));
+        QCOMPARE(dateIn({u"03/04/2024"_s}, DateOrder::DayFirst), std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(dateIn({u"03/04/2024"_s}, DateOrder::MonthFirst), std::optional(QDate(2024, 3, 4)));
     }
 
     void followsTheNumbersWhereTheyTell() {
-        QCOMPARE(dateIn({u"13/05/2024"_s}, DayMonthOrder::MonthFirst), std::optional(QDate(2024, 5, 13)));
-        QCOMPARE(dateIn({u"05/13/2024"_s}, DayMonthOrder::DayFirst), std::optional(QDate(2024, 5, 13)));
-        QCOMPARE(dateIn({u"03.04.2024"_s}, DayMonthOrder::MonthFirst), std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(dateIn({u"13/05/2024"_s}, DateOrder::MonthFirst), std::optional(QDate(2024, 5, 13)));
+        QCOMPARE(dateIn({u"05/13/2024"_s}, DateOrder::DayFirst), std::optional(QDate(2024, 5, 13)));
+        QCOMPARE(dateIn({u"03.04.2024"_s}, DateOrder::MonthFirst), std::optional(QDate(2024, 4, 3)));
     }
 
     void rejectsWhatIsNoDay_data() {
@@ -145,7 +204,7 @@ private Q_SLOTS:
     void letsReadingsVote() {
         const Reading right = linesOf({u"Date 04/05/2024 16:07"_s});
         const Reading wrong = linesOf({u"Date 04/05/2021 16:07"_s});
-        QCOMPARE(readDate({right, wrong, right}, DayMonthOrder::DayFirst, today)->date, QDate(2024, 5, 4));
+        QCOMPARE(readDate({right, wrong, right}, {}, today)->date, QDate(2024, 5, 4));
     }
 
     void takesAGarbledDateOnlyWhenThereIsNoOther() {
@@ -156,23 +215,24 @@ private Q_SLOTS:
     void isCertainWhenReadingsAgree() {
         const Reading right = linesOf({u"Date 04/05/2024 16:07"_s});
         const Reading wrong = linesOf({u"Date 04/05/2021 16:07"_s});
-        QVERIFY(readDate({right, right}, DayMonthOrder::DayFirst, today)->isCertain);
-        QVERIFY(!readDate({right, wrong}, DayMonthOrder::DayFirst, today)->isCertain);
+        QVERIFY(readDate({right, right}, {}, today)->isCertain);
+        QVERIFY(!readDate({right, wrong}, {}, today)->isCertain);
     }
 
     void learnsTheOrderFromOtherDates() {
-        QCOMPARE(printedOrder({linesOf({u"25/03/2024"_s, u"04/05/2024"_s})}, DayMonthOrder::MonthFirst),
-                 DayMonthOrder::DayFirst);
-        QCOMPARE(printedOrder({linesOf({u"03/25/2024"_s, u"04/05/2024"_s})}, DayMonthOrder::DayFirst),
-                 DayMonthOrder::MonthFirst);
-        QCOMPARE(printedOrder({linesOf({u"04/05/2024"_s})}, DayMonthOrder::MonthFirst),
-                 DayMonthOrder::MonthFirst);
-        QCOMPARE(printedOrder({}, DayMonthOrder::DayFirst), DayMonthOrder::DayFirst);
+        QCOMPARE(
+            printedOrder({linesOf({u"25/03/2024"_s, u"04/05/2024"_s})}, {.order = DateOrder::MonthFirst}),
+            DateOrder::DayFirst);
+        QCOMPARE(printedOrder({linesOf({u"03/25/2024"_s, u"04/05/2024"_s})}, {.order = DateOrder::DayFirst}),
+                 DateOrder::MonthFirst);
+        QCOMPARE(printedOrder({linesOf({u"04/05/2024"_s})}, {.order = DateOrder::MonthFirst}),
+                 DateOrder::MonthFirst);
+        QCOMPARE(printedOrder({}, {.order = DateOrder::DayFirst}), DateOrder::DayFirst);
     }
 
     void tellsTheLine() {
         const std::optional<FoundDate> found =
-            readDate({linesOf({u"Shop"_s, u"Street"_s, u"2024-05-01"_s})}, DayMonthOrder::DayFirst, today);
+            readDate({linesOf({u"Shop"_s, u"Street"_s, u"2024-05-01"_s})}, {}, today);
         QVERIFY(found.has_value());
         QCOMPARE(found->lines, (QList<std::optional<qsizetype>>{2}));
     }

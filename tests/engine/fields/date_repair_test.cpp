@@ -21,13 +21,13 @@ private Q_SLOTS:
     }
     void readsGarbledDates() {
         QFETCH(QString, line);
-        const QList<PrintedDate> dates = garbledDates(line, DayMonthOrder::DayFirst);
+        const QList<PrintedDate> dates = garbledDates(line, {});
         QVERIFY(std::ranges::any_of(
             dates, [](const PrintedDate &printed) { return printed.date == QDate(2019, 10, 26); }));
     }
 
     void readsTheMonthFirstWhereItStandsSo() {
-        const QList<PrintedDate> dates = garbledDates(u"10/2612019"_s, DayMonthOrder::MonthFirst);
+        const QList<PrintedDate> dates = garbledDates(u"10/2612019"_s, {.order = DateOrder::MonthFirst});
         QVERIFY(!dates.isEmpty());
         QCOMPARE(dates.first().date, QDate(2019, 10, 26));
     }
@@ -40,7 +40,7 @@ private Q_SLOTS:
     }
     void findsNoneInOtherNumbers() {
         QFETCH(QString, line);
-        QVERIFY(garbledDates(line, DayMonthOrder::DayFirst).isEmpty());
+        QVERIFY(garbledDates(line, {}).isEmpty());
     }
 };
 

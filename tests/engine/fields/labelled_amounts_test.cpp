@@ -12,37 +12,37 @@ class LabelledAmountsTest : public QObject {
 private Q_SLOTS:
     void pairsLabelAndAmount_data() {
         QTest::addColumn<QStringList>("lines");
-        QTest::addColumn<qint64>("cents");
+        QTest::addColumn<qint64>("thousandths");
         QTest::addColumn<AmountRole>("role");
-        QTest::newRow("one line") << QStringList{u"Total  12.50"_s} << qint64{1250} << AmountRole::Total;
-        QTest::newRow("line above") << QStringList{u"TOTAL"_s, u"12.50"_s} << qint64{1250}
+        QTest::newRow("one line") << QStringList{u"Total  12.50"_s} << qint64{12500} << AmountRole::Total;
+        QTest::newRow("line above") << QStringList{u"TOTAL"_s, u"12.50"_s} << qint64{12500}
                                     << AmountRole::Total;
         QTest::newRow("currency between")
-            << QStringList{u"Total RM 12.50"_s} << qint64{1250} << AmountRole::Total;
+            << QStringList{u"Total RM 12.50"_s} << qint64{12500} << AmountRole::Total;
         QTest::newRow("second column")
-            << QStringList{u"Saving 1.00  TOTAL 12.50"_s} << qint64{1250} << AmountRole::Total;
+            << QStringList{u"Saving 1.00  TOTAL 12.50"_s} << qint64{12500} << AmountRole::Total;
         QTest::newRow("negative cash")
-            << QStringList{u"Cash -50.00"_s} << qint64{5000} << AmountRole::Tendered;
+            << QStringList{u"Cash -50.00"_s} << qint64{50000} << AmountRole::Tendered;
         QTest::newRow("minus behind")
-            << QStringList{u"Rounding 0.02-"_s} << qint64{2} << AmountRole::Rounding;
-        QTest::newRow("item") << QStringList{u"Green tea 2.50"_s} << qint64{250} << AmountRole::Unnamed;
-        QTest::newRow("continental") << QStringList{u"Summe 1.234,56"_s} << qint64{123456}
+            << QStringList{u"Rounding 0.02-"_s} << qint64{20} << AmountRole::Rounding;
+        QTest::newRow("item") << QStringList{u"Green tea 2.50"_s} << qint64{2500} << AmountRole::Unnamed;
+        QTest::newRow("continental") << QStringList{u"Summe 1.234,56"_s} << qint64{1234560}
                                      << AmountRole::Total;
-        QTest::newRow("whole") << QStringList{u"Total ¥2,980"_s} << qint64{298000} << AmountRole::Total;
+        QTest::newRow("whole") << QStringList{u"Total ¥2,980"_s} << qint64{2980000} << AmountRole::Total;
     }
     void pairsLabelAndAmount() {
         QFETCH(QStringList, lines);
-        QFETCH(qint64, cents);
+        QFETCH(qint64, thousandths);
         QFETCH(AmountRole, role);
-        const QList<LabelledAmount> amounts = labelledAmounts(linesOf(lines));
+        const QList<LabelledAmount> amounts = amountsOf(linesOf(lines));
         QVERIFY(!amounts.isEmpty());
-        QCOMPARE(amounts.last().cents, cents);
+        QCOMPARE(amounts.last().thousandths, thousandths);
         QCOMPARE(amounts.last().role, role);
         QCOMPARE(amounts.last().weight, 1.0);
     }
 
     void doubtsAllButTheLastOfALabel() {
-        const QList<LabelledAmount> amounts = labelledAmounts(linesOf({u"Total 9.90 0.60 10.50"_s}));
+        const QList<LabelledAmount> amounts = amountsOf(linesOf({u"Total 9.90 0.60 10.50"_s}));
         QCOMPARE(amounts.size(), 3);
         QVERIFY(amounts[0].weight < 1 && amounts[1].weight < 1);
         QCOMPARE(amounts[2].weight, 1.0);
@@ -50,34 +50,33 @@ private Q_SLOTS:
 
     void doubtsTaxTables() {
         const QList<LabelledAmount> amounts =
-            labelledAmounts(linesOf({u"Total 10.50"_s, u"GST Summary"_s, u"Total 9.90"_s}));
+            amountsOf(linesOf({u"Total 10.50"_s, u"GST Summary"_s, u"Total 9.90"_s}));
         QCOMPARE(amounts.size(), 2);
         QVERIFY(amounts[1].weight < amounts[0].weight / 2);
     }
 
     void doubtsWholeNumbersAmongPrices() {
-        const QList<LabelledAmount> amounts = labelledAmounts(linesOf({u"Tea 2.50"_s, u"Total 3"_s}));
+        const QList<LabelledAmount> amounts = amountsOf(linesOf({u"Tea 2.50"_s, u"Total 3"_s}));
         QCOMPARE(amounts.size(), 2);
         QVERIFY(amounts[1].weight < 0.5);
     }
 
     void takesALostDecimalSignIntoAccount() {
-        const QList<LabelledAmount> amounts =
-            labelledAmounts(linesOf({u"Tea 48.15"_s, u"Total : = 4815."_s}));
+        const QList<LabelledAmount> amounts = amountsOf(linesOf({u"Tea 48.15"_s, u"Total : = 4815."_s}));
         QCOMPARE(amounts.size(), 2);
-        QCOMPARE(amounts[1].cents, 4815);
+        QCOMPARE(amounts[1].thousandths, 48150);
         QVERIFY(amounts[1].weight < 0.5);
     }
 
     void doubtsUnsureRecognition() {
         Reading lines = linesOf({u"Total 10.50"_s});
         lines[0].confidence = 0.2;
-        QVERIFY(labelledAmounts(lines).first().weight < 0.7);
+        QVERIFY(amountsOf(lines).first().weight < 0.7);
     }
 
     void findsNoneWithoutNumbers() {
-        QVERIFY(labelledAmounts(linesOf({u"Total"_s, u"Thank you"_s})).isEmpty());
-        QVERIFY(labelledAmounts({}).isEmpty());
+        QVERIFY(amountsOf(linesOf({u"Total"_s, u"Thank you"_s})).isEmpty());
+        QVERIFY(amountsOf({}).isEmpty());
     }
 };
 

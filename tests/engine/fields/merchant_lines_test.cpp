@@ -1,3 +1,4 @@
+#include "engine/engine_lines.h"
 #include "engine/fields/merchant_lines.h"
 #include "support/test_program.h"
 
@@ -21,7 +22,7 @@ private Q_SLOTS:
     }
     void knowsHeadings() {
         QFETCH(QString, line);
-        QVERIFY(isHeading(line));
+        QVERIFY(MerchantLines(testLanguages).isHeading(line));
     }
 
     void takesNamesForNoHeadings_data() {
@@ -29,7 +30,7 @@ private Q_SLOTS:
     }
     void takesNamesForNoHeadings() {
         QFETCH(QString, line);
-        QVERIFY(!isHeading(line));
+        QVERIFY(!MerchantLines(testLanguages).isHeading(line));
     }
 
     void knowsDetails_data() {
@@ -40,7 +41,7 @@ private Q_SLOTS:
     }
     void knowsDetails() {
         QFETCH(QString, line);
-        QVERIFY(isDetail(line));
+        QVERIFY(MerchantLines(testLanguages).isDetail(line));
     }
 
     void takesNamesForNoDetails_data() {
@@ -49,23 +50,23 @@ private Q_SLOTS:
     }
     void takesNamesForNoDetails() {
         QFETCH(QString, line);
-        QVERIFY(!isDetail(line));
+        QVERIFY(!MerchantLines(testLanguages).isDetail(line));
     }
 
     void knowsRegistrations() {
-        QVERIFY(isRegistration(u"(123456-X)"_s));
-        QVERIFY(isRegistration(u"Co. Reg. No 88123-W"_s));
-        QVERIFY(isRegistration(u"Company No: 0912345"_s));
-        QVERIFY(isRegistration(u"ABN 12 345 678 901"_s));
-        QVERIFY(!isRegistration(u"12 High Street"_s));
-        QVERIFY(!isRegistration(u"Corner Shop"_s));
+        QVERIFY(MerchantLines(testLanguages).isRegistration(u"(123456-X)"_s));
+        QVERIFY(MerchantLines(testLanguages).isRegistration(u"Co. Reg. No 88123-W"_s));
+        QVERIFY(MerchantLines(testLanguages).isRegistration(u"Company No: 0912345"_s));
+        QVERIFY(MerchantLines(testLanguages).isRegistration(u"ABN 12 345 678 901"_s));
+        QVERIFY(!MerchantLines(testLanguages).isRegistration(u"12 High Street"_s));
+        QVERIFY(!MerchantLines(testLanguages).isRegistration(u"Corner Shop"_s));
     }
 
     void knowsOtherParties() {
-        QVERIFY(introducesAnother(u"Bill to:"_s));
-        QVERIFY(introducesAnother(u"SOLD TO"_s));
-        QVERIFY(introducesAnother(u"Owned by :"_s));
-        QVERIFY(!introducesAnother(u"Corner Shop"_s));
+        QVERIFY(MerchantLines(testLanguages).introducesAnother(u"Bill to:"_s));
+        QVERIFY(MerchantLines(testLanguages).introducesAnother(u"SOLD TO"_s));
+        QVERIFY(MerchantLines(testLanguages).introducesAnother(u"Owned by :"_s));
+        QVERIFY(!MerchantLines(testLanguages).introducesAnother(u"Corner Shop"_s));
     }
 
     void countsLetters() {

@@ -6,6 +6,14 @@ using namespace fennick;
 using namespace fennick::engine;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+std::optional<QString> merchantIn(const QList<Reading> &readings) {
+    return readMerchant(readings, MerchantLines(testLanguages));
+}
+
+} // namespace
+
 class MerchantReaderTest : public QObject {
     Q_OBJECT
 
@@ -38,7 +46,7 @@ private Q_SLOTS:
     void findsTheName() {
         QFETCH(QStringList, lines);
         QFETCH(QString, name);
-        QCOMPARE(readMerchant({linesOf(lines)}), std::optional(name));
+        QCOMPARE(merchantIn({linesOf(lines)}), std::optional(name));
     }
 
     void prefersCompanies_data() {
@@ -73,26 +81,26 @@ private Q_SLOTS:
                                  u"Ticket 1"_s, u"Entry 10:00"_s});
         lines[0].box.setHeight(30);
         lines[1].box.setHeight(30);
-        QCOMPARE(readMerchant({lines}), std::optional(u"HARBOUR LIGHTS WESTERN PIER HOLDINGS SDN BHD"_s));
+        QCOMPARE(merchantIn({lines}), std::optional(u"HARBOUR LIGHTS WESTERN PIER HOLDINGS SDN BHD"_s));
     }
 
     void letsReadingsVote() {
         const Reading right = linesOf({u"HARBOUR STATIONERY SHOP"_s});
         const Reading wrong = linesOf({u"HARBOOR STATIONFRY SHOP"_s});
         const Reading other = linesOf({u"HARBOUR STATIONERY SH0P"_s});
-        QCOMPARE(readMerchant({wrong, right, other, right}), std::optional(u"HARBOUR STATIONERY SHOP"_s));
+        QCOMPARE(merchantIn({wrong, right, other, right}), std::optional(u"HARBOUR STATIONERY SHOP"_s));
     }
 
     void passesOverWhatWasHardlyRecognised() {
         QList<TextLine> lines = linesOf({u"Oe ww AOSD"_s, u"Corner Shop"_s});
         lines[0].confidence = 0.2;
-        QCOMPARE(readMerchant({lines}), std::optional(QStringLiteral("Corner Shop")));
+        QCOMPARE(merchantIn({lines}), std::optional(QStringLiteral("Corner Shop")));
     }
 
     void findsNoneInItemsAndNumbers() {
-        QCOMPARE(readMerchant({linesOf({u"Receipt"_s, u"Tea 3.00"_s, u"12345"_s, u"Total 3.00"_s})}),
+        QCOMPARE(merchantIn({linesOf({u"Receipt"_s, u"Tea 3.00"_s, u"12345"_s, u"Total 3.00"_s})}),
                  std::nullopt);
-        QCOMPARE(readMerchant({}), std::nullopt);
+        QCOMPARE(merchantIn({}), std::nullopt);
     }
 };
 

@@ -25,6 +25,10 @@ private Q_SLOTS:
         QTest::newRow("narrow hard blank") << u"1\u202f234,56"_s << 1234.56;
         QTest::newRow("whole thousands of kronor") << u"1 234 kr"_s << 1234.0;
         QTest::newRow("no cents, Swiss") << u"CHF 45.-"_s << 45.0;
+        QTest::newRow("no cents, Swedish") << u"29:-"_s << 29.0;
+        QTest::newRow("no cents, German") << u"29,-"_s << 29.0;
+        QTest::newRow("star of a till") << u"*645,50"_s << 645.50;
+        QTest::newRow("Czech") << u"1 290 Kč"_s << 1290.0;
         QTest::newRow("yen") << u"¥12,800"_s << 12800.0;
         QTest::newRow("whole") << u"325"_s << 325.0;
         QTest::newRow("whole thousands") << u"2,980"_s << 2980.0;
@@ -39,6 +43,31 @@ private Q_SLOTS:
         const QList<PrintedNumber> numbers = printedNumbers(text);
         QCOMPARE(numbers.size(), 1);
         QCOMPARE(numbers.first().value, value);
+    }
+
+    void readsWhatACurrencyPrints_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("currency");
+        QTest::addColumn<double>("value");
+        QTest::newRow("fils") << u"3.250"_s << u"KWD"_s << 3.25;
+        QTest::newRow("fils with a comma") << u"12,750"_s << u"TND"_s << 12.75;
+        QTest::newRow("fils and thousands") << u"1,250.500"_s << u"BHD"_s << 1250.5;
+        QTest::newRow("rupiah") << u"60.000"_s << u"IDR"_s << 60000.0;
+        QTest::newRow("rupiah with noughts") << u"98.500,00"_s << u"IDR"_s << 98500.0;
+        QTest::newRow("blank behind the comma") << u"175, 000"_s << u"VND"_s << 175000.0;
+        QTest::newRow("forint") << u"5 480"_s << u"HUF"_s << 5480.0;
+        QTest::newRow("yen") << u"980"_s << u"JPY"_s << 980.0;
+        QTest::newRow("pesos of Chile") << u"12.990"_s << u"CLP"_s << 12990.0;
+        QTest::newRow("thousands of euros") << u"1.234"_s << u"EUR"_s << 1234.0;
+    }
+    void readsWhatACurrencyPrints() {
+        QFETCH(QString, text);
+        QFETCH(QString, currency);
+        QFETCH(double, value);
+        const QList<PrintedNumber> numbers = printedNumbers(text, priceStyle(currency));
+        QCOMPARE(numbers.size(), 1);
+        QCOMPARE(numbers.first().value, value);
+        QCOMPARE(numbers.first().hasDecimals, currency != u"EUR");
     }
 
     void leavesOutWhatIsNoPrice_data() {

@@ -24,12 +24,15 @@ private Q_SLOTS:
         QTest::newRow("French") << u"9h10"_s << QTime(9, 10);
         QTest::newRow("German") << u"14.32 Uhr"_s << QTime(14, 32);
         QTest::newRow("behind a date") << u"01.05.2024  17:18 Uhr"_s << QTime(17, 18);
+        QTest::newRow("Finnish") << u"klo 14.32"_s << QTime(14, 32);
+        QTest::newRow("Indonesian") << u"Jam 14.32"_s << QTime(14, 32);
+        QTest::newRow("point behind a date") << u"1.5.2024 14.32"_s << QTime(14, 32);
         QTest::newRow("behind an ISO date") << u"2024-11-16 18:05"_s << QTime(18, 5);
     }
     void readsEveryStyle() {
         QFETCH(QString, text);
         QFETCH(QTime, time);
-        QCOMPARE(readTime(linesOf({text}), std::nullopt), std::optional(time));
+        QCOMPARE(readTime(linesOf({text}), std::nullopt, testLanguages), std::optional(time));
     }
 
     void findsNoneInOtherNumbers_data() {
@@ -40,18 +43,18 @@ private Q_SLOTS:
     }
     void findsNoneInOtherNumbers() {
         QFETCH(QString, text);
-        QCOMPARE(readTime(linesOf({text}), std::nullopt), std::nullopt);
+        QCOMPARE(readTime(linesOf({text}), std::nullopt, testLanguages), std::nullopt);
     }
 
     void prefersTheTimeBesideTheDate() {
         const QList<TextLine> lines = linesOf({u"Time 08:00"_s, u"2024-05-01 17:18"_s, u"18:00"_s});
-        QCOMPARE(readTime(lines, 1), std::optional(QTime(17, 18)));
+        QCOMPARE(readTime(lines, 1, testLanguages), std::optional(QTime(17, 18)));
     }
 
     void prefersALabelledTimeToANearOne() {
         const QList<TextLine> lines =
             linesOf({u"2024-05-01"_s, u"Table 10:30"_s, u"Tea 3.00"_s, u"Time 17:18"_s});
-        QCOMPARE(readTime(lines, 0), std::optional(QTime(17, 18)));
+        QCOMPARE(readTime(lines, 0, testLanguages), std::optional(QTime(17, 18)));
     }
 };
 

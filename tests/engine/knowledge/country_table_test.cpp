@@ -15,8 +15,9 @@ class CountryTableTest : public QObject {
 
 private Q_SLOTS:
     void everyRowIsOfAKnownKind() {
-        static const QSet<QString> kinds = {u"currency"_s, u"order"_s, u"dial"_s, u"domain"_s,
-                                            u"places"_s,   u"words"_s, u"tax"_s,  u"post"_s};
+        static const QSet<QString> kinds = {u"currency"_s, u"order"_s,  u"calendar"_s, u"languages"_s,
+                                            u"dial"_s,     u"domain"_s, u"places"_s,   u"words"_s,
+                                            u"tax"_s,      u"post"_s};
         QSet<QString> seen;
         const QList<QStringList> rows = tableRows(u":/engine/countries.txt"_s);
         for (const QStringList &row : rows) {
@@ -42,6 +43,27 @@ private Q_SLOTS:
             QVERIFY2(!country.places.contains(QString()) && !country.words.contains(QString()),
                      qPrintable(country.code));
         }
+    }
+
+    void everyLanguageHasWords() {
+        const Languages known = knownLanguages();
+        for (const Country &country : countries()) {
+            QVERIFY2(known.contains(country.languages), qPrintable(country.code));
+        }
+    }
+
+    void everyPriceStyleIsOfAKnownShape() {
+        const QList<QStringList> rows = tableRows(u":/engine/minor_units.txt"_s);
+        QVERIFY(!rows.isEmpty());
+        for (const QStringList &row : rows) {
+            const QString text = row.join(u'|');
+            QVERIFY2(row.size() == 3 && (row[0] == u"0" || row[0] == u"3"), qPrintable(text));
+            QVERIFY2(row[1].isEmpty() || row[1] == u"space", qPrintable(text));
+        }
+        QCOMPARE(priceStyle(u"KWD"_s).decimals, 3);
+        QCOMPARE(priceStyle(u"JPY"_s).decimals, 0);
+        QCOMPARE(priceStyle(u"EUR"_s).decimals, 2);
+        QCOMPARE(priceStyle(std::nullopt).decimals, 2);
     }
 
     void everySignIsOfKnownCurrencies() {
