@@ -102,7 +102,8 @@ ReceiptFields fieldsOf(const Truth &truth, const Options &options) {
     const QDate today = QDate::currentDate();
     if (!options.replay.isEmpty()) {
         const auto readings = keptReadings(options.replay + u'/' + truth.file + u".tsv"_s);
-        return readings ? readReceipt(factsOfAll(*readings), today) : ReceiptFields{};
+        return readings ? readReceipt(factsOfAll(*readings), today).value_or(ReceiptFields{})
+                        : ReceiptFields{};
     }
     const QByteArray bytes = pictureBytes(options.folder, truth.file);
     if (options.keep.isEmpty()) {
@@ -115,7 +116,7 @@ ReceiptFields fieldsOf(const Truth &truth, const Options &options) {
     if (!readings || !keepReadings(options.keep + u'/' + truth.file + u".tsv"_s, *readings)) {
         return {};
     }
-    return readReceipt(factsOfAll(*readings), today);
+    return readReceipt(factsOfAll(*readings), today).value_or(ReceiptFields{});
 }
 
 double peakMegabytes() {

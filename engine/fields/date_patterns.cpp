@@ -108,7 +108,7 @@ QList<PrintedDate> printedDates(const QString &line, const DateStyle &style) {
             const QRegularExpressionMatch match = matches.next();
             const QDate date = pattern.date(match, style);
             if (date.isValid()) {
-                dates.append({date, match.capturedStart()});
+                dates.append({date, match.capturedStart(), match.capturedLength()});
             }
         }
     }

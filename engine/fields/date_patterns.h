@@ -20,6 +20,7 @@ struct DateStyle {
 struct PrintedDate {
     QDate date;
     qsizetype start = 0; // in characters of the line
+    qsizetype length = 0;
 };
 
 // The dates of `line`, from left to right: 2024-05-01, 2024/05/01, 01.05.2024, 01/05/24, 1 May 2024,

@@ -39,7 +39,7 @@ void collect(QList<PrintedDate> &dates, const QString &line, const QRegularExpre
         const QDate date =
             dateOf(match.captured(u"first").toInt(), match.captured(u"second").toInt(), year, style.order);
         if (date.isValid()) {
-            dates.append({date, match.capturedStart()});
+            dates.append({date, match.capturedStart(), match.capturedLength()});
         }
     }
 }

@@ -7,6 +7,7 @@
 #include "engine/fields/country_evidence.h"
 #include "engine/fields/currency_reader.h"
 #include "engine/fields/date_reader.h"
+#include "engine/fields/evidence_finder.h"
 #include "engine/fields/merchant_reader.h"
 #include "engine/fields/summary_writer.h"
 #include "engine/fields/time_reader.h"
@@ -126,11 +127,11 @@ QStringList categoriesOf(const std::optional<FoundBrand> &brand, const std::opti
                                                                                      : QStringList();
 }
 
-ReceiptFields noReceipt() {
-    ReceiptFields fields;
-    fields.category = u"misc"_s;
-    fields.summary = u"No receipt text was found in this document"_s;
-    return fields;
+// Whether a name says by itself that the document is a receipt: of a letter or a recipe the first line would
+// do for a name as well.
+bool isSureName(const std::optional<QString> &seller, const std::optional<FoundBrand> &brand,
+                const MerchantLines &lines) {
+    return seller && ((brand && brand->isProven) || lines.hasLegalForm(*seller));
 }
 
 QList<Reading> linesOf(const QList<ReadingFacts> &facts) {
@@ -158,32 +159,33 @@ std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts) {
 
 } // namespace
 
-ReceiptFields readReceipt(const QList<ReadingFacts> &facts, QDate today) {
+std::optional<ReceiptFields> readReceipt(const QList<ReadingFacts> &facts, QDate today) {
     const QList<Reading> readings = linesOf(facts);
     const Reading allLines = std::accumulate(readings.cbegin(), readings.cend(), Reading());
-    ReceiptFields fields;
     const std::optional<FoundBrand> brand = brandOf(facts);
     const Origin origin = originOf(facts, brand);
     const Languages languages = languagesOf(facts);
     const MerchantLines merchantLines(languages);
-    fields.currency = origin.currency;
     const std::optional<FoundAmount> amount = amountOf(facts);
     const std::optional<FoundDate> date = foundDate(readings, dateStyleOf(origin, languages), today);
-    if (!date && !amount) {
-        return noReceipt();
-    }
 
+    ReceiptFields fields;
+    fields.location = sellerOf(readMerchant(readings, merchantLines), brand, merchantLines);
+    if (!date && !amount && !isSureName(fields.location, brand, merchantLines)) {
+        return std::nullopt;
+    }
     if (amount) {
         fields.amount = amount->amount;
     }
     if (date) {
         fields.date = date->date;
     }
+    fields.currency = origin.currency;
     fields.time = votedTime(readings, date, languages);
-    fields.location = sellerOf(readMerchant(readings, merchantLines), brand, merchantLines);
     fields.category = readCategory(allLines, fields.location, fields.time,
                                    categoriesOf(brand, fields.location, merchantLines));
     fields.summary = summaryOf(fields);
+    fields.evidence = findEvidence(fields, facts);
     return fields;
 }
 

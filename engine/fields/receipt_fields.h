@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/fields/evidence.h"
 #include "engine/fields/reading_facts.h"
 
 #include <QDate>
@@ -20,12 +21,13 @@ struct ReceiptFields {
     std::optional<QString> location; // the seller's name
     QString category;
     QString summary;
+    ReceiptEvidence evidence; // where the values stand
 };
 
-// What a document says, from one or more readings of it, which vote field by field. A document with neither a
-// date nor an amount is taken for no receipt: nothing is claimed about it. Pure; `today` bounds the dates
-// that can be true.
-[[nodiscard]] ReceiptFields readReceipt(const QList<ReadingFacts> &facts, QDate today);
+// What a document says, from one or more readings of it, which vote field by field. None for a document that
+// is no receipt: with neither a date nor an amount, nor the name of a company that is sure. Pure; `today`
+// bounds the dates that can be true.
+[[nodiscard]] std::optional<ReceiptFields> readReceipt(const QList<ReadingFacts> &facts, QDate today);
 
 // Whether the readings agree on date and total so well that further ones would change nothing.
 [[nodiscard]] bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today);

@@ -29,28 +29,6 @@ QTime parsed(const QRegularExpressionMatch &match) {
     return QTime(hour, minute);
 }
 
-std::optional<QTime> firstTime(const QString &line) {
-    static const QRegularExpression colons(
-        uR"((?<![\d:.,])(?<hour>\d{1,2})\s?[:h]\s?(?<minute>[0-5]\d)(?:\s?:\s?[0-5]\d)?(?!\d)(?:\s*(?<half>[AaPp])\.?\s?[Mm]\b)?)"_s);
-    static const QRegularExpression points(
-        uR"((?<![\d:.,])(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?![.,]?\d)(?:\s*(?<half>[AaPp])\.?[Mm]\b|\s*Uhr\b))"_s);
-    // With a point it is a time behind a date or a word for it only: "12.5.2024 14.32", "klo 14.32",
-    // "Jam 14.32".
-    static const QRegularExpression introduced(
-        uR"((?:(?<!\d)\d{1,4}[./\-]\d{1,2}[./\-]\d{1,4}[\s,]{1,3}|\b(?:kl\.?|klo|ore|jam|pukul|godz\.?|ob|alle)\s?)(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?!\d|[.,]\d))"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    for (const QRegularExpression &pattern : {colons, points, introduced}) {
-        QRegularExpressionMatchIterator matches = pattern.globalMatch(line);
-        while (matches.hasNext()) {
-            const QTime time = parsed(matches.next());
-            if (time.isValid()) {
-                return time;
-            }
-        }
-    }
-    return std::nullopt;
-}
-
 bool tellsOpeningHours(const QString &line, const QStringList &words) {
     static const QRegularExpression span(
         uR"(\d{1,2}[:.]\d{2}\s*(?:[AaPp]\.?[Mm]\.?)?\s*(?:-|–|—|to|bis)\s*\d{1,2}[:.]\d{2})"_s);
@@ -71,6 +49,31 @@ qsizetype distance(const QString &line, qsizetype index, std::optional<qsizetype
 
 } // namespace
 
+QList<PrintedTime> printedTimes(const QString &line) {
+    static const QRegularExpression colons(
+        uR"((?<![\d:.,])(?<hour>\d{1,2})\s?[:h]\s?(?<minute>[0-5]\d)(?:\s?:\s?[0-5]\d)?(?!\d)(?:\s*(?<half>[AaPp])\.?\s?[Mm]\b)?)"_s);
+    static const QRegularExpression points(
+        uR"((?<![\d:.,])(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?![.,]?\d)(?:\s*(?<half>[AaPp])\.?[Mm]\b|\s*Uhr\b))"_s);
+    // With a point it is a time behind a date or a word for it only: "12.5.2024 14.32", "klo 14.32",
+    // "Jam 14.32".
+    static const QRegularExpression introduced(
+        uR"((?:(?<!\d)\d{1,4}[./\-]\d{1,2}[./\-]\d{1,4}[\s,]{1,3}|\b(?:kl\.?|klo|ore|jam|pukul|godz\.?|ob|alle)\s?)(?<hour>\d{1,2})\.(?<minute>[0-5]\d)(?!\d|[.,]\d))"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    QList<PrintedTime> times;
+    for (const QRegularExpression &pattern : {colons, points, introduced}) {
+        QRegularExpressionMatchIterator matches = pattern.globalMatch(line);
+        while (matches.hasNext()) {
+            const QRegularExpressionMatch match = matches.next();
+            const QTime time = parsed(match);
+            if (time.isValid()) {
+                const qsizetype start = match.capturedStart(u"hour");
+                times.append({time, start, match.capturedEnd() - start});
+            }
+        }
+    }
+    return times;
+}
+
 std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizetype> dateLine,
                               const Languages &languages) {
     const QStringList labels = dateWords().phrases(u"time"_s, languages);
@@ -79,15 +82,15 @@ std::optional<QTime> readTime(const QList<TextLine> &lines, std::optional<qsizet
     qsizetype bestDistance = 0;
     for (qsizetype index = 0; index < lines.size(); ++index) {
         const QString &line = lines[index].text;
-        const std::optional<QTime> time = firstTime(line);
-        if (!time || (index != dateLine && tellsOpeningHours(line, hours))) {
+        const QList<PrintedTime> times = printedTimes(line);
+        if (times.isEmpty() || (index != dateLine && tellsOpeningHours(line, hours))) {
             continue;
         }
         const qsizetype away = distance(line, index, dateLine, labels);
         if (best && away >= bestDistance) {
             continue;
         }
-        best = time;
+        best = times.first().time;
         bestDistance = away;
     }
     return best;

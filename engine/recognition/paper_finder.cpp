@@ -155,7 +155,7 @@ PointList pointList(const PaperCorners &corners) {
     return points;
 }
 
-GreyPicture warped(GreyPicture picture, const PaperCorners &corners) {
+DerivedPicture warped(GreyPicture picture, const PaperCorners &corners) {
     const auto length = [&](size_t from, size_t to) {
         return QLineF(corners[from], corners[to]).length();
     };
@@ -165,13 +165,19 @@ GreyPicture warped(GreyPicture picture, const PaperCorners &corners) {
     const double scale =
         std::min({1.0, pixGetWidth(picture.get()) / width, pixGetHeight(picture.get()) / height});
     const QSizeF size = QSizeF(width, height) * scale;
+    const PaperCorners straight = {QPointF(0, 0), QPointF(size.width(), 0),
+                                   QPointF(size.width(), size.height()), QPointF(0, size.height())};
     const PointList from = pointList(corners);
-    const PointList to = pointList({QPointF(0, 0), QPointF(size.width(), 0),
-                                    QPointF(size.width(), size.height()), QPointF(0, size.height())});
+    const PointList to = pointList(straight);
     const GreyPicture above(pixProjectivePta(picture.get(), to.get(), from.get(), L_BRING_IN_WHITE));
     const BoxPointer sheet(boxCreate(0, 0, static_cast<int>(size.width()), static_cast<int>(size.height())));
     GreyPicture cut(above ? pixClipRectangle(above.get(), sheet.get(), nullptr) : nullptr);
-    return cut ? std::move(cut) : std::move(picture);
+    QTransform toSource;
+    if (!cut || !QTransform::quadToQuad(QPolygonF(QList(straight.begin(), straight.end())),
+                                        QPolygonF(QList(corners.begin(), corners.end())), toSource)) {
+        return {.picture = std::move(picture)};
+    }
+    return {.picture = std::move(cut), .toSource = toSource};
 }
 
 } // namespace
@@ -196,10 +202,10 @@ std::optional<PaperCorners> paperCorners(const GreyPicture &picture) {
     return enlarged;
 }
 
-GreyPicture seenFromAbove(GreyPicture picture) {
+DerivedPicture seenFromAbove(GreyPicture picture) {
     const std::optional<PaperCorners> corners = picture ? paperCorners(picture) : std::nullopt;
     if (!corners || !isWorthTheWarp(*corners)) {
-        return picture;
+        return {.picture = std::move(picture)};
     }
     return warped(std::move(picture), *corners);
 }

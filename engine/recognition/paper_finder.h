@@ -20,6 +20,6 @@ std::optional<PaperCorners> paperCorners(const GreyPicture &picture);
 
 // The sheet of `picture`, as seen from straight above when it was taken from the side; `picture` itself when
 // no sheet is found in it, or one that is a rectangle already.
-GreyPicture seenFromAbove(GreyPicture picture);
+[[nodiscard]] DerivedPicture seenFromAbove(GreyPicture picture);
 
 } // namespace fennick::engine

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace fennick::engine {
 
@@ -19,16 +20,24 @@ constexpr float smallestSlant = 0.2F;
 // Leptonica's ratio of the best to the worst angle; it advises at least 3 for pages full of text.
 constexpr float leastCertainty = 2.5F;
 
+// Where the points of a picture that was turned clockwise around its middle were before.
+QTransform turnedBack(const GreyPicture &picture, float radians) {
+    const double x = pixGetWidth(picture.get()) / 2.0;
+    const double y = pixGetHeight(picture.get()) / 2.0;
+    return QTransform::fromTranslate(-x, -y) * QTransform().rotateRadians(-static_cast<double>(radians)) *
+           QTransform::fromTranslate(x, y);
+}
+
 } // namespace
 
-GreyPicture straightened(GreyPicture picture) {
+DerivedPicture straightened(GreyPicture picture) {
     if (!picture) {
         return {};
     }
     const GreyPicture ink(pixThresholdToBinary(picture.get(), inkBelow));
     const GreyPicture inner(ink ? pixRemoveBorderConnComps(ink.get(), 8) : nullptr);
     if (!inner) {
-        return picture;
+        return {.picture = std::move(picture)};
     }
     const GreyPicture edges(pixXor(nullptr, ink.get(), inner.get()));
     if (edges) {
@@ -40,11 +49,15 @@ GreyPicture straightened(GreyPicture picture) {
     const bool isFound = pixFindSkewSweepAndSearch(inner.get(), &slant, &certainty, coarseReduction,
                                                    fineReduction, largestSlant, 1, 0.01F) == 0;
     if (!isFound || certainty < leastCertainty || std::abs(slant) < smallestSlant) {
-        return picture;
+        return {.picture = std::move(picture)};
     }
     const float radians = slant * std::numbers::pi_v<float> / 180;
     GreyPicture turned(pixRotate(picture.get(), radians, L_ROTATE_AREA_MAP, L_BRING_IN_WHITE, 0, 0));
-    return turned ? std::move(turned) : std::move(picture);
+    if (!turned) {
+        return {.picture = std::move(picture)};
+    }
+    const QTransform back = turnedBack(turned, radians);
+    return {.picture = std::move(turned), .toSource = back};
 }
 
 } // namespace fennick::engine

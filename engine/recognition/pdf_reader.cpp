@@ -5,6 +5,7 @@
 
 #include <QPdfDocument>
 #include <QRegularExpression>
+#include <QTransform>
 
 #include <algorithm>
 
@@ -63,6 +64,13 @@ public:
             for (TextLine &fragment : fragments_) {
                 fragment.box.adjust(-roundingError, 0, roundingError, 0);
             }
+        }
+        const QSizeF size = document_.pagePointSize(page_);
+        for (TextLine &fragment : fragments_) {
+            fragment.pieces = {
+                {.start = 0,
+                 .length = fragment.text.size(),
+                 .place = QTransform::fromScale(1 / size.width(), 1 / size.height()).mapRect(fragment.box)}};
         }
         return joinedRows(fragments_);
     }

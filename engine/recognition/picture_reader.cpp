@@ -33,9 +33,13 @@ constexpr double hardlyLegible = 20;
 
 QSemaphore freeProcessors(std::max(1, QThread::idealThreadCount()));
 
-Reading movedDown(Reading lines, int distance) {
+// The lines of a strip as lines of its page.
+Reading placed(Reading lines, int top, const QTransform &toPage) {
     for (TextLine &line : lines) {
-        line.box.translate(0, distance);
+        line.box.translate(0, top);
+        for (TextPiece &piece : line.pieces) {
+            piece.place = toPage.mapRect(piece.place.translated(0, top));
+        }
     }
     return lines;
 }
@@ -71,10 +75,11 @@ public:
                 return reading;
             }
             const RecognitionPass &way = recognitionPasses[pass];
-            const GreyPicture picture = pictureFor(prepared[static_cast<size_t>(page)], way);
-            for (const PageStrip &strip : headingAndRest(picture, way.letterHeight)) {
-                reading += movedDown(
-                    recogniser_.recognise(strip.picture, static_cast<int>(page), deadline, stop), strip.top);
+            const DerivedPicture picture = pictureFor(prepared[static_cast<size_t>(page)], way);
+            for (const PageStrip &strip : headingAndRest(picture.picture, way.letterHeight)) {
+                reading +=
+                    placed(recogniser_.recognise(strip.picture, static_cast<int>(page), deadline, stop),
+                           strip.top, picture.toSource);
             }
         }
         return reading;
@@ -93,7 +98,7 @@ public:
 private:
     double legibilityOf(const PreparedPage &sample, QDeadlineTimer deadline, const std::stop_token &stop) {
         return legibility(
-            recogniser_.recognise(pictureFor(sample, recognitionPasses.front()), 0, deadline, stop));
+            recogniser_.recognise(pictureFor(sample, recognitionPasses.front()).picture, 0, deadline, stop));
     }
 
     TextRecogniser recogniser_;

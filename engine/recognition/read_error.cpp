@@ -38,6 +38,8 @@ QString readErrorText(ReadError error) {
         return u"The document has no pages."_s;
     case ReadError::RecogniserMissing:
         return u"The text recogniser cannot start: its language data for English is missing."_s;
+    case ReadError::NoReceipt:
+        return u"No receipt was found on the page."_s;
     case ReadError::TookTooMuch:
         return u"The document takes too much time or memory to read."_s;
     case ReadError::Abandoned:

@@ -15,6 +15,7 @@ enum class ReadError {
     LockedPdf,
     EmptyPdf,
     RecogniserMissing,
+    NoReceipt,
     TookTooMuch, // memory or time
     Abandoned,   // nobody waits for the answer any more
 };

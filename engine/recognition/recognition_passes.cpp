@@ -29,12 +29,24 @@ constexpr double smallPage = 0.25e6;
 constexpr int sampleLines = 20;
 constexpr int sampleShare = 5;
 
-GreyPicture cutTo(GreyPicture picture, const QRect &area, int margin) {
-    const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
-    const QRect wanted = area.adjusted(-margin, -margin, margin, margin) & whole;
+QRect frameOf(const GreyPicture &picture) {
+    return QRect(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
+}
+
+// Makes the page's picture the derived one.
+void take(PreparedPage &page, DerivedPicture derived) {
+    page.picture = std::move(derived.picture);
+    page.toPage = derived.toSource * page.toPage;
+}
+
+void cutTo(PreparedPage &page, const QRect &area, int margin) {
+    const QRect wanted = area.adjusted(-margin, -margin, margin, margin) & frameOf(page.picture);
     const BoxPointer box(boxCreate(wanted.x(), wanted.y(), wanted.width(), wanted.height()));
-    GreyPicture cut(box ? pixClipRectangle(picture.get(), box.get(), nullptr) : nullptr);
-    return cut ? std::move(cut) : std::move(picture);
+    GreyPicture cut(box ? pixClipRectangle(page.picture.get(), box.get(), nullptr) : nullptr);
+    if (cut) {
+        take(page,
+             {.picture = std::move(cut), .toSource = QTransform::fromTranslate(wanted.x(), wanted.y())});
+    }
 }
 
 double areaOf(const QRect &area) {
@@ -47,20 +59,25 @@ QRect withSurroundings(const QRect &print) {
     return print.adjusted(-beside, -above, beside, above);
 }
 
-GreyPicture turnedByAQuarter(GreyPicture picture) {
-    GreyPicture turned(pixRotate90(picture.get(), 1));
-    return turned ? std::move(turned) : std::move(picture);
+// Clockwise.
+void turnByAQuarter(PreparedPage &page) {
+    const double height = pixGetHeight(page.picture.get());
+    GreyPicture turned(pixRotate90(page.picture.get(), 1));
+    if (turned) {
+        take(page, {.picture = std::move(turned), .toSource = QTransform(0, -1, 1, 0, 0, height)});
+    }
 }
 
-// What is left of a page without the table, scanner or cardboard that the receipt lies on.
-GreyPicture cutToPrint(GreyPicture picture, const std::optional<PrintRegion> &region) {
+// Leaves the table, scanner or cardboard that the receipt lies on.
+void cutToPrint(PreparedPage &page, const std::optional<PrintRegion> &region) {
     if (!region) {
-        return picture;
+        return;
     }
-    const QRect whole(0, 0, pixGetWidth(picture.get()), pixGetHeight(picture.get()));
+    const QRect whole = frameOf(page.picture);
     const QRect kept = withSurroundings(region->box) & whole;
-    const bool isWorthIt = areaOf(whole) > smallPage && areaOf(kept) < mostlyPrint * areaOf(whole);
-    return isWorthIt ? cutTo(std::move(picture), kept, 0) : std::move(picture);
+    if (areaOf(whole) > smallPage && areaOf(kept) < mostlyPrint * areaOf(whole)) {
+        cutTo(page, kept, 0);
+    }
 }
 
 // Works on a copy: Leptonica counts the users of a picture without a lock, also those who only read it, and
@@ -79,18 +96,21 @@ GreyPicture scaled(const GreyPicture &picture, double factor) {
 
 PreparedPage preparedPage(const QImage &picture) {
     PreparedPage page;
-    page.picture = seenFromAbove(greyPicture(picture));
+    page.toPage =
+        QTransform::fromScale(1.0 / std::max(1, picture.width()), 1.0 / std::max(1, picture.height()));
+    take(page, seenFromAbove(greyPicture(picture)));
     std::optional<PrintRegion> region = printRegion(page.picture);
     page.wasOnItsSide = region && !region->isUpright;
     if (page.wasOnItsSide) {
-        page.picture = turnedByAQuarter(std::move(page.picture));
+        turnByAQuarter(page);
         region = printRegion(page.picture);
     }
-    page.picture = straightened(onEvenPaper(cutToPrint(std::move(page.picture), region)));
+    cutToPrint(page, region);
+    take(page, straightened(onEvenPaper(std::move(page.picture))));
     const PrintedArea area = printedArea(page.picture);
     page.letterHeight = area.letterHeight;
     if (area.letterHeight > 0) {
-        page.picture = cutTo(std::move(page.picture), area.box, area.letterHeight * 3 / 2);
+        cutTo(page, area.box, area.letterHeight * 3 / 2);
     }
     return page;
 }
@@ -98,6 +118,8 @@ PreparedPage preparedPage(const QImage &picture) {
 void turnUpsideDown(PreparedPage &page) {
     if (page.picture) {
         pixRotate180(page.picture.get(), page.picture.get());
+        const QRect frame = frameOf(page.picture);
+        page.toPage = QTransform(-1, 0, 0, -1, frame.width(), frame.height()) * page.toPage;
     }
 }
 
@@ -114,19 +136,25 @@ PreparedPage sampleOf(const PreparedPage &page) {
     return sample;
 }
 
-GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass) {
+DerivedPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass) {
     if (!page.picture) {
         return {};
     }
+    const QRect frame = frameOf(page.picture);
     double factor = 1;
     if (page.letterHeight > 0) {
-        const double pixels =
-            static_cast<double>(pixGetWidth(page.picture.get())) * pixGetHeight(page.picture.get());
         factor = std::min(static_cast<double>(pass.letterHeight) / page.letterHeight,
-                          std::sqrt(mostPixels / pixels));
+                          std::sqrt(mostPixels / areaOf(frame)));
         factor = std::clamp(factor, smallestEnlargement, largestEnlargement);
     }
-    return withStrokes(scaled(page.picture, factor), pass.strokes);
+    GreyPicture picture = withStrokes(scaled(page.picture, factor), pass.strokes);
+    if (!picture) {
+        return {};
+    }
+    const QRect scaledFrame = frameOf(picture);
+    const QTransform back = QTransform::fromScale(static_cast<double>(frame.width()) / scaledFrame.width(),
+                                                  static_cast<double>(frame.height()) / scaledFrame.height());
+    return {.picture = std::move(picture), .toSource = back * page.toPage};
 }
 
 } // namespace fennick::engine

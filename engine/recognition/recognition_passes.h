@@ -4,6 +4,7 @@
 #include "engine/recognition/grey_picture.h"
 
 #include <QImage>
+#include <QTransform>
 
 #include <array>
 
@@ -28,9 +29,10 @@ struct PreparedPage {
     GreyPicture picture;
     int letterHeight = 0;
     bool wasOnItsSide = false; // it was turned by a quarter; which way up is for its words to say
+    QTransform toPage = {};    // from the picture's pixels to the page as it is shown, 0 to 1
 };
 
-PreparedPage preparedPage(const QImage &picture);
+[[nodiscard]] PreparedPage preparedPage(const QImage &picture);
 
 // Turns a page by half a circle.
 void turnUpsideDown(PreparedPage &page);
@@ -38,7 +40,7 @@ void turnUpsideDown(PreparedPage &page);
 // The middle of a page, enough of it to see whether it can be read.
 [[nodiscard]] PreparedPage sampleOf(const PreparedPage &page);
 
-// `page` as `pass` wants it.
-GreyPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass);
+// `page` as `pass` wants it. Points are mapped back to the page as it is shown, 0 to 1.
+[[nodiscard]] DerivedPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass);
 
 } // namespace fennick::engine

@@ -39,6 +39,16 @@ QString gapBetween(const QRectF &left, const QRectF &right, double tallest) {
     return gap < tallest ? QStringLiteral(" ") : QStringLiteral("  ");
 }
 
+void append(TextLine &line, const QString &gap, const TextLine &next) {
+    line.text += gap;
+    for (TextPiece piece : next.pieces) {
+        piece.start += line.text.size();
+        line.pieces.append(piece);
+    }
+    line.text += next.text;
+    line.confidence = std::min(line.confidence, next.confidence);
+}
+
 TextLine joined(Row row) {
     QList<TextLine> &pieces = row.pieces;
     std::ranges::stable_sort(pieces, {}, [](const TextLine &piece) { return piece.box.left(); });
@@ -49,8 +59,7 @@ TextLine joined(Row row) {
 
     TextLine line = pieces.first();
     for (qsizetype index = 1; index < pieces.size(); ++index) {
-        line.text += gapBetween(pieces[index - 1].box, pieces[index].box, tallest) + pieces[index].text;
-        line.confidence = std::min(line.confidence, pieces[index].confidence);
+        append(line, gapBetween(pieces[index - 1].box, pieces[index].box, tallest), pieces[index]);
     }
     line.box = row.box;
     return line;

@@ -36,10 +36,10 @@ QRectF boxOf(const tesseract::ResultIterator &position, tesseract::PageIteratorL
     return QRectF(left, top, right - left, bottom - top);
 }
 
-// The words of the line at `word`, which is left on the line's last one. Two spaces mark a gap that no blank
-// between words is as wide as: the next column.
-QString lineText(tesseract::ResultIterator &word, double lineHeight) {
-    QString text;
+// Puts the words of the line at `word`, which is left on the line's last one, into `line`. Two spaces mark a
+// gap that no blank between words is as wide as: the next column.
+void addWords(TextLine &line, tesseract::ResultIterator &word) {
+    QString &text = line.text;
     double previousRight = 0;
     while (true) {
         const std::unique_ptr<char[]> utf8(word.GetUTF8Text(tesseract::RIL_WORD));
@@ -47,14 +47,15 @@ QString lineText(tesseract::ResultIterator &word, double lineHeight) {
         const QRectF box = boxOf(word, tesseract::RIL_WORD);
         if (!written.isEmpty()) {
             if (!text.isEmpty()) {
-                text += box.left() - previousRight > columnGap * lineHeight ? u"  "_s : u" "_s;
+                text += box.left() - previousRight > columnGap * line.box.height() ? u"  "_s : u" "_s;
             }
+            line.pieces.append({.start = text.size(), .length = written.size(), .place = box});
             text += written;
             previousRight = box.right();
         }
         if (word.IsAtFinalElement(tesseract::RIL_TEXTLINE, tesseract::RIL_WORD) ||
             !word.Next(tesseract::RIL_WORD)) {
-            return text;
+            return;
         }
     }
 }
@@ -104,12 +105,14 @@ QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, 
         return {};
     }
     do {
-        const QRectF box = boxOf(*line, tesseract::RIL_TEXTLINE);
-        const double confidence = static_cast<double>(line->Confidence(tesseract::RIL_TEXTLINE)) / 100;
+        TextLine fragment{.text = {},
+                          .box = boxOf(*line, tesseract::RIL_TEXTLINE),
+                          .confidence = static_cast<double>(line->Confidence(tesseract::RIL_TEXTLINE)) / 100,
+                          .page = page};
         tesseract::ResultIterator word(*line);
-        const QString text = lineText(word, box.height());
-        if (!text.isEmpty() && !box.isNull()) {
-            fragments.append({.text = text, .box = box, .confidence = confidence, .page = page});
+        addWords(fragment, word);
+        if (!fragment.text.isEmpty() && !fragment.box.isNull()) {
+            fragments.append(fragment);
         }
     } while (line->Next(tesseract::RIL_TEXTLINE));
     tesseract_->Clear();

@@ -23,8 +23,8 @@ public:
     // False when the language data is missing; nothing can be recognised then.
     bool isReady() const;
 
-    // The lines of `picture`, from top to bottom, boxes in its pixels. None when `deadline` passes or
-    // `stop` is requested first: Tesseract gives a page whole or not at all.
+    // The lines of `picture`, from top to bottom, boxes and places in its pixels. None when `deadline` passes
+    // or `stop` is requested first: Tesseract gives a page whole or not at all.
     QList<TextLine> recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline,
                               const std::stop_token &stop = {});
 

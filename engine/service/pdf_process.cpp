@@ -23,12 +23,26 @@ constexpr std::chrono::seconds longestTime{50};
 constexpr int lookInterval = 50; // milliseconds
 constexpr auto streamVersion = QDataStream::Qt_6_4;
 
-QDataStream &operator<<(QDataStream &stream, const TextLine &line) {
-    return stream << line.text << line.box << line.confidence << line.page;
+void write(QDataStream &stream, const TextLine &line) {
+    stream << line.text << line.box << line.confidence << line.page
+           << static_cast<qint32>(line.pieces.size());
+    for (const TextPiece &piece : line.pieces) {
+        stream << static_cast<qint64>(piece.start) << static_cast<qint64>(piece.length) << piece.place;
+    }
 }
 
-QDataStream &operator>>(QDataStream &stream, TextLine &line) {
-    return stream >> line.text >> line.box >> line.confidence >> line.page;
+TextLine readLine(QDataStream &stream) {
+    TextLine line;
+    qint32 pieces = 0;
+    stream >> line.text >> line.box >> line.confidence >> line.page >> pieces;
+    for (; pieces > 0 && stream.status() == QDataStream::Ok; --pieces) {
+        qint64 start = 0;
+        qint64 length = 0;
+        QRectF place;
+        stream >> start >> length >> place;
+        line.pieces.append({static_cast<qsizetype>(start), static_cast<qsizetype>(length), place});
+    }
+    return line;
 }
 
 // Not as Qt streams pictures, which packs every one as a PNG.
@@ -65,7 +79,7 @@ QByteArray encoded(const std::expected<QList<PdfPage>, ReadError> &pages) {
     for (const PdfPage &page : *pages) {
         stream << static_cast<qint32>(page.lines.size());
         for (const TextLine &line : page.lines) {
-            stream << line;
+            write(stream, line);
         }
         write(stream, page.picture);
     }
@@ -77,9 +91,7 @@ PdfPage decodedPage(QDataStream &stream) {
     qint32 lines = 0;
     stream >> lines;
     for (; lines > 0 && stream.status() == QDataStream::Ok; --lines) {
-        TextLine line;
-        stream >> line;
-        page.lines.append(line);
+        page.lines.append(readLine(stream));
     }
     page.picture = readPicture(stream);
     return page;

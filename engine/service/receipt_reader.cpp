@@ -37,7 +37,9 @@ std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes,
         return std::unexpected(readings.error());
     }
     addFacts(facts, *readings);
-    return readReceipt(facts, today);
+    std::optional<ReceiptFields> fields = readReceipt(facts, today);
+    return fields ? std::expected<ReceiptFields, ReadError>(*std::move(fields))
+                  : std::unexpected(ReadError::NoReceipt);
 }
 
 } // namespace fennick::engine

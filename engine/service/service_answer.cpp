@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <cmath>
+
 namespace fennick::engine {
 
 using namespace Qt::StringLiterals;
@@ -27,6 +29,36 @@ QString fieldsText(const ReceiptFields &fields) {
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
+constexpr qsizetype longestPrintedText = 200;
+
+// To a ten-thousandth of the page.
+double rounded(double length) {
+    return std::round(length * 10'000) / 10'000;
+}
+
+void insertEvidence(QJsonObject &members, const QString &name, const std::optional<Evidence> &evidence) {
+    if (!evidence) {
+        return;
+    }
+    const QRectF &place = evidence->place;
+    members.insert(name, QJsonObject{{u"page"_s, evidence->page + 1},
+                                     {u"x"_s, rounded(place.x())},
+                                     {u"y"_s, rounded(place.y())},
+                                     {u"width"_s, rounded(place.width())},
+                                     {u"height"_s, rounded(place.height())},
+                                     {u"text"_s, evidence->text.left(longestPrintedText)}});
+}
+
+QJsonObject evidenceMembers(const ReceiptEvidence &evidence) {
+    QJsonObject members;
+    insertEvidence(members, u"date"_s, evidence.date);
+    insertEvidence(members, u"time"_s, evidence.time);
+    insertEvidence(members, u"total"_s, evidence.total);
+    insertEvidence(members, u"currency"_s, evidence.currency);
+    insertEvidence(members, u"merchant"_s, evidence.merchant);
+    return members;
+}
+
 } // namespace
 
 QJsonObject generateAnswer(const ReceiptFields &fields, const QString &model) {
@@ -35,7 +67,9 @@ QJsonObject generateAnswer(const ReceiptFields &fields, const QString &model) {
         {u"role"_s, u"model"_s},
     };
     const QJsonObject candidate{{u"content"_s, content}, {u"finishReason"_s, u"STOP"_s}, {u"index"_s, 0}};
-    return {{u"candidates"_s, QJsonArray{candidate}}, {u"modelVersion"_s, model}};
+    return {{u"candidates"_s, QJsonArray{candidate}},
+            {u"evidence"_s, evidenceMembers(fields.evidence)},
+            {u"modelVersion"_s, model}};
 }
 
 QJsonObject errorAnswer(const ServiceError &error) {

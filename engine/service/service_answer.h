@@ -10,7 +10,10 @@
 // Answers in the shape of the generateContent service.
 namespace fennick::engine {
 
-// One candidate whose only part's text is the fields as a JSON object; absent fields are null.
+// One candidate whose only part's text is the fields as a JSON object; absent fields are null. Beside it the
+// member "evidence" has an object for each of "date", "time", "total", "currency" and "merchant" whose place
+// on the document is known: "page" (from 1), "x", "y", "width" and "height" (0 to 1, from the top left corner
+// of the page as it is shown) and "text", what is printed there, at most 200 characters of it.
 QJsonObject generateAnswer(const ReceiptFields &fields, const QString &model);
 
 // {"error": {...}} as the service words its failures.

@@ -11,6 +11,9 @@ namespace fennick::engine {
 struct Sample {
     QString file;
     QJsonObject facts; // the six fields besides the summary, null where there is nothing to find
+
+    // All else that is in the folder is no receipt.
+    bool isReceipt() const { return !facts.value(QStringLiteral("category")).isNull(); }
 };
 
 // The rows of samples/expected.csv; empty if it cannot be read.

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 ReceiptFields fieldsIn(const QList<Reading> &readings, QDate today) {
-    return readReceipt(factOfEach(readings, &factsOf), today);
+    return readReceipt(factOfEach(readings, &factsOf), today).value_or(ReceiptFields{});
 }
 
 } // namespace
@@ -58,14 +58,18 @@ private Q_SLOTS:
         QCOMPARE(fieldsIn({plain, other}, today_).currency, std::optional(u"EUR"_s));
     }
 
-    void claimsNothingAboutALetter() {
+    void aLetterIsNoReceipt() {
         for (const QList<TextLine> &lines :
              {linesOf({u"Dear Anna"_s, u"See you at the market, 9:30 sharp."_s}), QList<TextLine>()}) {
-            const ReceiptFields fields = fieldsIn({lines}, today_);
-            QVERIFY(!fields.date && !fields.time && !fields.amount && !fields.currency && !fields.location);
-            QCOMPARE(fields.category, u"misc"_s);
-            QVERIFY(fields.summary.contains(u"No receipt text"_s));
+            QVERIFY(!readReceipt({factsOf(lines)}, today_));
         }
+    }
+
+    void theNameOfACompanyAloneMakesAReceipt() {
+        const auto fields = readReceipt({factsOf(linesOf({u"Harbour Hardware Ltd"_s, u"Nails"_s}))}, today_);
+        QVERIFY(fields);
+        QCOMPARE(fields->location, std::optional(u"Harbour Hardware Ltd"_s));
+        QVERIFY(!fields->date && !fields->amount);
     }
 };
 

@@ -56,12 +56,12 @@ private Q_SLOTS:
         QFETCH(double, degrees);
         const GreyPicture askew = greyPicture(askewPage(drawnPage(rows_, 30), degrees));
         QVERIFY(std::abs(slantOf(askew)) > 0.5);
-        QVERIFY(std::abs(slantOf(straightened(GreyPicture(pixCopy(nullptr, askew.get()))))) < 0.3);
+        QVERIFY(std::abs(slantOf(straightened(GreyPicture(pixCopy(nullptr, askew.get()))).picture)) < 0.3);
     }
 
     void leavesALevelPageAsItIs() {
         const QImage page = drawnPage(rows_, 30);
-        const GreyPicture picture = straightened(greyPicture(page));
+        const GreyPicture picture = straightened(greyPicture(page)).picture;
         QCOMPARE(pixGetWidth(picture.get()), page.width());
         QCOMPARE(pixGetHeight(picture.get()), page.height());
         QVERIFY(std::abs(slantOf(picture)) < 0.2);
@@ -70,7 +70,7 @@ private Q_SLOTS:
     void paintsDarkEdgesOver() {
         QImage page = drawnPage(rows_, 30);
         QPainter(&page).fillRect(0, 0, page.width(), 25, Qt::black);
-        const GreyPicture picture = straightened(greyPicture(page));
+        const GreyPicture picture = straightened(greyPicture(page)).picture;
         QVERIFY(greyAt(picture, page.width() / 2, 10) > 150);
     }
 
@@ -97,7 +97,7 @@ private Q_SLOTS:
         }
         QVERIFY(withStrokes(nullptr, Strokes::Darkened) == nullptr);
         QVERIFY(onEvenPaper(nullptr) == nullptr);
-        QVERIFY(straightened(nullptr) == nullptr);
+        QVERIFY(straightened(nullptr).picture == nullptr);
     }
 };
 

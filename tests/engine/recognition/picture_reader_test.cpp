@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 
 #include <atomic>
+#include <functional>
 #include <random>
 #include <thread>
 
@@ -71,6 +72,34 @@ QImage rotated(const QImage &page, int degrees) {
     return page.transformed(QTransform().rotate(degrees));
 }
 
+// The middle of what is green in `picture`, as a share of its sides.
+QPointF greenPlace(const QImage &picture) {
+    QPointF sum;
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor colour = picture.pixelColor(x, y);
+            if (colour.green() > 200 && colour.red() < 100) {
+                sum += QPointF(x, y);
+                ++count;
+            }
+        }
+    }
+    return {sum.x() / count / picture.width(), sum.y() / count / picture.height()};
+}
+
+// Where a reading has `word`.
+QRectF placeOf(const Reading &reading, const QString &word) {
+    for (const TextLine &line : reading) {
+        for (const TextPiece &piece : line.pieces) {
+            if (line.text.mid(piece.start, piece.length) == word) {
+                return piece.place;
+            }
+        }
+    }
+    return {};
+}
+
 QImage withGrain(QImage page, int strength) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> grain(-strength, strength);
@@ -89,6 +118,8 @@ QImage faint(QImage page) {
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<QImage(const QImage &)>)
 
 class PictureReaderTest : public QObject {
     Q_OBJECT
@@ -116,6 +147,34 @@ private Q_SLOTS:
         QCOMPARE(readings.size(), 2);
         QVERIFY(hasLine(readings, u"Corner Shop"_s));
         QVERIFY(hasLine(readings, u"Total 10.00"_s));
+    }
+
+    void knowsWhereWordsStandOnThePage_data() {
+        QTest::addColumn<std::function<QImage(const QImage &)>>("view");
+        using View = std::function<QImage(const QImage &)>;
+        QTest::newRow("as it is") << View([](const QImage &page) { return page; });
+        QTest::newRow("turned to the left") << View([](const QImage &page) { return onTable(page, -3); });
+        QTest::newRow("turned to the right") << View([](const QImage &page) { return onTable(page, 4); });
+        QTest::newRow("on its left side") << View([](const QImage &page) { return rotated(page, -90); });
+        QTest::newRow("on its right side") << View([](const QImage &page) { return rotated(page, 90); });
+        QTest::newRow("upside down") << View([](const QImage &page) { return rotated(page, 180); });
+        QTest::newRow("taken from below") << View([](const QImage &page) { return takenFromBelow(page); });
+    }
+    void knowsWhereWordsStandOnThePage() {
+        QFETCH(std::function<QImage(const QImage &)>, view);
+        const QImage page = drawnPage(receipt, 30);
+        QImage marked = page;
+        // The last row's first word: its letters are 30 pixels high, its baseline 420 from the top.
+        QPainter(&marked).fillRect(QRect(30, 398, 72, 22), QColor(0, 255, 0));
+        const QPointF expected = greenPlace(view(marked));
+        for (const Reading &reading : readingsOf(view(page))) {
+            const QRectF place = placeOf(reading, u"Total"_s);
+            QVERIFY2(
+                place.contains(expected),
+                qPrintable(
+                    u"%1 %2 %3 %4"_s.arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height())));
+            QVERIFY(place.width() * place.height() < 0.03);
+        }
     }
 
     void readsANameInLargePrint() {

@@ -46,7 +46,7 @@ private Q_SLOTS:
             watchedPixels = pixGetData(page.picture.get());
             const auto lookOften = [&page] {
                 for (int count = 0; count < 20'000; ++count) {
-                    pictureFor(page, recognitionPasses.front());
+                    (void)pictureFor(page, recognitionPasses.front());
                 }
             };
             {

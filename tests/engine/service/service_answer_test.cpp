@@ -43,7 +43,8 @@ private Q_SLOTS:
                                    .currency = u"USD"_s,
                                    .location = u"Mario's \"Cafe\""_s,
                                    .category = u"lunch"_s,
-                                   .summary = u"Lunch"_s};
+                                   .summary = u"Lunch"_s,
+                                   .evidence = {}};
         const QJsonObject expected{{u"date"_s, u"2024-05-01"_s},
                                    {u"time"_s, u"07:05"_s},
                                    {u"amount"_s, 23.5},
@@ -64,6 +65,25 @@ private Q_SLOTS:
             QVERIFY2(object.value(name).isNull(), qPrintable(name));
         QCOMPARE(object.value("category"_L1).toString(), u"misc"_s);
         QCOMPARE(object.value("summary"_L1).toString(), u"Receipt"_s);
+    }
+
+    void saysWhereTheValuesStand() {
+        ReceiptFields fields;
+        fields.evidence.total =
+            Evidence{.page = 1, .place = QRectF(0.70001, 0.25, 0.123456, 0.5), .text = u"23,50"_s};
+        const QJsonObject evidence = generateAnswer(fields, u"m"_s).value("evidence"_L1).toObject();
+        const QJsonObject expected{{u"page"_s, 2},       {u"x"_s, 0.7},      {u"y"_s, 0.25},
+                                   {u"width"_s, 0.1235}, {u"height"_s, 0.5}, {u"text"_s, u"23,50"_s}};
+        QCOMPARE(evidence.keys(), QStringList{u"total"_s});
+        QCOMPARE(evidence.value("total"_L1).toObject(), expected);
+    }
+
+    void boundsThePrintedText() {
+        ReceiptFields fields;
+        fields.evidence.merchant =
+            Evidence{.page = 0, .place = QRectF(0, 0, 1, 1), .text = QString(5000, u'x')};
+        const QJsonObject evidence = generateAnswer(fields, u"m"_s).value("evidence"_L1).toObject();
+        QCOMPARE(evidence.value("merchant"_L1).toObject().value("text"_L1).toString().size(), 200);
     }
 
     void wordsErrorsLikeTheService() {
