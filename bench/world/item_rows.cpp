@@ -1,0 +1,124 @@
+#include "receipt_rows.h"
+
+#include <cmath>
+
+namespace fennick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QList<double> columnEnds = {0.72, 1};
+
+QString pointOf(const ReceiptParts &parts) {
+    return parts.style.amount.point.isEmpty() ? u"."_s : parts.style.amount.point;
+}
+
+QString quantityText(const ReceiptParts &parts, const PurchaseLine &line) {
+    const bool isWhole = line.quantity == std::floor(line.quantity);
+    return isWhole ? QString::number(static_cast<int>(line.quantity))
+                   : QString::number(line.quantity, 'f', 2).replace(u'.', pointOf(parts));
+}
+
+QString unitPriceText(const ReceiptParts &parts, const PurchaseLine &line) {
+    if (parts.purchase.trade == u"fuel" && parts.purchase.digits > 0) {
+        return QString::number(line.unitPrice, 'f', 3).replace(u'.', pointOf(parts));
+    }
+    const double units = std::pow(10, parts.purchase.digits);
+    return amountText(std::lround(line.unitPrice * units), parts.purchase.digits, parts.style.amount);
+}
+
+QString amountOf(const ReceiptParts &parts, const PurchaseLine &line) {
+    const QString amount = parts.style.text(line.amount, parts.purchase.digits);
+    return parts.style.hasRateCodes ? amount + u' ' + parts.customs.all(u"rate codes"_s).value(line.rate)
+                                    : amount;
+}
+
+QString multiplication(const ReceiptParts &parts, const PurchaseLine &line) {
+    const QString unit = parts.purchase.trade == u"fuel"
+                             ? u' ' + parts.customs.first(u"fuel unit"_s) + u" x"_s
+                             : u' ' + parts.word(u"pieces"_s);
+    return quantityText(parts, line) + unit + u' ' + unitPriceText(parts, line);
+}
+
+QString itemName(const ReceiptParts &parts, const PurchaseLine &line) {
+    return parts.style.isCapital ? line.name.toUpper() : line.name;
+}
+
+void addSingle(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
+    const bool isNumbered = parts.style.quantity == QuantityPlace::BeforeName && !line.isExtra;
+    rows.append(textRow((isNumbered ? u"1 "_s : QString()) + itemName(parts, line), amountOf(parts, line)));
+}
+
+void addSeveral(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
+    const QString amount = amountOf(parts, line);
+    const bool isFuel = parts.purchase.trade == u"fuel";
+    switch (isFuel ? QuantityPlace::BelowItem : parts.style.quantity) {
+    case QuantityPlace::BeforeName:
+        rows.append(textRow(quantityText(parts, line) + u' ' + itemName(parts, line), amount));
+        break;
+    case QuantityPlace::AboveItem:
+        rows.append(textRow(u"  "_s + multiplication(parts, line)));
+        rows.append(textRow(itemName(parts, line), amount));
+        break;
+    case QuantityPlace::BelowItem:
+    case QuantityPlace::Column:
+        rows.append(textRow(itemName(parts, line)));
+        rows.append(textRow(u"  "_s + multiplication(parts, line), amount));
+        break;
+    }
+}
+
+void addInColumns(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
+    rows.append({.cells = {itemName(parts, line), quantityText(parts, line), amountOf(parts, line)},
+                 .ends = columnEnds});
+}
+
+bool isInColumns(const ReceiptParts &parts) {
+    return parts.style.quantity == QuantityPlace::Column && parts.purchase.trade != u"fuel";
+}
+
+void addLine(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
+    if (isInColumns(parts) && !line.isExtra) {
+        addInColumns(parts, line, rows);
+    } else if (line.quantity == 1) {
+        addSingle(parts, line, rows);
+    } else {
+        addSeveral(parts, line, rows);
+    }
+    rows.last().isCut = parts.style.cutsNames;
+}
+
+void addColumnHeads(const ReceiptParts &parts, QList<SheetRow> &rows) {
+    if (!parts.customs.has(u"columns"_s) || !(isInColumns(parts) || parts.random.chance(0.2))) {
+        return;
+    }
+    QStringList heads;
+    for (const QString &head : parts.word(u"columns"_s).split(u',')) {
+        heads.append(head.trimmed());
+    }
+    if (heads.size() > 3) {
+        heads = {heads.first(), heads[1], heads.last()};
+    }
+    rows.append({.cells = heads, .ends = heads.size() == 3 ? columnEnds : QList<double>()});
+    rows.append(ruleRow(parts));
+}
+
+} // namespace
+
+QList<SheetRow> itemRows(const ReceiptParts &parts) {
+    QList<SheetRow> rows;
+    addColumnHeads(parts, rows);
+    for (const QString &trade : {u"taxi"_s, u"rail"_s}) {
+        const QString key = trade == u"taxi" ? u"trip"_s : u"route"_s;
+        if (parts.purchase.trade == trade && parts.customs.has(key)) {
+            rows.append(textRow(parts.phrase(key)));
+        }
+    }
+    for (const PurchaseLine &line : parts.purchase.lines) {
+        addLine(parts, line, rows);
+    }
+    return rows;
+}
+
+} // namespace fennick
