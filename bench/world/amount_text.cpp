@@ -25,7 +25,7 @@ QString grouped(int64_t whole, const QString &separator) {
 } // namespace
 
 AmountShape AmountShape::of(const QString &sample) {
-    static const QRegularExpression pattern(u"^(\\D*)1(\\D*)234(?:(\\D)(500?))?(\\D*)$"_s);
+    static const QRegularExpression pattern(u"^(\\D*)1(\\D*)234(?:(\\D)(500?|00))?(\\D*)$"_s);
     const QRegularExpressionMatch match = pattern.match(sample);
     return {.before = match.captured(1),
             .group = match.captured(2),

@@ -72,6 +72,10 @@ void addHeading(const ReceiptParts &parts, QList<SheetRow> &rows) {
     }
 }
 
+QString labelled(const QString &label, const QString &text) {
+    return label.endsWith(u':') ? label + u' ' + text : label + u": "_s + text;
+}
+
 QString numberText(const ReceiptParts &parts) {
     return parts.random.filled(parts.random.oneOf({u"####"_s, u"######"_s, u"@##-#####"_s, u"###/####"_s}));
 }
@@ -108,7 +112,7 @@ QList<SheetRow> dateRows(const ReceiptParts &parts) {
         rows.append(textRow(number));
         break;
     case 2:
-        rows.append(textRow(parts.word(u"date label"_s) + u": "_s + date + u' ' + time));
+        rows.append(textRow(labelled(parts.word(u"date label"_s), date + u' ' + time)));
         rows.append(textRow(number));
         break;
     default:

@@ -1,3 +1,4 @@
+#include "date_text.h"
 #include "receipt_rows.h"
 
 #include <cmath>
@@ -11,7 +12,8 @@ namespace {
 const QList<double> columnEnds = {0.72, 1};
 
 QString pointOf(const ReceiptParts &parts) {
-    return parts.style.amount.point.isEmpty() ? u"."_s : parts.style.amount.point;
+    const AmountShape &shape = parts.style.amount;
+    return !shape.point.isEmpty() ? shape.point : shape.group == u'.' ? u","_s : u"."_s;
 }
 
 QString quantityText(const ReceiptParts &parts, const PurchaseLine &line) {
@@ -42,7 +44,8 @@ QString multiplication(const ReceiptParts &parts, const PurchaseLine &line) {
 }
 
 QString itemName(const ReceiptParts &parts, const PurchaseLine &line) {
-    return parts.style.isCapital ? line.name.toUpper() : line.name;
+    const QString name = parts.style.isCapital ? line.name.toUpper() : line.name;
+    return parts.style.numbersItems && !line.isExtra ? parts.random.filled(u"##### "_s) + name : name;
 }
 
 void addSingle(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
@@ -78,7 +81,14 @@ bool isInColumns(const ReceiptParts &parts) {
     return parts.style.quantity == QuantityPlace::Column && parts.purchase.trade != u"fuel";
 }
 
+bool isShop(const QString &trade) {
+    return trade == u"supermarket" || trade == u"hardware" || trade == u"bookshop" || trade == u"pharmacy";
+}
+
 void addLine(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
+    if (parts.style.hasBarcodes && isShop(parts.purchase.trade) && !line.isExtra) {
+        rows.append(textRow(parts.random.filled(u"#############"_s)));
+    }
     if (isInColumns(parts) && !line.isExtra) {
         addInColumns(parts, line, rows);
     } else if (line.quantity == 1) {
@@ -104,6 +114,17 @@ void addColumnHeads(const ReceiptParts &parts, QList<SheetRow> &rows) {
     rows.append(ruleRow(parts));
 }
 
+// The bill is of the day on which the guest leaves.
+void addStay(const ReceiptParts &parts, QList<SheetRow> &rows) {
+    const QDateTime departure = parts.purchase.moment;
+    const QDateTime arrival = departure.addDays(-static_cast<int>(parts.purchase.lines.first().quantity));
+    const QString from = parts.word(u"arrival"_s) + u' ' + dateText(arrival, parts.style.date, parts.customs);
+    const QString until =
+        parts.word(u"departure"_s) + u' ' + dateText(departure, parts.style.date, parts.customs);
+    rows.append(textRow(from));
+    rows.append(textRow(until));
+}
+
 } // namespace
 
 QList<SheetRow> itemRows(const ReceiptParts &parts) {
@@ -114,6 +135,12 @@ QList<SheetRow> itemRows(const ReceiptParts &parts) {
         if (parts.purchase.trade == trade && parts.customs.has(key)) {
             rows.append(textRow(parts.phrase(key)));
         }
+    }
+    if (parts.purchase.trade == u"cinema" && parts.customs.has(u"show"_s)) {
+        rows.append(textRow(parts.phrase(u"show"_s)));
+    }
+    if (parts.purchase.trade == u"hotel" && parts.customs.has(u"arrival"_s)) {
+        addStay(parts, rows);
     }
     for (const PurchaseLine &line : parts.purchase.lines) {
         addLine(parts, line, rows);

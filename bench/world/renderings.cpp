@@ -69,7 +69,7 @@ QImage faint(const ReceiptSheet &sheet, SeededRandom &random) {
     const QImage inked = image;
     const QRgb paper = inked.pixel(0, 0);
     for (int y = 0; y < image.height(); ++y) {
-        const double cold = 0.75 + 0.25 * std::sin(y * 2 * pi / image.height() + phase);
+        const double cold = 0.82 + 0.18 * std::sin(y * 2 * pi / image.height() + phase);
         for (int x = 0; x < image.width(); ++x) {
             const bool isGap =
                 isMatrix && (std::fmod(x, period) < period * 0.3 || std::fmod(y, period) < period * 0.3);

@@ -45,14 +45,16 @@ double rowHeight(const SheetRow &row, const SheetLook &look, double letterHeight
     return letterHeight * look.rowHeight * row.scale;
 }
 
-void drawRule(QPainter &painter, const SheetRow &row, const ReceiptSheet &sheet, const QRectF &box) {
+void drawRule(QPainter &painter, const SheetRow &row, const QRectF &box) {
     const QString character = row.cells.value(0);
     if (character.isEmpty()) {
         painter.fillRect(QRectF(box.left(), box.center().y(), box.width(), std::max(1.0, box.height() / 14)),
                          painter.pen().color());
         return;
     }
-    painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, character.repeated(sheet.columns));
+    const double width = std::max(1.0, QFontMetricsF(painter.font()).horizontalAdvance(character));
+    const int count = static_cast<int>(box.width() / width + 0.01);
+    painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, character.repeated(count));
 }
 
 void drawBarcode(QPainter &painter, const SheetRow &row, const QRectF &box) {
@@ -89,7 +91,18 @@ void drawCells(QPainter &painter, const SheetRow &row, const QRectF &box) {
     }
 }
 
+// Bold letters of proportional fonts may be wider than those that the row was fitted with.
+void narrow(QPainter &painter, const SheetRow &row, double width) {
+    const double needed = QFontMetricsF(painter.font()).horizontalAdvance(row.cells.join(u' '));
+    if (needed > width) {
+        QFont font = painter.font();
+        font.setPixelSize(std::max(4, static_cast<int>(font.pixelSize() * width / needed)));
+        painter.setFont(font);
+    }
+}
+
 void drawText(QPainter &painter, const SheetRow &row, const QRectF &box) {
+    narrow(painter, row, box.width());
     const QPen pen = painter.pen();
     if (row.isInverse) {
         painter.fillRect(box, pen.color());
@@ -103,12 +116,12 @@ void drawText(QPainter &painter, const SheetRow &row, const QRectF &box) {
     painter.setPen(pen);
 }
 
-void drawRow(QPainter &painter, const SheetRow &row, const ReceiptSheet &sheet, const QRectF &box) {
+void drawRow(QPainter &painter, const SheetRow &row, const QRectF &box) {
     switch (row.kind) {
     case RowKind::Gap:
         break;
     case RowKind::Rule:
-        drawRule(painter, row, sheet, box);
+        drawRule(painter, row, box);
         break;
     case RowKind::Barcode:
         drawBarcode(painter, row, box);
@@ -146,7 +159,6 @@ SheetLook chosenLook(const ReceiptSheet &sheet, bool isForDocuments, SeededRando
                                       u"Noto Mono"_s,
                                       u"IBM 3270"_s,
                                       u"Anonymous Pro"_s,
-                                      u"Courier Prime"_s,
                                       u"DotGothic16"_s,
                                       u"Liberation Sans Narrow"_s};
     static const QStringList documents = {u"Liberation Sans"_s, u"DejaVu Sans"_s, u"Liberation Serif"_s,
@@ -174,7 +186,7 @@ void drawSheet(QPainter &painter, const ReceiptSheet &sheet, const SheetLook &lo
     for (const SheetRow &row : sheet.rows) {
         const double height = rowHeight(row, look, letterHeight);
         painter.setFont(fontOf(look, row, letterHeight));
-        drawRow(painter, row, sheet, QRectF(0, top, width, height));
+        drawRow(painter, row, QRectF(0, top, width, height));
         top += height;
     }
 }

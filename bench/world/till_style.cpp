@@ -83,6 +83,8 @@ TillStyle TillStyle::chosen(const Customs &customs, const Purchase &purchase, Se
     style.isCentred = random.chance(0.8);
     style.hasRateCodes = customs.has(u"rate codes"_s) && random.chance(0.6);
     style.isMinusBehind = customs.has(u"minus behind"_s) && random.chance(0.5);
+    style.numbersItems = random.chance(0.08);
+    style.hasBarcodes = random.chance(0.1);
     style.rule = random.oneOf({u"-"_s, u"-"_s, u"="_s, u"*"_s, u"."_s, u""_s, u""_s});
     style.quantity = static_cast<QuantityPlace>(random.below(4));
     style.datePlace = static_cast<DatePlace>(random.below(3));

@@ -29,7 +29,9 @@ struct TillStyle {
     bool hasRateCodes = false;
     bool isMinusBehind = false;
     bool cutsNames = false; // long ones end at the amount, instead of taking a row of their own
-    QString rule;           // empty for a drawn line
+    bool numbersItems = false;
+    bool hasBarcodes = false; // the numbers of goods above their names
+    QString rule;             // empty for a drawn line
     QuantityPlace quantity = QuantityPlace::BelowItem;
     DatePlace datePlace = DatePlace::Top;
     QString date;

@@ -99,12 +99,12 @@ private Q_SLOTS:
     void sameSeedMakesTheSameBytes() {
         const QTemporaryDir folder;
         const auto made = [&folder](const QString &name, const QString &seed) {
-            const bool isDone = isMade(folder.filePath(name), {u"--seed"_s, seed, u"--count"_s, u"4"_s,
+            const bool isDone = isMade(folder.filePath(name), {u"--seed"_s, seed, u"--count"_s, u"1"_s,
                                                                u"--countries"_s, u"DE,JP"_s});
             return isDone ? filesIn(folder.filePath(name)) : QMap<QString, QByteArray>();
         };
         const auto first = made(u"a"_s, u"7"_s);
-        QCOMPARE(first.size(), 9);
+        QCOMPARE(first.size(), 3); // a picture, a PDF and the table
         QVERIFY(made(u"b"_s, u"7"_s) == first);
         QVERIFY(made(u"c"_s, u"8"_s) != first);
     }
