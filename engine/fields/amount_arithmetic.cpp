@@ -12,6 +12,7 @@ constexpr double exactCashProof = 2;
 constexpr double sumProof = 2.5;
 constexpr double cardProof = 1.5;
 constexpr double roundingProof = 1.5;
+constexpr double labelledRoundingProof = 3; // of a total that a printed rounding leads to
 constexpr double itemProof = 2;
 constexpr double taxTableProof = 2.5;
 constexpr double restProof = 4; // more than what the items and taxes say for the whole
@@ -127,6 +128,24 @@ bool isRoundedFromAbove(qint64 thousandths, const QList<LabelledAmount> &amounts
     return before % smallestCoin != 0 && std::abs(thousandths - before) < smallestCoin;
 }
 
+bool isTotal(const LabelledAmount &amount) {
+    return amount.role == AmountRole::Total || amount.role == AmountRole::FinalTotal;
+}
+
+// "Total 441.80, rounding 0.20, total 442.00": what is rounded is labelled like what it is rounded to.
+double roundingSupport(qint64 thousandths, const QList<LabelledAmount> &amounts) {
+    double support = isRoundedFromAbove(thousandths, amounts) ? roundingProof : 0;
+    if (!isRoundedResult(thousandths, amounts)) {
+        return support;
+    }
+    for (const LabelledAmount &amount : amounts) {
+        if (amount.thousandths == thousandths) {
+            support = std::max(support, isTotal(amount) ? labelledRoundingProof : roundingProof);
+        }
+    }
+    return support;
+}
+
 // The last amount of each line without a label above the first total, from the lowest line up.
 QList<qint64> itemPrices(const QList<LabelledAmount> &amounts) {
     QList<qint64> prices;
@@ -215,11 +234,7 @@ double arithmeticSupport(qint64 thousandths, const QList<LabelledAmount> &amount
     if (amountsOf(amounts, AmountRole::Card).contains(thousandths)) {
         support += cardProof;
     }
-    const bool isPrinted = std::ranges::any_of(
-        amounts, [thousandths](const LabelledAmount &amount) { return amount.thousandths == thousandths; });
-    if ((isPrinted && isRoundedResult(thousandths, amounts)) || isRoundedFromAbove(thousandths, amounts)) {
-        support += roundingProof;
-    }
+    support += roundingSupport(thousandths, amounts);
     if (isSumOfItems(thousandths, amounts)) {
         support += itemProof;
     }

@@ -149,7 +149,9 @@ private:
         }
         const bool hasForm = form != piece.end() && letterCountOf(*form) > 1;
         if (!brandsNamed(words).isEmpty()) {
-            if (hasForm || (index < headingLines && !isCommonWord(words))) {
+            // "TOTAL BHD 5.650" is an amount in dinars, not a company of that name.
+            const bool isAmount = hasForm && form + 1 != piece.end() && (form + 1)->at(0).isDigit();
+            if ((hasForm && !isAmount) || (index < headingLines && !isCommonWord(words))) {
                 add(words, hasForm ? byLegalForm : byHeading);
             }
             return;

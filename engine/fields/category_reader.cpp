@@ -2,7 +2,7 @@
 
 #include "engine/knowledge/words.h"
 
-#include <QFile>
+#include <QSet>
 #include <QStringList>
 
 namespace fennick::engine {
@@ -16,31 +16,16 @@ struct CategoryWords {
     QStringList phrases;
 };
 
-QList<CategoryWords> loadedTable() {
-    QFile file(u":/engine/category_words.txt"_s);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
+// In the order of the table.
+QList<CategoryWords> categoriesIn(const Languages &languages) {
+    static const QStringList order = {u"hotel"_s,         u"fuel"_s, u"breakfast"_s, u"lunch"_s,
+                                      u"dinner"_s,        u"coffee"_s, u"meal"_s,    u"transport"_s,
+                                      u"groceries"_s, u"entertainment"_s, u"shopping"_s};
+    QList<CategoryWords> categories;
+    for (const QString &category : order) {
+        categories.append({category, categoryWords().phrases(category, languages)});
     }
-    QList<CategoryWords> table;
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
-    for (const QString &line : lines) {
-        const qsizetype colon = line.indexOf(u':');
-        if (colon < 0 || line.startsWith(u'#')) {
-            continue;
-        }
-        CategoryWords entry{line.left(colon).trimmed(), {}};
-        const QStringList phrases = line.mid(colon + 1).split(u',', Qt::SkipEmptyParts);
-        for (const QString &phrase : phrases) {
-            entry.phrases.append(wordsOf(phrase).trimmed());
-        }
-        table.append(entry);
-    }
-    return table;
-}
-
-const QList<CategoryWords> &table() {
-    static const QList<CategoryWords> loaded = loadedTable();
-    return loaded;
+    return categories;
 }
 
 // More than the words of things bought come to on most receipts. Supermarkets sell more than their petrol
@@ -55,12 +40,31 @@ int votesOfBrand(const QString &category, const QStringList &brandCategories) {
     return category == u"fuel" && brandCategories.size() > 1 ? brandVotesForFuelAmongOthers : brandVotes;
 }
 
-int votes(const QStringList &phrases, const QString &merchantWords, const QString &allWords) {
+// Words of a text, single and in a row.
+class PhraseIndex {
+public:
+    explicit PhraseIndex(const QString &text)
+        : words_(withoutAccents(wordsOf(text))) {
+        const QStringList parts = words_.split(u' ', Qt::SkipEmptyParts);
+        single_ = QSet<QString>(parts.cbegin(), parts.cend());
+    }
+
+    bool contains(const QString &phrase) const {
+        return phrase.contains(u' ') ? containsPhrase(words_, phrase) : single_.contains(phrase);
+    }
+
+private:
+    QString words_;
+    QSet<QString> single_;
+};
+
+int votes(const QStringList &phrases, const PhraseIndex &merchant, const PhraseIndex &all) {
+    const QSet<QString> different(phrases.cbegin(), phrases.cend());
     int count = 0;
-    for (const QString &phrase : phrases) {
-        if (containsPhrase(merchantWords, phrase)) {
+    for (const QString &phrase : different) {
+        if (merchant.contains(phrase)) {
             count += 3;
-        } else if (containsPhrase(allWords, phrase)) {
+        } else if (all.contains(phrase)) {
             count += 1;
         }
     }
@@ -81,19 +85,20 @@ QString mealAt(std::optional<QTime> time) {
 } // namespace
 
 QString readCategory(const QList<TextLine> &lines, const std::optional<QString> &merchant,
-                     std::optional<QTime> time, const QStringList &brandCategories) {
+                     std::optional<QTime> time, const Languages &languages,
+                     const QStringList &brandCategories) {
     QString allText;
     for (const TextLine &line : lines) {
         allText += line.text + u'\n';
     }
-    const QString allWords = wordsOf(allText);
-    const QString merchantWords = wordsOf(merchant.value_or(QString()));
+    const PhraseIndex all(allText);
+    const PhraseIndex merchantName(merchant.value_or(QString()));
 
     QString best = u"misc"_s;
     int bestVotes = 0;
-    for (const CategoryWords &entry : table()) {
+    for (const CategoryWords &entry : categoriesIn(languages)) {
         const int count =
-            votes(entry.phrases, merchantWords, allWords) + votesOfBrand(entry.category, brandCategories);
+            votes(entry.phrases, merchantName, all) + votesOfBrand(entry.category, brandCategories);
         if (count <= bestVotes) {
             continue;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/knowledge/word_table.h"
 #include "engine/recognition/text_line.h"
 
 #include <QList>
@@ -15,6 +16,7 @@ namespace fennick::engine {
 // meal is classified by `time` unless the receipt names it. `brandCategories`, what the seller's brand stands
 // for, count more than the words of most receipts. misc when nothing is known.
 [[nodiscard]] QString readCategory(const QList<TextLine> &lines, const std::optional<QString> &merchant,
-                                   std::optional<QTime> time, const QStringList &brandCategories = {});
+                                   std::optional<QTime> time, const Languages &languages,
+                                   const QStringList &brandCategories = {});
 
 } // namespace fennick::engine

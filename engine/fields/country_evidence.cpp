@@ -19,6 +19,7 @@ constexpr double perBrand = 3;
 constexpr double perDialCode = 3;
 constexpr double perDomain = 3;
 constexpr double perPostcode = 3;
+constexpr double perHint = 1.5;
 constexpr double firstPlace = 3;
 constexpr double furtherPlaces = 1;
 // Words of a language are shared by countries, and a single one by languages.
@@ -86,6 +87,7 @@ CountryScores countryScores(const Reading &reading) {
         };
         score += isThere(country.taxNumber) ? perTaxNumber : 0;
         score += isThere(country.postcode) ? perPostcode : 0;
+        score += isThere(country.hint) ? perHint : 0;
         if (score > 0) {
             scores[country.code] = score;
         }

@@ -46,6 +46,22 @@ QHash<QString, double> scoresByCurrency(const CountryScores &countryScores) {
     return scores;
 }
 
+// In the order of the countries; of equals the first wins.
+const QStringList &knownCurrencies() {
+    static const QStringList codes = [] {
+        QStringList all;
+        for (const Country &country : countries()) {
+            all << country.currency;
+            if (!country.currencyBefore.isEmpty()) {
+                all << country.currencyBefore;
+            }
+        }
+        all.removeDuplicates();
+        return all;
+    }();
+    return codes;
+}
+
 } // namespace
 
 std::optional<QString> readCurrency(const Reading &lines, const CountryScores &countryScores) {
@@ -67,8 +83,7 @@ std::optional<QString> readCurrency(const Reading &lines, const CountryScores &c
         }
     }
     std::optional<QString> best;
-    for (const Country &country : countries()) {
-        const QString &code = country.currency;
+    for (const QString &code : knownCurrencies()) {
         const double least = printed.contains(code) ? leastWithSign : leastWithoutSign;
         if (scores.value(code) >= least && (!best || scores.value(code) > scores.value(*best))) {
             best = code;
@@ -84,7 +99,7 @@ bool hasCurrencyBeside(const QString &line, qsizetype start, qsizetype end) {
             codes.append(country.currency);
         }
         codes.removeDuplicates();
-        return u"(?:[$€£¥￥₹₩฿₫₱₺₴₪₦₽৳]|(?<!\\p{L})(?:%1|RM|Rs\\.?|Rp\\.?|kr\\.?|Fr\\.?|zł|Kč|Ft|lei|TL|円|元)(?!\\p{L}))"_s
+        return u"(?:[$€£¥￥₹₩฿₫₱₺₴₪₦₽৳]|(?<!\\p{L})(?:%1|RM|Rs\\.?|Rp\\.?|kr\\.?|Fr\\.?|zł|Kč|Ft|lei|TL|[KTU]Sh\\.?|R|B|NIS|円|元)(?!\\p{L}))"_s
             .arg(codes.join(u'|'));
     }();
     static const QRegularExpression before(mark + u"[\\s:]{0,2}$"_s);

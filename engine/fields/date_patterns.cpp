@@ -77,6 +77,10 @@ QDate eastAsian(const QRegularExpressionMatch &match, const DateStyle &) {
     return QDate(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
 }
 
+QDate vietnamese(const QRegularExpressionMatch &match, const DateStyle &) {
+    return QDate(match.captured(3).toInt(), match.captured(2).toInt(), match.captured(1).toInt());
+}
+
 const QList<Pattern> &patterns() {
     static const QList<Pattern> all = {
         {QRegularExpression(uR"((?<![\d.,/\-])(\d{4})\s?([\-/.])\s?(\d{1,2})\s?\2\s?(\d{1,2})(?!\d))"_s),
@@ -85,7 +89,7 @@ const QList<Pattern> &patterns() {
              uR"((?<![\d.,/\-])(\d{1,2})\s?([\-/.])\s?(\d{1,2})\s?\2\s?(\d{4}|\d{2})(?![\d/]|[.,\-]\d))"_s),
          numbersOnly},
         {QRegularExpression(
-             uR"((?<!\d)(\d{1,2})(?:st|nd|rd|th|er)?[.\-/\s]{0,2}(?:(?:de|d')\s?)?(\p{L}{3,12})[.,\-/\s]{0,3}(?:del?\s)?['’]?(\d{4}|\d{2})(?![\d:]|[.,]\d))"_s),
+             uR"((?<!\d)(\d{1,2})(?:st|nd|rd|th|er)?[.\-/\s]{0,2}(?:de\s|d'\s?)?(\p{L}{3,12})[.,\-/\s]{0,3}(?:del?\s)?['’]?(\d{4}|\d{2})(?![\d:]|[.,]\d))"_s),
          dayThenName},
         {QRegularExpression(
              uR"((?<!\p{L})(\p{L}{3,10})[.\-\s]{1,2}(\d{1,2})(?:st|nd|rd|th)?[,.\-\s]{1,3}['’]?(\d{4})(?!\d))"_s),
@@ -93,6 +97,10 @@ const QList<Pattern> &patterns() {
         {QRegularExpression(
              uR"((?<!\d)(\d{4})[.\-\s]{1,3}(?:m\.?\s)?(\p{L}{3,12})[.\-\s]{1,3}(\d{1,2})(?!\d))"_s),
          yearNameDay},
+        {QRegularExpression(
+             uR"(ng[aà]y\s?(\d{1,2})\s?th[aá]ng\s?(\d{1,2})\s?n[aă]m\s?(\d{4})(?!\d))"_s,
+             QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption),
+         vietnamese},
         {QRegularExpression(uR"((\d{4})\s?年\s?(\d{1,2})\s?月\s?(\d{1,2})\s?日)"_s), eastAsian},
     };
     return all;

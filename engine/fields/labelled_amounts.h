@@ -17,6 +17,7 @@ struct LabelledAmount {
     double weight = 1;
     bool hasDecimals = false;
     bool hasCurrency = false;
+    bool hasGroups = false; // "73,000": no decimal sign was lost
     qsizetype line = 0; // index into the reading
 };
 

@@ -6,6 +6,8 @@
 #include "engine/fields/text_vote.h"
 #include "engine/knowledge/words.h"
 
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -27,6 +29,10 @@ constexpr double sameHeight = 0.25;
 // How alike two readings of one name are at least.
 constexpr double sameName = 0.6;
 constexpr double samePrint = 0.75;
+// As much as a legal form, which the company that runs a shop has and the name on its sign has not.
+constexpr double byWebAddress = 4;
+constexpr double operatorLoss = 3;
+constexpr qsizetype shortestHost = 5;
 
 struct NameCandidate {
     QString name;
@@ -82,12 +88,39 @@ bool goesOn(const TextLine &line, const TextLine &next, const QString &name, con
     return areAlike && areLarge && lines.hasLegalForm(nextName);
 }
 
+// The names of the web addresses in a reading, without their ends.
+QSet<QString> hostsIn(const Reading &reading) {
+    static const QRegularExpression address(
+        uR"((?<![\p{L}\d@.])(?:https?://)?(?:www\.)?([\p{L}\d\-]{4,40})\.(?:com|net|org|co|[a-z]{2})(?![\p{L}\d]))"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    QSet<QString> hosts;
+    for (const TextLine &line : reading) {
+        QRegularExpressionMatchIterator matches = address.globalMatch(line.text);
+        while (matches.hasNext()) {
+            const QString host = withoutAccents(matches.next().captured(1).toLower()).remove(u'-');
+            if (host.size() >= shortestHost) {
+                hosts.insert(host);
+            }
+        }
+    }
+    return hosts;
+}
+
+// "JKM Foods Inc" below the name on the sign is who runs the shop.
+bool isOperator(const QString &name) {
+    static const QStringList words = {u"holdings"_s, u"holding"_s,  u"group"_s,      u"management"_s,
+                                      u"foods"_s,    u"ventures"_s, u"hospitality"_s, u"investments"_s,
+                                      u"partners"_s, u"operations"_s};
+    return containsAnyPhrase(withoutAccents(wordsOf(name)), words);
+}
+
 // The candidates of one reading, best first.
 class ReadingNames {
 public:
     ReadingNames(const Reading &reading, const MerchantLines &lines)
         : lines_(lines)
         , reading_(reading.first(std::min(linesLookedAt, reading.size())))
+        , hosts_(hostsIn(reading))
         , typical_(typicalHeight(reading)) {
         qsizetype anotherUntil = -1;
         for (qsizetype index = 0; index < reading_.size(); ++index) {
@@ -128,6 +161,8 @@ private:
             last + 1 < reading_.size() && lines_.isRegistration(reading_[last + 1].text);
         points += isRegistered ? 1 : 0;
         points += hasProperName_ ? 0 : 1;
+        points -= hasProperName_ && isOperator(name) ? operatorLoss : 0;
+        points += isNamedInAddress(name) ? byWebAddress : 0;
         hasProperName_ = hasProperName_ || wordQuality(name) >= 0;
         points -= isOnlyLegalForm(name, lines_) ? 4 : 0;
         const double trust = line.confidence < trustedConfidence ? 0.4 : 1;
@@ -135,7 +170,17 @@ private:
     }
 
     const MerchantLines &lines_;
+    // "www.cornershop.com" belongs to the corner shop, not to the company that runs it.
+    bool isNamedInAddress(const QString &name) const {
+        const QString letters = withoutAccents(wordsOf(name)).remove(u' ');
+        return std::ranges::any_of(hosts_, [&letters](const QString &host) {
+            return (letters.contains(host) && 2 * host.size() >= letters.size()) ||
+                   (letters.size() >= shortestHost && host.contains(letters));
+        });
+    }
+
     Reading reading_;
+    QSet<QString> hosts_;
     double typical_;
     QList<NameCandidate> candidates_;
     bool hasProperName_ = false;

@@ -11,6 +11,7 @@ namespace fennick::engine {
 struct PrintedNumber {
     double value = 0;
     bool hasDecimals = false; // as many digits after the decimal sign as prices of the currency have
+    bool hasGroups = false;   // thousands are set apart
     bool hasCurrency = false; // a currency symbol or code stands right before or after it
     qsizetype start = 0;      // in characters of the line
     qsizetype length = 0;

@@ -78,6 +78,15 @@ DateStyle dateStyleOf(const Origin &origin, const Languages &languages) {
     return style;
 }
 
+// Some countries have changed their currency: what was printed before that day is in the earlier one.
+std::optional<QString> currencyOn(const std::optional<FoundDate> &date, const Origin &origin) {
+    const auto country = std::ranges::find_if(
+        countries(), [&origin](const Country &each) { return each.code == origin.country; });
+    const bool isEarlier = date && country != countries().cend() && date->date < country->currencySince &&
+                           origin.currency == country->currency;
+    return isEarlier ? std::optional(country->currencyBefore) : origin.currency;
+}
+
 std::optional<FoundDate> foundDate(const QList<Reading> &readings, DateStyle style, QDate today) {
     style.order = printedOrder(readings, style);
     return readDate(readings, style, today);
@@ -180,9 +189,9 @@ std::optional<ReceiptFields> readReceipt(const QList<ReadingFacts> &facts, QDate
     if (date) {
         fields.date = date->date;
     }
-    fields.currency = origin.currency;
+    fields.currency = currencyOn(date, origin);
     fields.time = votedTime(readings, date, languages);
-    fields.category = readCategory(allLines, fields.location, fields.time,
+    fields.category = readCategory(allLines, fields.location, fields.time, languages,
                                    categoriesOf(brand, fields.location, merchantLines));
     fields.summary = summaryOf(fields);
     fields.evidence = findEvidence(fields, facts);

@@ -45,6 +45,11 @@ void set(Country &country, const QString &kind, const QString &value) {
         country.words = phrasesOf(value);
     } else if (kind == u"tax") {
         country.taxNumber = patternOf(value);
+    } else if (kind == u"hint") {
+        country.hint = patternOf(value);
+    } else if (kind == u"before") {
+        country.currencySince = QDate::fromString(value.section(u' ', 0, 0), Qt::ISODate);
+        country.currencyBefore = value.section(u' ', 1, 1);
     } else if (kind == u"post") {
         country.postcode = patternOf(value);
     }

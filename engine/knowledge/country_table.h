@@ -2,6 +2,7 @@
 
 #include "engine/knowledge/word_table.h"
 
+#include <QDate>
 #include <QList>
 #include <QRegularExpression>
 #include <QString>
@@ -29,6 +30,9 @@ struct Country {
     QStringList words;
     QRegularExpression taxNumber; // empty patterns match nothing
     QRegularExpression postcode;
+    QRegularExpression hint;
+    QDate currencySince; // an invalid one if it has always had its currency
+    QString currencyBefore;
 };
 
 // All countries that are known, in the order of countries.txt. Callable from any thread.

@@ -35,6 +35,9 @@ QList<CurrencySign> loadedSigns() {
     QStringList codes;
     for (const Country &country : countries()) {
         codes.append(country.currency);
+        if (!country.currencyBefore.isEmpty()) {
+            codes.append(country.currencyBefore);
+        }
     }
     codes.removeDuplicates();
     for (const QString &code : std::as_const(codes)) {

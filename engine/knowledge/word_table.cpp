@@ -40,6 +40,11 @@ const WordTable &amountWords() {
     return table;
 }
 
+const WordTable &categoryWords() {
+    static const WordTable table(u":/engine/category_words.txt"_s);
+    return table;
+}
+
 const WordTable &dateWords() {
     static const WordTable table(u":/engine/date_words.txt"_s);
     return table;

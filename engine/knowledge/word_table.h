@@ -30,6 +30,7 @@ private:
 
 // The tables, loaded when they are first asked for. Callable from any thread.
 [[nodiscard]] const WordTable &amountWords();
+[[nodiscard]] const WordTable &categoryWords();
 [[nodiscard]] const WordTable &dateWords();
 [[nodiscard]] const WordTable &nameWords();
 

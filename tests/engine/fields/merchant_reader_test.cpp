@@ -40,6 +40,10 @@ private Q_SLOTS:
             << QStringList{u"HARBOUR TRADING SDN BHD (123456-X)"_s} << u"HARBOUR TRADING SDN BHD"_s;
         QTest::newRow("left of a second column")
             << QStringList{u"Brightdesk  Invoice 48213"_s} << u"Brightdesk"_s;
+        QTest::newRow("name above its operator")
+            << QStringList{u"Metro Silver Taxi"_s, u"Blue Ridge Hospitality Group LLC"_s,
+                           u"2863 Highway 50"_s, u"metrosilver.com"_s}
+            << u"Metro Silver Taxi"_s;
         QTest::newRow("name that holds a heading's word")
             << QStringList{u"The Bill Store Company"_s} << u"The Bill Store Company"_s;
     }

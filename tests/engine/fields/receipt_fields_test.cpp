@@ -48,6 +48,16 @@ private Q_SLOTS:
         QCOMPARE(fields.currency, std::nullopt);
     }
 
+    void countriesHadOtherCurrenciesBefore() {
+        const auto currencyOn = [this](const QString &date) {
+            return fieldsIn({linesOf({u"Knjižara Lipa"_s, u"Ilica 5, 10000 Zagreb"_s, date, u"UKUPNO 75,00"_s})},
+                            today_)
+                .currency;
+        };
+        QCOMPARE(currencyOn(u"31.12.2022"_s), std::optional(u"HRK"_s));
+        QCOMPARE(currencyOn(u"01.01.2023"_s), std::optional(u"EUR"_s));
+    }
+
     void takesNoCurrencyFromAStrayReading() {
         const Reading plain = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total 5.00"_s});
         const Reading stray = linesOf({u"Shop"_s, u"12/03/2024"_s, u"Total €5.00"_s});

@@ -39,6 +39,8 @@ private Q_SLOTS:
             QVERIFY2(currencyCode.match(country.currency).hasMatch(), qPrintable(country.code));
             QVERIFY2(!country.places.isEmpty(), qPrintable(country.code));
             QVERIFY2(country.taxNumber.isValid(), qPrintable(country.taxNumber.errorString()));
+            QVERIFY2(country.hint.isValid(), qPrintable(country.hint.errorString()));
+            QCOMPARE(country.currencySince.isValid(), !country.currencyBefore.isEmpty());
             QVERIFY2(country.postcode.isValid(), qPrintable(country.postcode.errorString()));
             QVERIFY2(!country.places.contains(QString()) && !country.words.contains(QString()),
                      qPrintable(country.code));
@@ -70,6 +72,7 @@ private Q_SLOTS:
         QSet<QString> known;
         for (const Country &country : countries()) {
             known.insert(country.currency);
+            known.insert(country.currencyBefore);
         }
         for (const CurrencySign &sign : currencySigns()) {
             QVERIFY2(sign.pattern.isValid(), qPrintable(sign.pattern.pattern() + sign.pattern.errorString()));
