@@ -43,9 +43,6 @@ Descriptor openBelow(const QString &folder, const QString &path, int flags);
 // Opens the folder in which `path` lies, as openBelow; without a `folder` links on the way are followed.
 Descriptor openParent(const QString &folder, const QString &path);
 
-// Whether `path` begins with `folder` and names something below it, without empty, "." and ".." pieces.
-bool isLexicallyBelow(const QString &path, const QString &folder);
-
 // What an open folder holds, without "." and "..", in no particular order.
 QByteArrayList namesIn(const Descriptor &folder);
 

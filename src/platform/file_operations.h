@@ -6,6 +6,8 @@
 
 #include <expected>
 
+class QFile;
+
 // Operations on files that must neither lose nor replace one. Callable from any thread; the error is the
 // system's description.
 namespace fennick::FileOperations {
@@ -32,5 +34,8 @@ void settlePartsOfMoves(const QString &folder, const QStringList &sources);
 
 // Makes the folder and those above it that are missing; they are on the disk itself when this returns.
 std::expected<void, QString> makeFolder(const QString &path);
+
+// Puts what was written to the file on the disk itself. Returns whether all of it is there.
+[[nodiscard]] bool synchronise(QFile &file);
 
 } // namespace fennick::FileOperations

@@ -195,4 +195,8 @@ Result makeFolder(const QString &path) {
     return resultOf(S_ISDIR(status.st_mode) ? 0 : ENOTDIR);
 }
 
+bool synchronise(QFile &file) {
+    return file.flush() && ::fsync(file.handle()) == 0;
+}
+
 } // namespace fennick::FileOperations

@@ -67,10 +67,6 @@ using OpenedFile = std::expected<std::unique_ptr<QFile>, FileProblem>;
 // the other end of a pipe; what has been checked is what was opened. Any thread.
 OpenedFile openRegularFile(const FileToRead &wanted);
 
-// A path by which this process can open the very same file once more, also when it has been renamed or
-// removed. Valid while `file` is open.
-QString reopeningPath(const QFile &file);
-
 // The next `bytes` bytes, all of them: a file that has fewer has changed since its size was asked for, or its
 // disk is failing.
 std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes);

@@ -1,5 +1,7 @@
 #include "extraction/gemini_client.h"
 #include "extraction/on_device_engine.h"
+#include "platform/child_process.h"
+#include "platform/listening_socket.h"
 #include "support/conditions.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
@@ -8,6 +10,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QTcpSocket>
 #include <QThread>
 #include <QUrl>
@@ -21,6 +24,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -105,6 +109,17 @@ private Q_SLOTS:
         QVERIFY(succeeds(attempt));
         QVERIFY(engine.address().startsWith(u"http://127.0.0.1:"));
         QVERIFY(answers(engine.address()));
+    }
+
+    void engineEndsWhenItsStandardInputCloses() {
+        const auto socket = ListeningSocket::open();
+        QVERIFY(socket);
+        QProcess process;
+        endWithThisProgram(process, {}, (*socket)->descriptor());
+        process.start(program, {u"--socket"_s, QString::number((*socket)->descriptor())});
+        QVERIFY(process.waitForReadyRead(patience));
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished(patience));
     }
 
     void usesAtOneTimeShareOneEngine() {

@@ -1,4 +1,4 @@
-#include "platform/photo_change_linux.h"
+#include "platform/photo_change.h"
 #include "platform/photo_library.h"
 #include "platform/regular_file.h"
 #include "support/temporary_home.h"

@@ -1,4 +1,4 @@
-#include "platform/preferences_format_linux.h"
+#include "platform/preferences_format.h"
 #include "support/test_program.h"
 
 #include <QBuffer>

@@ -112,12 +112,6 @@ private Q_SLOTS:
         QVERIFY(!expectEnd(**growing));
     }
 
-    void reopeningPathOutlivesTheName() {
-        const OpenedFile file = openRegularFile(path("watched/receipt.pdf"));
-        QVERIFY(QFile::remove(path("watched/receipt.pdf")));
-        QCOMPARE(readFile(reopeningPath(**file)), QByteArray("a receipt"));
-    }
-
 private:
     QString path(const char *name) const { return folder_->filePath(QString::fromUtf8(name)); }
 

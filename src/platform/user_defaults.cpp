@@ -1,5 +1,6 @@
-#include "platform/preferences_format_linux.h"
 #include "platform/user_defaults.h"
+
+#include "platform/preferences_format.h"
 
 namespace fennick {
 

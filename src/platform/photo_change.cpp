@@ -1,9 +1,10 @@
-#include "platform/photo_change_linux.h"
+#include "platform/photo_change.h"
 
-#include "platform/descriptor_linux.h"
 #include "platform/file_operations.h"
 #include "platform/free_path.h"
+#include "platform/own_folder.h"
 #include "platform/regular_file.h"
+#include "platform/removal_below.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 
@@ -11,13 +12,7 @@
 #include <QJsonDocument>
 #include <QUuid>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 
 namespace fennick {
 
@@ -33,10 +28,6 @@ const QString numberKey = QStringLiteral("number");
 const QString keptKey = QStringLiteral("kept");
 
 constexpr qint64 largestJournal = 16'000'000; // bytes, which is a document of some fifty thousand pages
-
-QString systemError() {
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
 
 QString stagingFolder(const QString &library, const QString &id) {
     return joinedPath(library, stagingPrefix + id);
@@ -67,14 +58,10 @@ void takeBackMove(const QJsonObject &entry, const QString &library, const QStrin
     if (!isStagedPath(staged, staging) || !isLexicallyBelow(target, library) || isTaken(staged)) {
         return;
     }
-    const Descriptor folder = openParent(library, target);
-    if (!folder.isOpen()) {
-        return;
-    }
-    const FileState found = fileStateIn(folder, nameOf(target));
-    if (found.kind == FileKind::regular && found.size == entry.value(sizeKey).toInteger(-1) &&
-        QString::number(found.identity.number) == entry.value(numberKey).toString()) {
-        ::unlinkat(folder.number(), nameOf(target).constData(), 0);
+    bool isNumber = false;
+    const quint64 number = entry.value(numberKey).toString().toULongLong(&isNumber);
+    if (isNumber) {
+        removeFileBelow(library, target, number, entry.value(sizeKey).toInteger(-1));
     }
 }
 
@@ -83,32 +70,18 @@ void takeBackAlbum(const QString &path, const QString &library) {
     if (!isLexicallyBelow(path, library) || parentFolder(path) != library) {
         return;
     }
-    const QByteArray title = QFile::encodeName(albumTitleFile);
-    const Descriptor album = openBelow(library, path, O_RDONLY | O_DIRECTORY);
-    const Descriptor parent = openParent(library, path);
-    if (!album.isOpen() || !parent.isOpen()) {
-        return;
-    }
-    const QByteArrayList content = namesIn(album);
-    if (content.isEmpty() || content == QByteArrayList{title}) {
-        ::unlinkat(album.number(), title.constData(), 0);
-        ::unlinkat(parent.number(), nameOf(path).constData(), AT_REMOVEDIR);
-    }
+    removeFolderBelow(library, path, [](const QByteArrayList &content) {
+        const QByteArrayList title{QFile::encodeName(albumTitleFile)};
+        return content == title ? title : QByteArrayList();
+    });
 }
 
 // The copies that were not moved, and their folder unless somebody has put something else there.
 void removeStaging(const QString &library, const QString &staging) {
-    const Descriptor folder = openBelow(library, staging, O_RDONLY | O_DIRECTORY);
-    const Descriptor parent = openParent(library, staging);
-    if (!folder.isOpen() || !parent.isOpen()) {
-        return;
-    }
-    for (const QByteArray &name : namesIn(folder)) {
-        if (isStagedName(name)) {
-            ::unlinkat(folder.number(), name.constData(), 0);
-        }
-    }
-    ::unlinkat(parent.number(), nameOf(staging).constData(), AT_REMOVEDIR);
+    removeFolderBelow(library, staging, [](QByteArrayList content) {
+        content.removeIf([](const QByteArray &name) { return !isStagedName(name); });
+        return content;
+    });
 }
 
 QList<QJsonObject> entriesOf(const QString &journal) {
@@ -180,8 +153,11 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
                        QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
         return std::unexpected(journal_.errorString());
     }
-    if (!QDir().mkpath(library_) || ::mkdir(QFile::encodeName(staging_).constData(), S_IRWXU) != 0) {
-        return std::unexpected(systemError());
+    if (const auto made = FileOperations::makeFolder(library_); !made) {
+        return made;
+    }
+    if (const auto made = createOwnFolder(staging_); !made) {
+        return std::unexpected(made.error().description());
     }
     for (const QString &path : imagePaths) {
         const QString staged = joinedPath(staging_, QString::number(staged_.size()));
@@ -241,7 +217,7 @@ std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &i
 // On the disk when this returns: what is done afterwards can be taken back whatever happens.
 bool PhotoChange::record(const QJsonObject &entry) {
     const QByteArray line = QJsonDocument(entry).toJson(QJsonDocument::Compact) + '\n';
-    return journal_.write(line) == line.size() && journal_.flush() && ::fsync(journal_.handle()) == 0;
+    return journal_.write(line) == line.size() && FileOperations::synchronise(journal_);
 }
 
 } // namespace fennick

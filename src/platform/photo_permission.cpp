@@ -1,6 +1,7 @@
-#include "platform/photo_library.h"
 #include "platform/photo_permission.h"
-#include "platform/preferences_format_linux.h"
+
+#include "platform/photo_library.h"
+#include "platform/preferences_format.h"
 
 #include <QCoreApplication>
 #include <QCoroSignal>

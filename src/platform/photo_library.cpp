@@ -1,5 +1,6 @@
-#include "platform/photo_change_linux.h"
 #include "platform/photo_library.h"
+
+#include "platform/photo_change.h"
 #include "platform/regular_file.h"
 #include "text/path_text.h"
 
