@@ -28,8 +28,7 @@ std::expected<QString, FileProblem> createPrivateFolder() {
     std::error_code error;
     std::filesystem::create_directories(temporary.toStdU16String(), error);
     if (error) {
-        return std::unexpected(
-            FileProblem{FileProblem::Kind::system, QString::fromLocal8Bit(error.message())});
+        return std::unexpected(FileProblem::ofSystem(QString::fromLocal8Bit(error.message())));
     }
     const auto parent = ownFolder(joinedPath(temporary, u"FennickJPEG"_s));
     if (!parent) {

@@ -28,7 +28,7 @@ QString buildHTML(const QList<Receipt> &receipts);
 
 // Builds the ledger and writes it as UTF-8, complete or not at all: when it fails (false), an older file at
 // `path` is as it was.
-bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path);
+[[nodiscard]] bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path);
 
 // Two decimals, a point, no grouping. It trims nothing, despite its name: columns of amounts line up.
 QString trimNumber(double value);

@@ -15,6 +15,6 @@ QString mimeType(const QString &filePath);
 
 // The request's JSON body for one receipt file: instruction text, the whole file in base64, answer schema.
 // The error is the reason why the file cannot be read to its end.
-std::expected<QByteArray, QString> requestBody(const FileToRead &wanted);
+[[nodiscard]] std::expected<QByteArray, FileProblem> requestBody(const FileToRead &wanted);
 
 } // namespace fennick::GeminiClient

@@ -74,7 +74,7 @@ private:
 
     void start();
     void end();
-    bool openSocket();
+    [[nodiscard]] bool openSocket();
     void readAnnouncement();
     void fail(const QString &reason);
     void handleEnd();

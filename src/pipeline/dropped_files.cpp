@@ -47,7 +47,8 @@ QCoro::Task<> DroppedFiles::copyReceipts(QStringList paths, QString folder) {
             co_return;
         }
         if (!copied) {
-            lastError_->set(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
+            lastError_->set(
+                tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error().description()));
         }
     }
 }

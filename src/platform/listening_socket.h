@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QString>
 #include <QtGlobal>
 
 #include <expected>
 #include <memory>
+#include <system_error>
 
 namespace fennick {
 
@@ -13,8 +13,8 @@ namespace fennick {
 // whether or not a child is at work. It is closed in children that it is not handed to.
 class ListeningSocket {
 public:
-    // On a port that the system chooses. The error is the system's reason.
-    static std::expected<std::unique_ptr<ListeningSocket>, QString> open();
+    // On a port that the system chooses.
+    [[nodiscard]] static std::expected<std::unique_ptr<ListeningSocket>, std::error_code> open();
     ~ListeningSocket();
     ListeningSocket(const ListeningSocket &) = delete;
     ListeningSocket &operator=(const ListeningSocket &) = delete;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regular_file.h"
+#include "platform/file_problem.h"
 
 #include <QString>
 

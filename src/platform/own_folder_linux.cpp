@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 
 namespace fennick {
 
@@ -22,16 +21,11 @@ bool isOwnFolder(const QByteArray &path) {
     return ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid();
 }
 
-std::unexpected<FileProblem> folderProblem(int number) {
-    return std::unexpected(
-        FileProblem{FileProblem::Kind::system, QString::fromLocal8Bit(std::strerror(number))});
-}
-
 } // namespace
 
 std::expected<void, FileProblem> createOwnFolder(const QString &path) {
     if (const int error = createOwnerOnly(QFile::encodeName(path)); error != 0) {
-        return folderProblem(error);
+        return std::unexpected(FileProblem::ofErrorNumber(error));
     }
     return {};
 }
@@ -41,13 +35,13 @@ std::expected<QString, FileProblem> ownFolder(const QString &path) {
     for (const QString &candidate : {path, fallback}) {
         const QByteArray nativeCandidate = QFile::encodeName(candidate);
         if (const int error = createOwnerOnly(nativeCandidate); error != 0 && error != EEXIST) {
-            return folderProblem(error);
+            return std::unexpected(FileProblem::ofErrorNumber(error));
         }
         if (isOwnFolder(nativeCandidate)) {
             return candidate;
         }
     }
-    return folderProblem(EPERM);
+    return std::unexpected(FileProblem::ofErrorNumber(EPERM));
 }
 
 } // namespace fennick

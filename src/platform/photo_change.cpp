@@ -13,19 +13,22 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
 
 namespace fennick {
 
 namespace {
 
-const QString stagingPrefix = QStringLiteral(".import-");
-const QString journalPrefix = QStringLiteral("importing-");
-const QString albumKey = QStringLiteral("album");
-const QString stagedKey = QStringLiteral("staged");
-const QString targetKey = QStringLiteral("target");
-const QString sizeKey = QStringLiteral("size");
-const QString numberKey = QStringLiteral("number");
-const QString keptKey = QStringLiteral("kept");
+const QString stagingPrefix = u".import-"_s;
+const QString journalPrefix = u"importing-"_s;
+const QString albumKey = u"album"_s;
+const QString stagedKey = u"staged"_s;
+const QString targetKey = u"target"_s;
+const QString sizeKey = u"size"_s;
+const QString numberKey = u"number"_s;
+const QString keptKey = u"kept"_s;
 
 constexpr qint64 largestJournal = 16'000'000; // bytes, which is a document of some fifty thousand pages
 
@@ -140,7 +143,8 @@ PhotoChange::~PhotoChange() {
     }
     if (isKept_) {
         // First of all: from here on the change is complete, whenever the program ends.
-        record({{keptKey, true}});
+        // If the journal cannot be written, only a crash before its removal would take the change back.
+        std::ignore = record({{keptKey, true}});
     } else {
         undo(journal_.fileName(), library_, staging_);
     }
@@ -148,16 +152,16 @@ PhotoChange::~PhotoChange() {
     journal_.remove();
 }
 
-std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
+std::expected<void, FileProblem> PhotoChange::stage(const QStringList &imagePaths) {
     if (!journal_.open(QIODevice::WriteOnly | QIODevice::NewOnly,
                        QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
-        return std::unexpected(journal_.errorString());
+        return std::unexpected(FileProblem::ofSystem(journal_.errorString()));
     }
     if (const auto made = FileOperations::makeFolder(library_); !made) {
         return made;
     }
     if (const auto made = createOwnFolder(staging_); !made) {
-        return std::unexpected(made.error().description());
+        return made;
     }
     for (const QString &path : imagePaths) {
         const QString staged = joinedPath(staging_, QString::number(staged_.size()));
@@ -171,7 +175,7 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
 
 std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     const QString safe = withoutUnsafeCharacters(title).trimmed();
-    const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? QStringLiteral("Album") : safe;
+    const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? u"Album"_s : safe;
     const QString path = freePath(library_, stem, {});
     if (!record({{albumKey, path}}) || !QDir().mkdir(path)) {
         return std::nullopt;
@@ -187,7 +191,7 @@ std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     return path;
 }
 
-std::expected<void, QString> PhotoChange::moveInto(const QString &folder) {
+std::expected<void, FileProblem> PhotoChange::moveInto(const QString &folder) {
     for (const StagedImage &image : std::as_const(staged_)) {
         if (const auto moved = moveUnderFreeName(image, folder); !moved) {
             return moved;
@@ -196,7 +200,8 @@ std::expected<void, QString> PhotoChange::moveInto(const QString &folder) {
     return {};
 }
 
-std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &image, const QString &folder) {
+std::expected<void, FileProblem> PhotoChange::moveUnderFreeName(const StagedImage &image,
+                                                                const QString &folder) {
     const FileState state = fileStateAt(image.path);
     const QString fileNumber = QString::number(state.identity.number);
     while (true) {
@@ -205,7 +210,7 @@ std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &i
                      {targetKey, target},
                      {sizeKey, state.size},
                      {numberKey, fileNumber}})) {
-            return std::unexpected(journal_.errorString());
+            return std::unexpected(FileProblem::ofSystem(journal_.errorString()));
         }
         const auto moved = FileOperations::moveWithoutReplacing(image.path, target);
         if (moved || !isTaken(target)) { // otherwise another program has taken the name meanwhile

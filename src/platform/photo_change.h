@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QFile>
 #include <QJsonObject>
 #include <QList>
@@ -12,13 +14,13 @@
 namespace fennick {
 
 // The file in an album's folder that holds the album's exact title.
-inline const QString albumTitleFile = QStringLiteral(".album");
+inline const QString albumTitleFile = QString::fromUtf8(".album");
 
 // One change of the photo library in the making: images are copied into a hidden folder of the library and
 // moved from there to their places. Until `keep`, its destruction takes back everything; a journal lets the
 // next start do so when the program is killed. The journal lies in a folder that only the user can write, not
 // in the library, which may be shared or synchronised, because it names the files to remove. Owned by the
-// operation that makes the change; any thread. Errors are the system's descriptions.
+// operation that makes the change; any thread.
 class PhotoChange {
 public:
     // Takes back what changes have left in `library` that never came to their end, by the journals in
@@ -32,14 +34,14 @@ public:
 
     // Copies the images into the library's own file system, where moving them into place cannot fail halfway
     // through a file.
-    std::expected<void, QString> stage(const QStringList &imagePaths);
+    [[nodiscard]] std::expected<void, FileProblem> stage(const QStringList &imagePaths);
 
     // A new folder with the title in it, named after the title less the characters that some system refuses;
     // nothing when it cannot be made.
-    std::optional<QString> makeAlbum(const QString &title);
+    [[nodiscard]] std::optional<QString> makeAlbum(const QString &title);
 
     // Moves the staged images to where they are seen. A name that is taken gets a number.
-    std::expected<void, QString> moveInto(const QString &folder);
+    [[nodiscard]] std::expected<void, FileProblem> moveInto(const QString &folder);
 
     void keep() { isKept_ = true; }
 
@@ -49,8 +51,9 @@ private:
         QString name; // in the library
     };
 
-    std::expected<void, QString> moveUnderFreeName(const StagedImage &image, const QString &folder);
-    bool record(const QJsonObject &entry);
+    [[nodiscard]] std::expected<void, FileProblem> moveUnderFreeName(const StagedImage &image,
+                                                                     const QString &folder);
+    [[nodiscard]] bool record(const QJsonObject &entry);
 
     PhotoChange(const QString &library, const QString &journalFolder, const QString &id);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -19,7 +21,7 @@ struct Album {
 QString folder();
 
 // The first album with exactly this title.
-std::optional<Album> fetchAlbum(const QString &title);
+[[nodiscard]] std::optional<Album> fetchAlbum(const QString &title);
 
 // What one change adds: copies of the images under their own file names, to an album that exists, to a new
 // one, or to none.
@@ -29,10 +31,11 @@ struct Additions {
     std::optional<QString> newAlbumTitle;
 };
 
-// The error is the system's description of what failed; then the library is as it was before. An album that
-// cannot be made is no failure: the images are added without one.
+// After a failure the library is as it was before. An album that cannot be created is no failure: the images
+// are added without one.
 // What is being done is kept in `journalFolder` for the next start.
-std::expected<void, QString> performChanges(const Additions &additions, const QString &journalFolder);
+[[nodiscard]] std::expected<void, FileProblem> performChanges(const Additions &additions,
+                                                              const QString &journalFolder);
 
 // Takes back what changes have left that never came to their end because the program was killed. Once at the
 // program's start, while no change is being made.

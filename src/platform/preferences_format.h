@@ -8,8 +8,8 @@ namespace fennick {
 // An INI file in which a bare `true` or `false` is a boolean and everything else is a text: QSettings' own
 // formats cannot tell the two apart and turn a text with commas into a list. Text in quotes, and the escapes
 // that QSettings writes, are understood.
-bool readPreferences(QIODevice &device, QSettings::SettingsMap &map);
-bool writePreferences(QIODevice &device, const QSettings::SettingsMap &map);
+[[nodiscard]] bool readPreferences(QIODevice &device, QSettings::SettingsMap &map);
+[[nodiscard]] bool writePreferences(QIODevice &device, const QSettings::SettingsMap &map);
 
 // The format as QSettings knows it; files get the extension "conf".
 QSettings::Format preferencesFormat();

@@ -1,7 +1,5 @@
 #include "platform/regular_file.h"
 
-#include <QCoreApplication>
-
 namespace fennick {
 
 namespace {
@@ -12,24 +10,6 @@ using Kind = FileProblem::Kind;
 
 bool isTaken(const QString &path) {
     return fileStateAt(path).kind != FileKind::missing;
-}
-
-QString FileProblem::description() const {
-    switch (kind) {
-    case Kind::link:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP(
-            "FileProblem", "The file is a link. Put the file itself into the folder to scan it."));
-    case Kind::notRegular:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "This is not a regular file."));
-    case Kind::replaced:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP(
-            "FileProblem", "The file was changed before it could be read. Retry to scan it as it is now."));
-    case Kind::tooLarge:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "The file is larger than 100 MB."));
-    case Kind::system:
-        break;
-    }
-    return systemText;
 }
 
 std::optional<FileProblem> problemOf(const FileState &state) {
@@ -47,7 +27,7 @@ std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes) {
     for (qint64 filled = 0; filled < bytes;) {
         const qint64 count = file.read(content.data() + filled, bytes - filled);
         if (count < 0 && file.error() != QFileDevice::NoError) {
-            return std::unexpected(FileProblem{Kind::system, file.errorString()});
+            return std::unexpected(FileProblem::ofSystem(file.errorString()));
         }
         if (count <= 0) {
             return std::unexpected(FileProblem{Kind::replaced, {}});

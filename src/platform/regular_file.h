@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QFile>
 #include <QString>
 
@@ -34,20 +36,9 @@ FileState fileStateAt(const QString &path);
 // Whether nothing else can have this path. A link whose target is gone holds its name as well.
 bool isTaken(const QString &path);
 
-// Why a file is not read.
-struct FileProblem {
-    enum class Kind { link, notRegular, replaced, tooLarge, system };
-
-    Kind kind;
-    QString systemText; // for `system`: the system's description
-
-    // A sentence for the user, in English: it may be stored.
-    QString description() const;
-};
-
 // Why a file in this state is no receipt to be read, as far as that shows without opening it: it is a link or
 // too large.
-std::optional<FileProblem> problemOf(const FileState &state);
+[[nodiscard]] std::optional<FileProblem> problemOf(const FileState &state);
 
 // A file that is to be read, and what it must be for that.
 struct FileToRead {
@@ -65,16 +56,16 @@ using OpenedFile = std::expected<std::unique_ptr<QFile>, FileProblem>;
 
 // Opens a regular file for reading, without buffer. Neither follows a link at the path's end nor waits for
 // the other end of a pipe; what has been checked is what was opened. Any thread.
-OpenedFile openRegularFile(const FileToRead &wanted);
+[[nodiscard]] OpenedFile openRegularFile(const FileToRead &wanted);
 
 // The next `bytes` bytes, all of them: a file that has fewer has changed since its size was asked for, or its
 // disk is failing.
-std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes);
+[[nodiscard]] std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes);
 
 // Fails if the file goes on: it has grown since its size was asked for.
-std::expected<void, FileProblem> expectEnd(QFile &file);
+[[nodiscard]] std::expected<void, FileProblem> expectEnd(QFile &file);
 
 // The whole content by these rules.
-std::expected<QByteArray, FileProblem> readWhole(QFile &file);
+[[nodiscard]] std::expected<QByteArray, FileProblem> readWhole(QFile &file);
 
 } // namespace fennick

@@ -8,7 +8,6 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstring>
 
 namespace fennick {
 
@@ -21,7 +20,7 @@ std::unexpected<FileProblem> problem(Kind kind) {
 }
 
 std::unexpected<FileProblem> systemProblem(int number) {
-    return std::unexpected(FileProblem{Kind::system, QString::fromLocal8Bit(std::strerror(number))});
+    return std::unexpected(FileProblem::ofErrorNumber(number));
 }
 
 // Without waiting for a pipe's other end, and without making a terminal ours.
@@ -71,7 +70,7 @@ OpenedFile openRegularFile(const FileToRead &wanted) {
     auto file = std::make_unique<QFile>();
     if (!file->open(descriptor.number(), QIODevice::ReadOnly | QIODevice::Unbuffered,
                     QFileDevice::AutoCloseHandle)) {
-        return std::unexpected(FileProblem{Kind::system, file->errorString()});
+        return std::unexpected(FileProblem::ofSystem(file->errorString()));
     }
     descriptor.release();
     return file;

@@ -14,7 +14,7 @@ public:
 
     // True when this process is the one to run; it is also without a session to claim the name in.
     // False when another one runs; it has been asked to show itself.
-    bool claim();
+    [[nodiscard]] bool claim();
 
 Q_SIGNALS:
     // Another start was tried: bring the window to the front.

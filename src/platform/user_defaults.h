@@ -11,14 +11,15 @@ namespace fennick {
 // main thread only.
 class UserDefaults {
 public:
-    // `name` tells the file: "Fennick" for the preferences, others for what is remembered apart from them.
-    explicit UserDefaults(const QString &name = QStringLiteral("Fennick"));
+    // The file "Fennick" for the preferences, or another one for what is remembered apart from them.
+    UserDefaults();
+    explicit UserDefaults(const QString &name);
 
     // The text or boolean under `key`, or an invalid value.
     QVariant object(const QString &key) const;
 
     // Nothing when the key is absent or holds a boolean.
-    std::optional<QString> string(const QString &key) const;
+    [[nodiscard]] std::optional<QString> string(const QString &key) const;
 
     // False when the key is absent; a text counts as the platforms' boolean texts do ("YES", "true", "1").
     bool boolean(const QString &key) const;

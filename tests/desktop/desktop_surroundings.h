@@ -6,18 +6,20 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // What the tests of this folder run in: a user's session, a desktop in it and the accessibility bus.
 struct DesktopSurroundings {
     static QStringList missingPrograms() {
         QStringList missing = VirtualDesktop::missingPrograms();
         if (!AccessibilityBus::isInstalled()) {
-            missing.append(QStringLiteral("at-spi2-core"));
+            missing.append(u"at-spi2-core"_s);
         }
         return missing;
     }
 
     UserSession session;
-    VirtualDesktop desktop{session.home.path(QStringLiteral("desktop"))};
+    VirtualDesktop desktop{session.home.path(u"desktop"_s)};
     AccessibilityBus accessibility;
 };
 
