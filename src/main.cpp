@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Help and version are told without a display, and beside a Fennick that runs already; both end the program.
+// Prints help or version, without a display and even if Fennick is already running, and ends the program.
 // Other arguments are Qt's.
 void answerQuestions(int argc, char **argv) {
     const QCoreApplication application(argc, argv);

@@ -23,10 +23,10 @@ using Result = std::expected<QStringList, ConverterError>;
 
 constexpr qint64 mostMemory = 1LL << 30;
 
-// Other programs use the processor too. This only ends what waits for something that does not come.
+// Other programs use the processor too. This limit only ends a converter that waits for ever.
 constexpr int wallTimePerProcessorTime = 5;
 
-// Paths that the report names outside the folder it was given are none of its business.
+// The report may only name files in the folder that the converter was given.
 Result trusted(Result result, const QString &folder) {
     if (result && !std::ranges::all_of(
                       *result, [&folder](const QString &path) { return parentFolder(path) == folder; })) {

@@ -65,7 +65,7 @@ int renameWithoutReplacing(const Place &from, const Place &to) {
                : errno;
 }
 
-// Under another name first: nobody may take a part of a file for the whole.
+// Under another name first, so that no program takes an incomplete file for the whole.
 int moveToOtherFileSystem(const Place &from, const Place &to, const QByteArray &partName) {
     const Place part{to.folder, partName};
     CopiedEntries copied;

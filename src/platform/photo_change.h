@@ -17,14 +17,14 @@ namespace fennick {
 inline const QString albumTitleFile = QString::fromUtf8(".album");
 
 // One change of the photo library in the making: images are copied into a hidden folder of the library and
-// moved from there to their places. Until `keep`, its destruction takes back everything; a journal lets the
-// next start do so when the program is killed. The journal lies in a folder that only the user can write, not
-// in the library, which may be shared or synchronised, because it names the files to remove. Owned by the
+// moved from there to their places. Unless `keep` is called, destruction undoes everything; a journal lets
+// the next start do so if the program is killed. The journal lies in a folder that only the user can write,
+// not in the library, which may be shared or synchronised, because it names the files to remove. Owned by the
 // operation that makes the change; any thread.
 class PhotoChange {
 public:
-    // Takes back what changes have left in `library` that never came to their end, by the journals in
-    // `journalFolder`. Only while no change is being made.
+    // Undoes interrupted changes of `library`, as recorded by the journals in `journalFolder`. Call it only
+    // while no change is being made.
     static void undoInterrupted(const QString &library, const QString &journalFolder);
 
     PhotoChange(const QString &library, const QString &journalFolder);
@@ -36,11 +36,11 @@ public:
     // through a file.
     [[nodiscard]] std::expected<void, FileProblem> stage(const QStringList &imagePaths);
 
-    // A new folder with the title in it, named after the title less the characters that some system refuses;
-    // nothing when it cannot be made.
+    // Creates a folder with the title in it, named after the title without the characters that some system
+    // refuses. Absent if it cannot be created.
     [[nodiscard]] std::optional<QString> makeAlbum(const QString &title);
 
-    // Moves the staged images to where they are seen. A name that is taken gets a number.
+    // Moves the staged images to their final folder. A name that is taken gets a number.
     [[nodiscard]] std::expected<void, FileProblem> moveInto(const QString &folder);
 
     void keep() { isKept_ = true; }

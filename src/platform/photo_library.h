@@ -9,15 +9,15 @@
 #include <optional>
 
 // The user's photo library: a place for pictures, grouped in albums that have a title. Adding is all or
-// nothing. Callable from any thread; callers have asked for access first. A `journalFolder` is a folder that
-// is there and that nobody but the user can write.
+// nothing. Callable from any thread; callers have asked for access first. A `journalFolder` is an existing
+// folder that only the user can write.
 namespace fennick::PhotoLibrary {
 
 struct Album {
     QString folder;
 };
 
-// Where the library lies, for telling the user; it need not exist yet.
+// The library's folder, for display; it need not exist yet.
 QString folder();
 
 // The first album with exactly this title.
@@ -33,12 +33,12 @@ struct Additions {
 
 // After a failure the library is as it was before. An album that cannot be created is no failure: the images
 // are added without one.
-// What is being done is kept in `journalFolder` for the next start.
+// The change is recorded in `journalFolder` for the next start.
 [[nodiscard]] std::expected<void, FileProblem> performChanges(const Additions &additions,
                                                               const QString &journalFolder);
 
-// Takes back what changes have left that never came to their end because the program was killed. Once at the
-// program's start, while no change is being made.
+// Undoes changes that were interrupted because the program was killed. Call it once at the program's start,
+// while no change is being made.
 void undoInterruptedChanges(const QString &journalFolder);
 
 } // namespace fennick::PhotoLibrary

@@ -61,7 +61,7 @@ bool SingleInstance::claim() {
     bus.registerVirtualObject(objectPath, new ApplicationObject(this));
     while (!bus.registerService(applicationId)) {
         const bool hasAnswered = askToShowItself(bus);
-        // Right after a crash the bus may still know the ended program by the name; it has nobody to show.
+        // Right after a crash the ended process may still own the name on the bus; it has no window to show.
         if (hasAnswered || bus.interface()->isServiceRegistered(applicationId)) {
             return false;
         }
