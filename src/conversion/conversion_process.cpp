@@ -21,6 +21,7 @@ namespace {
 
 using Result = std::expected<QStringList, ConverterError>;
 
+// The largest accepted picture takes 880 MB of it (documents/picture_limits).
 constexpr qint64 mostMemory = 1LL << 30;
 
 // Other programs use the processor too. This limit only ends a converter that waits for ever.

@@ -50,6 +50,7 @@ bool convertTile(tjhandle encoder, const QImage &image, QRect tile, YuvPicture &
 
 constexpr QRgb white = 0xFFFFFFFF;
 
+// Pixels of four bytes in a line of the processor's cache (64 bytes).
 constexpr int blendingRun = 16;
 
 int overWhite(int channel, int alpha) {

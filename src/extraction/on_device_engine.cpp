@@ -14,6 +14,8 @@ namespace fennick {
 
 namespace {
 
+// Generous: the engine only loads its libraries and tables before it answers. It ends at once on request, for
+// it has nothing to save.
 constexpr std::chrono::seconds longestStart{20};
 constexpr std::chrono::seconds longestEnd{1};
 const QByteArray announcement = "Listening on "_ba;
