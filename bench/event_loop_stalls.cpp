@@ -9,6 +9,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -55,14 +56,14 @@ int main(int argc, char **argv) {
         PipelineUnderTest pipeline(surroundings);
         pipeline.start();
         pipeline.settings->setAddToPhotos(true);
-        pipeline.drop(QStringLiteral("pages.pdf"), stripedPdf(20));
+        pipeline.drop(u"pages.pdf"_s, stripedPdf(20));
         pipeline.waitForRows(1, ReceiptStatus::done);
         const double ours = stallUntil([&] { return pipeline.receipts().first().addedToPhotos; });
         printRow("stall while 20 pages are delivered, at rest", ours, stallAtRest(), "ms");
     }
     PipelineUnderTest pipeline(surroundings);
     pipeline.start();
-    pipeline.drop(QStringLiteral("large.pdf"), QByteArray(40'000'000, 'x'));
+    pipeline.drop(u"large.pdf"_s, QByteArray(40'000'000, 'x'));
     const double ours = stallUntil([&] {
         return !pipeline.receipts().isEmpty() && pipeline.receipts().first().status == ReceiptStatus::done;
     });

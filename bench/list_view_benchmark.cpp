@@ -19,6 +19,7 @@
 namespace {
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 constexpr int listed = 50000;
 constexpr int rounds = 1000;
@@ -50,7 +51,7 @@ qint64 timeOfChange(ReceiptStore &store, ReceiptsTable &table, int round) {
     const auto ended = QObject::connect(&store, &ReceiptStore::receiptsChanged, &table,
                                         [&] { changing = timer.nsecsElapsed(); });
     Receipt changed = store.receipts().at(round % 10);
-    changed.summary = QStringLiteral("Change %1").arg(round);
+    changed.summary = u"Change %1"_s.arg(round);
     store.update(changed);
     QObject::disconnect(begun);
     QObject::disconnect(ended);
@@ -66,7 +67,7 @@ int main(int argc, char *argv[]) {
     const QTemporaryDir home;
     qputenv("XDG_DATA_HOME", home.path().toUtf8());
     const QApplication application(argc, argv);
-    QFile file(dataFolder() + QStringLiteral("/receipts.json"));
+    QFile file(dataFolder() + u"/receipts.json"_s);
     if (!file.open(QIODevice::WriteOnly) || file.write(encodeReceipts(madeUpReceipts(listed))) < 0) {
         return 1;
     }

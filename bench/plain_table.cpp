@@ -5,10 +5,12 @@
 #include <QMainWindow>
 #include <QTableWidget>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char *argv[]) {
     const QApplication application(argc, argv);
     QMainWindow window;
-    window.setWindowTitle(QStringLiteral("Plain table"));
+    window.setWindowTitle(u"Plain table"_s);
     auto *const table = new QTableWidget(0, 8, &window);
     window.setCentralWidget(table);
     window.resize(900, 560);

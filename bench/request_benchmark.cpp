@@ -12,12 +12,13 @@
 namespace {
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 constexpr std::int64_t megabyte = 1 << 20;
 
 void buildBody(benchmark::State &state) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("scan.pdf"));
+    const QString path = folder.filePath(u"scan.pdf"_s);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || !file.resize(state.range(0) * megabyte)) {
         state.SkipWithError("the file could not be made");

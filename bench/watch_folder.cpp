@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 double processorSeconds() {
@@ -39,7 +41,7 @@ int main(int argc, char *argv[]) {
     std::atomic<qsizetype> seen = 0;
     fennick::FSEventsWatcher watcher(arguments.at(1), [&](const QList<fennick::FileEvent> &events) {
         for (const fennick::FileEvent &event : events) {
-            if (event.path.endsWith(QLatin1String(".pdf"))) {
+            if (event.path.endsWith(".pdf"_L1)) {
                 files.insert(event.path);
             }
         }

@@ -50,9 +50,7 @@ target_compile_options(
             -D_GLIBCXX_ASSERTIONS
             -fstack-protector-strong
             -fstack-clash-protection>)
-# --as-needed: a program loads only the libraries of the objects that are in it.
-target_link_options(fennick_hardening INTERFACE -pie LINKER:-z,relro LINKER:-z,now
-                    LINKER:-z,noexecstack LINKER:--as-needed)
+target_link_options(fennick_hardening INTERFACE ${fennick_platform_link_options})
 
 # Headers that most files include anyway, compiled once. A file still includes what it uses: clang-tidy compiles
 # each by itself.
@@ -155,7 +153,7 @@ function(fennick_tests room)
   target_compile_options(${program} PRIVATE -O0)
   target_link_libraries(${program} PRIVATE fennick_compile_options ${TESTS_LINKS} fennick_qt_test Qt6::Widgets
                                            Qt6::Network)
-  target_link_options(${program} PRIVATE LINKER:--as-needed)
+  target_link_options(${program} PRIVATE ${fennick_platform_smaller_programs})
   if(room STREQUAL "text")
     target_precompile_headers(${program} PRIVATE ${fennick_common_headers} <QApplication> <QJsonArray> <QProcess>
                               <QSignalSpy> <QTemporaryDir> <QTest>)

@@ -1,13 +1,12 @@
 #include "converter/jpeg_writer.h"
 
-#include <QFile>
-#include <QtEndian>
+#include "documents/jpeg_errors.h"
 
-#include <turbojpeg.h>
+#include <QFile>
 
 #include <algorithm>
 #include <array>
-#include <memory>
+#include <cstdlib>
 
 namespace fennick {
 
@@ -15,69 +14,85 @@ namespace {
 
 constexpr int quality = 90;
 
-struct FreeJpeg {
-    void operator()(unsigned char *bytes) const { tjFree(bytes); }
+// The profile is stored in pieces, which are counted in one byte.
+constexpr qsizetype largestProfile = 255 * 65519;
+
+// One libjpeg compressor into memory. `compress` owns nothing that an error of libjpeg could skip the release
+// of.
+class Compressor {
+public:
+    Compressor() { errors_.attachTo(codec_.err); }
+    ~Compressor() {
+        jpeg_destroy_compress(&codec_);
+        std::free(bytes_);
+    }
+    Q_DISABLE_COPY_MOVE(Compressor)
+
+    [[nodiscard]] bool compress(YuvPicture &picture, const QByteArray &iccProfile);
+
+    // The file; valid as long as this object is.
+    QByteArrayView file() const { return {bytes_, static_cast<qsizetype>(size_)}; }
+
+private:
+    void writeRows(YuvPicture &picture);
+
+    JpegErrors errors_{};
+    jpeg_compress_struct codec_{};
+    unsigned char *bytes_ = nullptr;
+    unsigned long size_ = 0;
 };
 
-// Chroma is quartered, as usual at this quality: the print of a receipt lives in its brightness, and a
-// file with full chroma is half as large again.
-QByteArray encoded(const YuvPicture &picture) {
-    const std::unique_ptr<void, int (*)(tjhandle)> encoder(tjInitCompress(), tjDestroy);
-    if (!encoder) {
-        return {};
+// libjpeg quarters the chroma by default, as is usual at this quality: the print of a receipt is in its
+// brightness, and a file with full chroma is half as large again.
+bool Compressor::compress(YuvPicture &picture, const QByteArray &iccProfile) {
+    if (setjmp(errors_.escape) != 0) {
+        return false;
     }
-    std::array<const unsigned char *, 3> rows{};
-    std::array<int, 3> strides{};
+    jpeg_create_compress(&codec_);
+    jpeg_mem_dest(&codec_, &bytes_, &size_);
+    codec_.image_width = static_cast<JDIMENSION>(picture.width);
+    codec_.image_height = static_cast<JDIMENSION>(picture.height);
+    codec_.input_components = static_cast<int>(picture.planes.size());
+    codec_.in_color_space = picture.isGrey() ? JCS_GRAYSCALE : JCS_YCbCr;
+    jpeg_set_defaults(&codec_);
+    jpeg_set_quality(&codec_, quality, TRUE);
+    codec_.dct_method = JDCT_ISLOW;
+    codec_.raw_data_in = TRUE;
+    jpeg_start_compress(&codec_, TRUE);
+    if (!iccProfile.isEmpty() && iccProfile.size() <= largestProfile) {
+        jpeg_write_icc_profile(&codec_, reinterpret_cast<const JOCTET *>(iccProfile.constData()),
+                               static_cast<unsigned>(iccProfile.size()));
+    }
+    while (codec_.next_scanline < codec_.image_height) {
+        writeRows(picture);
+    }
+    jpeg_finish_compress(&codec_);
+    return true;
+}
+
+// One row of blocks, which the last row of samples fills where the picture ends.
+void Compressor::writeRows(YuvPicture &picture) {
+    std::array<std::array<JSAMPROW, MAX_SAMP_FACTOR * DCTSIZE>, 3> rows{};
+    std::array<JSAMPARRAY, 3> planes{};
+    const int blockRow = static_cast<int>(codec_.next_scanline) / (codec_.max_v_samp_factor * DCTSIZE);
     for (std::size_t index = 0; index < picture.planes.size(); ++index) {
-        rows[index] = picture.planes[index].row(0);
-        strides[index] = picture.planes[index].stride();
+        Plane &plane = picture.planes[index];
+        const int count = codec_.comp_info[index].v_samp_factor * DCTSIZE;
+        for (int row = 0; row < count; ++row) {
+            rows[index][static_cast<std::size_t>(row)] =
+                plane.row(std::min(blockRow * count + row, plane.height() - 1));
+        }
+        planes[index] = rows[index].data();
     }
-    unsigned char *bytes = nullptr;
-    unsigned long size = 0;
-    const int result = tjCompressFromYUVPlanes(encoder.get(), rows.data(), picture.width, strides.data(),
-                                               picture.height, picture.isGrey() ? TJSAMP_GRAY : TJSAMP_420,
-                                               &bytes, &size, quality, TJFLAG_ACCURATEDCT);
-    const std::unique_ptr<unsigned char, FreeJpeg> owner(bytes);
-    return result == 0 ? QByteArray(reinterpret_cast<const char *>(bytes), static_cast<qsizetype>(size))
-                       : QByteArray();
+    jpeg_write_raw_data(&codec_, planes.data(), static_cast<JDIMENSION>(codec_.max_v_samp_factor * DCTSIZE));
 }
 
-// The profile as segments APP2 of a JPEG file, as ICC.1 annex B.4 lays them out: a mark, the number of the
-// piece, the count of pieces, the piece.
-QByteArray profileSegments(const QByteArray &iccProfile) {
-    constexpr QByteArrayView mark("ICC_PROFILE\0", 12);
-    constexpr qsizetype largestPiece = 65519;
-    constexpr qsizetype mostPieces = 255;
-    const qsizetype pieces = (iccProfile.size() + largestPiece - 1) / largestPiece;
-    QByteArray segments;
-    if (pieces > mostPieces) {
-        return segments;
-    }
-    for (qsizetype piece = 0; piece < pieces; ++piece) {
-        const QByteArray part = iccProfile.mid(piece * largestPiece, largestPiece);
-        const auto length = qToBigEndian(static_cast<quint16>(2 + mark.size() + 2 + part.size()));
-        segments.append("\xFF\xE2", 2);
-        segments.append(reinterpret_cast<const char *>(&length), sizeof length);
-        segments.append(mark);
-        segments.append(static_cast<char>(piece + 1));
-        segments.append(static_cast<char>(pieces));
-        segments.append(part);
-    }
-    return segments;
-}
-
-// The encoder starts every file with the two bytes of SOI and the segment JFIF, which has to stay first.
-qsizetype endOfJfifSegment(const QByteArray &jpeg) {
-    constexpr qsizetype segmentLength = 4;
-    return segmentLength + qFromBigEndian<quint16>(jpeg.constData() + segmentLength);
-}
-
-bool written(const QByteArray &bytes, const QString &path) {
+bool written(QByteArrayView bytes, const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         return false;
     }
-    const bool complete = file.write(bytes) == bytes.size();
+    const bool complete = file.write(bytes.data(), bytes.size()) == bytes.size();
     file.close();
     if (complete && file.error() == QFileDevice::NoError) {
         return true;
@@ -89,15 +104,11 @@ bool written(const QByteArray &bytes, const QString &path) {
 } // namespace
 
 bool writeJpeg(YuvPicture picture, const QByteArray &iccProfile, const QString &path) {
-    picture.planes.front().extendByOne();
-    QByteArray jpeg = encoded(picture);
-    if (jpeg.isEmpty()) {
-        return false;
+    for (Plane &plane : picture.planes) {
+        plane.fillSpareColumns(); // blocks reach beyond the right edge
     }
-    if (!iccProfile.isEmpty()) {
-        jpeg.insert(endOfJfifSegment(jpeg), profileSegments(iccProfile));
-    }
-    return written(jpeg, path);
+    Compressor compressor;
+    return compressor.compress(picture, iccProfile) && written(compressor.file(), path);
 }
 
 } // namespace fennick

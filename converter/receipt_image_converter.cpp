@@ -134,7 +134,8 @@ Result convertImage(QFile &file, const QString &path) {
 
 Result ReceiptImageConverter::convertToJPEGs(const QString &filePath, const QString &baseName) {
     const auto folder = createPrivateFolder();
-    return folder ? convertInto(*folder, filePath, baseName) : failure(Kind::platform, folder.error());
+    return folder ? convertInto(*folder, filePath, baseName)
+                  : failure(Kind::platform, folder.error().description());
 }
 
 Result ReceiptImageConverter::convertInto(const QString &folder, const QString &filePath,

@@ -10,16 +10,18 @@
 #include <QLocale>
 #include <QMessageBox>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// Help and version are told without a display, and beside a Fennick that runs already; both end the program.
+// Prints help or version, without a display and even if Fennick is already running, and ends the program.
 // Other arguments are Qt's.
 void answerQuestions(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Fennick"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(FENNICK_VERSION));
+    QCoreApplication::setApplicationName(u"Fennick"_s);
+    QCoreApplication::setApplicationVersion(QString::fromUtf8(FENNICK_VERSION));
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Turns the receipts in a folder into an expense list."));
+    parser.setApplicationDescription(u"Turns the receipts in a folder into an expense list."_s);
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.parse(QCoreApplication::arguments());
@@ -38,7 +40,7 @@ int main(int argc, char **argv) {
         answerQuestions(argc, argv);
     }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Fennick"));
+    QApplication::setApplicationName(u"Fennick"_s);
     QApplication::setDesktopFileName(fennick::applicationId);
     QLocale::setDefault(fennick::moneyLocale()); // only money is written in it
     const fennick::InterfaceLanguage language(QLocale::system().uiLanguages());
@@ -52,7 +54,7 @@ int main(int argc, char **argv) {
         const QString reason =
             QCoreApplication::translate("main", "Fennick is already running in another session of yours.");
         qWarning("%s", qPrintable(reason));
-        QMessageBox::warning(nullptr, QStringLiteral("Fennick"), reason);
+        QMessageBox::warning(nullptr, u"Fennick"_s, reason);
         return 1;
     }
     fennick::FennickApp app;

@@ -1,6 +1,7 @@
 #include "engine/recognition/text_recogniser.h"
 
-#include <omp.h>
+#include "platform/library_threads.h"
+
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
 
@@ -87,7 +88,7 @@ QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, 
         return {};
     }
     // Requests are the unit of parallel work; Tesseract's own threads only get in each other's way.
-    omp_set_max_active_levels(0);
+    keepLibrariesOnThisThread();
     tesseract_->SetImage(picture.get());
     tesseract_->SetSourceResolution(300);
 

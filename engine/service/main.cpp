@@ -1,13 +1,13 @@
 #include "engine/service/command_line.h"
 #include "engine/service/extraction_server.h"
 #include "engine/service/pdf_process.h"
+#include "platform/child_process.h"
 
 #include <QCoreApplication>
 
-#include <unistd.h>
-
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -21,7 +21,7 @@ void complain(const QString &message) {
 // Nothing has to be saved or removed, and a document being read may take a second to be given up: whoever
 // ends the engine need not wait.
 void endAtOnce(int) {
-    _exit(0);
+    std::_Exit(0);
 }
 
 } // namespace
@@ -46,6 +46,9 @@ int main(int argc, char *argv[]) {
     if (!place) {
         complain(place.error());
         return wrongArguments;
+    }
+    if (place->socket) {
+        fennick::endWithStandardInput(); // a parent that passes a socket keeps it open
     }
 
     fennick::engine::ExtractionServer server;

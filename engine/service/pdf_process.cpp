@@ -1,6 +1,7 @@
 #include "engine/service/pdf_process.h"
 
 #include "platform/child_process.h"
+#include "platform/regular_file.h"
 
 #include <QDataStream>
 #include <QDeadlineTimer>
@@ -21,6 +22,8 @@ constexpr ChildLimits share{.memory = 1LL << 30, .processorTime = std::chrono::s
 // For a process that waits instead of working, or gets no processor.
 constexpr std::chrono::seconds longestTime{50};
 constexpr int lookInterval = 50; // milliseconds
+constexpr int sizeDigits = 12;
+constexpr int standardInput = 0;
 constexpr auto streamVersion = QDataStream::Qt_6_4;
 
 void write(QDataStream &stream, const TextLine &line) {
@@ -119,6 +122,18 @@ std::optional<std::expected<QList<PdfPage>, ReadError>> decoded(const QByteArray
     return stream.status() == QDataStream::Ok ? std::optional(std::move(pages)) : std::nullopt;
 }
 
+// Precedes the document on the process's standard input.
+QByteArray sizeField(qint64 size) {
+    return QByteArray::number(size).rightJustified(sizeDigits, '0');
+}
+
+// Nothing if the input ends before the document does.
+std::optional<QByteArray> receivedDocument(QFile &input) {
+    const auto size = readExactly(input, sizeDigits);
+    const auto document = size ? readExactly(input, size->toLongLong()) : size;
+    return document ? std::optional(*document) : std::nullopt;
+}
+
 void end(QProcess &process) {
     process.kill();
     process.waitForFinished();
@@ -132,8 +147,8 @@ std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, co
     endWithThisProgram(process, share);
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, {readPdfArgument, QString::number(pageLimit)});
+    process.write(sizeField(bytes.size())); // the channel stays open: the process ends when it closes
     process.write(bytes);
-    process.closeWriteChannel();
     const QDeadlineTimer deadline(longestTime);
     while (!process.waitForFinished(lookInterval) && process.state() != QProcess::NotRunning) {
         if (stop.stop_requested() || deadline.hasExpired()) {
@@ -151,10 +166,16 @@ std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, co
 int serveReadPdfApart(int pageLimit) {
     QFile input;
     QFile output;
-    if (!input.open(stdin, QIODevice::ReadOnly) || !output.open(stdout, QIODevice::WriteOnly)) {
+    if (!input.open(standardInput, QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+        !output.open(stdout, QIODevice::WriteOnly)) {
         return 1;
     }
-    const QByteArray answer = encoded(readPdf(input.readAll(), pageLimit));
+    const auto document = receivedDocument(input);
+    if (!document) {
+        return 1;
+    }
+    endWithStandardInput();
+    const QByteArray answer = encoded(readPdf(*document, pageLimit));
     return output.write(answer) == answer.size() && output.flush() ? 0 : 1;
 }
 

@@ -3,11 +3,11 @@
 #include "conversion/conversion_report.h"
 #include "conversion/private_folder.h"
 #include "platform/child_process.h"
-#include "platform/regular_file.h"
 #include "text/path_text.h"
 
 #include <QCoreApplication>
 #include <QCoroSignal>
+#include <QFile>
 #include <QProcess>
 #include <QTimer>
 
@@ -21,12 +21,13 @@ namespace {
 
 using Result = std::expected<QStringList, ConverterError>;
 
+// The largest accepted picture takes 880 MB of it (documents/picture_limits).
 constexpr qint64 mostMemory = 1LL << 30;
 
-// Other programs use the processor too. This only ends what waits for something that does not come.
+// Other programs use the processor too. This limit only ends a converter that waits for ever.
 constexpr int wallTimePerProcessorTime = 5;
 
-// Paths that the report names outside the folder it was given are none of its business.
+// The report may only name files in the folder that the converter was given.
 Result trusted(Result result, const QString &folder) {
     if (result && !std::ranges::all_of(
                       *result, [&folder](const QString &path) { return parentFolder(path) == folder; })) {
@@ -41,14 +42,15 @@ QCoro::Task<Result> convertToJPEGs(QString program, std::shared_ptr<QFile> file,
                                    QString baseName, std::chrono::seconds longestTime) {
     const auto folder = createPrivateFolder();
     if (!folder) {
-        co_return std::unexpected(ConverterError{ConverterError::Kind::platform, folder.error()});
+        co_return std::unexpected(
+            ConverterError{ConverterError::Kind::platform, folder.error().description()});
     }
     QProcess process;
-    endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime});
+    const int descriptor = file->handle();
+    endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime}, descriptor);
     process.setStandardErrorFile(QProcess::nullDevice());
     QTimer::singleShot(longestTime * wallTimePerProcessorTime, &process, &QProcess::kill);
-    process.setStandardInputFile(reopeningPath(*file));
-    process.start(program, {u"--standard-input"_s, fileName, *folder, baseName}, QIODevice::ReadOnly);
+    process.start(program, {u"--descriptor=%1"_s.arg(descriptor), fileName, *folder, baseName});
     if (!process.waitForStarted()) {
         const QString reason =
             QCoreApplication::translate("ConverterError", "The converter could not be started: %1")

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QString>
 
 #include <expected>
@@ -7,7 +9,7 @@
 namespace fennick {
 
 // Creates a new folder for one conversion's pictures, <temporary directory>/FennickJPEG/<random UUID>, which
-// no other user can access. Returns its path, or the system's description of what prevented it.
-[[nodiscard]] std::expected<QString, QString> createPrivateFolder();
+// no other user can access. Returns its path.
+[[nodiscard]] std::expected<QString, FileProblem> createPrivateFolder();
 
 } // namespace fennick

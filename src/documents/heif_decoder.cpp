@@ -164,7 +164,7 @@ std::expected<StoredPicture, DocumentError> decodedHeif(const QByteArray &file, 
         return std::unexpected(DocumentError::unreadableImage);
     }
     // For the coded picture and each of its tiles. Newer versions of the library take it for the side of a
-    // square whose area counts.
+    // square whose area counts: 200 megapixels.
     constexpr int longestCodedSide = 14142;
     static_assert(converterLimits.allow(longestCodedSide, longestCodedSide));
     heif_context_set_maximum_image_size_limit(context.get(), longestCodedSide);

@@ -2,12 +2,10 @@
 
 #include "documents/colour_profile.h"
 #include "documents/exif_orientation.h"
+#include "documents/jpeg_errors.h"
 
 #include <jerror.h>
-#include <jpeglib.h>
 
-#include <csetjmp>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 
@@ -20,17 +18,6 @@ namespace {
 constexpr int maximumScanCount = 500;
 
 constexpr int planeRowsAtOnce = MAX_SAMP_FACTOR * DCTSIZE;
-
-// libjpeg reports errors by a call that must not return. `base` is first, so that the pointer libjpeg hands
-// back is also one to this structure.
-struct ErrorHandler {
-    jpeg_error_mgr base;
-    std::jmp_buf escape;
-};
-
-[[noreturn]] void leave(j_common_ptr codec) {
-    std::longjmp(reinterpret_cast<ErrorHandler *>(codec->err)->escape, 1);
-}
 
 // Warnings of libjpeg mean grey or displaced blocks in the picture, but for a few that leave it whole.
 void leaveUnlessHarmless(j_common_ptr codec, int level) {
@@ -45,17 +32,15 @@ void leaveUnlessHarmless(j_common_ptr codec, int level) {
     case JWRN_BOGUS_ICC:
         return;
     default:
-        leave(codec);
+        JpegErrors::leave(codec);
     }
 }
 
 void leaveAfterTooManyScans(j_common_ptr codec) {
     if (reinterpret_cast<j_decompress_ptr>(codec)->input_scan_number > maximumScanCount) {
-        leave(codec);
+        JpegErrors::leave(codec);
     }
 }
-
-void printNothing(j_common_ptr) {}
 
 // One libjpeg decompressor over a file in memory. After a function has returned false, only destruction is
 // allowed. The functions that call libjpeg own nothing that an error could skip the release of.
@@ -76,17 +61,15 @@ public:
 
 private:
     const QByteArray &file_;
-    ErrorHandler errors_{};
+    JpegErrors errors_{};
     jpeg_progress_mgr progress_{};
     jpeg_decompress_struct codec_{};
 };
 
 Decompressor::Decompressor(const QByteArray &file)
     : file_(file) {
-    codec_.err = jpeg_std_error(&errors_.base);
-    errors_.base.error_exit = leave;
+    errors_.attachTo(codec_.err);
     errors_.base.emit_message = leaveUnlessHarmless;
-    errors_.base.output_message = printNothing;
 }
 
 bool Decompressor::readHeader() {

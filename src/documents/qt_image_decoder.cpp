@@ -41,7 +41,7 @@ bool fitsInto(const PictureLimits &limits, const QImageReader &reader) {
         format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
     const bool isConverted = format != QImage::Format_RGB32 && format != QImage::Format_ARGB32;
     constexpr qint64 bitsConverted = 32;
-    constexpr qint64 bitsOfPlanes = 12;
+    constexpr qint64 bitsOfPlanes = 12; // 8 of brightness, and two chroma samples for four pixels
     const qint64 bits = std::max(isConverted ? bitsAsRead + bitsConverted : 0, bitsConverted + bitsOfPlanes);
     return limits.allow(size.width(), size.height()) &&
            qint64(size.width()) * size.height() * bits / 8 <= limits.memory;

@@ -48,7 +48,8 @@ void copyRows(const Plane &source, Plane &target, Reading reading) {
     }
 }
 
-// Works in squares that stay in the processor's cache, as one side is always walked across rows.
+// Works in squares that stay in the processor's cache, as one side is always walked across rows: a square of
+// source and target takes 8 KB, of the usual 32.
 void transposeSquares(const Plane &source, Plane &target, Reading reading) {
     constexpr int square = 64;
     for (int top = 0; top < target.height(); top += square) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <new>
 
 namespace fennick {
@@ -51,6 +50,7 @@ bool convertTile(tjhandle encoder, const QImage &image, QRect tile, YuvPicture &
 
 constexpr QRgb white = 0xFFFFFFFF;
 
+// Pixels of four bytes in a line of the processor's cache (64 bytes).
 constexpr int blendingRun = 16;
 
 int overWhite(int channel, int alpha) {
@@ -87,11 +87,10 @@ Plane::Plane(int width, int height, int allocatedWidth, int allocatedHeight)
     , samples_(static_cast<std::uint8_t *>(
           ::operator new(byteCount(stride_, allocatedHeight), std::align_val_t{alignment}))) {}
 
-void Plane::extendByOne() {
+void Plane::fillSpareColumns() {
     for (int y = 0; y < height_; ++y) {
-        row(y)[width_] = row(y)[width_ - 1];
+        std::fill(row(y) + width_, row(y) + stride_, row(y)[width_ - 1]);
     }
-    std::memcpy(row(height_), row(height_ - 1), static_cast<std::size_t>(width_) + 1);
 }
 
 YuvPicture yuvPictureFromRgb(const QImage &image) {

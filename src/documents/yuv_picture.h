@@ -31,8 +31,8 @@ public:
     std::uint8_t *row(int y) { return samples_.get() + offsetOf(y); }
     const std::uint8_t *row(int y) const { return samples_.get() + offsetOf(y); }
 
-    // Fills the spare column and row with their neighbours.
-    void extendByOne();
+    // Fills the memory to the right of each row, up to the stride, with the row's last sample.
+    void fillSpareColumns();
 
 private:
     struct Release {

@@ -9,6 +9,7 @@ namespace fennick::ExportService {
 
 namespace {
 
+// For the reserved memory alone; a longer text makes it grow.
 constexpr qsizetype typicalLineLength = 192;
 
 QStringView textOrNothing(const std::optional<QString> &text) {

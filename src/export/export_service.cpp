@@ -2,14 +2,16 @@
 
 #include <QSaveFile>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::ExportService {
 
 QString fileExtension(Format format) {
-    return format == Format::csv ? QStringLiteral("csv") : QStringLiteral("html");
+    return format == Format::csv ? u"csv"_s : u"html"_s;
 }
 
 QString proposedFileName(Format format) {
-    return QStringLiteral("receipts-") + isoDateStamp() + u'.' + fileExtension(format);
+    return u"receipts-"_s + isoDateStamp() + u'.' + fileExtension(format);
 }
 
 bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path) {

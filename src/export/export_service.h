@@ -26,19 +26,19 @@ QString buildCSV(const QList<Receipt> &receipts);
 // currency and the receipts' status.
 QString buildHTML(const QList<Receipt> &receipts);
 
-// Builds the ledger and writes it as UTF-8, complete or not at all: when it fails (false), an older file at
-// `path` is as it was.
-bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path);
+// Builds the ledger and writes it as UTF-8, complete or not at all. Returns false on failure; an older file
+// at `path` is then unchanged.
+[[nodiscard]] bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path);
 
-// Two decimals, a point, no grouping. It trims nothing, despite its name: columns of amounts line up.
+// Two decimals, a point, no grouping. Despite its name it trims nothing, so that columns of amounts line up.
 QString trimNumber(double value);
 
 // The amount as the user's locale writes it in the currency, always with two decimals; two decimals alone
 // without a currency; an em dash without an amount.
 QString formatAmount(std::optional<double> amount, const std::optional<QString> &currency);
 
-// This moment in English, in the device's time zone, as in "March 4, 2025 at 5:05 PM" (the blank before "PM"
-// is a narrow one that does not break).
+// The current time in English, in the device's time zone, as in "March 4, 2025 at 5:05 PM" (the blank before
+// "PM" is a narrow one that does not break).
 QString longDateTime();
 
 // Today's date in the device's time zone, as in "2025-03-04".

@@ -7,6 +7,7 @@ namespace fennick::ExportService {
 
 namespace {
 
+// For the reserved memory alone; a longer text makes it grow.
 constexpr qsizetype typicalRowLength = 400;
 
 // The page's fixed pieces. Between them stand, in this order: the moment, the moment again with the number of

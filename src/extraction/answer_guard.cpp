@@ -44,7 +44,7 @@ AnswerGuard::AnswerGuard(QNetworkReply &reply, const AnswerLimits &limits)
     transferWatch_.start(transferWatchInterval);
 }
 
-// Not at once: whoever waits for the reply's end may destroy the guard, from inside whose slot this is
+// Not at once: the code that waits for the reply's end may destroy the guard, from inside whose slot this is
 // called.
 void AnswerGuard::end(const QString &violation) {
     violation_ = violation;

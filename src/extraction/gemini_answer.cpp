@@ -8,6 +8,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::GeminiClient {
 
 namespace {
@@ -22,7 +24,7 @@ QString utf8OrEmpty(const QByteArray &bytes) {
                                : QString();
 }
 
-const QString unknown = QStringLiteral("unknown");
+const QString unknown = u"unknown"_s;
 
 std::optional<qint64> integer(const QJsonValue &value) {
     const qint64 number = value.toInteger();
@@ -30,8 +32,8 @@ std::optional<qint64> integer(const QJsonValue &value) {
 }
 
 GeminiError apiError(const QJsonObject &error, int statusCode) {
-    return {Kind::api, integer(error.value(QLatin1StringView("code"))).value_or(statusCode),
-            error.value(QLatin1StringView("message")).toString(unknown)};
+    return {Kind::api, integer(error.value("code"_L1)).value_or(statusCode),
+            error.value("message"_L1).toString(unknown)};
 }
 
 // The objects of an array; nothing when it is no array or something else is among them.
@@ -52,10 +54,10 @@ std::optional<QList<QJsonObject>> objects(const QJsonValue &value) {
 
 // The text of the first part that has one; later ones are ignored.
 QString firstText(const QJsonObject &candidate) {
-    const QJsonObject content = candidate.value(QLatin1StringView("content")).toObject();
-    const auto parts = objects(content.value(QLatin1StringView("parts"))).value_or(QList<QJsonObject>());
+    const QJsonObject content = candidate.value("content"_L1).toObject();
+    const auto parts = objects(content.value("parts"_L1)).value_or(QList<QJsonObject>());
     for (const QJsonObject &part : parts) {
-        const QJsonValue text = part.value(QLatin1StringView("text"));
+        const QJsonValue text = part.value("text"_L1);
         if (text.isString()) {
             return text.toString();
         }
@@ -69,18 +71,18 @@ std::expected<GeminiReceiptData, GeminiError> resultIn(int statusCode, const QBy
         return std::unexpected(GeminiError{Kind::http, statusCode, utf8OrEmpty(body)});
     }
     const QJsonObject answer = parsedJson(body).value_or(QJsonValue()).toObject();
-    const QJsonValue error = answer.value(QLatin1StringView("error"));
+    const QJsonValue error = answer.value("error"_L1);
     if (error.isObject()) {
         return std::unexpected(apiError(error.toObject(), statusCode));
     }
-    const auto candidates = objects(answer.value(QLatin1StringView("candidates")));
+    const auto candidates = objects(answer.value("candidates"_L1));
     if (!candidates || candidates->isEmpty()) {
         return std::unexpected(GeminiError{Kind::noCandidates, 0, {}});
     }
     const QJsonObject candidate = candidates->first();
     const QString text = firstText(candidate);
     if (text.isEmpty()) {
-        const QJsonValue finishReason = candidate.value(QLatin1StringView("finishReason"));
+        const QJsonValue finishReason = candidate.value("finishReason"_L1);
         return std::unexpected(GeminiError{Kind::noText, 0, finishReason.toString(unknown)});
     }
     const auto answerObject = extractJSON(text);

@@ -18,6 +18,8 @@
 #include <chrono>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::GeminiClient {
 
 namespace {
@@ -44,7 +46,7 @@ Result failure(Kind kind, const QString &text) {
 
 QNetworkRequest request(const QUrl &url) {
     QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
+    request.setHeader(QNetworkRequest::ContentTypeHeader, "application/json"_ba);
     request.setTransferTimeout(static_cast<int>(timeOut.count()));
     // Asked for by itself, the library would unpack answers without noticing that one lacks its end.
     request.setRawHeader("Accept-Encoding", "gzip, deflate");
@@ -133,7 +135,7 @@ Result resultOf(QNetworkReply &reply, const AnswerGuard &guard, const QString &a
         return transportFailure(transportDescription(reply), apiKey);
     }
     if (!statusAttribute.isValid()) {
-        return failure(Kind::http, QStringLiteral("No HTTP response"));
+        return failure(Kind::http, u"No HTTP response"_s);
     }
     const QByteArray body = reply.readAll();
     if (isCut(reply, body.size())) {
@@ -168,7 +170,7 @@ bool keepsBody(const QNetworkReply &reply) {
 
 // TLS must be loaded completely before a request is made: making the first one meanwhile, the main thread
 // would take the library's locks in the opposite order, and both threads could wait for each other forever.
-std::expected<QByteArray, QString> preparedBody(const FileToRead &file) {
+std::expected<QByteArray, FileProblem> preparedBody(const FileToRead &file) {
     QSslSocket::supportsSsl();
     return requestBody(file);
 }
@@ -179,11 +181,11 @@ QCoro::Task<Result> scan(FileToRead file, QString apiKey, QString model, QString
                          std::stop_token serviceEnd) {
     const auto body = co_await QtConcurrent::run(preparedBody, file);
     if (!body) {
-        co_return failure(Kind::fileRead, body.error());
+        co_return failure(Kind::fileRead, body.error().description());
     }
     const auto url = endpointUrl(serviceAddress, model, apiKey);
     if (!url) {
-        co_return failure(Kind::http, QStringLiteral("Invalid endpoint URL"));
+        co_return failure(Kind::http, u"Invalid endpoint URL"_s);
     }
     QNetworkRequest next = request(*url);
     bool hasBody = true;

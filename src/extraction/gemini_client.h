@@ -19,7 +19,7 @@ namespace fennick::GeminiClient {
 // 60 seconds without progress, and when the answer goes beyond AnswerLimits. Never blocks the calling thread:
 // reading and encoding the file happen on a worker thread. The key stays out of every error text.
 // `serviceEnd` is requested on the calling thread when the service has ended: the scan then fails at once.
-QCoro::Task<std::expected<GeminiReceiptData, ScanError>>
+[[nodiscard]] QCoro::Task<std::expected<GeminiReceiptData, ScanError>>
 scan(FileToRead file, QString apiKey, QString model, QString serviceAddress, std::stop_token serviceEnd = {});
 
 // Loads what the first request needs (TLS), so that it is as prompt as the others. Returns at once.

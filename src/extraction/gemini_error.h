@@ -17,7 +17,7 @@ struct GeminiError {
     QString text;    // message, body, finish reason or raw answer, by kind
 
     // Of any length, as the text is.
-    QString errorDescription() const;
+    [[nodiscard]] QString errorDescription() const;
 
     bool operator==(const GeminiError &other) const = default;
 };
@@ -32,7 +32,7 @@ struct TransportError {
 using ScanError = std::variant<GeminiError, TransportError>;
 
 // At most 2,000 characters: whatever a service sends, it must not bloat the list.
-QString errorDescription(const ScanError &error);
+[[nodiscard]] QString errorDescription(const ScanError &error);
 
 // Stored with a number of megabytes, and with a reason.
 inline constexpr const char *answerTooLargeText =

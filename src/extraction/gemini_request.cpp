@@ -7,12 +7,15 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::GeminiClient {
 
 namespace {
 
-const QString instruction = QStringLiteral(
-    "You are a receipt data extraction assistant. Analyze the provided receipt image or document and extract "
+const QString instruction =
+    u"You are a receipt data extraction assistant. Analyze the provided receipt image or document and "
+    u"extract "
     "the following information.\n"
     "\n"
     "Return ONLY a valid JSON object with these exact fields:\n"
@@ -25,12 +28,10 @@ const QString instruction = QStringLiteral(
     "groceries, shopping, entertainment, misc\n"
     "- summary: one concise sentence describing this receipt (e.g. \"Lunch at Mario's Cafe for $23.50\")\n"
     "\n"
-    "Do not include any text outside the JSON object.");
+    "Do not include any text outside the JSON object."_s;
 
 QJsonObject nullable(const QString &type, const QString &description) {
-    return {{QStringLiteral("type"), type},
-            {QStringLiteral("nullable"), true},
-            {QStringLiteral("description"), description}};
+    return {{u"type"_s, type}, {u"nullable"_s, true}, {u"description"_s, description}};
 }
 
 QJsonArray categories() {
@@ -43,45 +44,34 @@ QJsonArray categories() {
 
 // "category" and "summary" carry no "nullable", unlike the other five. That is intended.
 QJsonObject properties() {
-    const QString string = QStringLiteral("string");
+    const QString string = u"string"_s;
     return {
-        {QStringLiteral("date"),
-         nullable(string, QStringLiteral("Date in YYYY-MM-DD format, or null if not found"))},
-        {QStringLiteral("time"),
-         nullable(string, QStringLiteral("Time in HH:MM 24-hour format, or null if not found"))},
-        {QStringLiteral("amount"),
-         nullable(QStringLiteral("number"),
-                  QStringLiteral("Total amount as a number (no currency symbol), or null if not found"))},
-        {QStringLiteral("currency"),
-         nullable(string,
-                  QStringLiteral("ISO 4217 currency code (e.g. USD, EUR, GBP), or null if not found"))},
-        {QStringLiteral("location"),
-         nullable(string, QStringLiteral("Merchant name or address, or null if not found"))},
-        {QStringLiteral("category"),
-         QJsonObject{
-             {QStringLiteral("type"), string},
-             {QStringLiteral("enum"), categories()},
-             {QStringLiteral("description"), QStringLiteral("Best matching category for this receipt")}}},
-        {QStringLiteral("summary"),
-         QJsonObject{
-             {QStringLiteral("type"), string},
-             {QStringLiteral("description"), QStringLiteral("One short sentence describing this receipt")}}},
+        {u"date"_s, nullable(string, u"Date in YYYY-MM-DD format, or null if not found"_s)},
+        {u"time"_s, nullable(string, u"Time in HH:MM 24-hour format, or null if not found"_s)},
+        {u"amount"_s,
+         nullable(u"number"_s, u"Total amount as a number (no currency symbol), or null if not found"_s)},
+        {u"currency"_s,
+         nullable(string, u"ISO 4217 currency code (e.g. USD, EUR, GBP), or null if not found"_s)},
+        {u"location"_s, nullable(string, u"Merchant name or address, or null if not found"_s)},
+        {u"category"_s, QJsonObject{{u"type"_s, string},
+                                    {u"enum"_s, categories()},
+                                    {u"description"_s, u"Best matching category for this receipt"_s}}},
+        {u"summary"_s, QJsonObject{{u"type"_s, string},
+                                   {u"description"_s, u"One short sentence describing this receipt"_s}}},
     };
 }
 
 QJsonObject responseSchema() {
-    return {{QStringLiteral("type"), QStringLiteral("object")},
-            {QStringLiteral("properties"), properties()},
-            {QStringLiteral("required"),
-             QJsonArray{QStringLiteral("date"), QStringLiteral("time"), QStringLiteral("amount"),
-                        QStringLiteral("currency"), QStringLiteral("location"), QStringLiteral("category"),
-                        QStringLiteral("summary")}}};
+    return {{u"type"_s, u"object"_s},
+            {u"properties"_s, properties()},
+            {u"required"_s, QJsonArray{u"date"_s, u"time"_s, u"amount"_s, u"currency"_s, u"location"_s,
+                                       u"category"_s, u"summary"_s}}};
 }
 
 QJsonObject generationConfig() {
-    return {{QStringLiteral("responseMimeType"), QStringLiteral("application/json")},
-            {QStringLiteral("responseSchema"), responseSchema()},
-            {QStringLiteral("temperature"), 0}};
+    return {{u"responseMimeType"_s, u"application/json"_s},
+            {u"responseSchema"_s, responseSchema()},
+            {u"temperature"_s, 0}};
 }
 
 QByteArray compactJson(const QJsonObject &object) {
@@ -106,26 +96,26 @@ std::expected<void, FileProblem> appendBase64(QByteArray &body, QFile &file, qin
 
 QString mimeType(const QString &filePath) {
     const std::optional<DocumentKind> kind = kindOfName(filePath);
-    return kind ? mimeTypeOf(*kind) : QStringLiteral("application/octet-stream");
+    return kind ? mimeTypeOf(*kind) : u"application/octet-stream"_s;
 }
 
-std::expected<QByteArray, QString> requestBody(const FileToRead &wanted) {
+std::expected<QByteArray, FileProblem> requestBody(const FileToRead &wanted) {
     const OpenedFile file = openRegularFile(wanted);
     if (!file) {
-        return std::unexpected(file.error().description());
+        return std::unexpected(file.error());
     }
     // Only the small parts go through a JSON library: it would copy a large document several times over.
-    const QByteArray head =
-        "{\"generationConfig\":" + compactJson(generationConfig()) + ",\"contents\":[{\"parts\":[" +
-        compactJson({{QStringLiteral("text"), instruction}}) + ",{\"inlineData\":{\"mimeType\":\"" +
-        mimeType(wanted.path).toLatin1() + "\",\"data\":\"";
+    const QByteArray head = "{\"generationConfig\":" + compactJson(generationConfig()) +
+                            ",\"contents\":[{\"parts\":[" + compactJson({{u"text"_s, instruction}}) +
+                            ",{\"inlineData\":{\"mimeType\":\"" + mimeType(wanted.path).toLatin1() +
+                            "\",\"data\":\"";
     const QByteArray tail = "\"}}]}]}";
     QByteArray body;
     const qint64 size = (*file)->size();
     body.reserve(head.size() + (size + 2) / 3 * 4 + tail.size());
     body.append(head);
     if (const auto appended = appendBase64(body, **file, size); !appended) {
-        return std::unexpected(appended.error().description());
+        return std::unexpected(appended.error());
     }
     body.append(tail);
     return body;

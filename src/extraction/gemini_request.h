@@ -10,11 +10,12 @@
 // The parts of an extraction request that depend on the file. Callable from any thread.
 namespace fennick::GeminiClient {
 
-// By the file name's extension in any letter case; "application/octet-stream" for an unknown one or none.
+// The MIME type for the file name's extension, in any letter case; "application/octet-stream" for an unknown
+// extension or none.
 QString mimeType(const QString &filePath);
 
 // The request's JSON body for one receipt file: instruction text, the whole file in base64, answer schema.
-// The error is the reason why the file cannot be read to its end.
-std::expected<QByteArray, QString> requestBody(const FileToRead &wanted);
+// Fails if the file cannot be read to its end.
+[[nodiscard]] std::expected<QByteArray, FileProblem> requestBody(const FileToRead &wanted);
 
 } // namespace fennick::GeminiClient

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::GeminiClient {
 
 namespace {
@@ -22,10 +24,10 @@ QString withoutKey(QString text, const QString &key) {
     }
     const QString json = inJson(key);
     QStringList spellings = {key, QString::fromLatin1(QUrl::toPercentEncoding(key)), json,
-                             QString(json).replace(u'/', QStringLiteral("\\/"))};
+                             QString(json).replace(u'/', u"\\/"_s)};
     spellings.removeDuplicates(); // or what stands for the key would be looked through as well
     for (const QString &spelling : std::as_const(spellings)) {
-        text.replace(spelling, QStringLiteral("[API key]"));
+        text.replace(spelling, u"[API key]"_s);
     }
     return text;
 }

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::GeminiClient {
 
 namespace {
@@ -46,9 +48,8 @@ std::optional<QString> trimmedMember(const QJsonObject &answer, QLatin1StringVie
 
 // Trimmed of blanks only: a category that ends in a line feed is none of the vocabulary. That is intended.
 QString categoryMember(const QJsonObject &answer) {
-    const QString misc = QStringLiteral("misc");
-    const QString category =
-        trimmedOfBlanks(lowerCased(textMember(answer, QLatin1StringView("category")).value_or(misc)));
+    const QString misc = u"misc"_s;
+    const QString category = trimmedOfBlanks(lowerCased(textMember(answer, "category"_L1).value_or(misc)));
     return std::ranges::find(validCategories, category) == validCategories.end() ? misc : category;
 }
 
@@ -71,14 +72,13 @@ std::expected<QJsonObject, GeminiError> extractJSON(const QString &text) {
 
 GeminiReceiptData normalize(const QJsonObject &answer) {
     GeminiReceiptData data;
-    data.date = matchingMember(answer, QLatin1StringView("date"), R"(\d{4}-\d{2}-\d{2})");
-    data.time = matchingMember(answer, QLatin1StringView("time"), R"(\d{2}:\d{2})");
-    data.amount = numberMember(answer, QLatin1StringView("amount"));
-    data.currency = matchingMember(answer, QLatin1StringView("currency"), "[A-Z]{3}");
-    data.location = trimmedMember(answer, QLatin1StringView("location"));
+    data.date = matchingMember(answer, "date"_L1, R"(\d{4}-\d{2}-\d{2})");
+    data.time = matchingMember(answer, "time"_L1, R"(\d{2}:\d{2})");
+    data.amount = numberMember(answer, "amount"_L1);
+    data.currency = matchingMember(answer, "currency"_L1, "[A-Z]{3}");
+    data.location = trimmedMember(answer, "location"_L1);
     data.category = categoryMember(answer);
-    data.summary = trimmedMember(answer, QLatin1StringView("summary"))
-                       .value_or(QStringLiteral("Receipt scanned successfully"));
+    data.summary = trimmedMember(answer, "summary"_L1).value_or(u"Receipt scanned successfully"_s);
     return data;
 }
 

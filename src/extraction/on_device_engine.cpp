@@ -8,13 +8,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
 
+// Generous: the engine only loads its libraries and tables before it answers. It ends at once on request, for
+// it has nothing to save.
 constexpr std::chrono::seconds longestStart{20};
 constexpr std::chrono::seconds longestEnd{1};
-const QByteArray announcement = QByteArrayLiteral("Listening on ");
+const QByteArray announcement = "Listening on "_ba;
 
 int mostUses() {
     return std::max(1, QThread::idealThreadCount());
@@ -22,7 +26,7 @@ int mostUses() {
 
 } // namespace
 
-const QString OnDeviceEngine::key = QStringLiteral("on-device");
+const QString OnDeviceEngine::key = u"on-device"_s;
 
 OnDeviceEngine::OnDeviceEngine(QString program, std::chrono::milliseconds idleTime, QObject *parent)
     : QObject(parent)
@@ -85,7 +89,7 @@ QCoro::Task<OnDeviceEngine::Use> OnDeviceEngine::use() {
 void OnDeviceEngine::start() {
     failure_.clear();
     if (!QFileInfo(program_).isExecutable()) {
-        failure_ = QStringLiteral("%1 is missing").arg(program_);
+        failure_ = u"%1 is missing"_s.arg(program_);
         return;
     }
     if (!openSocket()) {
@@ -95,7 +99,7 @@ void OnDeviceEngine::start() {
     engineEnd_ = std::stop_source();
     patience_.start(longestStart);
     endWithThisProgram(process_, {}, socket_->descriptor());
-    process_.start(program_, {QStringLiteral("--socket"), QString::number(socket_->descriptor())});
+    process_.start(program_, {u"--socket"_s, QString::number(socket_->descriptor())});
 }
 
 // Once for all engines: another program could take the port between one and the next.
@@ -105,7 +109,7 @@ bool OnDeviceEngine::openSocket() {
     }
     auto socket = ListeningSocket::open();
     if (!socket) {
-        failure_ = socket.error();
+        failure_ = QString::fromLocal8Bit(socket.error().message());
         return false;
     }
     socket_ = *std::move(socket);
@@ -116,7 +120,7 @@ void OnDeviceEngine::readAnnouncement() {
     while (process_.canReadLine()) {
         const QByteArray line = process_.readLine().trimmed();
         if (state_ == State::starting && line.startsWith(announcement)) {
-            address_ = QStringLiteral("http://127.0.0.1:%1").arg(socket_->port());
+            address_ = u"http://127.0.0.1:%1"_s.arg(socket_->port());
             patience_.stop();
             state_ = State::running;
             Q_EMIT settled();

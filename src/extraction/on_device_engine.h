@@ -17,14 +17,14 @@ namespace fennick {
 
 // Fennick's own engine as a child process: started when a scan needs it, ended when none has needed it for a
 // minute, started anew after a crash. It serves as many scans at once as there are processors; the others
-// wait here, so that none times out in the engine's queue. The socket that it listens on is opened here and
-// handed down: its port stays Fennick's when the engine has ended, and nobody else can answer in its place.
+// wait here, so that none times out in the engine's queue. The engine inherits its listening socket from this
+// process: the port remains Fennick's when the engine ends, and no other program can answer in its place.
 // Must outlive every task that uses it; main thread.
 class OnDeviceEngine : public QObject {
     Q_OBJECT
 
 public:
-    // Stands where a request to the service has the user's key, which the engine has no use for.
+    // Takes the place of the user's key in a request; the engine does not use it.
     static const QString key;
 
     class Release {
@@ -41,32 +41,32 @@ public:
     private:
         QPointer<OnDeviceEngine> engine_;
     };
-    // One scan's leave to use the engine; while there is one, the engine is not ended.
+    // One scan's use of the engine. While any exists, the engine keeps running.
     using Use = std::unique_ptr<OnDeviceEngine, Release>;
 
-    // `program`: the engine's file. Nothing is started yet.
+    // `program`: the engine's file. Does not start it yet.
     explicit OnDeviceEngine(QString program, std::chrono::milliseconds idleTime = std::chrono::minutes(1),
                             QObject *parent = nullptr);
     ~OnDeviceEngine() override;
 
-    // Waits for its turn and starts the engine where it does not run. Nothing when it cannot be started, for
-    // the reason that `failure` tells; the next call tries again.
+    // Waits for its turn and starts the engine if it is not running. Null if it cannot be started; `failure`
+    // has the reason, and the next call tries again.
     QCoro::Task<Use> use();
 
-    // In words, why the engine could not be started or has ended.
+    // Why the engine could not be started or has ended, as text.
     const QString &failure() const { return failure_; }
 
     // Scheme, host and port of the running engine.
     const QString &address() const { return address_; }
 
-    // Requested when the engine that runs now has ended, for whatever reason.
+    // Stop is requested when the running engine ends, for whatever reason.
     std::stop_token engineEnd() const { return engineEnd_.get_token(); }
 
     bool isRunning() const { return state_ == State::running; }
     qint64 processId() const { return process_.processId(); }
 
 Q_SIGNALS:
-    // The engine runs, has ended, or has become free for another scan.
+    // The engine is running, has ended, or is free for another scan.
     void settled();
 
 private:
@@ -74,7 +74,7 @@ private:
 
     void start();
     void end();
-    bool openSocket();
+    [[nodiscard]] bool openSocket();
     void readAnnouncement();
     void fail(const QString &reason);
     void handleEnd();
@@ -83,7 +83,7 @@ private:
     QString program_;
     QProcess process_;
     QTimer idle_;
-    QTimer patience_; // with an engine that starts or ends
+    QTimer patience_; // limits the engine's start and end
     std::unique_ptr<ListeningSocket> socket_;
     std::stop_source engineEnd_;
     State state_ = State::ended;

@@ -2,6 +2,8 @@
 
 #include <QHostAddress>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
@@ -30,8 +32,7 @@ std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &mo
     if (!isSchemeHostAndPort(address) || !isSecure(address)) {
         return std::nullopt;
     }
-    const QUrl url(serviceAddress + QStringLiteral("/v1beta/models/") + model +
-                       QStringLiteral(":generateContent?key=") + apiKey,
+    const QUrl url(serviceAddress + u"/v1beta/models/"_s + model + u":generateContent?key="_s + apiKey,
                    QUrl::StrictMode);
     return url.isValid() ? std::optional(url) : std::nullopt;
 }

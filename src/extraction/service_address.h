@@ -7,13 +7,14 @@
 
 namespace fennick {
 
-// Whether the address of the extraction service stands for Fennick's own engine, which the program then
-// starts when it needs it.
+// Whether the address of the extraction service means Fennick's own engine, which the program starts when it
+// is needed.
 bool isOnDevice(const QString &serviceAddress);
 
-// The request's location: model and key go in verbatim. Nothing when that is no valid URL, when the address
-// says more than scheme, host and port, or when it is neither https nor a loopback address: the key is part
-// of the URL and must not cross a network in the clear.
-std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model, const QString &apiKey);
+// The request's location: model and key go in verbatim. Absent if that is no valid URL, if the address
+// has more than scheme, host and port, or if it is neither https nor a loopback address: the key is part of
+// the URL and must not cross a network unencrypted.
+[[nodiscard]] std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model,
+                                              const QString &apiKey);
 
 } // namespace fennick

@@ -2,6 +2,8 @@
 
 #include "platform/application_id.h"
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
@@ -17,7 +19,7 @@ FSEventsWatcher::FSEventsWatcher(QString path, OnPaths onPaths)
 
 QFuture<void> FSEventsWatcher::start() {
     stream_.reset(); // never two streams at once
-    stream_ = FileEventStream::create(path_, latency, relisting, applicationId + QStringLiteral(".fsevents"),
+    stream_ = FileEventStream::create(path_, latency, relisting, applicationId + u".fsevents"_s,
                                       [this](const QList<FileEvent> &events) {
                                           if (!events.isEmpty()) {
                                               onPaths_(events);

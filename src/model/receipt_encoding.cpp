@@ -58,7 +58,8 @@ private:
 } // namespace
 
 QByteArray encodeReceipt(const Receipt &receipt) {
-    constexpr qsizetype typicalSize = 512;
+    constexpr qsizetype typicalSize =
+        512; // the receipts of docs/pictures/receipts.json take 450 bytes on average
     QByteArray json;
     json.reserve(typicalSize);
     ObjectWriter object(json);

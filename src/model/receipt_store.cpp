@@ -132,7 +132,7 @@ void ReceiptStore::saveIgnored() {
 
 void ReceiptStore::save(WholeFile &file, const QByteArray &content) {
     const auto saved = file.rewrite(content);
-    const QString reason = saved ? QString() : saved.error();
+    const QString reason = saved ? QString() : saved.error().description();
     if (!saved && reason != saveFailure_) {
         Q_EMIT saveFailed(reason);
     }

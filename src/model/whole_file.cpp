@@ -21,10 +21,10 @@ namespace {
 
 // Neither needs space nor replaces a file. A second name keeps the first until the new content takes its
 // place; file systems that know no second names have it renamed.
-std::expected<void, QString> giveName(const QString &path, const QString &name) {
+std::expected<void, FileProblem> giveName(const QString &path, const QString &name) {
     std::error_code error;
     std::filesystem::create_hard_link(path.toStdU16String(), name.toStdU16String(), error);
-    return error ? FileOperations::moveWithoutReplacing(path, name) : std::expected<void, QString>();
+    return error ? FileOperations::moveWithoutReplacing(path, name) : std::expected<void, FileProblem>();
 }
 
 } // namespace
@@ -43,7 +43,7 @@ void WholeFile::setDamaged() {
     isDamaged_ = QFileInfo::exists(path_);
 }
 
-std::expected<void, QString> WholeFile::rewrite(const QByteArray &content) {
+std::expected<void, FileProblem> WholeFile::rewrite(const QByteArray &content) {
     if (isDamaged_) {
         if (auto aside = setAside(); !aside) {
             return aside;
@@ -57,7 +57,7 @@ void WholeFile::remove() {
     QFile::remove(path_);
 }
 
-std::expected<void, QString> WholeFile::setAside() const {
+std::expected<void, FileProblem> WholeFile::setAside() const {
     const QString moment = QDateTime::currentDateTime().toString(u"yyyy-MM-ddTHH-mm-ss"_s);
     const QString name = lastPathComponent(path_) + u".damaged-"_s + moment;
     return giveName(path_, freePath(parentFolder(path_), name, {})); // numbered if another is of this second

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -21,14 +23,14 @@ public:
     // "<name>.damaged-<date>T<time>".
     void setDamaged();
 
-    // Writes all of the content to the disk or, on failure, none of it; the error is the system's
-    // description. A write-protected file is replaced if its folder is writable.
-    [[nodiscard]] std::expected<void, QString> rewrite(const QByteArray &content);
+    // Writes all of the content to the disk or, on failure, none of it. A write-protected file is replaced if
+    // its folder is writable.
+    [[nodiscard]] std::expected<void, FileProblem> rewrite(const QByteArray &content);
 
     void remove();
 
 private:
-    [[nodiscard]] std::expected<void, QString> setAside() const;
+    [[nodiscard]] std::expected<void, FileProblem> setAside() const;
 
     QString path_;
     bool isDamaged_ = false;

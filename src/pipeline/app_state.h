@@ -78,7 +78,7 @@ public:
 
     // The folder of archives: that of the settings, or "Receipt Archive" in the watched folder; absent
     // without either.
-    std::optional<QString> archiveRoot() const;
+    [[nodiscard]] std::optional<QString> archiveRoot() const;
 
     // For display: the folder that a batch archived today is moved into.
     QString archiveDestinationPath() const;

@@ -65,7 +65,7 @@ void Archive::archiveAndClear(ExportService::Format format) {
     const QString stamp = ExportService::isoDateStamp();
     const QString folder = joinedPath(*archiveRoot, stamp);
     if (const auto made = FileOperations::makeFolder(folder); !made) {
-        lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error()));
+        lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error().description()));
         return;
     }
     const PendingArchive archive{
@@ -80,7 +80,7 @@ void Archive::archiveAndClear(ExportService::Format format) {
 void Archive::carryOut(const PendingArchive &archive) {
     // A ledger that cannot be written does not keep the files from being archived.
     if (!isTaken(archive.ledgerPath)) {
-        ExportService::writeLedger(store_->receipts(), archive.format, archive.ledgerPath);
+        std::ignore = ExportService::writeLedger(store_->receipts(), archive.format, archive.ledgerPath);
     }
     const QString folder = parentFolder(archive.ledgerPath);
     for (const Receipt &receipt : store_->receipts()) {
@@ -97,7 +97,7 @@ void Archive::resume() {
     }
     const QString folder = parentFolder(archive->ledgerPath);
     if (const auto made = FileOperations::makeFolder(folder); !made) {
-        lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error()));
+        lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error().description()));
     } else {
         QStringList sources;
         for (const Receipt &receipt : store_->receipts()) {

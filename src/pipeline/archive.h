@@ -23,7 +23,7 @@ public:
     Archive(ReceiptStore *store, SettingsStore *settings, LastError *lastError);
 
     // The folder of the settings, or "Receipt Archive" in the watched folder; absent without either.
-    std::optional<QString> root() const;
+    [[nodiscard]] std::optional<QString> root() const;
 
     // For display: the folder that a batch archived today is moved into.
     QString destinationPath() const;

@@ -35,7 +35,7 @@ QCoro::Task<> DroppedFiles::copyReceipts(QStringList paths, QString folder) {
         if (!kindOfName(path) || !dropped.isFile()) {
             continue;
         }
-        // Who drops a link means the file behind it.
+        // A dropped link stands for its target.
         const QString source = dropped.isSymLink() ? dropped.canonicalFilePath() : path;
         if (const auto problem = problemOf(fileStateAt(source))) {
             lastError_->set(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), problem->description()));
@@ -47,7 +47,8 @@ QCoro::Task<> DroppedFiles::copyReceipts(QStringList paths, QString folder) {
             co_return;
         }
         if (!copied) {
-            lastError_->set(tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error()));
+            lastError_->set(
+                tr("Couldn't copy %1: %2").arg(lastPathComponent(path), copied.error().description()));
         }
     }
 }

@@ -14,7 +14,7 @@ public:
 
     QThreadPool *pool() const { return pool_.get(); }
 
-    // Waits two seconds and leaves the threads that still wait behind. Nothing may be run afterwards.
+    // Waits two seconds and abandons the threads that are still blocked. Nothing may be run afterwards.
     void end();
 
 private:

@@ -21,8 +21,8 @@ bool isGranted(Status status) {
 
 // Looks the album up and then makes the change. Two receipts of a day that are delivered at the same time
 // must not both find no album and make one each, hence one at a time.
-std::expected<void, QString> addToLibrary(const QStringList &jpegPaths,
-                                          const std::optional<QString> &albumName) {
+std::expected<void, FileProblem> addToLibrary(const QStringList &jpegPaths,
+                                              const std::optional<QString> &albumName) {
     static QMutex oneAtATime;
     const QMutexLocker lock(&oneAtATime);
     PhotoLibrary::Additions additions{jpegPaths, std::nullopt, std::nullopt};
@@ -72,7 +72,7 @@ QCoro::Task<std::expected<void, PhotosError>> add(QStringList jpegPaths, std::op
     }
     const auto added = co_await QtConcurrent::run(addToLibrary, jpegPaths, albumName);
     if (!added) {
-        co_return std::unexpected(PhotosError::addFailed(added.error()));
+        co_return std::unexpected(PhotosError::addFailed(added.error().description()));
     }
     co_return {};
 }

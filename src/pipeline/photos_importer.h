@@ -21,7 +21,7 @@ struct PhotosError {
     // `systemText` may be empty if the system gives no reason.
     static PhotosError addFailed(const QString &systemText);
 
-    QString errorDescription() const;
+    [[nodiscard]] QString errorDescription() const;
 };
 
 // Returns the user's decision and asks for it if there is none yet.

@@ -1,14 +1,27 @@
 #include "pipeline/stability_watch.h"
 
-#include "pipeline/precise_sleep.h"
-
+#include <QCoroTimer>
 #include <QPointer>
+#include <QTimer>
 
 namespace fennick {
 
 namespace {
 
 constexpr std::chrono::milliseconds stabilityInterval{500};
+
+// Suspends the calling task until `due`: never shorter, and at most a few milliseconds longer.
+QCoro::Task<> sleepUntil(std::chrono::steady_clock::time_point due) {
+    using std::chrono::milliseconds;
+    // Qt's own sleep may end up to a twentieth early.
+    QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.setSingleShot(true);
+    for (auto now = std::chrono::steady_clock::now(); now < due; now = std::chrono::steady_clock::now()) {
+        timer.start(std::chrono::ceil<milliseconds>(due - now));
+        co_await timer;
+    }
+}
 
 } // namespace
 

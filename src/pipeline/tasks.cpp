@@ -17,7 +17,7 @@ void Tasks::start(QCoro::Task<> task) {
     std::ignore = reportFailureOf(std::move(task));
 }
 
-// Nobody else would see an exception of a task that nobody awaits.
+// The exception of a task that is not awaited would otherwise be lost.
 QCoro::Task<> Tasks::reportFailureOf(QCoro::Task<> task) {
     const QPointer<Tasks> self(this);
     try {

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
@@ -31,7 +33,7 @@ void requestState(xcb_connection_t *xcb, xcb_window_t window, bool isSet, xcb_at
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
-    event.type = atom(xcb, QByteArrayLiteral("_NET_WM_STATE"));
+    event.type = atom(xcb, "_NET_WM_STATE"_ba);
     event.data.data32[0] = isSet ? 1 : 0;
     event.data.data32[1] = state;
     event.data.data32[3] = fromAnApplication;

@@ -15,31 +15,30 @@ struct Place {
     QByteArray name;
 };
 
-// All of these give 0 or the error's number.
+// All of these return 0 or the error's number.
 
-// Copies an open regular file to a place where nothing is, with permissions and times; on the disk itself
-// when this returns. After a failure nothing is left there.
+// Copies an open regular file, with permissions and times, to a place where nothing exists; the copy is on
+// the disk when this returns. After a failure nothing remains there.
 int copyOpenFile(int source, const Place &to);
 
-// Makes a file that only the user can read and write, where nothing is; on the disk itself when this returns.
-// After a failure nothing is left there.
+// Creates a file that only the user can read and write, where nothing exists; it is on the disk when this
+// returns. After a failure nothing remains there.
 int writeNewFile(const Place &to, const QByteArray &content);
 
-// Removes what is there, a folder with all that is in it; links are not followed.
+// Removes a file, a link or a folder with its content; links are not followed.
 int removeEntry(const Place &place);
 
-// Puts the names that a folder holds on the disk itself. Folders on file systems that cannot do so count as
-// done.
+// Flushes a folder's names to the disk. Succeeds on file systems that cannot do so.
 int synchroniseFolder(const Descriptor &folder);
 
 // Copies files, links and folders, and then removes those of them that have not changed since. Owned by the
 // move that makes the copy; one thread.
 class CopiedEntries {
 public:
-    // After a failure a part of the copy may be left. Pipes, sockets and devices are not copied.
+    // After a failure a part of the copy may remain. Pipes, sockets and devices are not copied.
     int copy(const Place &from, const Place &to);
 
-    // Leaves what is new or was changed since it was copied, and the folders in which it lies.
+    // Keeps what is new or was changed since it was copied, and the folders that contain it.
     int removeSource(const Place &from);
 
     bool hasRemovedAny() const { return hasRemovedAny_; }

@@ -2,7 +2,6 @@
 
 #include "text/path_text.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <dirent.h>
@@ -28,10 +27,6 @@ FileKind kindOf(mode_t mode) {
     return S_ISDIR(mode) ? FileKind::folder : FileKind::other;
 }
 
-QString withSlash(const QString &folder) {
-    return folder.endsWith(u'/') ? folder : folder + u'/';
-}
-
 } // namespace
 
 void Descriptor::reset(int number) {
@@ -41,17 +36,12 @@ void Descriptor::reset(int number) {
     number_ = number;
 }
 
-bool isLexicallyBelow(const QString &path, const QString &folder) {
-    const QString start = withSlash(folder);
-    return path.startsWith(start) && path.size() > start.size() && QDir::cleanPath(path) == path;
-}
-
 Descriptor openBelow(const QString &folder, const QString &path, int flags) {
     const Descriptor root(::open(QFile::encodeName(folder).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!root.isOpen()) {
         return Descriptor();
     }
-    const QByteArray relative = QFile::encodeName(path.mid(withSlash(folder).size()));
+    const QByteArray relative = QFile::encodeName(path.mid(joinedPath(folder, {}).size()));
     open_how how{};
     how.flags = static_cast<decltype(how.flags)>(flags | O_NOFOLLOW | O_CLOEXEC);
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;

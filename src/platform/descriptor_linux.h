@@ -35,23 +35,20 @@ private:
     int number_;
 };
 
-// Opens what lies at `path`, which begins with `folder` and a slash. Below the folder no link is followed and
-// no "..": what is opened lies in it. The folder itself may be a link. Where the kernel cannot promise this,
-// only a link at the end is refused. `flags` are those of open(2).
+// Opens `path`, which begins with `folder` and a slash. Below the folder neither a link nor ".." is followed,
+// so what is opened is in it. The folder itself may be a link. If the kernel cannot guarantee this, only a
+// link at the end is refused. `flags` are those of open(2).
 Descriptor openBelow(const QString &folder, const QString &path, int flags);
 
-// Opens the folder in which `path` lies, as openBelow; without a `folder` links on the way are followed.
+// Opens the folder that contains `path`, like openBelow; without a `folder`, links on the way are followed.
 Descriptor openParent(const QString &folder, const QString &path);
 
-// Whether `path` begins with `folder` and names something below it, without empty, "." and ".." pieces.
-bool isLexicallyBelow(const QString &path, const QString &folder);
-
-// What an open folder holds, without "." and "..", in no particular order.
+// The names in an open folder, without "." and "..", in no particular order.
 QByteArrayList namesIn(const Descriptor &folder);
 
 FileState fileState(const struct stat &status);
 
-// What `name` is in an open folder; a link is not followed.
+// The state of `name` in an open folder; a link is not followed.
 FileState fileStateIn(const Descriptor &folder, const QByteArray &name);
 
 } // namespace fennick

@@ -190,7 +190,7 @@ private:
         }
     }
 
-    // A file that is being written tells of itself many times in a row; the latest time is enough.
+    // A file that is being written causes many events in a row; the latest time is enough.
     void append(const FileEvent &event) {
         if (!pending_.isEmpty() && pending_.last().path == event.path) {
             pending_.last().at = event.at;

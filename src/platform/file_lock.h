@@ -4,16 +4,16 @@
 
 namespace fennick {
 
-// Locks a file for one process at a time, from its creation to its end. The system itself releases the lock
-// when the process ends, however that happens; the file stays behind, and what it holds means nothing.
+// Locks a file for one process at a time, from construction to destruction. The system releases the lock when
+// the process ends, however that happens. The file remains; its content has no meaning.
 class FileLock {
 public:
-    // Makes the file, private to the user, when it is missing.
+    // Creates the file, private to the user, if it does not exist.
     explicit FileLock(const QString &path);
     ~FileLock();
     Q_DISABLE_COPY_MOVE(FileLock)
 
-    // Whether another process holds the lock. A place where files cannot be locked is not locked.
+    // Whether another process holds the lock. False on file systems that cannot lock files.
     bool isTaken() const { return isTaken_; }
 
 private:

@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::FileManager {
 
 namespace {
@@ -18,9 +20,9 @@ void openFolderOf(const QString &path) {
 } // namespace
 
 void reveal(const QString &path) {
-    QDBusMessage showItems = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+    QDBusMessage showItems =
+        QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+                                       u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     showItems.setArguments({QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)}, QString()});
     auto *const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(showItems));
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [path, answer] {

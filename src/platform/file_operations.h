@@ -1,36 +1,42 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
 #include <expected>
 
-// Operations on files that must neither lose nor replace one. Callable from any thread; the error is the
-// system's description.
+class QFile;
+
+// Operations on files that must neither lose nor replace one. Callable from any thread.
 namespace fennick::FileOperations {
 
-// Copies a regular file to a path at which nothing exists; the copy is on the disk itself when this returns.
-// After a failure no part of it is left.
-std::expected<void, QString> copyDurably(const QString &source, const QString &target);
+// Copies a regular file to a path at which nothing exists; the copy is on the disk when this returns. After a
+// failure no part of it remains.
+[[nodiscard]] std::expected<void, FileProblem> copyDurably(const QString &source, const QString &target);
 
-// Replaces the file, or makes one that only the user can read and write. What was there stays until all of
-// the new content is on the disk, and after a failure. It takes the permission to write into the folder, not
-// into the file. If a link stands at the path, its target is replaced.
-std::expected<void, QString> replaceContent(const QString &path, const QByteArray &content);
+// Replaces the file, or creates one that only the user can read and write. The old content remains until all
+// of the new content is on the disk, and after a failure. This needs write permission for the folder, not for
+// the file. If there is a link at the path, its target is replaced.
+[[nodiscard]] std::expected<void, FileProblem> replaceContent(const QString &path, const QByteArray &content);
 
-// Moves what stands at a path, be it a file, a link or a folder, to a path at which nothing exists, also to
-// another file system: the source then stays until its copy, with its times, is complete and on the disk.
-// After a failure the source is where it was and nothing is at the target. If the source lies below `folder`,
-// no link between the two is followed.
-std::expected<void, QString> moveWithoutReplacing(const QString &source, const QString &target,
-                                                  const QString &folder = {});
+// Moves a file, a link or a folder to a path at which nothing exists, also to another file system: the source
+// then remains until its copy, with its times, is complete and on the disk. After a failure the source is
+// where it was and nothing is at the target. If the source lies below `folder`, no link between the two is
+// followed.
+[[nodiscard]] std::expected<void, FileProblem>
+moveWithoutReplacing(const QString &source, const QString &target, const QString &folder = {});
 
-// Settles what moves of `sources` to another file system have left in `folder` when the program was killed in
-// the middle: removes the copies whose sources are there, and gives their names to those whose are not.
+// Cleans up after moves of `sources` to another file system that a killed program left unfinished in
+// `folder`: removes the copies whose sources still exist, and gives the others their names.
 void settlePartsOfMoves(const QString &folder, const QStringList &sources);
 
-// Makes the folder and those above it that are missing; they are on the disk itself when this returns.
-std::expected<void, QString> makeFolder(const QString &path);
+// Creates the folder and the missing ones above it; they are on the disk when this returns.
+[[nodiscard]] std::expected<void, FileProblem> makeFolder(const QString &path);
+
+// Flushes what was written to the file to the disk. Returns whether that succeeded.
+[[nodiscard]] bool synchronise(QFile &file);
 
 } // namespace fennick::FileOperations

@@ -16,19 +16,20 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 namespace fennick::FileOperations {
 
 namespace {
 
-using Result = std::expected<void, QString>;
+using Result = std::expected<void, FileProblem>;
 
-const QByteArray partPrefix = QByteArrayLiteral(".moving-");
+const QByteArray partPrefix = ".moving-"_ba;
 
 Result resultOf(int error) {
-    return error == 0 ? Result() : std::unexpected(QString::fromLocal8Bit(std::strerror(error)));
+    return error == 0 ? Result() : std::unexpected(FileProblem::ofErrorNumber(error));
 }
 
 // The system would take a name with a null character for the part before it, and so for another one.
@@ -64,7 +65,7 @@ int renameWithoutReplacing(const Place &from, const Place &to) {
                : errno;
 }
 
-// Under another name first: nobody may take a part of a file for the whole.
+// Under another name first, so that no program takes an incomplete file for the whole.
 int moveToOtherFileSystem(const Place &from, const Place &to, const QByteArray &partName) {
     const Place part{to.folder, partName};
     CopiedEntries copied;
@@ -97,7 +98,7 @@ Result copyDurably(const QString &source, const QString &target) {
     wanted.mostBytes = std::numeric_limits<qint64>::max();
     const OpenedFile original = openRegularFile(wanted);
     if (!original) {
-        return std::unexpected(original.error().description());
+        return std::unexpected(original.error());
     }
     const Descriptor folder = openParent({}, target);
     const Place place{folder, nameOf(target)};
@@ -193,6 +194,10 @@ Result makeFolder(const QString &path) {
         return resultOf(errno);
     }
     return resultOf(S_ISDIR(status.st_mode) ? 0 : ENOTDIR);
+}
+
+bool synchronise(QFile &file) {
+    return file.flush() && ::fsync(file.handle()) == 0;
 }
 
 } // namespace fennick::FileOperations

@@ -5,28 +5,28 @@
 #include <QDBusMessage>
 #include <QVariantMap>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
 
 // Docks and task bars of several desktops listen to this signal of Unity's launcher.
 void tellLauncher(const QVariantMap &properties) {
-    QDBusMessage update = QDBusMessage::createSignal(QStringLiteral("/org/fennick/Fennick"),
-                                                     QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                                                     QStringLiteral("Update"));
-    update.setArguments(
-        {QStringLiteral("application://") + applicationId + QStringLiteral(".desktop"), properties});
+    QDBusMessage update = QDBusMessage::createSignal(u"/org/fennick/Fennick"_s,
+                                                     u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s);
+    update.setArguments({u"application://"_s + applicationId + u".desktop"_s, properties});
     QDBusConnection::sessionBus().send(update);
 }
 
 } // namespace
 
 void showLauncherProgress(double fraction) {
-    tellLauncher({{QStringLiteral("progress"), fraction}, {QStringLiteral("progress-visible"), true}});
+    tellLauncher({{u"progress"_s, fraction}, {u"progress-visible"_s, true}});
 }
 
 void hideLauncherProgress() {
-    tellLauncher({{QStringLiteral("progress-visible"), false}});
+    tellLauncher({{u"progress-visible"_s, false}});
 }
 
 } // namespace fennick

@@ -1,20 +1,20 @@
 #pragma once
 
-#include <QString>
 #include <QtGlobal>
 
 #include <expected>
 #include <memory>
+#include <system_error>
 
 namespace fennick {
 
-// A port of this machine that is held for a child: it listens on 127.0.0.1 from the start to its end, and a
-// child that is handed the socket accepts its connections. While it is held nobody else can have the port,
-// whether or not a child is at work. It is closed in children that it is not handed to.
+// A port on 127.0.0.1 that is held for a child process: this object listens on it from construction to
+// destruction, and a child that inherits the socket accepts the connections. Meanwhile no other program can
+// take the port, whether or not a child runs. Children that are not given the socket do not inherit it.
 class ListeningSocket {
 public:
-    // On a port that the system chooses. The error is the system's reason.
-    static std::expected<std::unique_ptr<ListeningSocket>, QString> open();
+    // Listens on a port that the system chooses.
+    [[nodiscard]] static std::expected<std::unique_ptr<ListeningSocket>, std::error_code> open();
     ~ListeningSocket();
     ListeningSocket(const ListeningSocket &) = delete;
     ListeningSocket &operator=(const ListeningSocket &) = delete;
@@ -29,7 +29,7 @@ private:
     quint16 port_;
 };
 
-// For the child that a socket was handed to: its own children do not get it.
+// For the child that inherited the socket: its own children do not.
 void keepFromChildren(int descriptor);
 
 } // namespace fennick

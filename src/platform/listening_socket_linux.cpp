@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 
 namespace fennick {
 
@@ -15,13 +14,13 @@ namespace {
 // As many as may come while a child starts.
 constexpr int longestQueue = 64;
 
-std::unexpected<QString> systemsReason() {
-    return std::unexpected(QString::fromLocal8Bit(std::strerror(errno)));
+std::unexpected<std::error_code> systemsReason() {
+    return std::unexpected(std::error_code(errno, std::generic_category()));
 }
 
 } // namespace
 
-std::expected<std::unique_ptr<ListeningSocket>, QString> ListeningSocket::open() {
+std::expected<std::unique_ptr<ListeningSocket>, std::error_code> ListeningSocket::open() {
     const int descriptor = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (descriptor < 0) {
         return systemsReason();

@@ -8,7 +8,7 @@ enum class Status { notRegistered, enabled };
 Status status();
 
 // Both return whether it worked.
-bool registerApplication();
-bool unregisterApplication();
+[[nodiscard]] bool registerApplication();
+[[nodiscard]] bool unregisterApplication();
 
 } // namespace fennick::LoginService

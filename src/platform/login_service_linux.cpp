@@ -7,18 +7,19 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 // XDG autostart: a desktop file in the user's autostart folder.
 namespace fennick::LoginService {
 
 namespace {
 
 QString autostartFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/autostart");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/autostart"_s;
 }
 
 QString autostartFile() {
-    return autostartFolder() + u'/' + applicationId + QStringLiteral(".desktop");
+    return autostartFolder() + u'/' + applicationId + u".desktop"_s;
 }
 
 // A path as one argument of an Exec line: quoted, with the characters escaped that the desktop entry format
@@ -27,11 +28,11 @@ QString quotedArgument(const QString &path) {
     QString quoted;
     for (const QChar character : path) {
         if (character == u'\\') {
-            quoted += QStringLiteral("\\\\\\\\");
+            quoted += u"\\\\\\\\"_s;
         } else if (character == u'"' || character == u'`' || character == u'$') {
-            quoted += QStringLiteral("\\\\") + character;
+            quoted += u"\\\\"_s + character;
         } else if (character == u'%') {
-            quoted += QStringLiteral("%%");
+            quoted += u"%%"_s;
         } else {
             quoted += character;
         }
@@ -40,14 +41,14 @@ QString quotedArgument(const QString &path) {
 }
 
 QByteArray desktopEntry() {
-    return QStringLiteral("[Desktop Entry]\n"
-                          "Type=Application\n"
-                          "Name=Fennick\n"
-                          "Icon=%1\n"
-                          "Exec=%2\n"
-                          "X-GNOME-Autostart-enabled=true\n")
-        .arg(applicationId, quotedArgument(QCoreApplication::applicationFilePath()))
-        .toUtf8();
+    return u"[Desktop Entry]\n"
+           "Type=Application\n"
+           "Name=Fennick\n"
+           "Icon=%1\n"
+           "Exec=%2\n"
+           "X-GNOME-Autostart-enabled=true\n"_s
+               .arg(applicationId, quotedArgument(QCoreApplication::applicationFilePath()))
+               .toUtf8();
 }
 
 } // namespace
@@ -58,8 +59,8 @@ Status status() {
         return Status::notRegistered;
     }
     const QList<QByteArray> lines = file.readAll().split('\n');
-    const bool isSwitchedOff = lines.contains(QByteArrayLiteral("Hidden=true")) ||
-                               lines.contains(QByteArrayLiteral("X-GNOME-Autostart-enabled=false"));
+    const bool isSwitchedOff =
+        lines.contains("Hidden=true"_ba) || lines.contains("X-GNOME-Autostart-enabled=false"_ba);
     return isSwitchedOff ? Status::notRegistered : Status::enabled;
 }
 

@@ -5,16 +5,15 @@
 
 namespace fennick {
 
-// Shows notices of the program on the desktop; a new one takes the place of the last. Where the desktop shows
-// none, nothing happens. Owned by whoever has something to tell; main thread only, and never waits for the
-// desktop.
+// Shows desktop notifications; a new one replaces the last. Does nothing if the desktop shows none. Main
+// thread only; never waits for the desktop.
 class Notifier : public QObject {
     Q_OBJECT
 
 public:
     explicit Notifier(QObject *parent = nullptr);
 
-    // Both texts are shown as they stand.
+    // Both texts are shown literally, without markup.
     void show(const QString &title, const QString &text);
 
 Q_SIGNALS:

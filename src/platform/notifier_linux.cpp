@@ -7,13 +7,15 @@
 #include <QDBusPendingReply>
 #include <QVariantMap>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.Notifications");
-const QString serverPath = QStringLiteral("/org/freedesktop/Notifications");
-const QString defaultAction = QStringLiteral("default"); // a click on the notice itself
+const QString service = u"org.freedesktop.Notifications"_s;
+const QString serverPath = u"/org/freedesktop/Notifications"_s;
+const QString defaultAction = u"default"_s; // a click on the notice itself
 constexpr int usualTime = -1;
 
 QDBusMessage call(const QString &method) {
@@ -24,27 +26,27 @@ QDBusMessage call(const QString &method) {
 
 Notifier::Notifier(QObject *parent)
     : QObject(parent) {
-    QDBusConnection::sessionBus().connect(service, serverPath, service, QStringLiteral("ActionInvoked"), this,
+    QDBusConnection::sessionBus().connect(service, serverPath, service, u"ActionInvoked"_s, this,
                                           SLOT(handleAction(uint, QString)));
     askForCapabilities();
 }
 
 void Notifier::askForCapabilities() {
     auto *const answer = new QDBusPendingCallWatcher(
-        QDBusConnection::sessionBus().asyncCall(call(QStringLiteral("GetCapabilities"))), this);
+        QDBusConnection::sessionBus().asyncCall(call(u"GetCapabilities"_s)), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         const QDBusPendingReply<QStringList> reply = *answer;
-        takesMarkup_ = !reply.isValid() || reply.value().contains(QStringLiteral("body-markup"));
+        takesMarkup_ = !reply.isValid() || reply.value().contains(u"body-markup"_s);
         answer->deleteLater();
     });
 }
 
 void Notifier::show(const QString &title, const QString &text) {
-    QDBusMessage notify = call(QStringLiteral("Notify"));
-    notify.setArguments({QStringLiteral("Fennick"), last_, applicationId, title,
+    QDBusMessage notify = call(u"Notify"_s);
+    notify.setArguments({u"Fennick"_s, last_, applicationId, title,
                          takesMarkup_ ? text.toHtmlEscaped() : text,
                          QStringList{defaultAction, tr("Show Receipts")},
-                         QVariantMap{{QStringLiteral("desktop-entry"), applicationId}}, usualTime});
+                         QVariantMap{{u"desktop-entry"_s, applicationId}}, usualTime});
     auto *const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(notify), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         const QDBusPendingReply<uint> reply = *answer;

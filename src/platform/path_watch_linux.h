@@ -5,8 +5,8 @@
 namespace fennick {
 
 // Detects that a path may now resolve to a different folder: a folder above it was moved or removed, or a
-// link on the way was changed. It watches those folders and links themselves, not what happens in them, and
-// so wakes nobody otherwise. Owned and used by the thread of one event stream after it has been set up.
+// link on the way was changed. It watches those folders and links themselves, not their content, and so does
+// not wake the thread otherwise. Owned and used by the thread of one event stream after it has been set up.
 class PathWatch {
 public:
     explicit PathWatch(std::string path);
@@ -14,7 +14,7 @@ public:
     PathWatch(const PathWatch &) = delete;
     PathWatch &operator=(const PathWatch &) = delete;
 
-    // Watches what the path leads over now.
+    // Watches the folders and links that the path passes through now.
     void renew();
 
     // The descriptor that becomes readable after such a change; negative if inotify is unavailable.

@@ -2,7 +2,7 @@
 
 #include <QCoroTask>
 
-// The user's leave to add pictures to the photo library. Main thread only.
+// The user's permission to add pictures to the photo library. Main thread only.
 namespace fennick::PhotoPermission {
 
 enum class Status { notDetermined = 0, restricted = 1, denied = 2, authorized = 3, limited = 4 };
@@ -10,8 +10,8 @@ enum class Status { notDetermined = 0, restricted = 1, denied = 2, authorized = 
 // What the user has decided, without asking.
 Status status();
 
-// Asks the user in a dialog and returns the status then; a dialog closed without an answer decides nothing.
-// While the question is on the screen, further calls wait for the same answer.
+// Asks the user in a dialog and returns the resulting status; closing the dialog without an answer decides
+// nothing. While the dialog is open, further calls wait for the same answer.
 QCoro::Task<Status> request();
 
 } // namespace fennick::PhotoPermission

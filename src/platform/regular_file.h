@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_problem.h"
+
 #include <QFile>
 #include <QString>
 
@@ -9,10 +11,10 @@
 
 namespace fennick {
 
-// What a receipt file may weigh. A larger one is hardly a receipt, and would be held in memory several times.
+// The largest receipt file. A larger one is hardly a receipt, and would be held in memory several times.
 inline constexpr qint64 largestReceiptFile = 100'000'000; // bytes
 
-// Which file it is, by whatever name: as long as it exists, no other has the same.
+// Identifies a file under any name: while it exists, no other file has the same identity.
 struct FileIdentity {
     quint64 device = 0;
     quint64 number = 0;
@@ -28,28 +30,17 @@ struct FileState {
     bool operator==(const FileState &other) const = default;
 };
 
-// What stands at the path itself: a link is not followed.
+// The state of the path itself; a link is not followed.
 FileState fileStateAt(const QString &path);
 
-// Whether nothing else can have this path. A link whose target is gone holds its name as well.
+// Whether something exists at this path. A link whose target is missing counts as well.
 bool isTaken(const QString &path);
 
-// Why a file is not read.
-struct FileProblem {
-    enum class Kind { link, notRegular, replaced, tooLarge, system };
+// Why a file in this state cannot be read as a receipt, as far as that is known without opening it: it is a
+// link or too large.
+[[nodiscard]] std::optional<FileProblem> problemOf(const FileState &state);
 
-    Kind kind;
-    QString systemText; // for `system`: the system's description
-
-    // A sentence for the user, in English: it may be stored.
-    QString description() const;
-};
-
-// Why a file in this state is no receipt to be read, as far as that shows without opening it: it is a link or
-// too large.
-std::optional<FileProblem> problemOf(const FileState &state);
-
-// A file that is to be read, and what it must be for that.
+// A file to read, and the conditions that it must meet.
 struct FileToRead {
     QString path;
     QString folder;                       // if the path lies below it, no link between the two is followed
@@ -63,22 +54,18 @@ struct FileToRead {
 
 using OpenedFile = std::expected<std::unique_ptr<QFile>, FileProblem>;
 
-// Opens a regular file for reading, without buffer. Neither follows a link at the path's end nor waits for
-// the other end of a pipe; what has been checked is what was opened. Any thread.
-OpenedFile openRegularFile(const FileToRead &wanted);
+// Opens a regular file for unbuffered reading. Neither follows a link at the end of the path nor waits for
+// the other end of a pipe. The checks apply to the opened file. Any thread.
+[[nodiscard]] OpenedFile openRegularFile(const FileToRead &wanted);
 
-// A path by which this process can open the very same file once more, also when it has been renamed or
-// removed. Valid while `file` is open.
-QString reopeningPath(const QFile &file);
+// The next `bytes` bytes. Fails if there are fewer: the file changed since its size was read, or its disk is
+// failing.
+[[nodiscard]] std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes);
 
-// The next `bytes` bytes, all of them: a file that has fewer has changed since its size was asked for, or its
-// disk is failing.
-std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes);
+// Fails if the file has more bytes: it has grown since its size was read.
+[[nodiscard]] std::expected<void, FileProblem> expectEnd(QFile &file);
 
-// Fails if the file goes on: it has grown since its size was asked for.
-std::expected<void, FileProblem> expectEnd(QFile &file);
-
-// The whole content by these rules.
-std::expected<QByteArray, FileProblem> readWhole(QFile &file);
+// The whole content, by the rules of readExactly and expectEnd.
+[[nodiscard]] std::expected<QByteArray, FileProblem> readWhole(QFile &file);
 
 } // namespace fennick

@@ -1,13 +1,13 @@
 #include "platform/descriptor_linux.h"
 #include "platform/regular_file.h"
+#include "text/path_text.h"
 
-#include <QCoreApplication>
+#include <QFile>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstring>
 
 namespace fennick {
 
@@ -20,7 +20,7 @@ std::unexpected<FileProblem> problem(Kind kind) {
 }
 
 std::unexpected<FileProblem> systemProblem(int number) {
-    return std::unexpected(FileProblem{Kind::system, QString::fromLocal8Bit(std::strerror(number))});
+    return std::unexpected(FileProblem::ofErrorNumber(number));
 }
 
 // Without waiting for a pipe's other end, and without making a terminal ours.
@@ -40,38 +40,6 @@ FileState fileStateAt(const QString &path) {
     const bool isThere =
         !path.contains(QChar::Null) && ::lstat(QFile::encodeName(path).constData(), &status) == 0;
     return isThere ? fileState(status) : FileState{};
-}
-
-bool isTaken(const QString &path) {
-    return fileStateAt(path).kind != FileKind::missing;
-}
-
-QString FileProblem::description() const {
-    switch (kind) {
-    case Kind::link:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP(
-            "FileProblem", "The file is a link. Put the file itself into the folder to scan it."));
-    case Kind::notRegular:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "This is not a regular file."));
-    case Kind::replaced:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP(
-            "FileProblem", "The file was changed before it could be read. Retry to scan it as it is now."));
-    case Kind::tooLarge:
-        return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "The file is larger than 100 MB."));
-    case Kind::system:
-        break;
-    }
-    return systemText;
-}
-
-std::optional<FileProblem> problemOf(const FileState &state) {
-    if (state.kind == FileKind::link) {
-        return FileProblem{Kind::link, {}};
-    }
-    if (state.kind == FileKind::regular && state.size > largestReceiptFile) {
-        return FileProblem{Kind::tooLarge, {}};
-    }
-    return std::nullopt;
 }
 
 OpenedFile openRegularFile(const FileToRead &wanted) {
@@ -102,48 +70,10 @@ OpenedFile openRegularFile(const FileToRead &wanted) {
     auto file = std::make_unique<QFile>();
     if (!file->open(descriptor.number(), QIODevice::ReadOnly | QIODevice::Unbuffered,
                     QFileDevice::AutoCloseHandle)) {
-        return std::unexpected(FileProblem{Kind::system, file->errorString()});
+        return std::unexpected(FileProblem::ofSystem(file->errorString()));
     }
     descriptor.release();
     return file;
-}
-
-QString reopeningPath(const QFile &file) {
-    return QStringLiteral("/proc/self/fd/%1").arg(file.handle());
-}
-
-std::expected<QByteArray, FileProblem> readExactly(QFile &file, qint64 bytes) {
-    QByteArray content(bytes, Qt::Uninitialized);
-    for (qint64 filled = 0; filled < bytes;) {
-        const qint64 count = file.read(content.data() + filled, bytes - filled);
-        if (count < 0 && file.error() != QFileDevice::NoError) {
-            return std::unexpected(FileProblem{Kind::system, file.errorString()});
-        }
-        if (count <= 0) {
-            return problem(Kind::replaced);
-        }
-        filled += count;
-    }
-    return content;
-}
-
-std::expected<void, FileProblem> expectEnd(QFile &file) {
-    char next = 0;
-    if (file.read(&next, 1) > 0) {
-        return problem(Kind::replaced);
-    }
-    return {};
-}
-
-std::expected<QByteArray, FileProblem> readWhole(QFile &file) {
-    auto content = readExactly(file, file.size());
-    if (!content) {
-        return content;
-    }
-    if (const auto end = expectEnd(file); !end) {
-        return std::unexpected(end.error());
-    }
-    return content;
 }
 
 } // namespace fennick

@@ -13,8 +13,8 @@
 namespace fennick::SecretItems {
 
 // The bytes of the one item with these attributes.
-std::optional<QByteArray> copyMatching(const QString &service, const QString &account,
-                                       const std::stop_token &stop);
+[[nodiscard]] std::optional<QByteArray> copyMatching(const QString &service, const QString &account,
+                                                     const std::stop_token &stop);
 
 void add(const QString &service, const QString &account, const QByteArray &secret,
          const std::stop_token &stop);

@@ -40,7 +40,7 @@ Attributes attributesOf(const QString &service, const QString &account) {
                       g_hash_table_unref);
 }
 
-// Takes the place of the error argument of a call whose failure is told by its result.
+// Passed as the error argument of a call whose result shows the failure.
 struct IgnoredError {
     ~IgnoredError() { g_clear_error(&error); }
     GError *error = nullptr;

@@ -4,20 +4,20 @@
 
 namespace fennick {
 
-// Keeps the program from running twice in one session: the first start claims the application's name, a
-// later one asks the first to show itself. Owned by the application; main thread only.
+// Keeps the program from running twice in one session: the first process claims the application's name, a
+// later one asks the first to show its window. Owned by the application; main thread only.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
     explicit SingleInstance(QObject *parent = nullptr);
 
-    // True when this process is the one to run; it is also without a session to claim the name in.
-    // False when another one runs; it has been asked to show itself.
-    bool claim();
+    // True if this process should run, including when there is no session bus. False if another process is
+    // running; it has been asked to show its window.
+    [[nodiscard]] bool claim();
 
 Q_SIGNALS:
-    // Another start was tried: bring the window to the front.
+    // Another process was started: bring the window to the front.
     void activationRequested();
 };
 

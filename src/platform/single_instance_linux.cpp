@@ -6,12 +6,14 @@
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
 
-const QString objectPath = QStringLiteral("/org/fennick/Fennick");
-const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
+const QString objectPath = u"/org/fennick/Fennick"_s;
+const QString applicationInterface = u"org.freedesktop.Application"_s;
 
 // The part of the freedesktop application interface that a second start and a launcher use: `Activate`.
 class ApplicationObject : public QDBusVirtualObject {
@@ -21,9 +23,9 @@ public:
         , instance_(instance) {}
 
     QString introspect(const QString &) const override {
-        return QStringLiteral("<interface name=\"org.freedesktop.Application\">"
-                              "<method name=\"Activate\"><arg type=\"a{sv}\" direction=\"in\"/></method>"
-                              "</interface>");
+        return u"<interface name=\"org.freedesktop.Application\">"
+               "<method name=\"Activate\"><arg type=\"a{sv}\" direction=\"in\"/></method>"
+               "</interface>"_s;
     }
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override {
@@ -40,8 +42,8 @@ private:
 };
 
 bool askToShowItself(const QDBusConnection &bus) {
-    QDBusMessage activate = QDBusMessage::createMethodCall(applicationId, objectPath, applicationInterface,
-                                                           QStringLiteral("Activate"));
+    QDBusMessage activate =
+        QDBusMessage::createMethodCall(applicationId, objectPath, applicationInterface, u"Activate"_s);
     activate.setArguments({QVariantMap()});
     return bus.call(activate).type() == QDBusMessage::ReplyMessage;
 }
@@ -59,7 +61,7 @@ bool SingleInstance::claim() {
     bus.registerVirtualObject(objectPath, new ApplicationObject(this));
     while (!bus.registerService(applicationId)) {
         const bool hasAnswered = askToShowItself(bus);
-        // Right after a crash the bus may still know the ended program by the name; it has nobody to show.
+        // Right after a crash the ended process may still own the name on the bus; it has no window to show.
         if (hasAnswered || bus.interface()->isServiceRegistered(applicationId)) {
             return false;
         }

@@ -7,6 +7,8 @@
 
 #include <xcb/xcb.h>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick {
 
 namespace {
@@ -18,7 +20,7 @@ public:
     TrayWatch(QObject *owner, std::function<void()> mayBeGone)
         : QObject(owner)
         , mayBeGone_(std::move(mayBeGone))
-        , service_(QStringLiteral("org.kde.StatusNotifierWatcher"), QDBusConnection::sessionBus(),
+        , service_(u"org.kde.StatusNotifierWatcher"_s, QDBusConnection::sessionBus(),
                    QDBusServiceWatcher::WatchForUnregistration) {
         connect(&service_, &QDBusServiceWatcher::serviceUnregistered, this, mayBeGone_);
         QCoreApplication::instance()->installNativeEventFilter(this);

@@ -86,7 +86,7 @@ void WatchedTree::readEvents(QList<TreeChange> &changes) {
 
 void WatchedTree::handleEvent(const inotify_event &event, QList<TreeChange> &changes) {
     if (event.mask & IN_Q_OVERFLOW) {
-        // Events were lost: whatever lies in the tree now is told instead.
+        // Events were lost: the tree's present content is reported instead.
         watchFolder(root_, &changes);
         return;
     }

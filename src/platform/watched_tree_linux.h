@@ -21,8 +21,8 @@ struct TreeChange {
 };
 
 // An inotify watch on every folder of a tree. inotify watches single folders, so the tree keeps itself
-// complete: a folder that appears is watched first and listed then, which tells the files that were in it
-// before the watch. Owned and used by the thread of one event stream after it has been set up.
+// complete: a new folder is watched first and listed then, which finds the files that were in it before the
+// watch. Owned and used by the thread of one event stream after it has been set up.
 class WatchedTree {
 public:
     explicit WatchedTree(QByteArray root);
@@ -30,30 +30,30 @@ public:
     WatchedTree(const WatchedTree &) = delete;
     WatchedTree &operator=(const WatchedTree &) = delete;
 
-    // The descriptor that turns readable when events wait; negative when inotify is not to be had.
+    // The descriptor that becomes readable when events are waiting; negative if inotify is unavailable.
     int descriptor() const { return descriptor_; }
 
     // Whether the root is there and watched.
     bool isWatchingRoot() const { return rootWatch_ >= 0; }
 
-    // Watches the tree as it is now, without telling what lies in it.
+    // Watches the tree as it is now, without reporting its content.
     void watchRoot();
 
     // Whether every folder of the tree is watched: the system gives a user only so many watches.
     bool isComplete() const { return isWatchingRoot() && isComplete_; }
 
-    // Gives the watches up when another folder than the watched one stands at the root's path, as after
-    // mounting something there, or when none does.
+    // Drops the watches if the folder at the root's path is no longer the watched one, as after mounting
+    // something there, or if there is none.
     void checkRoot();
 
-    // Watches what has come to stand in the tree unseen, as by mounting, and appends what lies there to
-    // `changes`.
+    // Watches folders that appeared in the tree without an event, as by mounting, and appends their content
+    // to `changes`.
     void watchWhatIsNew(QList<TreeChange> &changes);
 
-    // Watches the tree if its root has (re)appeared, and appends what lies in it to `changes`.
+    // Watches the tree if its root has (re)appeared, and appends its content to `changes`.
     void lookForRoot(QList<TreeChange> &changes);
 
-    // Appends the paths of all events that wait, without blocking.
+    // Appends the paths of all waiting events, without blocking.
     void readEvents(QList<TreeChange> &changes);
 
 private:

@@ -6,7 +6,8 @@
 namespace fennick {
 
 // A copy of this process that works beside it and ends with it, whatever happens. A copy has only the thread
-// that made it: for programs without further threads. Owned by whoever waits for its work.
+// that made it, so no other thread may hold a lock then. On a system that cannot copy a process, `finish`
+// returns 0. Owned by the caller that waits for its work.
 class WorkerProcess {
 public:
     // Runs `work` in the copy, which counts in `done` what it has finished and then ends without tidying up.
@@ -16,7 +17,7 @@ public:
     WorkerProcess(const WorkerProcess &) = delete;
     WorkerProcess &operator=(const WorkerProcess &) = delete;
 
-    // Waits for the copy's end and tells how much it has finished: 0 when there could be no copy.
+    // Waits for the copy's end and returns how much it has finished: 0 if no copy could be made.
     int finish();
 
 private:

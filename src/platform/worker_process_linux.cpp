@@ -30,7 +30,7 @@ void useOnlyAShareOfMemory(int share) {
     }
 }
 
-// An exception must not leave the copy's work: the copy would go on as if it were this process.
+// An exception must not escape from the copy's work: the copy would continue as if it were this process.
 void workToTheEnd(const std::function<void(std::atomic<int> &done)> &work, std::atomic<int> &done) {
     try {
         work(done);

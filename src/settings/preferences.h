@@ -33,8 +33,8 @@ inline const Preference<QString> serviceAddress{u"geminiEndpoint"_s,
                                                 u"https://generativelanguage.googleapis.com"_s};
 
 // An entry of the system-wide file counts where the user's has none.
-std::optional<QString> read(const UserDefaults &defaults,
-                            const Preference<std::optional<QString>> &preference);
+[[nodiscard]] std::optional<QString> read(const UserDefaults &defaults,
+                                          const Preference<std::optional<QString>> &preference);
 QString read(const UserDefaults &defaults, const Preference<QString> &preference);
 
 // A switch that is off by default also understands texts like "YES"; one that is on by default is on for

@@ -73,7 +73,7 @@ QString firstCharacters(const QString &text, qsizetype count) {
 }
 
 QString shortened(const QString &text, qsizetype count) {
-    constexpr qsizetype mostUnits = 16;
+    constexpr qsizetype mostUnits = 16; // the flag of Scotland, the longest emoji in use, has 14
     const QString characters = firstCharacters(text, count);
     if (characters.size() <= count * mostUnits) {
         return characters;

@@ -14,7 +14,7 @@ namespace fennick {
 
 namespace {
 
-constexpr int mostLevels = 512;
+constexpr int mostLevels = 512; // answers and lists have fewer than ten
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 bool isDigit(char character) {

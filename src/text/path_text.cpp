@@ -1,5 +1,7 @@
 #include "text/path_text.h"
 
+#include <QDir>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
@@ -37,6 +39,11 @@ QString nameWithoutExtension(const QString &path) {
     const QString name = lastPathComponent(path);
     const qsizetype dot = extensionDot(name);
     return dot < 0 ? name : name.left(dot);
+}
+
+bool isLexicallyBelow(const QString &path, const QString &folder) {
+    const QString start = joinedPath(folder, {});
+    return path.startsWith(start) && path.size() > start.size() && QDir::cleanPath(path) == path;
 }
 
 } // namespace fennick

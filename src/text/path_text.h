@@ -22,4 +22,7 @@ QString pathExtension(const QString &path);
 // The last path component without its extension and the dot before it.
 QString nameWithoutExtension(const QString &path);
 
+// Whether `path` begins with `folder` and names something below it, without empty, "." and ".." components.
+[[nodiscard]] bool isLexicallyBelow(const QString &path, const QString &folder);
+
 } // namespace fennick

@@ -42,7 +42,7 @@ FennickApp::~FennickApp() {
 }
 
 void FennickApp::connectWindow() {
-    // Queued: the window system knows the window only after the event that tells of its appearance.
+    // Queued: the window system knows the window only after the show event.
     connect(
         &window_, &MainWindow::appeared, this,
         [this] {

@@ -15,7 +15,7 @@ QString translationOf(const QString &language) {
     return u":/translations/fennick_%1.qm"_s.arg(language);
 }
 
-// "C" and "POSIX" are how an environment says that it wants the texts as they are written.
+// "C" and "POSIX" request untranslated texts.
 bool wantsTextsAsWritten(const QString &name) {
     return name == u"C" || name == u"POSIX" || QLocale(name).language() == QLocale::English;
 }

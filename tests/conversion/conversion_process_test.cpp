@@ -10,6 +10,9 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QImage>
+#include <QProcess>
+
+#include <unistd.h>
 
 #include <memory>
 
@@ -126,6 +129,20 @@ private Q_SLOTS:
         const Result result = convert(converter, file);
         QVERIFY2(result.has_value(), result ? "" : qPrintable(result.error().errorDescription()));
         QCOMPARE(QImage(result->first()).size(), QSize(3000, 3000));
+    }
+
+    void converterEndsWhenItsStandardInputCloses() {
+        int ends[2]; // a receipt that never arrives
+        QCOMPARE(::pipe(ends), 0);
+        QProcess process;
+        process.start(converter,
+                      {u"--descriptor=%1"_s.arg(ends[0]), u"scan.pdf"_s, home_->path(u"pictures"_s), u"x"_s});
+        QVERIFY(process.waitForStarted());
+        QVERIFY(!process.waitForFinished(300));
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished(patience));
+        ::close(ends[0]);
+        ::close(ends[1]);
     }
 
     void missingConverterIsNamed() {

@@ -159,7 +159,7 @@ private Q_SLOTS:
     // by two tiles of 64 pixels (red, green, blue, yellow), cut to 120 by 100 and turned left by a quarter.
     void joinsTiles() {
         const QImage result =
-            converted(contentOf(QStringLiteral(FENNICK_SOURCE_DIR "/tests/data/tiled.heic")));
+            converted(contentOf(QString::fromUtf8(FENNICK_SOURCE_DIR "/tests/data/tiled.heic")));
         QCOMPARE(result.size(), QSize(100, 120));
         QCOMPARE(cornersOf(result), u"GYRB"_s);
     }

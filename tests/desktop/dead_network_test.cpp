@@ -22,9 +22,8 @@ class DeadNetworkTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        const QStringList missing = DesktopSurroundings::missingPrograms();
-        if (!missing.isEmpty()) {
-            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
+            QSKIP(reason.constData());
         }
         if (!canMount) {
             QSKIP("Nothing can be mounted here.");

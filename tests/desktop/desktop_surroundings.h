@@ -6,18 +6,21 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // What the tests of this folder run in: a user's session, a desktop in it and the accessibility bus.
 struct DesktopSurroundings {
-    static QStringList missingPrograms() {
-        QStringList missing = VirtualDesktop::missingPrograms();
+    // Why the tests cannot run here; empty if they can. `missing` are programs that a test needs besides.
+    static QByteArray reasonToSkip(QStringList missing = {}) {
+        missing = VirtualDesktop::missingPrograms() + missing;
         if (!AccessibilityBus::isInstalled()) {
-            missing.append(QStringLiteral("at-spi2-core"));
+            missing.append(u"at-spi2-core"_s);
         }
-        return missing;
+        return missing.isEmpty() ? QByteArray() : "Not installed: " + missing.join(u", "_s).toUtf8();
     }
 
     UserSession session;
-    VirtualDesktop desktop{session.home.path(QStringLiteral("desktop"))};
+    VirtualDesktop desktop{session.home.path(u"desktop"_s)};
     AccessibilityBus accessibility;
 };
 

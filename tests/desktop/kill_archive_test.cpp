@@ -29,12 +29,9 @@ class KillArchiveTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        QStringList missing = DesktopSurroundings::missingPrograms();
-        if (!canInjectKills()) {
-            missing.append(u"strace"_s);
-        }
-        if (!missing.isEmpty()) {
-            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        const QStringList strace = canInjectKills() ? QStringList() : QStringList(u"strace"_s);
+        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(strace); !reason.isEmpty()) {
+            QSKIP(reason.constData());
         }
         surroundings_ = std::make_unique<DesktopSurroundings>();
         user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility,

@@ -88,9 +88,8 @@ class NetworkFaultsTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        const QStringList missing = DesktopSurroundings::missingPrograms();
-        if (!missing.isEmpty()) {
-            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
+            QSKIP(reason.constData());
         }
         trustOnly(certificates_.trustedFolder());
         good_ = certificates_.good();

@@ -12,7 +12,7 @@
 namespace fennick::test {
 
 QString FennickProgram::builtProgram() {
-    return QStringLiteral(FENNICK_BIN_DIR "/fennick");
+    return QString::fromUtf8(FENNICK_BIN_DIR "/fennick");
 }
 
 FennickProgram::FennickProgram(QString program)

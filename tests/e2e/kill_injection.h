@@ -8,11 +8,12 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // Whether strace is there and may be used.
 inline bool canInjectKills() {
     QProcess strace;
-    strace.start(QStringLiteral("strace"), {QStringLiteral("-qq"), QStringLiteral("-o"),
-                                            QStringLiteral("/dev/null"), QStringLiteral("true")});
+    strace.start(u"strace"_s, {u"-qq"_s, u"-o"_s, u"/dev/null"_s, u"true"_s});
     return strace.waitForFinished(patience) && strace.exitStatus() == QProcess::NormalExit &&
            strace.exitCode() == 0;
 }
@@ -20,13 +21,12 @@ inline bool canInjectKills() {
 // The command that becomes a program which is killed right before one of its threads makes one of the system
 // calls for the `number`th time; `calls` as in "rename,renameat2".
 inline QStringList killedRightBefore(const QString &calls, int number) {
-    return {
-        QStringLiteral("strace"),
-        QStringLiteral("-D"), // the tracer is the child, not the program
-        QStringLiteral("-f"),     QStringLiteral("-qq"),
-        QStringLiteral("-o"),     QStringLiteral("/dev/null"),
-        QStringLiteral("-e"),     QStringLiteral("trace=") + calls,
-        QStringLiteral("-e"),     QStringLiteral("inject=%1:signal=SIGKILL:when=%2").arg(calls).arg(number)};
+    return {u"strace"_s,
+            u"-D"_s, // the tracer is the child, not the program
+            u"-f"_s,     u"-qq"_s,
+            u"-o"_s,     u"/dev/null"_s,
+            u"-e"_s,     u"trace="_s + calls,
+            u"-e"_s,     u"inject=%1:signal=SIGKILL:when=%2"_s.arg(calls).arg(number)};
 }
 
 } // namespace fennick::test

@@ -75,8 +75,8 @@ private Q_SLOTS:
     void storedKeyIsNotSentToTheEngine() {
         const QString folder = session_.home.path(u"program"_s);
         QVERIFY(QDir().mkpath(folder));
-        QVERIFY(QFile::copy(QStringLiteral(FENNICK_BIN_DIR "/fennick"), folder + u"/fennick"_s));
-        QVERIFY(QFile::copy(QStringLiteral(RECORDING_ENGINE), folder + u"/fennick-engine"_s));
+        QVERIFY(QFile::copy(QString::fromUtf8(FENNICK_BIN_DIR "/fennick"), folder + u"/fennick"_s));
+        QVERIFY(QFile::copy(QString::fromUtf8(RECORDING_ENGINE), folder + u"/fennick-engine"_s));
         FennickProgram program(folder + u"/fennick"_s);
         program.start();
         QVERIFY(waitUntil([&] { return program.isWatching(session_.folder()); }));
@@ -93,7 +93,7 @@ private Q_SLOTS:
 
 private:
     static QByteArray sample() {
-        return readFile(QStringLiteral(FENNICK_SOURCE_DIR "/samples/receipts/IMG_2041.jpg"));
+        return readFile(QString::fromUtf8(FENNICK_SOURCE_DIR "/samples/receipts/IMG_2041.jpg"));
     }
 
     // Those of this test's program: others may run beside it.

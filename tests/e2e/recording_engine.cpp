@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 // Stands where the program looks for its engine: takes the socket that it is handed, keeps all that is sent
 // to it in the file "requests" beside itself and refuses every request.
 int main(int argc, char *argv[]) {
@@ -14,7 +16,7 @@ int main(int argc, char *argv[]) {
     if (!server.setSocketDescriptor(application.arguments().at(2).toInt())) {
         return 1;
     }
-    QFile requests(QFileInfo(application.arguments().at(0)).path() + QStringLiteral("/requests"));
+    QFile requests(QFileInfo(application.arguments().at(0)).path() + u"/requests"_s);
     if (!requests.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
         return 1;
     }

@@ -22,9 +22,9 @@ QByteArray bytes(qsizetype size) {
 
 // The body that the service is known to take, around another document.
 QJsonObject expectedBody(const QString &mimeType, const QByteArray &document) {
-    QJsonObject body =
-        QJsonDocument::fromJson(readFile(QStringLiteral(FENNICK_SOURCE_DIR "/tests/data/request_body.json")))
-            .object();
+    QJsonObject body = QJsonDocument::fromJson(
+                           readFile(QString::fromUtf8(FENNICK_SOURCE_DIR "/tests/data/request_body.json")))
+                           .object();
     QJsonArray contents = body.value(u"contents").toArray();
     QJsonObject content = contents[0].toObject();
     QJsonArray parts = content.value(u"parts").toArray();

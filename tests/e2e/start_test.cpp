@@ -80,7 +80,7 @@ private Q_SLOTS:
         }
         QProcess program;
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(FENNICK_BIN_DIR "/fennick"), {option});
+        program.start(QString::fromUtf8(FENNICK_BIN_DIR "/fennick"), {option});
         QVERIFY(program.waitForFinished(patience));
         QCOMPARE(program.exitCode(), 0);
         const QString told = QString::fromUtf8(program.readAllStandardOutput());

@@ -5,6 +5,8 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // A certificate authority of the test's own and servers' certificates by it, made with the openssl program in
 // a folder of the test.
 class TlsCertificates {
@@ -16,8 +18,8 @@ public:
     QString trustedFolder() const;
 
     // For 127.0.0.1 and localhost.
-    QSslConfiguration good() const { return signedFor(QStringLiteral("IP:127.0.0.1,DNS:localhost"), 2); }
-    QSslConfiguration forAnotherHost() const { return signedFor(QStringLiteral("DNS:elsewhere.example"), 2); }
+    QSslConfiguration good() const { return signedFor(u"IP:127.0.0.1,DNS:localhost"_s, 2); }
+    QSslConfiguration forAnotherHost() const { return signedFor(u"DNS:elsewhere.example"_s, 2); }
     QSslConfiguration expired() const;
     // By nobody but itself.
     QSslConfiguration selfSigned() const;

@@ -7,14 +7,15 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString emptyReceiptLine = QStringLiteral(",,,,,misc,%1,a.pdf,processing,2025-03-04T17:05:09Z\n");
+const QString emptyReceiptLine = u",,,,,misc,%1,a.pdf,processing,2025-03-04T17:05:09Z\n"_s;
 
 Receipt emptyReceipt() {
-    Receipt receipt = freshReceipt(QStringLiteral("/receipts/a.pdf"));
-    receipt.scannedAt = QStringLiteral("2025-03-04T17:05:09Z");
+    Receipt receipt = freshReceipt(u"/receipts/a.pdf"_s);
+    receipt.scannedAt = u"2025-03-04T17:05:09Z"_s;
     return receipt;
 }
 
@@ -39,11 +40,11 @@ private Q_SLOTS:
     void cleanup() { QLocale::setDefault(QLocale::c()); }
 
     void writesTheBatchByteForByte() {
-        QCOMPARE(ExportService::buildCSV(batch()).toUtf8(), expectedFile(QStringLiteral("ledger_batch.csv")));
+        QCOMPARE(ExportService::buildCSV(batch()).toUtf8(), expectedFile(u"ledger_batch.csv"_s));
     }
 
     void noReceiptsGiveTheColumnNamesAlone() {
-        QCOMPARE(ExportService::buildCSV({}).toUtf8(), expectedFile(QStringLiteral("ledger_empty.csv")));
+        QCOMPARE(ExportService::buildCSV({}).toUtf8(), expectedFile(u"ledger_empty.csv"_s));
     }
 
     void absentValuesAreEmptyFields() {
@@ -82,27 +83,26 @@ private Q_SLOTS:
 
     void everyColumnIsQuotedWhenNeeded() {
         Receipt receipt = emptyReceipt();
-        const QString text = QStringLiteral("a,b");
+        const QString text = u"a,b"_s;
         receipt.date = receipt.time = receipt.currency = receipt.location = text;
         receipt.category = receipt.summary = receipt.fileName = receipt.scannedAt = text;
         receipt.amount = 1;
-        QCOMPARE(linesOf({receipt}), QStringLiteral("\"a,b\",\"a,b\",1.00,\"a,b\",\"a,b\",\"a,b\",\"a,b\","
-                                                    "\"a,b\",processing,\"a,b\"\n"));
+        QCOMPARE(linesOf({receipt}), u"\"a,b\",\"a,b\",1.00,\"a,b\",\"a,b\",\"a,b\",\"a,b\","
+                                     "\"a,b\",processing,\"a,b\"\n"_s);
     }
 
     void amountHasNoSymbolWhateverTheLocale() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         Receipt receipt = emptyReceipt();
         receipt.amount = 1234.5;
-        receipt.currency = QStringLiteral("EUR");
-        QCOMPARE(linesOf({receipt}),
-                 QStringLiteral(",,1234.50,EUR,,misc,,a.pdf,processing,2025-03-04T17:05:09Z\n"));
+        receipt.currency = u"EUR"_s;
+        QCOMPARE(linesOf({receipt}), u",,1234.50,EUR,,misc,,a.pdf,processing,2025-03-04T17:05:09Z\n"_s);
     }
 
     void momentOfIntakeIsWrittenAsStored() {
         Receipt receipt = emptyReceipt();
-        receipt.scannedAt = QStringLiteral("yesterday");
-        QCOMPARE(linesOf({receipt}), QStringLiteral(",,,,,misc,,a.pdf,processing,yesterday\n"));
+        receipt.scannedAt = u"yesterday"_s;
+        QCOMPARE(linesOf({receipt}), u",,,,,misc,,a.pdf,processing,yesterday\n"_s);
     }
 
     void receiptsKeepTheirOrder() {
@@ -113,11 +113,9 @@ private Q_SLOTS:
     }
 
     void brokenSurrogatesBecomeReplacementCharacters() {
-        const QString broken = QString(QChar(0xD83D)) + QStringLiteral("x") + QChar(0xDE00);
-        QCOMPARE(lineWithSummary(broken).toUtf8(),
-                 emptyReceiptLine.arg(QStringLiteral("\uFFFDx\uFFFD")).toUtf8());
-        QCOMPARE(lineWithSummary(QStringLiteral("😀")).toUtf8(),
-                 emptyReceiptLine.arg(QStringLiteral("😀")).toUtf8());
+        const QString broken = QString(QChar(0xD83D)) + u"x"_s + QChar(0xDE00);
+        QCOMPARE(lineWithSummary(broken).toUtf8(), emptyReceiptLine.arg(u"\uFFFDx\uFFFD"_s).toUtf8());
+        QCOMPARE(lineWithSummary(u"😀"_s).toUtf8(), emptyReceiptLine.arg(u"😀"_s).toUtf8());
     }
 };
 

@@ -17,6 +17,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using ExportService::Format;
 
 namespace {
@@ -70,8 +71,8 @@ private Q_SLOTS:
     void init() { folder_ = std::make_unique<QTemporaryDir>(); }
 
     void formatsHaveTheirExtensions() {
-        QCOMPARE(ExportService::fileExtension(Format::csv), QStringLiteral("csv"));
-        QCOMPARE(ExportService::fileExtension(Format::html), QStringLiteral("html"));
+        QCOMPARE(ExportService::fileExtension(Format::csv), u"csv"_s);
+        QCOMPARE(ExportService::fileExtension(Format::html), u"html"_s);
     }
 
     void proposedNameHasTodaysDate() {
@@ -81,14 +82,14 @@ private Q_SLOTS:
             stamp = ExportService::isoDateStamp();
             name = ExportService::proposedFileName(Format::csv);
         } while (ExportService::isoDateStamp() != stamp);
-        QCOMPARE(name, QStringLiteral("receipts-") + stamp + QStringLiteral(".csv"));
-        QVERIFY(ExportService::proposedFileName(Format::html).endsWith(QStringLiteral(".html")));
+        QCOMPARE(name, u"receipts-"_s + stamp + u".csv"_s);
+        QVERIFY(ExportService::proposedFileName(Format::html).endsWith(u".html"_s));
     }
 
     void writesTheCsvLedgerAsUtf8() {
         QVERIFY(ExportService::writeLedger(batch(), Format::csv, path()));
-        QCOMPARE(readFile(path()), expectedFile(QStringLiteral("ledger_batch.csv")));
-        QCOMPARE(names(), QStringList{QStringLiteral("ledger")});
+        QCOMPARE(readFile(path()), expectedFile(u"ledger_batch.csv"_s));
+        QCOMPARE(names(), QStringList{u"ledger"_s});
     }
 
     void writesTheHtmlLedgerAsUtf8() {
@@ -102,11 +103,11 @@ private Q_SLOTS:
     void replacesAnOlderLedger() {
         writeFile(path(), QByteArray(100000, 'x'));
         QVERIFY(ExportService::writeLedger({}, Format::csv, path()));
-        QCOMPARE(readFile(path()), expectedFile(QStringLiteral("ledger_empty.csv")));
+        QCOMPARE(readFile(path()), expectedFile(u"ledger_empty.csv"_s));
     }
 
     void folderThatIsMissingIsAFailure() {
-        QVERIFY(!ExportService::writeLedger(batch(), Format::csv, path() + QStringLiteral("/missing/a.csv")));
+        QVERIFY(!ExportService::writeLedger(batch(), Format::csv, path() + u"/missing/a.csv"_s));
         QVERIFY(names().isEmpty());
     }
 
@@ -142,7 +143,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString path() const { return folder_->filePath(QStringLiteral("ledger")); }
+    QString path() const { return folder_->filePath(u"ledger"_s); }
     QStringList names() const {
         return QDir(folder_->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }

@@ -6,38 +6,39 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::test {
 
 namespace {
 
 QString executable() {
-    return QStandardPaths::findExecutable(QStringLiteral("chromium"));
+    return QStandardPaths::findExecutable(u"chromium"_s);
 }
 
 // No sandbox: it does not work for root, and the pages are ours. No network: nothing here needs one.
 QStringList commonArguments() {
-    return {QStringLiteral("--headless"),
-            QStringLiteral("--no-sandbox"),
-            QStringLiteral("--disable-gpu"),
-            QStringLiteral("--disable-dev-shm-usage"),
-            QStringLiteral("--disable-quic"),
-            QStringLiteral("--no-first-run"),
-            QStringLiteral("--disable-background-networking"),
-            QStringLiteral("--disable-component-update"),
-            QStringLiteral("--disable-sync"),
-            QStringLiteral("--enable-logging=stderr"),
-            QStringLiteral("--v=0"),
-            QStringLiteral("--virtual-time-budget=5000")};
+    return {u"--headless"_s,
+            u"--no-sandbox"_s,
+            u"--disable-gpu"_s,
+            u"--disable-dev-shm-usage"_s,
+            u"--disable-quic"_s,
+            u"--no-first-run"_s,
+            u"--disable-background-networking"_s,
+            u"--disable-component-update"_s,
+            u"--disable-sync"_s,
+            u"--enable-logging=stderr"_s,
+            u"--v=0"_s,
+            u"--virtual-time-budget=5000"_s};
 }
 
 QString schemeArgument(HeadlessBrowser::ColourScheme scheme) {
-    return scheme == HeadlessBrowser::ColourScheme::dark
-               ? QStringLiteral("--blink-settings=preferredColorScheme=0")
-               : QStringLiteral("--blink-settings=preferredColorScheme=1");
+    return scheme == HeadlessBrowser::ColourScheme::dark ? u"--blink-settings=preferredColorScheme=0"_s
+                                                         : u"--blink-settings=preferredColorScheme=1"_s;
 }
 
 QStringList consoleLines(const QByteArray &log) {
-    return QString::fromUtf8(log).split(u'\n').filter(QStringLiteral(":CONSOLE:"));
+    return QString::fromUtf8(log).split(u'\n').filter(u":CONSOLE:"_s);
 }
 
 } // namespace
@@ -47,16 +48,14 @@ bool HeadlessBrowser::isInstalled() {
 }
 
 HeadlessBrowser::Page HeadlessBrowser::open(const QString &path, ColourScheme scheme) const {
-    const Output output = run(path, scheme, {QStringLiteral("--dump-dom")});
+    const Output output = run(path, scheme, {u"--dump-dom"_s});
     return {output.isComplete, output.standardOutput, consoleLines(output.log)};
 }
 
 QImage HeadlessBrowser::screenshot(const QString &path, ColourScheme scheme) const {
-    const QString picture = folder_.filePath(QStringLiteral("screenshot.png"));
-    const Output output =
-        run(path, scheme,
-            {QStringLiteral("--screenshot=") + picture, QStringLiteral("--window-size=1000,700"),
-             QStringLiteral("--hide-scrollbars")});
+    const QString picture = folder_.filePath(u"screenshot.png"_s);
+    const Output output = run(
+        path, scheme, {u"--screenshot="_s + picture, u"--window-size=1000,700"_s, u"--hide-scrollbars"_s});
     return output.isComplete ? QImage(picture) : QImage();
 }
 
@@ -66,7 +65,7 @@ HeadlessBrowser::Output HeadlessBrowser::run(const QString &path, ColourScheme s
     QProcess process;
     process.start(executable(),
                   commonArguments() + arguments +
-                      QStringList{schemeArgument(scheme), QStringLiteral("--user-data-dir=") + profile.path(),
+                      QStringList{schemeArgument(scheme), u"--user-data-dir="_s + profile.path(),
                                   QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
     constexpr int limit = 3 * patience; // ten thousand rows took a minute on a busy machine
     const bool isComplete = process.waitForFinished(limit);

@@ -14,6 +14,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using ColourScheme = HeadlessBrowser::ColourScheme;
 
 namespace {
@@ -37,22 +38,22 @@ document.documentElement.dataset.answer = btoa(unescape(encodeURIComponent(JSON.
 </body>)";
 
 QJsonObject answerIn(const QByteArray &dom) {
-    static const QRegularExpression pattern(QStringLiteral("data-answer=\"([^\"]*)\""));
+    static const QRegularExpression pattern(u"data-answer=\"([^\"]*)\""_s);
     const QString encoded = pattern.match(QString::fromUtf8(dom)).captured(1);
     return QJsonDocument::fromJson(QByteArray::fromBase64(encoded.toLatin1())).object();
 }
 
 // Everything in it would run, load or leave its cell if it were taken for markup.
-const QString hostileText = QStringLiteral(
-    "</td></tr></table></div><script>window.attacked=true;console.error('attacked')</script>"
+const QString hostileText =
+    u"</td></tr></table></div><script>window.attacked=true;console.error('attacked')</script>"
     "<img src=x onerror=\"window.attacked=true\"><svg/onload=window.attacked=true>"
     "\" onmouseover=\"window.attacked=true\" ' autofocus onfocus='window.attacked=true' "
     "<iframe srcdoc=\"<script>parent.attacked=true</script>\"></iframe>"
     "<!-- --><![CDATA[ &lt;script&gt; &amp;#60; &#60;b&#62; <style>*{display:none}</style>"
-    "</title></style></body></html> javascript:window.attacked=true `${window.attacked=true}`");
+    "</title></style></body></html> javascript:window.attacked=true `${window.attacked=true}`"_s;
 
 Receipt hostileReceipt() {
-    Receipt receipt = freshReceipt(QStringLiteral("/receipts/a.pdf"));
+    Receipt receipt = freshReceipt(u"/receipts/a.pdf"_s);
     receipt.fileName = hostileText;
     receipt.date = receipt.time = receipt.location = receipt.currency = hostileText;
     receipt.category = receipt.summary = hostileText;
@@ -81,8 +82,8 @@ private Q_SLOTS:
                   "<!doctype html><title>t</title><script>console.error('seen'); undefined.x;</script>");
         const auto page = browser_.open(path());
         QVERIFY(page.isLoaded);
-        QCOMPARE(page.consoleMessages.filter(QStringLiteral("seen")).size(), 1);
-        QCOMPARE(page.consoleMessages.filter(QStringLiteral("TypeError")).size(), 1);
+        QCOMPARE(page.consoleMessages.filter(u"seen"_s).size(), 1);
+        QCOMPARE(page.consoleMessages.filter(u"TypeError"_s).size(), 1);
     }
 
     void pageLoadsWithoutAMessage_data() {
@@ -103,28 +104,25 @@ private Q_SLOTS:
     void readerSeesTheReceiptsAndTheirTotal() {
         const QJsonObject answer = answerOf(batch());
         QCOMPARE(answer[u"columns"].toArray(),
-                 QJsonArray::fromStringList({QStringLiteral("Date"), QStringLiteral("Time"),
-                                             QStringLiteral("Amount"), QStringLiteral("Location"),
-                                             QStringLiteral("Category"), QStringLiteral("Summary"),
-                                             QStringLiteral("File")}));
+                 QJsonArray::fromStringList({u"Date"_s, u"Time"_s, u"Amount"_s, u"Location"_s, u"Category"_s,
+                                             u"Summary"_s, u"File"_s}));
         const QJsonArray rows = answer[u"cells"].toArray();
         QCOMPARE(rows.size(), batch().size());
         QCOMPARE(rows[2].toArray(),
-                 QJsonArray::fromStringList(
-                     {QStringLiteral("2024-05-02"), QStringLiteral("—"), QStringLiteral("€12.50"),
-                      QStringLiteral("Bar & <b>Grill</b> \"Zur Post\""), QStringLiteral("dinner"),
-                      QStringLiteral("Soup &amp; salad, \"for two\""), QStringLiteral("bar, & grill.jpg")}));
-        QCOMPARE(answer[u"total"].toString(), QStringLiteral("Total: 6270.50"));
-        QVERIFY(answer[u"exported"].toString().endsWith(QStringLiteral(" · 5 receipts")));
-        QVERIFY(answer[u"title"].toString().startsWith(QStringLiteral("Receipts — ")));
+                 QJsonArray::fromStringList({u"2024-05-02"_s, u"—"_s, u"€12.50"_s,
+                                             u"Bar & <b>Grill</b> \"Zur Post\""_s, u"dinner"_s,
+                                             u"Soup &amp; salad, \"for two\""_s, u"bar, & grill.jpg"_s}));
+        QCOMPARE(answer[u"total"].toString(), u"Total: 6270.50"_s);
+        QVERIFY(answer[u"exported"].toString().endsWith(u" · 5 receipts"_s));
+        QVERIFY(answer[u"title"].toString().startsWith(u"Receipts — "_s));
     }
 
     void emptyLedgerHasNoRows() {
         const QJsonObject answer = answerOf({});
         QVERIFY(answer[u"cells"].isArray());
         QVERIFY(answer[u"cells"].toArray().isEmpty());
-        QCOMPARE(answer[u"total"].toString(), QStringLiteral("Total: 0.00"));
-        QVERIFY(answer[u"exported"].toString().endsWith(QStringLiteral(" · 0 receipts")));
+        QCOMPARE(answer[u"total"].toString(), u"Total: 0.00"_s);
+        QVERIFY(answer[u"exported"].toString().endsWith(u" · 0 receipts"_s));
     }
 
     void markupInReceiptsIsInertText() {
@@ -133,18 +131,16 @@ private Q_SLOTS:
         QCOMPARE(rows.size(), 2);
         QJsonArray expected;
         for (int column = 0; column < 7; ++column) {
-            expected.append(column == 2 ? QStringLiteral("1.00") : hostileText);
+            expected.append(column == 2 ? u"1.00"_s : hostileText);
         }
         QCOMPARE(rows[0].toArray(), expected);
         QCOMPARE(rows[1].toArray(), expected);
         QCOMPARE(answer[u"attacked"].toBool(true), false);
         QCOMPARE(answer[u"scripts"].toInt(), 1); // the probe itself
         QCOMPARE(answer[u"elementsInBody"].toArray(),
-                 QJsonArray::fromStringList(
-                     {QStringLiteral("div"), QStringLiteral("h1"), QStringLiteral("script"),
-                      QStringLiteral("table"), QStringLiteral("tbody"), QStringLiteral("td"),
-                      QStringLiteral("th"), QStringLiteral("thead"), QStringLiteral("tr")}));
-        QCOMPARE(answer[u"attributes"].toArray(), QJsonArray{QStringLiteral("class")});
+                 QJsonArray::fromStringList({u"div"_s, u"h1"_s, u"script"_s, u"table"_s, u"tbody"_s, u"td"_s,
+                                             u"th"_s, u"thead"_s, u"tr"_s}));
+        QCOMPARE(answer[u"attributes"].toArray(), QJsonArray{u"class"_s});
     }
 
     void hostileReceiptsLoadWithoutAMessage() {
@@ -191,7 +187,7 @@ private:
         return answerIn(browser_.open(path()).dom);
     }
 
-    QString path() const { return home_.path(QStringLiteral("ledger.html")); }
+    QString path() const { return home_.path(u"ledger.html"_s); }
 
     // Pixels that are neither background nor nearly so.
     static int textPixels(const QImage &picture) {

@@ -7,6 +7,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,11 +28,11 @@ DatedLedger datedLedger(const QList<Receipt> &receipts) {
 }
 
 QByteArray expectedPage(const QString &name, const QString &moment) {
-    return expectedFile(name).replace(QByteArrayLiteral("@EXPORTED_AT@"), moment.toUtf8());
+    return expectedFile(name).replace("@EXPORTED_AT@"_ba, moment.toUtf8());
 }
 
 Receipt receiptOf(double amount, const char *currency) {
-    Receipt receipt = freshReceipt(QStringLiteral("/receipts/a.pdf"));
+    Receipt receipt = freshReceipt(u"/receipts/a.pdf"_s);
     receipt.amount = amount;
     receipt.currency = QString::fromLatin1(currency);
     return receipt;
@@ -43,19 +44,17 @@ QString between(const QString &text, const QString &start, const QString &end) {
 }
 
 QString totalOf(const QList<Receipt> &receipts) {
-    return between(ExportService::buildHTML(receipts), QStringLiteral("Total: "), QStringLiteral("</div>"));
+    return between(ExportService::buildHTML(receipts), u"Total: "_s, u"</div>"_s);
 }
 
 QString amountCellOf(const Receipt &receipt) {
-    return between(ExportService::buildHTML({receipt}), QStringLiteral("<td class=\"num\">"),
-                   QStringLiteral("</td>"));
+    return between(ExportService::buildHTML({receipt}), u"<td class=\"num\">"_s, u"</td>"_s);
 }
 
 QString summaryCellOf(const QString &summary) {
-    Receipt receipt = freshReceipt(QStringLiteral("/receipts/a.pdf"));
+    Receipt receipt = freshReceipt(u"/receipts/a.pdf"_s);
     receipt.summary = summary;
-    return between(ExportService::buildHTML({receipt}), QStringLiteral("<td>misc</td>\n        <td>"),
-                   QStringLiteral("</td>"));
+    return between(ExportService::buildHTML({receipt}), u"<td>misc</td>\n        <td>"_s, u"</td>"_s);
 }
 
 } // namespace
@@ -70,9 +69,9 @@ private Q_SLOTS:
     void writesThePageByteForByte_data() {
         QTest::addColumn<QString>("file");
         QTest::addColumn<qsizetype>("count");
-        QTest::newRow("five receipts") << QStringLiteral("ledger_batch.html") << qsizetype(5);
-        QTest::newRow("one receipt") << QStringLiteral("ledger_one.html") << qsizetype(1);
-        QTest::newRow("no receipts") << QStringLiteral("ledger_empty.html") << qsizetype(0);
+        QTest::newRow("five receipts") << u"ledger_batch.html"_s << qsizetype(5);
+        QTest::newRow("one receipt") << u"ledger_one.html"_s << qsizetype(1);
+        QTest::newRow("no receipts") << u"ledger_empty.html"_s << qsizetype(0);
     }
     void writesThePageByteForByte() {
         QFETCH(QString, file);
@@ -83,9 +82,9 @@ private Q_SLOTS:
 
     void titleAndHeadingShowTheSameMoment() {
         const QString html = ExportService::buildHTML({});
-        const QString title = between(html, QStringLiteral("<title>Receipts — "), QStringLiteral("</title>"));
+        const QString title = between(html, u"<title>Receipts — "_s, u"</title>"_s);
         QVERIFY(!title.isEmpty());
-        QVERIFY(html.contains(QStringLiteral("Exported ") + title + QStringLiteral(" · 0 receipts</div>")));
+        QVERIFY(html.contains(u"Exported "_s + title + u" · 0 receipts</div>"_s));
     }
 
     void textIsEscaped_data() {
@@ -112,36 +111,36 @@ private Q_SLOTS:
     }
 
     void everyCellIsEscaped() {
-        Receipt receipt = freshReceipt(QStringLiteral("/receipts/a.pdf"));
-        const QString markup = QStringLiteral("<i>");
+        Receipt receipt = freshReceipt(u"/receipts/a.pdf"_s);
+        const QString markup = u"<i>"_s;
         receipt.date = receipt.time = receipt.location = markup;
         receipt.category = receipt.summary = receipt.fileName = markup;
         const QString html = ExportService::buildHTML({receipt});
-        QCOMPARE(html.count(QStringLiteral("&lt;i&gt;")), 6);
+        QCOMPARE(html.count(u"&lt;i&gt;"_s), 6);
         QVERIFY(!html.contains(markup));
     }
 
     void neitherCurrencyNorStatusNorIntakeHasAColumn() {
         Receipt receipt = receiptOf(1, "EUR");
-        receipt.scannedAt = QStringLiteral("2025-03-04T17:05:09Z");
+        receipt.scannedAt = u"2025-03-04T17:05:09Z"_s;
         const QString html = ExportService::buildHTML({receipt});
         QVERIFY(!html.contains(receipt.scannedAt));
-        QVERIFY(!html.contains(QStringLiteral("EUR")));
-        QVERIFY(!html.contains(QStringLiteral("processing")));
+        QVERIFY(!html.contains(u"EUR"_s));
+        QVERIFY(!html.contains(u"processing"_s));
     }
 
     void absentAmountIsADashAndCountsAsZero() {
         Receipt receipt = receiptOf(0, "EUR");
         receipt.amount.reset();
-        QCOMPARE(amountCellOf(receipt), QStringLiteral("—"));
-        QCOMPARE(totalOf({receipt, receiptOf(2, "EUR")}), QStringLiteral("2.00"));
-        QCOMPARE(totalOf({receipt}), QStringLiteral("0.00"));
+        QCOMPARE(amountCellOf(receipt), u"—"_s);
+        QCOMPARE(totalOf({receipt, receiptOf(2, "EUR")}), u"2.00"_s);
+        QCOMPARE(totalOf({receipt}), u"0.00"_s);
     }
 
     // Intended: one plain number, also over several currencies.
     void totalAddsAllCurrencies() {
         QCOMPARE(totalOf({receiptOf(10.25, "USD"), receiptOf(5, "EUR"), receiptOf(1000, "JPY")}),
-                 QStringLiteral("1015.25"));
+                 u"1015.25"_s);
     }
 
     void totalAddsReceiptsOfEveryStatus() {
@@ -149,17 +148,17 @@ private Q_SLOTS:
         receipts[0].status = ReceiptStatus::done;
         receipts[1].status = ReceiptStatus::error;
         receipts[2].status = ReceiptStatus::processing;
-        QCOMPARE(totalOf(receipts), QStringLiteral("7.00"));
+        QCOMPARE(totalOf(receipts), u"7.00"_s);
     }
 
     void totalOfRefundsIsNegative() {
-        QCOMPARE(totalOf({receiptOf(1, "USD"), receiptOf(-3.5, "USD")}), QStringLiteral("-2.50"));
+        QCOMPARE(totalOf({receiptOf(1, "USD"), receiptOf(-3.5, "USD")}), u"-2.50"_s);
     }
 
     void amountsFollowTheUsersLocale() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        QCOMPARE(amountCellOf(receiptOf(1234.5, "EUR")), QStringLiteral("1.234,50\u00A0€"));
-        QCOMPARE(totalOf({receiptOf(1234.5, "EUR")}), QStringLiteral("1234.50"));
+        QCOMPARE(amountCellOf(receiptOf(1234.5, "EUR")), u"1.234,50\u00A0€"_s);
+        QCOMPARE(totalOf({receiptOf(1234.5, "EUR")}), u"1234.50"_s);
     }
 
     void currenciesInTurnKeepTheirSymbols() {
@@ -172,7 +171,7 @@ private Q_SLOTS:
 
     void rowsKeepTheOrderOfTheReceipts() {
         const QString html = ExportService::buildHTML({receiptOf(2, "USD"), receiptOf(1, "USD")});
-        QVERIFY(html.indexOf(QStringLiteral("$2.00")) < html.indexOf(QStringLiteral("$1.00")));
+        QVERIFY(html.indexOf(u"$2.00"_s) < html.indexOf(u"$1.00"_s));
     }
 
     void brokenSurrogatesBecomeReplacementCharacters() {

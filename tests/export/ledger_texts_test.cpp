@@ -8,13 +8,14 @@
 #include <limits>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 // The moment as Qt would say it, with the blank before "PM" that the locale data has.
 QString englishText(const QDateTime &moment) {
     const QLocale english(QLocale::English, QLocale::UnitedStates);
-    return english.toString(moment, QStringLiteral("MMMM d, yyyy 'at' h:mm'\u202F'AP"));
+    return english.toString(moment, u"MMMM d, yyyy 'at' h:mm'\u202F'AP"_s);
 }
 
 } // namespace
@@ -32,14 +33,14 @@ private Q_SLOTS:
     void numbersHaveTwoDecimals_data() {
         QTest::addColumn<double>("value");
         QTest::addColumn<QString>("text");
-        QTest::newRow("zero") << 0.0 << QStringLiteral("0.00");
-        QTest::newRow("whole") << 12.0 << QStringLiteral("12.00");
-        QTest::newRow("one decimal") << 12.5 << QStringLiteral("12.50");
-        QTest::newRow("no grouping") << 1234567.891 << QStringLiteral("1234567.89");
-        QTest::newRow("tie to even") << 0.125 << QStringLiteral("0.12");
-        QTest::newRow("exact value below the tie") << 1.005 << QStringLiteral("1.00");
-        QTest::newRow("negative") << -3.999 << QStringLiteral("-4.00");
-        QTest::newRow("negative zero") << -0.001 << QStringLiteral("-0.00");
+        QTest::newRow("zero") << 0.0 << u"0.00"_s;
+        QTest::newRow("whole") << 12.0 << u"12.00"_s;
+        QTest::newRow("one decimal") << 12.5 << u"12.50"_s;
+        QTest::newRow("no grouping") << 1234567.891 << u"1234567.89"_s;
+        QTest::newRow("tie to even") << 0.125 << u"0.12"_s;
+        QTest::newRow("exact value below the tie") << 1.005 << u"1.00"_s;
+        QTest::newRow("negative") << -3.999 << u"-4.00"_s;
+        QTest::newRow("negative zero") << -0.001 << u"-0.00"_s;
     }
     void numbersHaveTwoDecimals() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
@@ -50,8 +51,8 @@ private Q_SLOTS:
     void largestNumberIsWrittenInFull() {
         const QString text = ExportService::trimNumber(std::numeric_limits<double>::max());
         QCOMPARE(text.size(), 309 + 3);
-        QVERIFY(text.startsWith(QStringLiteral("17976931348623157")));
-        QVERIFY(text.endsWith(QStringLiteral(".00")));
+        QVERIFY(text.startsWith(u"17976931348623157"_s));
+        QVERIFY(text.endsWith(u".00"_s));
     }
 
     void amountsAreWrittenInTheUsersLocale_data() {
@@ -90,12 +91,12 @@ private Q_SLOTS:
 
     void amountWithoutACurrencyHasTwoDecimals() {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        QCOMPARE(ExportService::formatAmount(12.5, std::nullopt), QStringLiteral("12.50"));
+        QCOMPARE(ExportService::formatAmount(12.5, std::nullopt), u"12.50"_s);
     }
 
     void absentAmountIsADashWithAndWithoutACurrency() {
-        QCOMPARE(ExportService::formatAmount(std::nullopt, std::nullopt), QStringLiteral("—"));
-        QCOMPARE(ExportService::formatAmount(std::nullopt, QStringLiteral("EUR")), QStringLiteral("—"));
+        QCOMPARE(ExportService::formatAmount(std::nullopt, std::nullopt), u"—"_s);
+        QCOMPARE(ExportService::formatAmount(std::nullopt, u"EUR"_s), u"—"_s);
     }
 
     void momentIsEnglishInTheDevicesZone_data() {
@@ -112,8 +113,7 @@ private Q_SLOTS:
         const QString before = englishText(QDateTime::currentDateTime());
         const QString text = ExportService::longDateTime();
         const QString after = englishText(QDateTime::currentDateTime());
-        QVERIFY2(text == before || text == after,
-                 qPrintable(QStringLiteral("%1 is not %2").arg(text, before)));
+        QVERIFY2(text == before || text == after, qPrintable(u"%1 is not %2"_s.arg(text, before)));
     }
 
     void dateStampIsTodayInTheDevicesZone_data() { momentIsEnglishInTheDevicesZone_data(); }
@@ -121,9 +121,9 @@ private Q_SLOTS:
         QFETCH(QByteArray, zone);
         qputenv("TZ", zone);
         QLocale::setDefault(QLocale(QLocale::Persian, QLocale::Iran)); // other digits, another calendar
-        const QString before = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd"));
+        const QString before = QDateTime::currentDateTime().toString(u"yyyy-MM-dd"_s);
         const QString stamp = ExportService::isoDateStamp();
-        const QString after = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd"));
+        const QString after = QDateTime::currentDateTime().toString(u"yyyy-MM-dd"_s);
         QVERIFY2(stamp == before || stamp == after, qPrintable(stamp));
     }
 
@@ -132,7 +132,7 @@ private Q_SLOTS:
         const QString ahead = ExportService::isoDateStamp();
         qputenv("TZ", "Pacific/Pago_Pago"); // 25 hours behind
         const QString behind = ExportService::isoDateStamp();
-        QVERIFY2(behind < ahead, qPrintable(QStringLiteral("%1 is not before %2").arg(behind, ahead)));
+        QVERIFY2(behind < ahead, qPrintable(u"%1 is not before %2"_s.arg(behind, ahead)));
     }
 
 private:

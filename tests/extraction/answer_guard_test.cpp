@@ -14,6 +14,7 @@
 using namespace fennick;
 using namespace fennick::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using GeminiClient::AnswerGuard;
 using GeminiClient::AnswerLimits;
 
@@ -89,7 +90,7 @@ private Q_SLOTS:
         const auto reply = request();
         const AnswerGuard guard(*reply, {.largestSize = 2 * megabyte - 10, .longestTime = 10s});
         QVERIFY(waitUntil([&] { return reply->isFinished(); }));
-        QCOMPARE(guard.violation(), QStringLiteral("The answer is larger than 1 MB."));
+        QCOMPARE(guard.violation(), u"The answer is larger than 1 MB."_s);
     }
 
     void answerThatTricklesIsEnded() {
@@ -106,7 +107,7 @@ private Q_SLOTS:
         connect(reply.get(), &QNetworkReply::readyRead, this, [&pieces] { ++pieces; });
         const AnswerGuard guard(*reply, {.largestSize = megabyte, .longestTime = 500ms});
         QVERIFY(waitUntil([&] { return reply->isFinished(); }));
-        QCOMPARE(guard.violation(), QStringLiteral("The request timed out."));
+        QCOMPARE(guard.violation(), u"The request timed out."_s);
         QVERIFY2(pieces > 1, qPrintable(QString::number(pieces)));
     }
 
@@ -134,7 +135,7 @@ private Q_SLOTS:
         const AnswerGuard guard(*reply, {.largestTransfer = 4 * megabyte});
         QVERIFY(waitUntil([&] { return reply->isFinished(); }));
         QCOMPARE(reply->error(), QNetworkReply::RemoteHostClosedError);
-        QCOMPARE(reply->errorString(), QStringLiteral("Connection closed"));
+        QCOMPARE(reply->errorString(), u"Connection closed"_s);
         QVERIFY(waitUntil([&] { return socket_->state() == QAbstractSocket::UnconnectedState; }));
     }
 
@@ -149,9 +150,9 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<QNetworkReply> request() {
-        const QUrl url(QStringLiteral("http://127.0.0.1:%1/").arg(server_->serverPort()));
+        const QUrl url(u"http://127.0.0.1:%1/"_s.arg(server_->serverPort()));
         QNetworkRequest request(url);
-        request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
+        request.setHeader(QNetworkRequest::ContentTypeHeader, "application/json"_ba);
         return std::unique_ptr<QNetworkReply>(manager_.post(request, QByteArray("{}")));
     }
 

@@ -5,12 +5,13 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QString failure(int status, const QByteArray &body) {
     const auto result = GeminiClient::readAnswer(status, body);
-    return result ? QStringLiteral("no failure") : result.error().errorDescription();
+    return result ? u"no failure"_s : result.error().errorDescription();
 }
 
 } // namespace
@@ -31,20 +32,20 @@ private Q_SLOTS:
 
     void errorStatusIsToldWithItsRawBody() {
         const QByteArray body = R"({"error": {"code": 7, "message": "denied"}})";
-        QCOMPARE(failure(403, body), QStringLiteral("Gemini API error: 403 — ") + QString::fromUtf8(body));
-        QCOMPARE(failure(199, "x"), QStringLiteral("Gemini API error: 199 — x"));
-        QCOMPARE(failure(300, "x"), QStringLiteral("Gemini API error: 300 — x"));
+        QCOMPARE(failure(403, body), u"Gemini API error: 403 — "_s + QString::fromUtf8(body));
+        QCOMPARE(failure(199, "x"), u"Gemini API error: 199 — x"_s);
+        QCOMPARE(failure(300, "x"), u"Gemini API error: 300 — x"_s);
     }
 
     void emptyErrorBodyAddsNothing() {
-        QCOMPARE(failure(500, ""), QStringLiteral("Gemini API error: 500"));
-        QCOMPARE(failure(500, "\xFF\xFE"), QStringLiteral("Gemini API error: 500")); // no UTF-8
+        QCOMPARE(failure(500, ""), u"Gemini API error: 500"_s);
+        QCOMPARE(failure(500, "\xFF\xFE"), u"Gemini API error: 500"_s); // no UTF-8
     }
 
     void errorBodyIsCutAfter500Characters() {
-        const QString face = QStringLiteral("\U0001F600");
+        const QString face = u"\U0001F600"_s;
         QCOMPARE(failure(500, face.repeated(501).toUtf8()),
-                 QStringLiteral("Gemini API error: 500 — ") + face.repeated(500));
+                 u"Gemini API error: 500 — "_s + face.repeated(500));
     }
 
     void errorObjectInASuccessfulAnswer_data() {
@@ -52,7 +53,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         const auto add = [](const char *error, const char *text) {
             QTest::newRow(error) << QByteArray(error)
-                                 << QStringLiteral("Gemini API returned error ") + QString::fromUtf8(text);
+                                 << u"Gemini API returned error "_s + QString::fromUtf8(text);
         };
         add(R"({"message": "quota"})", "200: quota");
         add(R"({"code": 7})", "7: unknown");
@@ -104,29 +105,25 @@ private Q_SLOTS:
         QTest::addColumn<int>("status");
         QTest::addColumn<QByteArray>("body");
         QTest::addColumn<QString>("text");
-        const QString key = QStringLiteral("AIza-key");
-        QTest::newRow("body") << key << 400 << QByteArray("bad AIza-key!")
-                              << QStringLiteral("bad [API key]!");
-        QTest::newRow("short key") << QStringLiteral("ab") << 400 << QByteArray("key ab")
-                                   << QStringLiteral("key [API key]");
+        const QString key = u"AIza-key"_s;
+        QTest::newRow("body") << key << 400 << QByteArray("bad AIza-key!") << u"bad [API key]!"_s;
+        QTest::newRow("short key") << u"ab"_s << 400 << QByteArray("key ab") << u"key [API key]"_s;
         QTest::newRow("key in what stands for it")
-            << QStringLiteral("key") << 400 << QByteArray("a key") << QStringLiteral("a [API key]");
+            << u"key"_s << 400 << QByteArray("a key") << u"a [API key]"_s;
         QTest::newRow("key across the cut")
-            << key << 400 << QByteArray(496, 'x') + "AIza-key" << QString(496, u'x') + QStringLiteral("[API");
-        QTest::newRow("as in a URL") << QStringLiteral("a b") << 400 << QByteArray("?key=a%20b")
-                                     << QStringLiteral("?key=[API key]");
-        QTest::newRow("as in JSON") << QStringLiteral("a/b\\c") << 400
-                                    << QByteArray("{\"key\": \"a\\/b\\\\c\"}")
-                                    << QStringLiteral("{\"key\": \"[API key]\"}");
+            << key << 400 << QByteArray(496, 'x') + "AIza-key" << QString(496, u'x') + u"[API"_s;
+        QTest::newRow("as in a URL") << u"a b"_s << 400 << QByteArray("?key=a%20b") << u"?key=[API key]"_s;
+        QTest::newRow("as in JSON") << u"a/b\\c"_s << 400 << QByteArray("{\"key\": \"a\\/b\\\\c\"}")
+                                    << u"{\"key\": \"[API key]\"}"_s;
         QTest::newRow("message") << key << 200 << QByteArray(R"({"error": {"message": "bad \u0041Iza-key"}})")
-                                 << QStringLiteral("bad [API key]");
+                                 << u"bad [API key]"_s;
         QTest::newRow("finish reason")
             << key << 200 << QByteArray(R"({"candidates": [{"finishReason": "AIza-key"}]})")
-            << QStringLiteral("[API key]");
+            << u"[API key]"_s;
         QTest::newRow("text") << key << 200
                               << QByteArray(
                                      R"({"candidates": [{"content": {"parts": [{"text": "AIza-key?"}]}}]})")
-                              << QStringLiteral("[API key]?");
+                              << u"[API key]?"_s;
     }
     void keyIsTakenOutOfFailures() {
         QFETCH(QString, key);
@@ -149,12 +146,11 @@ private Q_SLOTS:
             R"({"candidates": [{"content": {"parts": [{"text": "{\u0022location\u0022: \u0022Coffee House\u0022}"}]}}]})";
         const auto result = GeminiClient::readAnswer(200, body, key);
         QVERIFY(result);
-        QCOMPARE(result->location, QStringLiteral("Coffee House"));
+        QCOMPARE(result->location, u"Coffee House"_s);
     }
 
     void errorThatIsNoObjectIsOverlooked() {
-        QCOMPARE(failure(200, R"({"error": "x"})"),
-                 QStringLiteral("Gemini API returned no candidates in response"));
+        QCOMPARE(failure(200, R"({"error": "x"})"), u"Gemini API returned no candidates in response"_s);
     }
 
     void answersWithoutCandidates_data() {
@@ -167,7 +163,7 @@ private Q_SLOTS:
     }
     void answersWithoutCandidates() {
         QFETCH(QByteArray, body);
-        QCOMPARE(failure(200, body), QStringLiteral("Gemini API returned no candidates in response"));
+        QCOMPARE(failure(200, body), u"Gemini API returned no candidates in response"_s);
     }
 
     void candidatesWithoutText_data() {
@@ -188,22 +184,21 @@ private Q_SLOTS:
         QFETCH(QByteArray, candidate);
         QFETCH(QString, reason);
         QCOMPARE(failure(200, "{\"candidates\": [" + candidate + "]}"),
-                 QStringLiteral("Gemini API returned no text content. Finish reason: ") + reason);
+                 u"Gemini API returned no text content. Finish reason: "_s + reason);
     }
 
     void textWithoutAnObjectIsAParseError() {
         QCOMPARE(failure(200, R"({"candidates": [{"content": {"parts": [{"text": "sorry"}]}}]})"),
-                 QStringLiteral("Could not parse JSON from Gemini response. Raw response: sorry"));
+                 u"Could not parse JSON from Gemini response. Raw response: sorry"_s);
     }
 
     void remainingDescriptions() {
         using Kind = GeminiError::Kind;
-        QCOMPARE((GeminiError{Kind::fileRead, 0, QStringLiteral("gone")}).errorDescription(),
-                 QStringLiteral("Failed to read file: gone"));
-        QCOMPARE((GeminiError{Kind::http, 0, QStringLiteral("No HTTP response")}).errorDescription(),
-                 QStringLiteral("Gemini API error: 0 — No HTTP response"));
-        QCOMPARE(errorDescription(TransportError{QStringLiteral("Connection refused")}),
-                 QStringLiteral("Connection refused"));
+        QCOMPARE((GeminiError{Kind::fileRead, 0, u"gone"_s}).errorDescription(),
+                 u"Failed to read file: gone"_s);
+        QCOMPARE((GeminiError{Kind::http, 0, u"No HTTP response"_s}).errorDescription(),
+                 u"Gemini API error: 0 — No HTTP response"_s);
+        QCOMPARE(errorDescription(TransportError{u"Connection refused"_s}), u"Connection refused"_s);
     }
 };
 

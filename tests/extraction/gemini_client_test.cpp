@@ -13,11 +13,12 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Result = std::expected<GeminiReceiptData, ScanError>;
 
 namespace {
 
-const QString key = QStringLiteral("AIza-secret-key");
+const QString key = u"AIza-secret-key"_s;
 
 QCoro::Task<> scanInto(QString path, QString model, QString address,
                        std::shared_ptr<std::optional<Result>> result) {
@@ -25,13 +26,11 @@ QCoro::Task<> scanInto(QString path, QString model, QString address,
 }
 
 QSslConfiguration selfSignedCertificate(const TemporaryHome &home) {
-    const QString keyPath = home.path(QStringLiteral("server.key"));
-    const QString certificatePath = home.path(QStringLiteral("server.pem"));
-    QProcess::execute(QStringLiteral("openssl"),
-                      {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-newkey"),
-                       QStringLiteral("rsa:2048"), QStringLiteral("-nodes"), QStringLiteral("-subj"),
-                       QStringLiteral("/CN=127.0.0.1"), QStringLiteral("-days"), QStringLiteral("2"),
-                       QStringLiteral("-keyout"), keyPath, QStringLiteral("-out"), certificatePath});
+    const QString keyPath = home.path(u"server.key"_s);
+    const QString certificatePath = home.path(u"server.pem"_s);
+    QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s,
+                                     u"-subj"_s, u"/CN=127.0.0.1"_s, u"-days"_s, u"2"_s, u"-keyout"_s,
+                                     keyPath, u"-out"_s, certificatePath});
     QSslConfiguration configuration;
     configuration.setPrivateKey(QSslKey(readFile(keyPath), QSsl::Rsa));
     configuration.setLocalCertificate(QSslCertificate(readFile(certificatePath)));
@@ -48,7 +47,7 @@ private Q_SLOTS:
         server_ = std::make_unique<ScriptedServer>(
             [](const HttpRequest &) { return answering(R"({"amount": 23.5, "currency": "USD"})"); });
         address_ = server_->address();
-        path_ = home_.path(QStringLiteral("receipt.pdf"));
+        path_ = home_.path(u"receipt.pdf"_s);
         writeFile(path_, "the receipt");
     }
 
@@ -58,7 +57,7 @@ private Q_SLOTS:
         const Result result = scan();
         QVERIFY(result);
         QCOMPARE(result->amount, 23.5);
-        QCOMPARE(result->category, QStringLiteral("misc"));
+        QCOMPARE(result->category, u"misc"_s);
         QCOMPARE(server_->requests().size(), 1);
         const HttpRequest request = server_->requests().first();
         QCOMPARE(request.method, QByteArray("POST"));
@@ -69,25 +68,24 @@ private Q_SLOTS:
     }
 
     void unreadableFileEndsBeforeAnyRequest() {
-        path_ = home_.path(QStringLiteral("missing.pdf"));
-        QCOMPARE(failure(), QStringLiteral("Failed to read file: No such file or directory"));
+        path_ = home_.path(u"missing.pdf"_s);
+        QCOMPARE(failure(), u"Failed to read file: No such file or directory"_s);
         QVERIFY(server_->requests().isEmpty());
     }
 
     void unreadableFileCountsBeforeABadAddress() {
-        path_ = home_.path(QStringLiteral("missing.pdf"));
-        address_ = QStringLiteral("http://example.org");
-        QCOMPARE(failure(), QStringLiteral("Failed to read file: No such file or directory"));
+        path_ = home_.path(u"missing.pdf"_s);
+        address_ = u"http://example.org"_s;
+        QCOMPARE(failure(), u"Failed to read file: No such file or directory"_s);
     }
 
     void malformedAddressEndsBeforeAnyRequest() {
-        address_ = QStringLiteral("http://example.org");
-        QCOMPARE(failure(), QStringLiteral("Gemini API error: 0 — Invalid endpoint URL"));
+        address_ = u"http://example.org"_s;
+        QCOMPARE(failure(), u"Gemini API error: 0 — Invalid endpoint URL"_s);
     }
 
     void modelThatMakesNoUrlEndsBeforeAnyRequest() {
-        QCOMPARE(failure(QStringLiteral("my model")),
-                 QStringLiteral("Gemini API error: 0 — Invalid endpoint URL"));
+        QCOMPARE(failure(u"my model"_s), u"Gemini API error: 0 — Invalid endpoint URL"_s);
         QVERIFY(server_->requests().isEmpty());
     }
 
@@ -95,7 +93,7 @@ private Q_SLOTS:
         server_->setScript([](const HttpRequest &) {
             return HttpReply{.status = 403, .body = R"({"error": {"code": 7}})", .headers = {}};
         });
-        QCOMPARE(failure(), QStringLiteral("Gemini API error: 403 — {\"error\": {\"code\": 7}}"));
+        QCOMPARE(failure(), u"Gemini API error: 403 — {\"error\": {\"code\": 7}}"_s);
     }
 
     void everyErrorStatusIsToldByItsNumber_data() {
@@ -108,7 +106,7 @@ private Q_SLOTS:
         QFETCH(int, status);
         server_->setScript(
             [status](const HttpRequest &) { return HttpReply{.status = status, .body = {}, .headers = {}}; });
-        QCOMPARE(failure(), QStringLiteral("Gemini API error: %1").arg(status));
+        QCOMPARE(failure(), u"Gemini API error: %1"_s.arg(status));
     }
 
     void keyNeverStandsInAnErrorText() {
@@ -125,8 +123,7 @@ private Q_SLOTS:
             return HttpReply{
                 .status = 500, .body = QByteArray("\xE2\x82\xAC").repeated(6 * 1024 * 1024), .headers = {}};
         });
-        QCOMPARE(failure(QStringLiteral("m"), 60000),
-                 QStringLiteral("Gemini API error: 500 — ") + QString(500, QChar(0x20AC)));
+        QCOMPARE(failure(u"m"_s, 60000), u"Gemini API error: 500 — "_s + QString(500, QChar(0x20AC)));
     }
 
     void bodyThatIsCutIsATransportErrorEveryTime_data() {
@@ -144,7 +141,7 @@ private Q_SLOTS:
                              .fault = HttpReply::Fault::cutBody};
         });
         for (int round = 0; round < 30; ++round) {
-            QCOMPARE(failure(), QStringLiteral("Connection closed"));
+            QCOMPARE(failure(), u"Connection closed"_s);
         }
     }
 
@@ -178,7 +175,7 @@ private Q_SLOTS:
         server_->setScript([](const HttpRequest &) {
             return HttpReply{.status = 307, .body = "round and round", .headers = {"Location: /again"}};
         });
-        QCOMPARE(failure(), QStringLiteral("Gemini API error: 307 — round and round"));
+        QCOMPARE(failure(), u"Gemini API error: 307 — round and round"_s);
         QVERIFY(server_->requests().size() < 30);
     }
 
@@ -191,7 +188,7 @@ private Q_SLOTS:
             reply.headers = {"Location: " + other.address().toLatin1() + request.target};
             return reply;
         });
-        QCOMPARE(failure(), QStringLiteral("Gemini API error: 307 — go there"));
+        QCOMPARE(failure(), u"Gemini API error: 307 — go there"_s);
         QVERIFY(other.requests().isEmpty());
     }
 
@@ -199,7 +196,7 @@ private Q_SLOTS:
         const QString address = server_->address();
         server_.reset();
         address_ = address;
-        QCOMPARE(failure(), QStringLiteral("Connection refused"));
+        QCOMPARE(failure(), u"Connection refused"_s);
     }
 
     void connectionFaultsAreFailuresWithText_data() {
@@ -226,14 +223,14 @@ private Q_SLOTS:
             reply.headers = {"Content-Encoding: gzip"}; // which it is not
             return reply;
         });
-        QCOMPARE(failure(), QStringLiteral("Decompression failed"));
+        QCOMPARE(failure(), u"Decompression failed"_s);
     }
 
     void hugeAnswerIsCut() {
         server_->setScript([](const HttpRequest &) {
             return HttpReply{.status = 200, .body = QByteArray(20 * 1024 * 1024, ' '), .headers = {}};
         });
-        QCOMPARE(failure(), QStringLiteral("The answer is larger than 16 MB."));
+        QCOMPARE(failure(), u"The answer is larger than 16 MB."_s);
     }
 
     void selfSignedCertificateIsRefused() {
@@ -253,23 +250,23 @@ private Q_SLOTS:
         });
         QElapsedTimer timer;
         timer.start();
-        QCOMPARE(failure(QStringLiteral("m"), 90000), QStringLiteral("The request timed out."));
+        QCOMPARE(failure(u"m"_s, 90000), u"The request timed out."_s);
         QVERIFY(timer.elapsed() >= 59000);
     }
 
 private:
-    Result scan(const QString &model = QStringLiteral("gemini-2.5-flash"), int milliseconds = patience) {
+    Result scan(const QString &model = u"gemini-2.5-flash"_s, int milliseconds = patience) {
         const auto result = std::make_shared<std::optional<Result>>();
         scanInto(path_, model, address_, result);
         if (!waitUntil([&result] { return result->has_value(); }, milliseconds)) {
-            return std::unexpected(ScanError(TransportError{QStringLiteral("the scan never ended")}));
+            return std::unexpected(ScanError(TransportError{u"the scan never ended"_s}));
         }
         return **result;
     }
 
-    QString failure(const QString &model = QStringLiteral("m"), int milliseconds = patience) {
+    QString failure(const QString &model = u"m"_s, int milliseconds = patience) {
         const Result result = scan(model, milliseconds);
-        return result ? QStringLiteral("no failure") : errorDescription(result.error());
+        return result ? u"no failure"_s : errorDescription(result.error());
     }
 
     TemporaryHome home_;

@@ -10,6 +10,7 @@
 #include <QJsonObject>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
@@ -39,19 +40,19 @@ private Q_SLOTS:
     }
 
     void bodyIsTheDocumentedOneMemberByMember() {
-        const QString path = home_.path(QStringLiteral("scan.JPG"));
+        const QString path = home_.path(u"scan.JPG"_s);
         writeFile(path, "receipt \xFF bytes");
         const auto body = GeminiClient::requestBody(path);
         QVERIFY(body);
         QJsonObject expected =
             QJsonDocument::fromJson(
-                readFile(QStringLiteral(FENNICK_SOURCE_DIR "/tests/data/request_body.json")))
+                readFile(QString::fromUtf8(FENNICK_SOURCE_DIR "/tests/data/request_body.json")))
                 .object();
         QCOMPARE(QJsonDocument::fromJson(*body).object(), expected);
     }
 
     void temperatureIsAnIntegerAndTheBodyCompact() {
-        const QString path = home_.path(QStringLiteral("a.pdf"));
+        const QString path = home_.path(u"a.pdf"_s);
         writeFile(path, "x");
         const auto body = GeminiClient::requestBody(path);
         QVERIFY(body->contains("\"temperature\":0}"));
@@ -59,7 +60,7 @@ private Q_SLOTS:
     }
 
     void instructionHas844Characters() {
-        const QString path = home_.path(QStringLiteral("a.pdf"));
+        const QString path = home_.path(u"a.pdf"_s);
         writeFile(path, "x");
         const QJsonObject body = QJsonDocument::fromJson(*GeminiClient::requestBody(path)).object();
         const QString text = body[u"contents"][0][u"parts"][0][u"text"].toString();
@@ -81,7 +82,7 @@ private Q_SLOTS:
         for (qsizetype index = 0; index < size; ++index) {
             content[index] = static_cast<char>(index * 31 % 251);
         }
-        const QString path = home_.path(QStringLiteral("a.pdf"));
+        const QString path = home_.path(u"a.pdf"_s);
         writeFile(path, content);
         const QJsonObject body = QJsonDocument::fromJson(*GeminiClient::requestBody(path)).object();
         const QString data = body[u"contents"][0][u"parts"][1][u"inlineData"][u"data"].toString();
@@ -90,7 +91,7 @@ private Q_SLOTS:
 
     // As after a read error in its middle: what was read before it is not the receipt.
     void fileShorterThanItsSizeIsAnError() {
-        const QString file = QStringLiteral("/sys/devices/system/cpu/online"); // claims a page, has less
+        const QString file = u"/sys/devices/system/cpu/online"_s; // claims a page, has less
         if (!QFileInfo::exists(file) || QFileInfo(file).size() <= readFile(file).size()) {
             QSKIP("This system has no file that claims more than it holds");
         }
@@ -98,10 +99,10 @@ private Q_SLOTS:
     }
 
     void fileThatCannotBeReadIsAnError() {
-        const auto missing = GeminiClient::requestBody(home_.path(QStringLiteral("missing.pdf")));
+        const auto missing = GeminiClient::requestBody(home_.path(u"missing.pdf"_s));
         QVERIFY(!missing);
-        QCOMPARE(missing.error(), QStringLiteral("No such file or directory"));
-        QVERIFY(!GeminiClient::requestBody(home_.path(QStringLiteral("config"))));
+        QCOMPARE(missing.error().description(), u"No such file or directory"_s);
+        QVERIFY(!GeminiClient::requestBody(home_.path(u"config"_s)));
     }
 
 private:

@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,29 +20,28 @@ class NormalisationTest : public QObject {
 
 private Q_SLOTS:
     void bareObjectIsTakenWhole() {
-        QCOMPARE(GeminiClient::extractJSON(QStringLiteral(R"({"a": 1})"))->value(u"a").toInt(), 1);
+        QCOMPARE(GeminiClient::extractJSON(uR"({"a": 1})"_s)->value(u"a").toInt(), 1);
     }
 
     void objectInACodeFenceIsFound() {
-        const auto object =
-            GeminiClient::extractJSON(QStringLiteral("Here it is:\n```json\n{\"a\":\n1}\n```\n"));
+        const auto object = GeminiClient::extractJSON(u"Here it is:\n```json\n{\"a\":\n1}\n```\n"_s);
         QVERIFY(object);
         QCOMPARE(object->value(u"a").toInt(), 1);
     }
 
     void objectInsideAnArrayIsFound() {
-        const auto object = GeminiClient::extractJSON(QStringLiteral(R"([{"a": 1}])"));
+        const auto object = GeminiClient::extractJSON(uR"([{"a": 1}])"_s);
         QVERIFY(object);
         QCOMPARE(object->value(u"a").toInt(), 1);
     }
 
     void anythingElseIsAParseErrorWithTheRawText_data() {
         QTest::addColumn<QString>("text");
-        QTest::newRow("two objects") << QStringLiteral(R"({"a": 1} and {"b": 2})");
-        QTest::newRow("no braces") << QStringLiteral("I cannot read this.");
-        QTest::newRow("braces the wrong way") << QStringLiteral("} {");
-        QTest::newRow("broken object") << QStringLiteral(R"({"a": })");
-        QTest::newRow("array of numbers") << QStringLiteral("[1, 2]");
+        QTest::newRow("two objects") << uR"({"a": 1} and {"b": 2})"_s;
+        QTest::newRow("no braces") << u"I cannot read this."_s;
+        QTest::newRow("braces the wrong way") << u"} {"_s;
+        QTest::newRow("broken object") << uR"({"a": })"_s;
+        QTest::newRow("array of numbers") << u"[1, 2]"_s;
     }
     void anythingElseIsAParseErrorWithTheRawText() {
         QFETCH(QString, text);
@@ -49,11 +49,11 @@ private Q_SLOTS:
         QVERIFY(!object);
         QCOMPARE(object.error(), (GeminiError{GeminiError::Kind::parse, 0, text}));
         QCOMPARE(object.error().errorDescription(),
-                 QStringLiteral("Could not parse JSON from Gemini response. Raw response: ") + text);
+                 u"Could not parse JSON from Gemini response. Raw response: "_s + text);
     }
 
     void rawTextIsCutAfter500Characters() {
-        const QString character = QStringLiteral("e\u0301"); // one character of two units
+        const QString character = u"e\u0301"_s; // one character of two units
         const auto object = GeminiClient::extractJSON(character.repeated(600));
         QVERIFY(!object);
         QCOMPARE(object.error().text, character.repeated(500));
@@ -62,9 +62,8 @@ private Q_SLOTS:
     void whatIsNoJsonIsAParseError_data() {
         QTest::addColumn<QString>("text");
         for (const QString &text :
-             {QStringLiteral("{\"amount\": .5}"), QStringLiteral("{\"amount\": 1.}"),
-              QStringLiteral("{\"summary\": \"a\\qb\"}"), QStringLiteral("{\"summary\": \"a\nb\"}"),
-              QStringLiteral("{\"amount\": 01}"), QStringLiteral("{\"amount\": 1,}")}) {
+             {u"{\"amount\": .5}"_s, u"{\"amount\": 1.}"_s, u"{\"summary\": \"a\\qb\"}"_s,
+              u"{\"summary\": \"a\nb\"}"_s, u"{\"amount\": 01}"_s, u"{\"amount\": 1,}"_s}) {
             QTest::newRow(qPrintable(text)) << text;
         }
     }
@@ -76,27 +75,27 @@ private Q_SLOTS:
     }
 
     void byteOrderMarkBeforeTheObjectDoesNotMatter() {
-        const auto object = GeminiClient::extractJSON(QStringLiteral("\uFEFF{\"a\": 1}"));
+        const auto object = GeminiClient::extractJSON(u"\uFEFF{\"a\": 1}"_s);
         QVERIFY(object);
         QCOMPARE(object->value(u"a").toInt(), 1);
     }
 
     void lastOfARepeatedKeyCounts() {
-        const auto object = GeminiClient::extractJSON(QStringLiteral(R"({"amount": 1, "amount": 2})"));
+        const auto object = GeminiClient::extractJSON(uR"({"amount": 1, "amount": 2})"_s);
         QVERIFY(object);
         QCOMPARE(GeminiClient::normalize(*object).amount, 2.0);
     }
 
     void hugeAndTinyNumbersAreNumbers() {
         const auto amount = [](const QString &number) {
-            const auto object = GeminiClient::extractJSON(QStringLiteral("{\"amount\": %1}").arg(number));
+            const auto object = GeminiClient::extractJSON(u"{\"amount\": %1}"_s.arg(number));
             return object ? GeminiClient::normalize(*object).amount : std::optional(-1.0);
         };
-        QCOMPARE(amount(QStringLiteral("1e-400")), std::optional(0.0));
-        QCOMPARE(amount(QStringLiteral("1e400")), std::nullopt); // not finite
-        QCOMPARE(amount(QStringLiteral("-1e400")), std::nullopt);
-        QCOMPARE(amount(QStringLiteral("18446744073709551616")), std::optional(18446744073709551616.0));
-        QCOMPARE(amount(QStringLiteral("9007199254740993")), std::optional(9007199254740992.0));
+        QCOMPARE(amount(u"1e-400"_s), std::optional(0.0));
+        QCOMPARE(amount(u"1e400"_s), std::nullopt); // not finite
+        QCOMPARE(amount(u"-1e400"_s), std::nullopt);
+        QCOMPARE(amount(u"18446744073709551616"_s), std::optional(18446744073709551616.0));
+        QCOMPARE(amount(u"9007199254740993"_s), std::optional(9007199254740992.0));
     }
 
     void digitsOfEveryScriptMakeADate() {
@@ -109,21 +108,21 @@ private Q_SLOTS:
     void emptyObjectGivesTheFallbacks() {
         const GeminiReceiptData data = normalized("{}");
         QVERIFY(!data.date && !data.time && !data.amount && !data.currency && !data.location);
-        QCOMPARE(data.category, QStringLiteral("misc"));
-        QCOMPARE(data.summary, QStringLiteral("Receipt scanned successfully"));
+        QCOMPARE(data.category, u"misc"_s);
+        QCOMPARE(data.summary, u"Receipt scanned successfully"_s);
     }
 
     void wholeAnswerIsTaken() {
         const GeminiReceiptData data = normalized(
             R"({"date": "2024-05-01", "time": "12:30", "amount": 23.5,)"
             R"("currency": "USD", "location": "Mario\u0027s Cafe", "category": "lunch", "summary": "Lunch"})");
-        QCOMPARE(data.date, QStringLiteral("2024-05-01"));
-        QCOMPARE(data.time, QStringLiteral("12:30"));
+        QCOMPARE(data.date, u"2024-05-01"_s);
+        QCOMPARE(data.time, u"12:30"_s);
         QCOMPARE(data.amount, 23.5);
-        QCOMPARE(data.currency, QStringLiteral("USD"));
-        QCOMPARE(data.location, QStringLiteral("Mario's Cafe"));
-        QCOMPARE(data.category, QStringLiteral("lunch"));
-        QCOMPARE(data.summary, QStringLiteral("Lunch"));
+        QCOMPARE(data.currency, u"USD"_s);
+        QCOMPARE(data.location, u"Mario's Cafe"_s);
+        QCOMPARE(data.category, u"lunch"_s);
+        QCOMPARE(data.summary, u"Lunch"_s);
     }
 
     void dateMustMatchAsItStands_data() {
@@ -198,8 +197,7 @@ private Q_SLOTS:
     }
 
     void locationIsTrimmedAndNeverEmpty() {
-        QCOMPARE(normalized(R"({"location": " \n Dockside Deli \t"})").location,
-                 QStringLiteral("Dockside Deli"));
+        QCOMPARE(normalized(R"({"location": " \n Dockside Deli \t"})").location, u"Dockside Deli"_s);
         QVERIFY(!normalized(R"({"location": ""})").location);
         QVERIFY(!normalized(R"({"location": "  \n"})").location);
         QVERIFY(!normalized(R"({"location": 5})").location);
@@ -229,23 +227,23 @@ private Q_SLOTS:
     }
 
     void summaryIsTrimmedAndNeverEmpty() {
-        QCOMPARE(normalized(R"({"summary": " \nLunch.\n"})").summary, QStringLiteral("Lunch."));
-        QCOMPARE(normalized(R"({"summary": "   "})").summary, QStringLiteral("Receipt scanned successfully"));
-        QCOMPARE(normalized(R"({"summary": 1})").summary, QStringLiteral("Receipt scanned successfully"));
+        QCOMPARE(normalized(R"({"summary": " \nLunch.\n"})").summary, u"Lunch."_s);
+        QCOMPARE(normalized(R"({"summary": "   "})").summary, u"Receipt scanned successfully"_s);
+        QCOMPARE(normalized(R"({"summary": 1})").summary, u"Receipt scanned successfully"_s);
     }
 
     void placeAndSummaryAreBounded() {
         const auto data =
             normalized("{\"location\": \" " + QByteArray("e\xCC\x81").repeated(1500) + "\", \"summary\": \"" +
                        QByteArray(999, 'x') + "  y" + QByteArray(5000, 'z') + "\"}");
-        QCOMPARE(data.location, QStringLiteral("e\u0301").repeated(1000));
+        QCOMPARE(data.location, u"e\u0301"_s.repeated(1000));
         QCOMPARE(data.summary, QString(999, u'x')); // what the cut leaves at the end is trimmed as well
         const auto piled = normalized("{\"summary\": \"e" + QByteArray("\xCC\x81").repeated(100'000) + "\"}");
         QVERIFY(piled.summary.size() <= 16'000);
     }
 
     void halfASurrogateIsReplaced() {
-        QCOMPARE(normalized(R"({"summary": "a\ud83d"})").summary, QStringLiteral("a\uFFFD"));
+        QCOMPARE(normalized(R"({"summary": "a\ud83d"})").summary, u"a\uFFFD"_s);
     }
 };
 

@@ -1,5 +1,7 @@
 #include "extraction/gemini_client.h"
 #include "extraction/on_device_engine.h"
+#include "platform/child_process.h"
+#include "platform/listening_socket.h"
 #include "support/conditions.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
@@ -8,6 +10,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QTcpSocket>
 #include <QThread>
 #include <QUrl>
@@ -21,10 +24,11 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString program = QStringLiteral(FENNICK_BIN_DIR "/fennick-engine");
+const QString program = QString::fromUtf8(FENNICK_BIN_DIR "/fennick-engine");
 
 struct Attempt {
     bool isOver = false;
@@ -78,14 +82,14 @@ struct Scan {
 
 QCoro::Task<> scan(OnDeviceEngine *engine, QString path, std::shared_ptr<Scan> scan) {
     const auto use = co_await engine->use();
-    const auto result = co_await GeminiClient::scan(path, OnDeviceEngine::key, QStringLiteral("m"),
-                                                    engine->address(), engine->engineEnd());
+    const auto result = co_await GeminiClient::scan(path, OnDeviceEngine::key, u"m"_s, engine->address(),
+                                                    engine->engineEnd());
     scan->failure = result ? QString() : errorDescription(result.error());
     scan->isOver = true;
 }
 
 QString script(const TemporaryHome &home, const QByteArray &lines) {
-    const QString path = home.path(QStringLiteral("engine"));
+    const QString path = home.path(u"engine"_s);
     writeFile(path, "#!/bin/sh\n" + lines);
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return path;
@@ -105,6 +109,17 @@ private Q_SLOTS:
         QVERIFY(succeeds(attempt));
         QVERIFY(engine.address().startsWith(u"http://127.0.0.1:"));
         QVERIFY(answers(engine.address()));
+    }
+
+    void engineEndsWhenItsStandardInputCloses() {
+        const auto socket = ListeningSocket::open();
+        QVERIFY(socket);
+        QProcess process;
+        endWithThisProgram(process, {}, (*socket)->descriptor());
+        process.start(program, {u"--socket"_s, QString::number((*socket)->descriptor())});
+        QVERIFY(process.waitForReadyRead(patience));
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished(patience));
     }
 
     void usesAtOneTimeShareOneEngine() {
@@ -174,7 +189,7 @@ private Q_SLOTS:
 
     void openRequestsFailWhenTheEngineEnds() {
         const TemporaryHome home;
-        const QString path = home.path(QStringLiteral("receipt.pdf"));
+        const QString path = home.path(u"receipt.pdf"_s);
         writeFile(path, "a receipt");
         OnDeviceEngine engine(script(home, "echo 'Listening on it'; exec sleep 1000"));
         const auto attempt = std::make_shared<Scan>();
@@ -184,7 +199,7 @@ private Q_SLOTS:
         QVERIFY(!attempt->isOver);
         QCOMPARE(::kill(static_cast<pid_t>(engine.processId()), SIGKILL), 0);
         QVERIFY(waitUntil([&attempt] { return attempt->isOver; }));
-        QCOMPARE(attempt->failure, QStringLiteral("The service has ended unexpectedly."));
+        QCOMPARE(attempt->failure, u"The service has ended unexpectedly."_s);
     }
 
     void engineThatDoesNotEndIsKilled() {
@@ -204,16 +219,16 @@ private Q_SLOTS:
         OnDeviceEngine engine(program);
         const auto attempt = tryToUse(engine);
         QVERIFY(succeeds(attempt));
-        const QString process = QStringLiteral("/proc/%1/").arg(engine.processId());
+        const QString process = u"/proc/%1/"_s.arg(engine.processId());
         const QStringList files =
-            QDir(process + QStringLiteral("fd")).entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+            QDir(process + u"fd"_s).entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
         int sockets = 0;
         for (const QString &file : files) {
-            if (!QFile::symLinkTarget(process + QStringLiteral("fd/") + file).contains(u"socket:")) {
+            if (!QFile::symLinkTarget(process + u"fd/"_s + file).contains(u"socket:")) {
                 continue;
             }
             ++sockets;
-            const QByteArray about = readFile(process + QStringLiteral("fdinfo/") + file);
+            const QByteArray about = readFile(process + u"fdinfo/"_s + file);
             const qsizetype flags = about.indexOf("flags:\t") + 7;
             const int value = about.mid(flags, about.indexOf('\n', flags) - flags).toInt(nullptr, 8);
             QVERIFY2(value & O_CLOEXEC, about.constData());
@@ -259,9 +274,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("lines");
         QTest::addColumn<QString>("reason");
         QTest::newRow("it complains")
-            << QByteArray("echo 'no language data' >&2; exit 1") << QStringLiteral("no language data");
-        QTest::newRow("it says nothing")
-            << QByteArray("exit 1") << QStringLiteral("it has ended unexpectedly");
+            << QByteArray("echo 'no language data' >&2; exit 1") << u"no language data"_s;
+        QTest::newRow("it says nothing") << QByteArray("exit 1") << u"it has ended unexpectedly"_s;
     }
     void reasonIsToldWhenItCannotBeStarted() {
         QFETCH(QByteArray, lines);
@@ -275,11 +289,11 @@ private Q_SLOTS:
     }
 
     void missingEngineIsToldByItsPath() {
-        OnDeviceEngine engine(QStringLiteral("/nowhere/fennick-engine"));
+        OnDeviceEngine engine(u"/nowhere/fennick-engine"_s);
         const auto attempt = tryToUse(engine);
         QVERIFY(attempt->isOver);
         QVERIFY(attempt->use == nullptr);
-        QCOMPARE(engine.failure(), QStringLiteral("/nowhere/fennick-engine is missing"));
+        QCOMPARE(engine.failure(), u"/nowhere/fennick-engine is missing"_s);
     }
 
     void engineThatCouldNotBeStartedIsTriedAgain() {

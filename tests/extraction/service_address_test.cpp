@@ -4,13 +4,14 @@
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QString location(const char *address, const char *model = "m", const char *apiKey = "k") {
     const auto url =
         endpointUrl(QString::fromUtf8(address), QString::fromUtf8(model), QString::fromUtf8(apiKey));
-    return url ? url->toString(QUrl::FullyEncoded) : QStringLiteral("refused");
+    return url ? url->toString(QUrl::FullyEncoded) : u"refused"_s;
 }
 
 } // namespace
@@ -20,25 +21,24 @@ class ServiceAddressTest : public QObject {
 
 private Q_SLOTS:
     void onDeviceStandsForTheOwnEngine() {
-        QVERIFY(isOnDevice(QStringLiteral("on-device")));
-        QVERIFY(!isOnDevice(QStringLiteral("https://on-device")));
-        QVERIFY(!isOnDevice(QStringLiteral("on-device/")));
-        QVERIFY(!endpointUrl(QStringLiteral("on-device"), QStringLiteral("m"), QStringLiteral("k")));
+        QVERIFY(isOnDevice(u"on-device"_s));
+        QVERIFY(!isOnDevice(u"https://on-device"_s));
+        QVERIFY(!isOnDevice(u"on-device/"_s));
+        QVERIFY(!endpointUrl(u"on-device"_s, u"m"_s, u"k"_s));
     }
 
     void locationIsComposedVerbatim() {
         QCOMPARE(location("https://generativelanguage.googleapis.com", "gemini-2.5-flash", "AIza"),
-                 QStringLiteral("https://generativelanguage.googleapis.com/v1beta/models/"
-                                "gemini-2.5-flash:generateContent?key=AIza"));
+                 u"https://generativelanguage.googleapis.com/v1beta/models/"
+                 "gemini-2.5-flash:generateContent?key=AIza"_s);
         QCOMPARE(location("http://127.0.0.1:47111", "tuned/x", "a+b%20c"),
-                 QStringLiteral("http://127.0.0.1:47111/v1beta/models/tuned/x:generateContent?key=a+b%20c"));
+                 u"http://127.0.0.1:47111/v1beta/models/tuned/x:generateContent?key=a+b%20c"_s);
     }
 
     void keyKeepsItsByteOrderMark() {
-        const auto url = endpointUrl(QStringLiteral("https://example.org"), QStringLiteral("m"),
-                                     QStringLiteral("\uFEFFk"));
+        const auto url = endpointUrl(u"https://example.org"_s, u"m"_s, u"\uFEFFk"_s);
         QVERIFY(url);
-        QCOMPARE(url->query(QUrl::FullyEncoded), QStringLiteral("key=%EF%BB%BFk"));
+        QCOMPARE(url->query(QUrl::FullyEncoded), u"key=%EF%BB%BFk"_s);
     }
 
     void plainHttpIsForLoopbackOnly_data() {
@@ -76,9 +76,9 @@ private Q_SLOTS:
     }
 
     void modelOrKeyThatMakesNoUrlIsRefused() {
-        QCOMPARE(location("https://example.org", "my model", "k"), QStringLiteral("refused"));
-        QCOMPARE(location("https://example.org", "m", "a b"), QStringLiteral("refused"));
-        QCOMPARE(location("https://example.org", "m", "a%zz"), QStringLiteral("refused"));
+        QCOMPARE(location("https://example.org", "my model", "k"), u"refused"_s);
+        QCOMPARE(location("https://example.org", "m", "a b"), u"refused"_s);
+        QCOMPARE(location("https://example.org", "m", "a%zz"), u"refused"_s);
     }
 };
 

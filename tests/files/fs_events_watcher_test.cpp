@@ -17,6 +17,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 using Clock = std::chrono::steady_clock;
 using std::chrono::duration_cast;
 using std::chrono::milliseconds;
@@ -69,7 +70,7 @@ class FsEventsWatcherTest : public QObject {
 private Q_SLOTS:
     void init() {
         folder_ = std::make_unique<QTemporaryDir>();
-        root_ = folder_->filePath(QStringLiteral("watched"));
+        root_ = folder_->filePath(u"watched"_s);
         QDir().mkpath(root_);
         log_ = std::make_unique<Log>();
     }
@@ -137,12 +138,12 @@ private Q_SLOTS:
     }
 
     void filesOfAMovedInTreeAreTold() {
-        const QString outside = folder_->filePath(QStringLiteral("outside"));
+        const QString outside = folder_->filePath(u"outside"_s);
         QSet<QString> expected;
         for (int index = 0; index < 40; ++index) {
-            const QString name = QStringLiteral("/sub%1/a.pdf").arg(index);
+            const QString name = u"/sub%1/a.pdf"_s.arg(index);
             writeFile(outside + name, "x");
-            expected.insert(root_ + QStringLiteral("/moved") + name);
+            expected.insert(root_ + u"/moved"_s + name);
         }
         start();
         QVERIFY(QDir().rename(outside, path("moved")));
@@ -154,11 +155,11 @@ private Q_SLOTS:
     void folderMovedOutIsNoLongerWatched() {
         QDir().mkpath(path("sub/deep"));
         start();
-        const QString outside = folder_->filePath(QStringLiteral("outside"));
+        const QString outside = folder_->filePath(u"outside"_s);
         QVERIFY(QDir().rename(path("sub"), outside));
         QVERIFY(waitUntil([&] { return isTold("sub"); }));
         const qsizetype before = log_->paths().size();
-        writeFile(outside + QStringLiteral("/deep/a.pdf"), "x");
+        writeFile(outside + u"/deep/a.pdf"_s, "x");
         write("marker.pdf");
         QVERIFY(waitUntil([&] { return isTold("marker.pdf"); }));
         QCOMPARE(log_->paths().size(), before + 1);
@@ -192,11 +193,10 @@ private Q_SLOTS:
     }
 
     void folderAboveThatIsMovedAndMadeAgainIsNoticed() {
-        root_ = folder_->filePath(QStringLiteral("above/between/watched"));
+        root_ = folder_->filePath(u"above/between/watched"_s);
         QDir().mkpath(root_);
         start();
-        QVERIFY(QDir().rename(folder_->filePath(QStringLiteral("above")),
-                              folder_->filePath(QStringLiteral("elsewhere"))));
+        QVERIFY(QDir().rename(folder_->filePath(u"above"_s), folder_->filePath(u"elsewhere"_s)));
         write("a.pdf");
         QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
         write("sub/b.pdf");
@@ -213,18 +213,18 @@ private Q_SLOTS:
         for (const char *const name : {"first/watched", "second/watched"}) {
             QDir().mkpath(folder_->filePath(QString::fromLatin1(name)));
         }
-        const QString link = folder_->filePath(QStringLiteral("current"));
+        const QString link = folder_->filePath(u"current"_s);
         const QString prefix = isRelative ? QString() : folder_->path() + u'/';
-        QVERIFY(QFile::link(prefix + QStringLiteral("first"), link));
-        root_ = link + QStringLiteral("/watched");
+        QVERIFY(QFile::link(prefix + u"first"_s, link));
+        root_ = link + u"/watched"_s;
         start();
         write("before.pdf");
         QVERIFY(waitUntil([&] { return isTold("before.pdf"); }));
-        QVERIFY(QFile::link(prefix + QStringLiteral("second"), link + QStringLiteral(".new")));
-        QCOMPARE(std::rename(QFile::encodeName(link + QStringLiteral(".new")).constData(),
-                             QFile::encodeName(link).constData()),
-                 0);
-        writeFile(folder_->filePath(QStringLiteral("second/watched/after.pdf")), "x");
+        QVERIFY(QFile::link(prefix + u"second"_s, link + u".new"_s));
+        QCOMPARE(
+            std::rename(QFile::encodeName(link + u".new"_s).constData(), QFile::encodeName(link).constData()),
+            0);
+        writeFile(folder_->filePath(u"second/watched/after.pdf"_s), "x");
         QVERIFY(waitUntil([&] { return isTold("after.pdf"); }));
         write("later.pdf");
         QVERIFY(waitUntil([&] { return isTold("later.pdf"); }));
@@ -243,12 +243,12 @@ private Q_SLOTS:
     void rootThatIsMovedAwayAndMadeAgainIsWatchedAgain() {
         QDir().mkpath(path("sub"));
         start();
-        const QString elsewhere = folder_->filePath(QStringLiteral("elsewhere"));
+        const QString elsewhere = folder_->filePath(u"elsewhere"_s);
         QVERIFY(QDir().rename(root_, elsewhere));
         write("a.pdf");
         QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
         const qsizetype before = log_->paths().size();
-        writeFile(elsewhere + QStringLiteral("/sub/strange.pdf"), "x");
+        writeFile(elsewhere + u"/sub/strange.pdf"_s, "x");
         write("marker.pdf");
         QVERIFY(waitUntil([&] { return isTold("marker.pdf"); }));
         QCOMPARE(log_->paths().size(), before + 1);
@@ -313,7 +313,7 @@ private Q_SLOTS:
         start();
         write("a.pdf");
         QVERIFY(waitUntil([&] { return isTold("a.pdf"); }));
-        QCOMPARE(log_->batches().first().threadName, QStringLiteral("org.fennick.Fennick.fsevents"));
+        QCOMPARE(log_->batches().first().threadName, u"org.fennick.Fennick.fsevents"_s);
     }
 
     void namesOutsideAsciiAreToldAsTheyAre() {
@@ -323,19 +323,19 @@ private Q_SLOTS:
     }
 
     void linkedFoldersAreNotFollowed() {
-        const QString outside = folder_->filePath(QStringLiteral("outside"));
+        const QString outside = folder_->filePath(u"outside"_s);
         QDir().mkpath(outside);
         QFile::link(outside, path("link"));
         QFile::link(root_, path("loop"));
         start();
-        writeFile(outside + QStringLiteral("/a.pdf"), "x");
+        writeFile(outside + u"/a.pdf"_s, "x");
         write("marker.pdf");
         QVERIFY(waitUntil([&] { return isTold("marker.pdf"); }));
         QCOMPARE(log_->paths(), QSet<QString>{path("marker.pdf")});
     }
 
     void overflowingQueueLosesNoFile() {
-        QFile limit(QStringLiteral("/proc/sys/fs/inotify/max_queued_events"));
+        QFile limit(u"/proc/sys/fs/inotify/max_queued_events"_s);
         if (!limit.open(QIODevice::ReadOnly)) {
             QSKIP("The queue's size cannot be read");
         }

@@ -9,6 +9,7 @@
 
 using namespace fennick;
 using namespace fennick::engine;
+using namespace Qt::StringLiterals;
 using fuzz::require;
 
 namespace {
@@ -31,7 +32,7 @@ void checkRequest(const HttpHead &head, const QByteArray &body) {
         checkError(model.error());
         return;
     }
-    if (const auto key = checkedKey(QUrlQuery(head.target).queryItemValue(QStringLiteral("key"))); !key) {
+    if (const auto key = checkedKey(QUrlQuery(head.target).queryItemValue(u"key"_s)); !key) {
         checkError(key.error());
         return;
     }

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using fuzz::require;
 
 namespace {
@@ -42,7 +43,7 @@ QByteArray contentOf(const QString &path) {
 // afterwards, but for the one file's name.
 void checkRenaming(Receipt receipt, bool isTaken) {
     const QTemporaryDir folder;
-    receipt.filePath = folder.filePath(QStringLiteral("scan.PDF"));
+    receipt.filePath = folder.filePath(u"scan.PDF"_s);
     const auto write = [](const QString &path, const QByteArray &bytes) {
         QFile file(path);
         return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.write(bytes) == bytes.size();

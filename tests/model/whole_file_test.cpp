@@ -108,7 +108,7 @@ private Q_SLOTS:
         const auto saved = WholeFile(path_).rewrite("new");
         QVERIFY(
             QFile::setPermissions(folder_->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-        QCOMPARE(saved.error(), u"Permission denied"_s);
+        QCOMPARE(saved.error().description(), u"Permission denied"_s);
         QCOMPARE(readFile(path_), "old");
     }
 

@@ -248,13 +248,12 @@ private Q_SLOTS:
         pipeline_->start();
         QByteArray content = "in the old folder";
         QTimer writer;
-        connect(&writer, &QTimer::timeout, this,
-                [&] { pipeline_->drop(QStringLiteral("a.pdf"), content += '.'); });
+        connect(&writer, &QTimer::timeout, this, [&] { pipeline_->drop(u"a.pdf"_s, content += '.'); });
         writer.start(50);
-        QVERIFY(waitUntil([&] { return QFile::exists(pipeline_->path(QStringLiteral("a.pdf"))); }));
-        pipeline_->drop(QStringLiteral("b.pdf"), "a later event");
+        QVERIFY(waitUntil([&] { return QFile::exists(pipeline_->path(u"a.pdf"_s)); }));
+        pipeline_->drop(u"b.pdf"_s, "a later event");
         QVERIFY(waitUntil([this] { return !pipeline_->receipts().isEmpty(); }));
-        pipeline_->appState->startWatching(surroundings_.home.path(QStringLiteral("other")));
+        pipeline_->appState->startWatching(surroundings_.home.path(u"other"_s));
         writer.stop();
         QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
         QVERIFY(pipeline_->sentDocuments().contains(content));

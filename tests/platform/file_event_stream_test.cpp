@@ -15,13 +15,14 @@
 using namespace fennick;
 using namespace fennick::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 PrivateNamespace allowed;
 
-const QString watchLimit = QStringLiteral("/proc/sys/user/max_inotify_watches");
-const QString instanceLimit = QStringLiteral("/proc/sys/user/max_inotify_instances");
+const QString watchLimit = u"/proc/sys/user/max_inotify_watches"_s;
+const QString instanceLimit = u"/proc/sys/user/max_inotify_instances"_s;
 
 // Changes one of the user's limits for as long as it lives.
 class Limit {
@@ -60,13 +61,12 @@ private Q_SLOTS:
         }
         const Limit limit(watchLimit, "2"); // the folder itself and one below it
         start();
-        for (const QString &name : {QStringLiteral("a/1.pdf"), QStringLiteral("b/2.pdf"),
-                                    QStringLiteral("c/3.pdf"), QStringLiteral("d/4.pdf")}) {
+        for (const QString &name : {u"a/1.pdf"_s, u"b/2.pdf"_s, u"c/3.pdf"_s, u"d/4.pdf"_s}) {
             writeFile(folder_->filePath(name), "x");
             QVERIFY2(waitFor(name), qPrintable(name));
         }
-        QVERIFY(QFile::link(QStringLiteral("/nowhere"), folder_->filePath(QStringLiteral("d/link.pdf"))));
-        QVERIFY(waitFor(QStringLiteral("d/link.pdf")));
+        QVERIFY(QFile::link(u"/nowhere"_s, folder_->filePath(u"d/link.pdf"_s)));
+        QVERIFY(waitFor(u"d/link.pdf"_s));
     }
 
     void withoutAnyWatchTheFolderIsListed() {
@@ -76,13 +76,13 @@ private Q_SLOTS:
         {
             const Limit limit(instanceLimit, "0");
             start();
-            writeFile(folder_->filePath(QStringLiteral("1.pdf")), "x");
-            QVERIFY(waitFor(QStringLiteral("1.pdf")));
-            writeFile(folder_->filePath(QStringLiteral("1.pdf")), "changed");
-            QVERIFY(waitFor(QStringLiteral("1.pdf")));
+            writeFile(folder_->filePath(u"1.pdf"_s), "x");
+            QVERIFY(waitFor(u"1.pdf"_s));
+            writeFile(folder_->filePath(u"1.pdf"_s), "changed");
+            QVERIFY(waitFor(u"1.pdf"_s));
         }
-        writeFile(folder_->filePath(QStringLiteral("2.pdf")), "x"); // when there are watches again
-        QVERIFY(waitFor(QStringLiteral("2.pdf")));
+        writeFile(folder_->filePath(u"2.pdf"_s), "x"); // when there are watches again
+        QVERIFY(waitFor(u"2.pdf"_s));
     }
 
     void fileSystemMountedOverTheFolderIsTold() {
@@ -90,44 +90,43 @@ private Q_SLOTS:
             QSKIP("Nothing can be mounted here.");
         }
         start();
-        writeFile(folder_->filePath(QStringLiteral("below.pdf")), "x");
-        QVERIFY(waitFor(QStringLiteral("below.pdf")));
+        writeFile(folder_->filePath(u"below.pdf"_s), "x");
+        QVERIFY(waitFor(u"below.pdf"_s));
         QVERIFY(mountSmallFileSystem(folder_->path(), 64));
-        writeFile(folder_->filePath(QStringLiteral("mounted.pdf")), "x");
-        QVERIFY(waitFor(QStringLiteral("mounted.pdf")));
+        writeFile(folder_->filePath(u"mounted.pdf"_s), "x");
+        QVERIFY(waitFor(u"mounted.pdf"_s));
         QVERIFY(unmount(folder_->path()));
-        QVERIFY(waitFor(QStringLiteral("below.pdf"))); // which lies in the folder again
-        writeFile(folder_->filePath(QStringLiteral("later.pdf")), "x");
-        QVERIFY(waitFor(QStringLiteral("later.pdf")));
+        QVERIFY(waitFor(u"below.pdf"_s)); // which lies in the folder again
+        writeFile(folder_->filePath(u"later.pdf"_s), "x");
+        QVERIFY(waitFor(u"later.pdf"_s));
     }
 
     void fileSystemMountedOnASubFolderIsTold() {
         if (!allowed.canMount) {
             QSKIP("Nothing can be mounted here.");
         }
-        const QString sub = folder_->filePath(QStringLiteral("sub"));
+        const QString sub = folder_->filePath(u"sub"_s);
         QDir().mkpath(sub);
         start();
         QVERIFY(mountSmallFileSystem(sub, 64));
-        writeFile(sub + QStringLiteral("/mounted.pdf"), "x");
-        QVERIFY(waitFor(QStringLiteral("sub/mounted.pdf")));
+        writeFile(sub + u"/mounted.pdf"_s, "x");
+        QVERIFY(waitFor(u"sub/mounted.pdf"_s));
         QVERIFY(unmount(sub));
-        writeFile(sub + QStringLiteral("/below.pdf"), "x");
-        QVERIFY(waitFor(QStringLiteral("sub/below.pdf")));
+        writeFile(sub + u"/below.pdf"_s, "x");
+        QVERIFY(waitFor(u"sub/below.pdf"_s));
     }
 
     void listingTellsNewAndChangedFilesOnce() {
         TreeListing listing(folder_->path().toStdString());
         QCOMPARE(refreshed(listing), QStringList());
-        writeFile(folder_->filePath(QStringLiteral("a/1.pdf")), "x");
-        writeFile(folder_->filePath(QStringLiteral("2.pdf")), "x");
-        QFile::link(folder_->path(), folder_->filePath(QStringLiteral("a/loop")));
-        QCOMPARE(refreshed(listing),
-                 (QStringList{QStringLiteral("2.pdf"), QStringLiteral("a/1.pdf"), QStringLiteral("a/loop")}));
+        writeFile(folder_->filePath(u"a/1.pdf"_s), "x");
+        writeFile(folder_->filePath(u"2.pdf"_s), "x");
+        QFile::link(folder_->path(), folder_->filePath(u"a/loop"_s));
+        QCOMPARE(refreshed(listing), (QStringList{u"2.pdf"_s, u"a/1.pdf"_s, u"a/loop"_s}));
         QCOMPARE(refreshed(listing), QStringList());
-        writeFile(folder_->filePath(QStringLiteral("2.pdf")), "longer");
-        QCOMPARE(refreshed(listing), QStringList{QStringLiteral("2.pdf")});
-        QFile::remove(folder_->filePath(QStringLiteral("2.pdf")));
+        writeFile(folder_->filePath(u"2.pdf"_s), "longer");
+        QCOMPARE(refreshed(listing), QStringList{u"2.pdf"_s});
+        QFile::remove(folder_->filePath(u"2.pdf"_s));
         QCOMPARE(refreshed(listing), QStringList());
     }
 
@@ -135,7 +134,7 @@ private Q_SLOTS:
 
 private:
     void start() {
-        stream_ = FileEventStream::create(folder_->path(), 50ms, 200ms, QStringLiteral("test"),
+        stream_ = FileEventStream::create(folder_->path(), 50ms, 200ms, u"test"_s,
                                           [this](const QList<FileEvent> &events) {
                                               const QMutexLocker lock(&mutex_);
                                               for (const FileEvent &event : events) {

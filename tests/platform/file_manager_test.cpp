@@ -9,6 +9,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 // A file manager as programs see it on the session bus.
 class ListeningFileManager : public QObject {
@@ -30,16 +31,15 @@ class FileManagerTest : public QObject {
 private Q_SLOTS:
     void revealSelectsTheFileInTheFileManager() {
         ListeningFileManager fileManager;
-        QDBusConnection peer =
-            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("file manager"));
-        QVERIFY(peer.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &fileManager,
+        QDBusConnection peer = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"file manager"_s);
+        QVERIFY(peer.registerObject(u"/org/freedesktop/FileManager1"_s, &fileManager,
                                     QDBusConnection::ExportAllSlots));
-        QVERIFY(peer.registerService(QStringLiteral("org.freedesktop.FileManager1")));
-        FileManager::reveal(QStringLiteral("/home/me/Receipts/50% off #1 ü.pdf"));
+        QVERIFY(peer.registerService(u"org.freedesktop.FileManager1"_s));
+        FileManager::reveal(u"/home/me/Receipts/50% off #1 ü.pdf"_s);
         QVERIFY(waitUntil([&fileManager] { return !fileManager.shown.isEmpty(); }));
         QCOMPARE(fileManager.shown,
-                 QStringList(QStringLiteral("file:///home/me/Receipts/50%25%20off%20%231%20%C3%BC.pdf")));
-        QDBusConnection::disconnectFromBus(QStringLiteral("file manager"));
+                 QStringList(u"file:///home/me/Receipts/50%25%20off%20%231%20%C3%BC.pdf"_s));
+        QDBusConnection::disconnectFromBus(u"file manager"_s);
     }
 
 private:

@@ -16,6 +16,7 @@
 
 using namespace fennick;
 using namespace fennick::test;
+using namespace Qt::StringLiterals;
 
 class FileOperationsTest : public QObject {
     Q_OBJECT
@@ -23,62 +24,59 @@ class FileOperationsTest : public QObject {
 private Q_SLOTS:
     void init() {
         folder_ = std::make_unique<QTemporaryDir>();
-        elsewhere_ = std::make_unique<QTemporaryDir>(QStringLiteral("/dev/shm/fennick-test-XXXXXX"));
+        elsewhere_ = std::make_unique<QTemporaryDir>(u"/dev/shm/fennick-test-XXXXXX"_s);
         writeFile(path("source.pdf"), "source");
     }
 
     void fileIsMoved_data() { addPlaces(); }
     void fileIsMoved() {
         QFETCH(bool, isElsewhere);
-        const QString target = place(isElsewhere) + QStringLiteral("/target.pdf");
+        const QString target = place(isElsewhere) + u"/target.pdf"_s;
         QVERIFY(FileOperations::moveWithoutReplacing(path("source.pdf"), target));
         QCOMPARE(readFile(target), "source");
         QVERIFY(!QFile::exists(path("source.pdf")));
-        QCOMPARE(entries(place(isElsewhere)), QStringList{QStringLiteral("target.pdf")});
+        QCOMPARE(entries(place(isElsewhere)), QStringList{u"target.pdf"_s});
     }
 
     void nothingIsReplaced_data() { addPlaces(); }
     void nothingIsReplaced() {
         QFETCH(bool, isElsewhere);
-        const QString target = place(isElsewhere) + QStringLiteral("/target.pdf");
+        const QString target = place(isElsewhere) + u"/target.pdf"_s;
         writeFile(target, "other");
         QVERIFY(!FileOperations::moveWithoutReplacing(path("source.pdf"), target));
         QVERIFY(!FileOperations::copyDurably(path("source.pdf"), target));
         QCOMPARE(readFile(target), "other");
         QCOMPARE(readFile(path("source.pdf")), "source");
-        QVERIFY(entries(place(isElsewhere)).filter(QStringLiteral(".moving-")).isEmpty());
+        QVERIFY(entries(place(isElsewhere)).filter(u".moving-"_s).isEmpty());
     }
 
     void nameWithANullCharacterIsNoOtherName_data() { addPlaces(); }
     void nameWithANullCharacterIsNoOtherName() {
         QFETCH(bool, isElsewhere);
-        writeFile(place(isElsewhere) + QStringLiteral("/target"), "other");
-        const QString target =
-            place(isElsewhere) + QStringLiteral("/target") + QChar(QChar::Null) + QStringLiteral(".pdf");
+        writeFile(place(isElsewhere) + u"/target"_s, "other");
+        const QString target = place(isElsewhere) + u"/target"_s + QChar(QChar::Null) + u".pdf"_s;
         QVERIFY(!FileOperations::moveWithoutReplacing(path("source.pdf"), target));
         QVERIFY(!FileOperations::copyDurably(path("source.pdf"), target));
-        QCOMPARE(readFile(place(isElsewhere) + QStringLiteral("/target")), "other");
+        QCOMPARE(readFile(place(isElsewhere) + u"/target"_s), "other");
         QCOMPARE(readFile(path("source.pdf")), "source");
     }
 
     void partsOfMovesAreRemovedWhileTheirSourcesAreThere() {
-        for (const QString &name : {partOf("source.pdf"), QStringLiteral(".moving-0123"),
-                                    QStringLiteral(".other"), QStringLiteral("moving-1")}) {
+        for (const QString &name : {partOf("source.pdf"), u".moving-0123"_s, u".other"_s, u"moving-1"_s}) {
             writeFile(folder_->filePath(name), "x");
         }
         FileOperations::settlePartsOfMoves(folder_->path(), {path("source.pdf"), path("other.pdf")});
         QCOMPARE(entries(folder_->path()),
-                 (QStringList{QStringLiteral(".moving-0123"), QStringLiteral(".other"),
-                              QStringLiteral("moving-1"), QStringLiteral("source.pdf")}));
+                 (QStringList{u".moving-0123"_s, u".other"_s, u"moving-1"_s, u"source.pdf"_s}));
     }
 
     void partThatIsTheOnlyCopyGetsItsName() {
         const QString archive = place(false);
         writeFile(joinedPath(archive, partOf("gone.pdf")), "the only copy");
-        writeFile(joinedPath(archive, QStringLiteral("gone.pdf")), "another");
+        writeFile(joinedPath(archive, u"gone.pdf"_s), "another");
         FileOperations::settlePartsOfMoves(archive, {path("source.pdf"), path("gone.pdf")});
-        QCOMPARE(entries(archive), (QStringList{QStringLiteral("gone (2).pdf"), QStringLiteral("gone.pdf")}));
-        QCOMPARE(readFile(joinedPath(archive, QStringLiteral("gone (2).pdf"))), "the only copy");
+        QCOMPARE(entries(archive), (QStringList{u"gone (2).pdf"_s, u"gone.pdf"_s}));
+        QCOMPARE(readFile(joinedPath(archive, u"gone (2).pdf"_s)), "the only copy");
     }
 
     void timeOfTheLastChangeIsKept_data() { addPlaces(); }
@@ -90,7 +88,7 @@ private Q_SLOTS:
             QVERIFY(file.open(QIODevice::ReadWrite) &&
                     file.setFileTime(moment, QFileDevice::FileModificationTime));
         }
-        const QString target = place(isElsewhere) + QStringLiteral("/target.pdf");
+        const QString target = place(isElsewhere) + u"/target.pdf"_s;
         QVERIFY(FileOperations::moveWithoutReplacing(path("source.pdf"), target));
         QCOMPARE(QFileInfo(target).lastModified(), moment);
     }
@@ -98,7 +96,7 @@ private Q_SLOTS:
     void linkIsMovedAsALink_data() { addPlaces(); }
     void linkIsMovedAsALink() {
         QFETCH(bool, isElsewhere);
-        const QString target = place(isElsewhere) + QStringLiteral("/target.pdf");
+        const QString target = place(isElsewhere) + u"/target.pdf"_s;
         QVERIFY(QFile::link(path("source.pdf"), path("link.pdf")));
         QVERIFY(FileOperations::moveWithoutReplacing(path("link.pdf"), target));
         QCOMPARE(QFileInfo(target).symLinkTarget(), path("source.pdf"));
@@ -109,21 +107,21 @@ private Q_SLOTS:
     void folderIsMovedWithAllThatIsInIt_data() { addPlaces(); }
     void folderIsMovedWithAllThatIsInIt() {
         QFETCH(bool, isElsewhere);
-        const QString target = place(isElsewhere) + QStringLiteral("/folder.pdf");
+        const QString target = place(isElsewhere) + u"/folder.pdf"_s;
         writeFile(path("folder.pdf/a.txt"), "a");
         writeFile(path("folder.pdf/.hidden/b.txt"), "b");
-        QVERIFY(QFile::link(QStringLiteral("a.txt"), path("folder.pdf/link")));
+        QVERIFY(QFile::link(u"a.txt"_s, path("folder.pdf/link")));
         QVERIFY(FileOperations::moveWithoutReplacing(path("folder.pdf"), target));
-        QCOMPARE(readFile(target + QStringLiteral("/a.txt")), "a");
-        QCOMPARE(readFile(target + QStringLiteral("/.hidden/b.txt")), "b");
-        QVERIFY(QFileInfo(target + QStringLiteral("/link")).isSymLink());
+        QCOMPARE(readFile(target + u"/a.txt"_s), "a");
+        QCOMPARE(readFile(target + u"/.hidden/b.txt"_s), "b");
+        QVERIFY(QFileInfo(target + u"/link"_s).isSymLink());
         QVERIFY(!QFileInfo::exists(path("folder.pdf")));
     }
 
     void folderThatCannotBeCopiedWholeStays() {
         writeFile(path("folder.pdf/a.txt"), "a");
         QCOMPARE(::mkfifo(QFile::encodeName(path("folder.pdf/pipe")).constData(), 0600), 0);
-        const QString target = elsewhere_->filePath(QStringLiteral("folder.pdf"));
+        const QString target = elsewhere_->filePath(u"folder.pdf"_s);
         QVERIFY(!FileOperations::moveWithoutReplacing(path("folder.pdf"), target));
         QCOMPARE(readFile(path("folder.pdf/a.txt")), "a");
         QVERIFY(QDir(elsewhere_->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
@@ -135,8 +133,8 @@ private Q_SLOTS:
         writeFile(path("documents/thesis.pdf"), "my thesis");
         QDir().mkpath(path("watched"));
         QVERIFY(QFile::link(path("documents"), path("watched/sub")));
-        QVERIFY(!FileOperations::moveWithoutReplacing(
-            path("watched/sub/thesis.pdf"), place(isElsewhere) + QStringLiteral("/x.pdf"), path("watched")));
+        QVERIFY(!FileOperations::moveWithoutReplacing(path("watched/sub/thesis.pdf"),
+                                                      place(isElsewhere) + u"/x.pdf"_s, path("watched")));
         QCOMPARE(readFile(path("documents/thesis.pdf")), "my thesis");
     }
 
@@ -154,8 +152,8 @@ private Q_SLOTS:
         QVERIFY(FileOperations::makeFolder(deep));
         QVERIFY(FileOperations::makeFolder(deep + u'/'));
         QVERIFY(QFileInfo(deep).isDir());
-        QCOMPARE(FileOperations::makeFolder(path("source.pdf/below")).error(),
-                 QStringLiteral("Not a directory"));
+        QCOMPARE(FileOperations::makeFolder(path("source.pdf/below")).error().description(),
+                 u"Not a directory"_s);
         QVERIFY(!FileOperations::makeFolder(path("source.pdf")));
     }
 
@@ -170,12 +168,12 @@ private:
     QString partOf(const char *source) const {
         const QByteArray hash =
             QCryptographicHash::hash(path(source).toUtf8(), QCryptographicHash::Sha1).toHex();
-        return QStringLiteral(".moving-") + QString::fromLatin1(hash) + QStringLiteral("-1");
+        return u".moving-"_s + QString::fromLatin1(hash) + u"-1"_s;
     }
 
     QString path(const char *name) const { return folder_->filePath(QString::fromUtf8(name)); }
     QString place(bool isElsewhere) const {
-        const QString below = folder_->filePath(QStringLiteral("below"));
+        const QString below = folder_->filePath(u"below"_s);
         QDir().mkpath(below);
         return isElsewhere ? elsewhere_->path() : below;
     }

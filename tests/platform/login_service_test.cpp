@@ -9,6 +9,7 @@
 #include <memory>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
@@ -18,7 +19,7 @@ class LoginServiceTest : public QObject {
 private Q_SLOTS:
     void init() {
         home_ = std::make_unique<test::TemporaryHome>();
-        entry_ = home_->path(QStringLiteral("config/autostart/org.fennick.Fennick.desktop"));
+        entry_ = home_->path(u"config/autostart/org.fennick.Fennick.desktop"_s);
     }
 
     void registeringWritesAnAutostartEntryForThisProgram() {
@@ -51,7 +52,7 @@ private Q_SLOTS:
     }
 
     void failureIsToldByTheResult() {
-        writeFile(home_->path(QStringLiteral("config/autostart")), "a file where the folder should be");
+        writeFile(home_->path(u"config/autostart"_s), "a file where the folder should be");
         QVERIFY(!setLaunchAtLogin(true));
     }
 

@@ -1,4 +1,4 @@
-#include "platform/photo_change_linux.h"
+#include "platform/photo_change.h"
 #include "platform/photo_library.h"
 #include "platform/regular_file.h"
 #include "support/temporary_home.h"
@@ -14,6 +14,7 @@
 #include <memory>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
@@ -23,64 +24,61 @@ class PhotoLibraryTest : public QObject {
 private Q_SLOTS:
     void init() {
         home_ = std::make_unique<test::TemporaryHome>();
-        QDir().mkpath(home_->path(QStringLiteral("Pictures")));
+        QDir().mkpath(home_->path(u"Pictures"_s));
         QDir().mkpath(journals());
     }
 
     void addsCopiesUnderTheirOwnNames() {
         QVERIFY(add({{image("Lunch.jpg")}, {}, {}}));
-        QCOMPARE(readFile(home_->photoLibrary() + QStringLiteral("/Lunch.jpg")), QByteArray("Lunch.jpg"));
+        QCOMPARE(readFile(home_->photoLibrary() + u"/Lunch.jpg"_s), QByteArray("Lunch.jpg"));
         QVERIFY(QFile::exists(image("Lunch.jpg")));
-        QCOMPARE(entries(), QStringList{QStringLiteral("Lunch.jpg")});
+        QCOMPARE(entries(), QStringList{u"Lunch.jpg"_s});
     }
 
     void nameThatIsTakenGetsANumberAndNothingIsReplaced() {
         for (int i = 0; i < 3; ++i) {
             QVERIFY(add({{image("Lunch.jpg")}, {}, {}}));
         }
-        QCOMPARE(entries(), (QStringList{QStringLiteral("Lunch (2).jpg"), QStringLiteral("Lunch (3).jpg"),
-                                         QStringLiteral("Lunch.jpg")}));
+        QCOMPARE(entries(), (QStringList{u"Lunch (2).jpg"_s, u"Lunch (3).jpg"_s, u"Lunch.jpg"_s}));
     }
 
     void newAlbumKeepsItsExactTitle() {
-        const QString title = QStringLiteral("Expenses: 2025-03-03");
+        const QString title = u"Expenses: 2025-03-03"_s;
         QVERIFY(!PhotoLibrary::fetchAlbum(title));
         QVERIFY(add({{image("a.jpg")}, {}, title}));
         const auto album = PhotoLibrary::fetchAlbum(title);
         QVERIFY(album);
-        QCOMPARE(QDir(album->folder).dirName(), QStringLiteral("Expenses 2025-03-03"));
-        QCOMPARE(readFile(album->folder + QStringLiteral("/.album")), title.toUtf8());
-        QVERIFY(QFile::exists(album->folder + QStringLiteral("/a.jpg")));
-        QVERIFY(!PhotoLibrary::fetchAlbum(QStringLiteral("Expenses 2025-03-03")));
+        QCOMPARE(QDir(album->folder).dirName(), u"Expenses 2025-03-03"_s);
+        QCOMPARE(readFile(album->folder + u"/.album"_s), title.toUtf8());
+        QVERIFY(QFile::exists(album->folder + u"/a.jpg"_s));
+        QVERIFY(!PhotoLibrary::fetchAlbum(u"Expenses 2025-03-03"_s));
     }
 
     void existingAlbumIsAddedTo() {
-        const QString title = QStringLiteral("Trip");
+        const QString title = u"Trip"_s;
         QVERIFY(add({{image("a.jpg")}, {}, title}));
         const auto album = PhotoLibrary::fetchAlbum(title);
         QVERIFY(add({{image("b.jpg")}, album, {}}));
-        QCOMPARE(QDir(album->folder).entryList(QDir::Files),
-                 (QStringList{QStringLiteral("a.jpg"), QStringLiteral("b.jpg")}));
+        QCOMPARE(QDir(album->folder).entryList(QDir::Files), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
     }
 
     void titlesThatShareAFolderNameGetFoldersOfTheirOwn() {
-        QVERIFY(add({{image("a.jpg")}, {}, QStringLiteral("A: B")}));
-        QVERIFY(add({{image("a.jpg")}, {}, QStringLiteral("A B")}));
-        QVERIFY(PhotoLibrary::fetchAlbum(QStringLiteral("A: B"))->folder !=
-                PhotoLibrary::fetchAlbum(QStringLiteral("A B"))->folder);
+        QVERIFY(add({{image("a.jpg")}, {}, u"A: B"_s}));
+        QVERIFY(add({{image("a.jpg")}, {}, u"A B"_s}));
+        QVERIFY(PhotoLibrary::fetchAlbum(u"A: B"_s)->folder != PhotoLibrary::fetchAlbum(u"A B"_s)->folder);
     }
 
     void failureHalfwayLeavesNothing() {
-        const QStringList images = {image("a.jpg"), home_->path(QStringLiteral("missing.jpg"))};
-        const auto added = add({images, {}, QStringLiteral("Trip")});
+        const QStringList images = {image("a.jpg"), home_->path(u"missing.jpg"_s)};
+        const auto added = add({images, {}, u"Trip"_s});
         QVERIFY(!added);
-        QVERIFY(!added.error().isEmpty());
+        QVERIFY(!added.error().description().isEmpty());
         QVERIFY(entries().isEmpty());
     }
 
     void failureAfterTheFirstMoveTakesItBack() {
         // The album disappears between the look-up and the change.
-        const PhotoLibrary::Album gone{home_->photoLibrary() + QStringLiteral("/gone")};
+        const PhotoLibrary::Album gone{home_->photoLibrary() + u"/gone"_s};
         QVERIFY(!add({{image("a.jpg"), image("b.jpg")}, gone, {}}));
         QVERIFY(entries().isEmpty());
     }
@@ -95,26 +93,26 @@ private Q_SLOTS:
         QVERIFY(add({{image("a.jpg")}, {}, {}}));
         PhotoChange change(home_->photoLibrary(), journals());
         QVERIFY(change.stage({image("a.jpg"), image("b.jpg")}));
-        const auto album = change.makeAlbum(QStringLiteral("Trip"));
+        const auto album = change.makeAlbum(u"Trip"_s);
         QVERIFY(change.moveInto(*album));
         QCOMPARE(QDir(*album).entryList(QDir::Files).size(), 2);
         if (isKept) {
             change.keep();
         }
         PhotoLibrary::undoInterruptedChanges(journals()); // as though the change had stopped here
-        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+        QCOMPARE(entries(), QStringList{u"a.jpg"_s});
     }
 
     void changeInterruptedBetweenTwoImagesIsTakenBack() {
-        QVERIFY(add({{image("old.jpg")}, {}, QStringLiteral("Trip")}));
-        const QString album = PhotoLibrary::fetchAlbum(QStringLiteral("Trip"))->folder;
+        QVERIFY(add({{image("old.jpg")}, {}, u"Trip"_s}));
+        const QString album = PhotoLibrary::fetchAlbum(u"Trip"_s)->folder;
         PhotoChange change(home_->photoLibrary(), journals());
         QVERIFY(change.stage({image("a.jpg"), image("old.jpg"), image("c.jpg")}));
-        QVERIFY(QFile::remove(stagingFolder() + QStringLiteral("/2")));
+        QVERIFY(QFile::remove(stagingFolder() + u"/2"_s));
         QVERIFY(!change.moveInto(album)); // stops at the third
-        QVERIFY(QFile::exists(album + QStringLiteral("/old (2).jpg")));
+        QVERIFY(QFile::exists(album + u"/old (2).jpg"_s));
         PhotoLibrary::undoInterruptedChanges(journals());
-        QCOMPARE(QDir(album).entryList(QDir::Files), QStringList{QStringLiteral("old.jpg")});
+        QCOMPARE(QDir(album).entryList(QDir::Files), QStringList{u"old.jpg"_s});
         QCOMPARE(entries(), QStringList{QDir(album).dirName()});
     }
 
@@ -122,43 +120,43 @@ private Q_SLOTS:
         PhotoChange change(home_->photoLibrary(), journals());
         QVERIFY(change.stage({image("a.jpg")}));
         QVERIFY(change.moveInto(home_->photoLibrary()));
-        writeFile(home_->photoLibrary() + QStringLiteral("/a.jpg"), "another picture");
+        writeFile(home_->photoLibrary() + u"/a.jpg"_s, "another picture");
         PhotoLibrary::undoInterruptedChanges(journals());
-        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+        QCOMPARE(entries(), QStringList{u"a.jpg"_s});
     }
 
     void pictureInAPlaceOfTheSameSizeStaysWhenAChangeIsTakenBack() {
         PhotoChange change(home_->photoLibrary(), journals());
         QVERIFY(change.stage({image("a.jpg")}));
         QVERIFY(change.moveInto(home_->photoLibrary()));
-        const QString place = home_->photoLibrary() + QStringLiteral("/a.jpg");
-        writeFile(place + QStringLiteral(".new"), "b.jpg");
-        QVERIFY(QFile::remove(place) && QFile::rename(place + QStringLiteral(".new"), place));
+        const QString place = home_->photoLibrary() + u"/a.jpg"_s;
+        writeFile(place + u".new"_s, "b.jpg");
+        QVERIFY(QFile::remove(place) && QFile::rename(place + u".new"_s, place));
         PhotoLibrary::undoInterruptedChanges(journals());
         QCOMPARE(readFile(place), "b.jpg");
     }
 
     // Whoever can write into a synchronised Pictures folder must not choose which files are removed.
     void journalInTheLibraryIsNotBelieved() {
-        const QString thesis = home_->path(QStringLiteral("thesis.odt"));
+        const QString thesis = home_->path(u"thesis.odt"_s);
         writeFile(thesis, "my thesis");
-        const QString planted = home_->photoLibrary() + QStringLiteral("/.import-x/");
-        writeFile(planted + QStringLiteral("journal"), removalOf(QStringLiteral("/nonexistent"), thesis));
+        const QString planted = home_->photoLibrary() + u"/.import-x/"_s;
+        writeFile(planted + u"journal"_s, removalOf(u"/nonexistent"_s, thesis));
         PhotoLibrary::undoInterruptedChanges(journals());
         QCOMPARE(readFile(thesis), "my thesis");
-        QVERIFY(QFile::exists(planted + QStringLiteral("journal")));
+        QVERIFY(QFile::exists(planted + u"journal"_s));
     }
 
     void pipeInTheLibraryHoldsNobodyUp() {
-        const QString planted = home_->photoLibrary() + QStringLiteral("/.import-x");
+        const QString planted = home_->photoLibrary() + u"/.import-x"_s;
         QVERIFY(QDir().mkpath(planted));
-        QCOMPARE(::mkfifo(QFile::encodeName(planted + QStringLiteral("/journal")).constData(), 0600), 0);
+        QCOMPARE(::mkfifo(QFile::encodeName(planted + u"/journal"_s).constData(), 0600), 0);
         PhotoLibrary::undoInterruptedChanges(journals());
         QVERIFY(QFile::exists(planted));
     }
 
     void pipeAmongTheJournalsHoldsNobodyUp() {
-        const QString planted = journals() + QStringLiteral("/importing-x");
+        const QString planted = journals() + u"/importing-x"_s;
         QCOMPARE(::mkfifo(QFile::encodeName(planted).constData(), 0600), 0);
         PhotoLibrary::undoInterruptedChanges(journals());
         QVERIFY(!QFile::exists(planted));
@@ -167,28 +165,27 @@ private Q_SLOTS:
     void journalRemovesNothingOutsideItsLibrary_data() {
         QTest::addColumn<QString>("staged");
         QTest::addColumn<QString>("target");
-        const QString staged = QStringLiteral("<library>/.import-x/0");
-        const QString inside = QStringLiteral("<library>/linked/thesis.odt");
-        QTest::newRow("outside") << staged << QStringLiteral("<home>/thesis.odt");
-        QTest::newRow("upwards") << staged << QStringLiteral("<library>/../../thesis.odt");
+        const QString staged = u"<library>/.import-x/0"_s;
+        const QString inside = u"<library>/linked/thesis.odt"_s;
+        QTest::newRow("outside") << staged << u"<home>/thesis.odt"_s;
+        QTest::newRow("upwards") << staged << u"<library>/../../thesis.odt"_s;
         QTest::newRow("behind a link") << staged << inside;
-        QTest::newRow("not from its own staging folder")
-            << QStringLiteral("/nonexistent") << QStringLiteral("<library>/mine.jpg");
+        QTest::newRow("not from its own staging folder") << u"/nonexistent"_s << u"<library>/mine.jpg"_s;
     }
     void journalRemovesNothingOutsideItsLibrary() {
         QFETCH(QString, staged);
         QFETCH(QString, target);
-        const QString thesis = home_->path(QStringLiteral("thesis.odt"));
-        const QString mine = home_->photoLibrary() + QStringLiteral("/mine.jpg");
+        const QString thesis = home_->path(u"thesis.odt"_s);
+        const QString mine = home_->photoLibrary() + u"/mine.jpg"_s;
         writeFile(thesis, "my thesis");
         writeFile(mine, "my photo!");
-        QVERIFY(QFile::link(home_->path(QString()), home_->photoLibrary() + QStringLiteral("/linked")));
+        QVERIFY(QFile::link(home_->path(QString()), home_->photoLibrary() + u"/linked"_s));
         const auto full = [this](QString pattern) {
-            return pattern.replace(QStringLiteral("<library>"), home_->photoLibrary())
-                .replace(QStringLiteral("<home>"), home_->path(QString()));
+            return pattern.replace(u"<library>"_s, home_->photoLibrary())
+                .replace(u"<home>"_s, home_->path(QString()));
         };
         const QString removed = target.contains(u"mine") ? mine : thesis;
-        writeFile(journals() + QStringLiteral("/importing-x"),
+        writeFile(journals() + u"/importing-x"_s,
                   removalOf(full(staged), full(target), fileStateAt(removed).identity.number));
         PhotoLibrary::undoInterruptedChanges(journals());
         QCOMPARE(readFile(thesis), "my thesis");
@@ -197,42 +194,40 @@ private Q_SLOTS:
 
     // What it did not put there itself, a change leaves alone when it is taken back.
     void filesOfOthersInTheStagingFolderStay() {
-        writeFile(home_->path(QStringLiteral("docs/letter.odt")), "a letter");
+        writeFile(home_->path(u"docs/letter.odt"_s), "a letter");
         {
             PhotoChange change(home_->photoLibrary(), journals());
             QVERIFY(change.stage({image("a.jpg")}));
-            writeFile(stagingFolder() + QStringLiteral("/letter.odt"), "a letter");
-            QVERIFY(QFile::link(home_->path(QStringLiteral("docs")), stagingFolder() + QStringLiteral("/7")));
+            writeFile(stagingFolder() + u"/letter.odt"_s, "a letter");
+            QVERIFY(QFile::link(home_->path(u"docs"_s), stagingFolder() + u"/7"_s));
         }
-        QCOMPARE(readFile(stagingFolder() + QStringLiteral("/letter.odt")), "a letter");
-        QCOMPARE(readFile(home_->path(QStringLiteral("docs/letter.odt"))), "a letter");
+        QCOMPARE(readFile(stagingFolder() + u"/letter.odt"_s), "a letter");
+        QCOMPARE(readFile(home_->path(u"docs/letter.odt"_s)), "a letter");
     }
 
     void linkThatLeadsNowhereHoldsItsName() {
         QDir().mkpath(home_->photoLibrary());
-        QVERIFY(QFile::link(home_->path(QStringLiteral("nowhere")),
-                            home_->photoLibrary() + QStringLiteral("/Lunch.jpg")));
+        QVERIFY(QFile::link(home_->path(u"nowhere"_s), home_->photoLibrary() + u"/Lunch.jpg"_s));
         QVERIFY(add({{image("Lunch.jpg")}, {}, {}}));
-        QCOMPARE(readFile(home_->photoLibrary() + QStringLiteral("/Lunch (2).jpg")), QByteArray("Lunch.jpg"));
+        QCOMPARE(readFile(home_->photoLibrary() + u"/Lunch (2).jpg"_s), QByteArray("Lunch.jpg"));
     }
 
     void finishedChangeLeavesNoJournal() {
-        QVERIFY(add({{image("a.jpg")}, {}, QStringLiteral("Trip")}));
-        QVERIFY(!add({{home_->path(QStringLiteral("missing.jpg"))}, {}, {}}));
+        QVERIFY(add({{image("a.jpg")}, {}, u"Trip"_s}));
+        QVERIFY(!add({{home_->path(u"missing.jpg"_s)}, {}, {}}));
         QVERIFY(QDir(journals()).isEmpty());
     }
 
     void finishedChangeIsNotTakenBack() {
-        QVERIFY(add({{image("a.jpg")}, {}, QStringLiteral("Trip")}));
+        QVERIFY(add({{image("a.jpg")}, {}, u"Trip"_s}));
         PhotoLibrary::undoInterruptedChanges(journals());
-        QVERIFY(QFile::exists(PhotoLibrary::fetchAlbum(QStringLiteral("Trip"))->folder +
-                              QStringLiteral("/a.jpg")));
+        QVERIFY(QFile::exists(PhotoLibrary::fetchAlbum(u"Trip"_s)->folder + u"/a.jpg"_s));
     }
 
     void albumThatCannotBeMadeStillLeavesTheImagesAdded() {
         // 300 characters make no folder name.
-        QVERIFY(add({{image("a.jpg")}, {}, QStringLiteral("x").repeated(300)}));
-        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+        QVERIFY(add({{image("a.jpg")}, {}, u"x"_s.repeated(300)}));
+        QCOMPARE(entries(), QStringList{u"a.jpg"_s});
     }
 
     void albumTitleIsAShortRegularFile_data() {
@@ -245,15 +240,15 @@ private Q_SLOTS:
     }
     void albumTitleIsAShortRegularFile() {
         QFETCH(int, kind);
-        const QString title = QStringLiteral("Trip");
-        const QString elsewhere = home_->path(QStringLiteral("elsewhere"));
-        writeFile(elsewhere + QStringLiteral("/.album"), "Trip");
-        const QString album = home_->photoLibrary() + QStringLiteral("/planted");
-        const QString file = album + QStringLiteral("/.album");
+        const QString title = u"Trip"_s;
+        const QString elsewhere = home_->path(u"elsewhere"_s);
+        writeFile(elsewhere + u"/.album"_s, "Trip");
+        const QString album = home_->photoLibrary() + u"/planted"_s;
+        const QString file = album + u"/.album"_s;
         QVERIFY(QDir().mkpath(kind == 4 ? home_->photoLibrary() : album));
         switch (kind) {
         case 0:
-            QVERIFY(QFile::link(QStringLiteral("/dev/zero"), file));
+            QVERIFY(QFile::link(u"/dev/zero"_s, file));
             break;
         case 1:
             QCOMPARE(::mkfifo(QFile::encodeName(file).constData(), 0600), 0);
@@ -262,39 +257,38 @@ private Q_SLOTS:
             writeFile(file, QByteArray("Trip").leftJustified(4097));
             break;
         case 3:
-            QVERIFY(QFile::link(elsewhere + QStringLiteral("/.album"), file));
+            QVERIFY(QFile::link(elsewhere + u"/.album"_s, file));
             break;
         default:
             QVERIFY(QFile::link(elsewhere, album));
         }
         QVERIFY(!PhotoLibrary::fetchAlbum(title));
         QVERIFY(add({{image("a.jpg")}, {}, title}));
-        QCOMPARE(PhotoLibrary::fetchAlbum(title)->folder, home_->photoLibrary() + QStringLiteral("/Trip"));
+        QCOMPARE(PhotoLibrary::fetchAlbum(title)->folder, home_->photoLibrary() + u"/Trip"_s);
     }
 
     void albumReplacedByAFileIsMadeAnew() {
-        const QString title = QStringLiteral("Trip");
-        writeFile(home_->photoLibrary() + QStringLiteral("/Trip"), "no folder");
+        const QString title = u"Trip"_s;
+        writeFile(home_->photoLibrary() + u"/Trip"_s, "no folder");
         QVERIFY(!PhotoLibrary::fetchAlbum(title));
         QVERIFY(add({{image("a.jpg")}, {}, title}));
-        QCOMPARE(PhotoLibrary::fetchAlbum(title)->folder,
-                 home_->photoLibrary() + QStringLiteral("/Trip (2)"));
-        QCOMPARE(readFile(home_->photoLibrary() + QStringLiteral("/Trip")), "no folder");
+        QCOMPARE(PhotoLibrary::fetchAlbum(title)->folder, home_->photoLibrary() + u"/Trip (2)"_s);
+        QCOMPARE(readFile(home_->photoLibrary() + u"/Trip"_s), "no folder");
     }
 
     void albumReplacedByAFileDuringTheChangeIsAnError() {
-        QVERIFY(add({{image("a.jpg")}, {}, QStringLiteral("Trip")}));
-        const auto album = PhotoLibrary::fetchAlbum(QStringLiteral("Trip"));
+        QVERIFY(add({{image("a.jpg")}, {}, u"Trip"_s}));
+        const auto album = PhotoLibrary::fetchAlbum(u"Trip"_s);
         QVERIFY(QDir(album->folder).removeRecursively());
         writeFile(album->folder, "no folder");
         QVERIFY(!add({{image("b.jpg")}, album, {}}));
-        QCOMPARE(entries(), QStringList{QStringLiteral("Trip")});
+        QCOMPARE(entries(), QStringList{u"Trip"_s});
     }
 
     void missingPicturesFolderIsMade() {
-        QVERIFY(QDir(home_->path(QStringLiteral("Pictures"))).removeRecursively());
+        QVERIFY(QDir(home_->path(u"Pictures"_s)).removeRecursively());
         QVERIFY(add({{image("a.jpg")}, {}, {}}));
-        QCOMPARE(entries(), QStringList{QStringLiteral("a.jpg")});
+        QCOMPARE(entries(), QStringList{u"a.jpg"_s});
     }
 
     void libraryThatCannotBeMadeIsAnError() {
@@ -304,32 +298,31 @@ private Q_SLOTS:
 
 private:
     // Where nobody but the user can write.
-    QString journals() const { return home_->path(QStringLiteral("data/Fennick")); }
+    QString journals() const { return home_->path(u"data/Fennick"_s); }
 
-    std::expected<void, QString> add(const PhotoLibrary::Additions &additions) const {
+    std::expected<void, FileProblem> add(const PhotoLibrary::Additions &additions) const {
         return PhotoLibrary::performChanges(additions, journals());
     }
 
     // A journal that has the file at `target`, of nine bytes, removed.
     static QByteArray removalOf(const QString &staged, const QString &target, quint64 number = 0) {
-        return QJsonDocument(QJsonObject{{QStringLiteral("staged"), staged},
-                                         {QStringLiteral("target"), target},
-                                         {QStringLiteral("size"), 9},
-                                         {QStringLiteral("number"), QString::number(number)}})
+        return QJsonDocument(QJsonObject{{u"staged"_s, staged},
+                                         {u"target"_s, target},
+                                         {u"size"_s, 9},
+                                         {u"number"_s, QString::number(number)}})
                    .toJson(QJsonDocument::Compact) +
                '\n';
     }
 
     QString image(const char *name) {
-        const QString path = home_->path(QStringLiteral("images/") + QString::fromUtf8(name));
+        const QString path = home_->path(u"images/"_s + QString::fromUtf8(name));
         writeFile(path, name);
         return path;
     }
 
     QString stagingFolder() const {
         const QDir library(home_->photoLibrary());
-        return library.filePath(
-            library.entryList({QStringLiteral(".import-*")}, QDir::Dirs | QDir::Hidden).value(0));
+        return library.filePath(library.entryList({u".import-*"_s}, QDir::Dirs | QDir::Hidden).value(0));
     }
 
     QStringList entries() const {

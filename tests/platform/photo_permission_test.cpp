@@ -11,6 +11,7 @@
 #include <optional>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 using test::writeFile;
 using Status = PhotoPermission::Status;
 
@@ -50,7 +51,7 @@ private Q_SLOTS:
     // QSettings looks up the user's folders once per process, hence one home for all tests.
     void init() {
         QFile::remove(home_.permissionsFile());
-        QDir().mkpath(home_.path(QStringLiteral("Pictures")));
+        QDir().mkpath(home_.path(u"Pictures"_s));
     }
 
     void statusIsReadFromThePermissionsFile_data() {
@@ -69,17 +70,17 @@ private Q_SLOTS:
     }
 
     void picturesFolderThatIsNoFolderIsRestricted() {
-        QDir(home_.path(QStringLiteral("Pictures"))).removeRecursively();
-        writeFile(home_.path(QStringLiteral("Pictures")), "");
+        QDir(home_.path(u"Pictures"_s)).removeRecursively();
+        writeFile(home_.path(u"Pictures"_s), "");
         QCOMPARE(PhotoPermission::status(), Status::restricted);
-        QVERIFY(QFile::remove(home_.path(QStringLiteral("Pictures"))));
+        QVERIFY(QFile::remove(home_.path(u"Pictures"_s)));
     }
 
     void allowIsRemembered() {
         std::optional<Status> answer;
         ask(answer);
         QVERIFY(fennick::test::waitUntil([&] { return question(); }));
-        clickButton(QStringLiteral("Allow"));
+        clickButton(u"Allow"_s);
         fennick::test::waitUntil([&] { return answer == Status::authorized; });
         QCOMPARE(answer, Status::authorized);
         QCOMPARE(PhotoPermission::status(), Status::authorized);
@@ -90,7 +91,7 @@ private Q_SLOTS:
         std::optional<Status> answer;
         ask(answer);
         QVERIFY(fennick::test::waitUntil([&] { return question(); }));
-        clickButton(QStringLiteral("Don’t Allow"));
+        clickButton(u"Don’t Allow"_s);
         fennick::test::waitUntil([&] { return answer == Status::denied; });
         QCOMPARE(answer, Status::denied);
         QVERIFY(test::readFile(home_.permissionsFile()).contains("photos=denied"));
@@ -112,7 +113,7 @@ private Q_SLOTS:
         ask(first);
         ask(second);
         QVERIFY(fennick::test::waitUntil([&] { return question(); }));
-        clickButton(QStringLiteral("Allow"));
+        clickButton(u"Allow"_s);
         fennick::test::waitUntil([&] { return first == Status::authorized; });
         QCOMPARE(first, Status::authorized);
         fennick::test::waitUntil([&] { return second == Status::authorized; });

@@ -1,10 +1,11 @@
-#include "platform/preferences_format_linux.h"
+#include "platform/preferences_format.h"
 #include "support/test_program.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,19 +14,19 @@ QSettings::SettingsMap read(const QByteArray &content) {
     buffer.setData(content);
     buffer.open(QIODevice::ReadOnly);
     QSettings::SettingsMap map;
-    readPreferences(buffer, map);
+    std::ignore = readPreferences(buffer, map);
     return map;
 }
 
 QByteArray written(const QSettings::SettingsMap &map) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    writePreferences(buffer, map);
+    std::ignore = writePreferences(buffer, map);
     return buffer.data();
 }
 
 QVariant readValue(const QByteArray &text) {
-    return read("[General]\nkey=" + text + '\n').value(QStringLiteral("key"));
+    return read("[General]\nkey=" + text + '\n').value(u"key"_s);
 }
 
 } // namespace
@@ -37,29 +38,28 @@ private Q_SLOTS:
     void onlyBareTrueAndFalseAreBooleans() {
         QCOMPARE(readValue("true"), QVariant(true));
         QCOMPARE(readValue("false"), QVariant(false));
-        QCOMPARE(readValue("\"true\""), QVariant(QStringLiteral("true")));
-        QCOMPARE(readValue("TRUE"), QVariant(QStringLiteral("TRUE")));
-        QCOMPARE(readValue("1"), QVariant(QStringLiteral("1")));
+        QCOMPARE(readValue("\"true\""), QVariant(u"true"_s));
+        QCOMPARE(readValue("TRUE"), QVariant(u"TRUE"_s));
+        QCOMPARE(readValue("1"), QVariant(u"1"_s));
         QCOMPARE(readValue(""), QVariant(QString()));
     }
 
     void bareTextIsTakenAsItStands() {
-        QCOMPARE(readValue("/home/a b/Receipts, 2024; x=y"),
-                 QVariant(QStringLiteral("/home/a b/Receipts, 2024; x=y")));
-        QCOMPARE(readValue("  /home/Müller  "), QVariant(QStringLiteral("/home/Müller")));
-        QCOMPARE(readValue("http://127.0.0.1:47111"), QVariant(QStringLiteral("http://127.0.0.1:47111")));
+        QCOMPARE(readValue("/home/a b/Receipts, 2024; x=y"), QVariant(u"/home/a b/Receipts, 2024; x=y"_s));
+        QCOMPARE(readValue("  /home/Müller  "), QVariant(u"/home/Müller"_s));
+        QCOMPARE(readValue("http://127.0.0.1:47111"), QVariant(u"http://127.0.0.1:47111"_s));
     }
 
     void escapesOfQSettingsAreUnderstood() {
-        QCOMPARE(readValue(R"(a\\b\"c\n\xe9z)"), QVariant(QStringLiteral("a\\b\"c\n\u00E9z")));
-        QCOMPARE(readValue(R"("x, y")"), QVariant(QStringLiteral("x, y")));
+        QCOMPARE(readValue(R"(a\\b\"c\n\xe9z)"), QVariant(u"a\\b\"c\n\u00E9z"_s));
+        QCOMPARE(readValue(R"("x, y")"), QVariant(u"x, y"_s));
     }
 
     void commentsBlankLinesAndOtherSectionsAreTold() {
         const auto map = read("; remark\n# remark\n\n[Window]\nwidth=9\r\n[General]\r\nmodel=m\r\n");
         QCOMPARE(map.size(), 2);
-        QCOMPARE(map[QStringLiteral("Window/width")], QVariant(QStringLiteral("9")));
-        QCOMPARE(map[QStringLiteral("model")], QVariant(QStringLiteral("m")));
+        QCOMPARE(map[u"Window/width"_s], QVariant(u"9"_s));
+        QCOMPARE(map[u"model"_s], QVariant(u"m"_s));
     }
 
     void everyTextSurvivesARoundTrip_data() {
@@ -72,14 +72,12 @@ private Q_SLOTS:
     }
     void everyTextSurvivesARoundTrip() {
         QFETCH(QString, text);
-        const QSettings::SettingsMap map = {{QStringLiteral("key"), text},
-                                            {QStringLiteral("Other/key"), text},
-                                            {QStringLiteral("flag"), false}};
+        const QSettings::SettingsMap map = {{u"key"_s, text}, {u"Other/key"_s, text}, {u"flag"_s, false}};
         QCOMPARE(read(written(map)), map);
     }
 
     void booleansAreWrittenBare() {
-        QCOMPARE(written({{QStringLiteral("flag"), true}}), QByteArray("[General]\nflag=true\n"));
+        QCOMPARE(written({{u"flag"_s, true}}), QByteArray("[General]\nflag=true\n"));
     }
 };
 

@@ -14,18 +14,18 @@
 #include <QThread>
 
 using namespace fennick;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString applicationName = QStringLiteral("org.fennick.Fennick");
+const QString applicationName = u"org.fennick.Fennick"_s;
 
 // Leaves the bus as soon as it is spoken to, without an answer.
 class LeavingProgram : public QDBusVirtualObject {
 public:
     bool takeName() {
-        QDBusConnection bus =
-            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("leaving"));
-        return bus.registerVirtualObject(QStringLiteral("/org/fennick/Fennick"), this) &&
+        QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"leaving"_s);
+        return bus.registerVirtualObject(u"/org/fennick/Fennick"_s, this) &&
                bus.registerService(applicationName);
     }
     QString introspect(const QString &) const override { return {}; }
@@ -64,11 +64,9 @@ private Q_SLOTS:
         QSignalSpy activations(&instance, &SingleInstance::activationRequested);
         QVERIFY(instance.claim());
         QDBusMessage activate = QDBusMessage::createMethodCall(
-            applicationName, QStringLiteral("/org/fennick/Fennick"),
-            QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+            applicationName, u"/org/fennick/Fennick"_s, u"org.freedesktop.Application"_s, u"Activate"_s);
         activate.setArguments({QVariantMap()});
-        QDBusConnection other =
-            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
+        QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
         other.asyncCall(activate);
         fennick::test::waitUntil([&] { return activations.size() == 1; });
         QCOMPARE(activations.size(), 1);

@@ -7,14 +7,14 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // Keeps the secret store of the session from answering while it lives.
 class HaltedSecretStore {
 public:
     HaltedSecretStore()
-        : process_(static_cast<pid_t>(QDBusConnection::sessionBus()
-                                          .interface()
-                                          ->servicePid(QStringLiteral("org.freedesktop.secrets"))
-                                          .value())) {
+        : process_(static_cast<pid_t>(
+              QDBusConnection::sessionBus().interface()->servicePid(u"org.freedesktop.secrets"_s).value())) {
         kill(process_, SIGSTOP);
     }
     ~HaltedSecretStore() { kill(process_, SIGCONT); }

@@ -2,13 +2,15 @@
 
 #include <QDBusMessage>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::test {
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.Notifications");
-const QString path = QStringLiteral("/org/freedesktop/Notifications");
-const QString connectionName = QStringLiteral("notification-service");
+const QString service = u"org.freedesktop.Notifications"_s;
+const QString path = u"/org/freedesktop/Notifications"_s;
+const QString connectionName = u"notification-service"_s;
 
 } // namespace
 
@@ -28,8 +30,8 @@ NotificationService::~NotificationService() {
 }
 
 void NotificationService::click() const {
-    QDBusMessage invoked = QDBusMessage::createSignal(path, service, QStringLiteral("ActionInvoked"));
-    invoked.setArguments({static_cast<uint>(notices_.size()), QStringLiteral("default")});
+    QDBusMessage invoked = QDBusMessage::createSignal(path, service, u"ActionInvoked"_s);
+    invoked.setArguments({static_cast<uint>(notices_.size()), u"default"_s});
     connection_.send(invoked);
 }
 

@@ -7,6 +7,8 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // A notice as a desktop shows it.
 struct Notice {
     uint replaces;
@@ -22,7 +24,7 @@ class NotificationService : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
-    explicit NotificationService(QStringList capabilities = {QStringLiteral("body-markup")});
+    explicit NotificationService(QStringList capabilities = {u"body-markup"_s});
     ~NotificationService() override;
 
     const QList<Notice> &notices() const { return notices_; }

@@ -9,6 +9,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::test {
 
 namespace {
@@ -19,9 +21,9 @@ bool enterUserNamespace() {
     if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
         return false;
     }
-    writeFile(QStringLiteral("/proc/self/setgroups"), "deny");
-    writeFile(QStringLiteral("/proc/self/uid_map"), "0 " + user + " 1");
-    writeFile(QStringLiteral("/proc/self/gid_map"), "0 " + group + " 1");
+    writeFile(u"/proc/self/setgroups"_s, "deny");
+    writeFile(u"/proc/self/uid_map"_s, "0 " + user + " 1");
+    writeFile(u"/proc/self/gid_map"_s, "0 " + group + " 1");
     return true;
 }
 

@@ -6,16 +6,17 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::test {
 
 namespace {
 
-const QStringList keyAttributes = {QStringLiteral("service"), QStringLiteral("org.fennick.Fennick"),
-                                   QStringLiteral("account"), QStringLiteral("gemini-api-key")};
+const QStringList keyAttributes = {u"service"_s, u"org.fennick.Fennick"_s, u"account"_s, u"gemini-api-key"_s};
 
 QByteArray runSecretTool(const QStringList &arguments, const QByteArray &input = {}) {
     QProcess tool;
-    tool.start(QStringLiteral("secret-tool"), arguments + keyAttributes);
+    tool.start(u"secret-tool"_s, arguments + keyAttributes);
     tool.write(input);
     tool.closeWriteChannel();
     if (!tool.waitForFinished(patience)) {
@@ -39,40 +40,36 @@ PrivateSession::~PrivateSession() {
 }
 
 void PrivateSession::storeKey(const QByteArray &key) {
-    runSecretTool({QStringLiteral("store"), QStringLiteral("--label=Fennick test key")}, key);
+    runSecretTool({u"store"_s, u"--label=Fennick test key"_s}, key);
 }
 
 QByteArray PrivateSession::lookUpKey() {
-    return runSecretTool({QStringLiteral("lookup")});
+    return runSecretTool({u"lookup"_s});
 }
 
 void PrivateSession::clearKey() {
-    runSecretTool({QStringLiteral("clear")});
+    runSecretTool({u"clear"_s});
 }
 
 qsizetype PrivateSession::keyCount() {
-    return runSecretTool({QStringLiteral("search"), QStringLiteral("--all")}).count("secret = ");
+    return runSecretTool({u"search"_s, u"--all"_s}).count("secret = ");
 }
 
 void PrivateSession::refuseKeysBeside(const QByteArray &key) {
-    runSecretTool({QStringLiteral("store"), QStringLiteral("--label=Fennick test key"),
-                   QStringLiteral("--collection=session")},
-                  key);
+    runSecretTool({u"store"_s, u"--label=Fennick test key"_s, u"--collection=session"_s}, key);
     QDBusConnection bus = QDBusConnection::connectToBus(
-        QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")), QStringLiteral("collection-removal"));
+        QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")), u"collection-removal"_s);
     const QDBusMessage reply = bus.call(QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.secrets"),
-        QStringLiteral("/org/freedesktop/secrets/collection/login"),
-        QStringLiteral("org.freedesktop.Secret.Collection"), QStringLiteral("Delete")));
+        u"org.freedesktop.secrets"_s, u"/org/freedesktop/secrets/collection/login"_s,
+        u"org.freedesktop.Secret.Collection"_s, u"Delete"_s));
     if (reply.type() == QDBusMessage::ErrorMessage) {
         qFatal("The collection was not deleted: %s", qPrintable(reply.errorMessage()));
     }
-    QDBusConnection::disconnectFromBus(QStringLiteral("collection-removal"));
+    QDBusConnection::disconnectFromBus(u"collection-removal"_s);
 }
 
 void PrivateSession::startBus() {
-    bus_.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                               QStringLiteral("--print-address=1")});
+    bus_.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
     if (!bus_.waitForStarted(patience) || !bus_.waitForReadyRead(patience)) {
         qFatal("dbus-daemon did not start: %s", bus_.readAllStandardError().constData());
     }
@@ -80,19 +77,16 @@ void PrivateSession::startBus() {
 }
 
 void PrivateSession::startSecretStore() {
-    secretStore_.start(
-        QStringLiteral("gnome-keyring-daemon"),
-        {QStringLiteral("--foreground"), QStringLiteral("--unlock"), QStringLiteral("--components=secrets")});
+    secretStore_.start(u"gnome-keyring-daemon"_s,
+                       {u"--foreground"_s, u"--unlock"_s, u"--components=secrets"_s});
     secretStore_.write("password");
     secretStore_.closeWriteChannel();
-    const QString connectionName = QStringLiteral("session-probe");
+    const QString connectionName = u"session-probe"_s;
     {
         const QDBusConnection connection = QDBusConnection::connectToBus(
             QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")), connectionName);
         const bool isReady = waitUntil([&connection] {
-            return connection.interface()
-                ->isServiceRegistered(QStringLiteral("org.freedesktop.secrets"))
-                .value();
+            return connection.interface()->isServiceRegistered(u"org.freedesktop.secrets"_s).value();
         });
         if (!isReady) {
             qFatal("The secret store did not start: %s", secretStore_.readAllStandardError().constData());

@@ -4,16 +4,18 @@
 
 namespace fennick::test {
 
+using namespace Qt::StringLiterals;
+
 // A finished receipt with every field filled in.
 inline Receipt finishedReceipt(const QString &filePath) {
     Receipt receipt = freshReceipt(filePath);
-    receipt.date = QStringLiteral("2024-05-01");
-    receipt.time = QStringLiteral("12:30");
+    receipt.date = u"2024-05-01"_s;
+    receipt.time = u"12:30"_s;
     receipt.amount = 23.5;
-    receipt.currency = QStringLiteral("USD");
-    receipt.location = QStringLiteral("Mario's Cafe");
-    receipt.category = QStringLiteral("lunch");
-    receipt.summary = QStringLiteral("Lunch at Mario's Cafe for $23.50");
+    receipt.currency = u"USD"_s;
+    receipt.location = u"Mario's Cafe"_s;
+    receipt.category = u"lunch"_s;
+    receipt.summary = u"Lunch at Mario's Cafe for $23.50"_s;
     receipt.status = ReceiptStatus::done;
     return receipt;
 }

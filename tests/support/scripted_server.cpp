@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::test {
 
 namespace {
@@ -88,9 +90,7 @@ ScriptedServer::ScriptedServer(Script script, std::optional<QSslConfiguration> t
 }
 
 QString ScriptedServer::address() const {
-    return QStringLiteral("%1://127.0.0.1:%2")
-        .arg(tls_ ? QStringLiteral("https") : QStringLiteral("http"))
-        .arg(serverPort());
+    return u"%1://127.0.0.1:%2"_s.arg(tls_ ? u"https"_s : u"http"_s).arg(serverPort());
 }
 
 void ScriptedServer::incomingConnection(qintptr descriptor) {
@@ -124,12 +124,10 @@ void ScriptedServer::serve(QTcpSocket *socket) {
 }
 
 QByteArray geminiAnswer(const QByteArray &text) {
-    const QJsonObject part{{QStringLiteral("text"), QString::fromUtf8(text)}};
-    const QJsonObject content{{QStringLiteral("parts"), QJsonArray{part}},
-                              {QStringLiteral("role"), QStringLiteral("model")}};
-    const QJsonObject candidate{{QStringLiteral("content"), content},
-                                {QStringLiteral("finishReason"), QStringLiteral("STOP")}};
-    return QJsonDocument(QJsonObject{{QStringLiteral("candidates"), QJsonArray{candidate}}}).toJson();
+    const QJsonObject part{{u"text"_s, QString::fromUtf8(text)}};
+    const QJsonObject content{{u"parts"_s, QJsonArray{part}}, {u"role"_s, u"model"_s}};
+    const QJsonObject candidate{{u"content"_s, content}, {u"finishReason"_s, u"STOP"_s}};
+    return QJsonDocument(QJsonObject{{u"candidates"_s, QJsonArray{candidate}}}).toJson();
 }
 
 HttpReply answering(const QByteArray &text) {
@@ -140,9 +138,8 @@ HttpReply answering(const QByteArray &text) {
 
 QByteArray inlineDocument(const HttpRequest &request) {
     const QJsonObject body = QJsonDocument::fromJson(request.body).object();
-    const QJsonArray parts =
-        body.value(QLatin1StringView("contents"))[0][QLatin1StringView("parts")].toArray();
-    const QJsonValue data = parts[1][QLatin1StringView("inlineData")][QLatin1StringView("data")];
+    const QJsonArray parts = body.value("contents"_L1)[0]["parts"_L1].toArray();
+    const QJsonValue data = parts[1]["inlineData"_L1]["data"_L1];
     return QByteArray::fromBase64(data.toString().toLatin1());
 }
 

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::test {
 
 namespace {
@@ -20,14 +22,13 @@ TemporaryHome::TemporaryHome() {
         qFatal("No temporary folder: %s", qPrintable(folder_.errorString()));
     }
     setVariable("HOME", folder_.path());
-    setVariable("XDG_CONFIG_HOME", path(QStringLiteral("config")));
-    setVariable("XDG_CONFIG_DIRS", path(QStringLiteral("system-config")));
-    setVariable("XDG_DATA_HOME", path(QStringLiteral("data")));
-    setVariable("XDG_CACHE_HOME", path(QStringLiteral("cache")));
-    setVariable("XDG_RUNTIME_DIR", path(QStringLiteral("run")));
-    setVariable("TMPDIR", path(QStringLiteral("tmp")));
-    QFile::setPermissions(path(QStringLiteral("run")),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    setVariable("XDG_CONFIG_HOME", path(u"config"_s));
+    setVariable("XDG_CONFIG_DIRS", path(u"system-config"_s));
+    setVariable("XDG_DATA_HOME", path(u"data"_s));
+    setVariable("XDG_CACHE_HOME", path(u"cache"_s));
+    setVariable("XDG_RUNTIME_DIR", path(u"run"_s));
+    setVariable("TMPDIR", path(u"tmp"_s));
+    QFile::setPermissions(path(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 void writeFile(const QString &path, const QByteArray &content) {

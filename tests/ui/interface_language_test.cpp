@@ -189,7 +189,7 @@ private Q_SLOTS:
         environment.insert(u"LANGUAGE"_s, languages);
         QProcess program;
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(FENNICK_BIN_DIR "/fennick"), QStringList());
+        program.start(QString::fromUtf8(FENNICK_BIN_DIR "/fennick"), QStringList());
         QByteArray output;
         QVERIFY(waitUntil([&] {
             output += program.readAllStandardError();

@@ -144,7 +144,7 @@ private Q_SLOTS:
     }
 
 private:
-    static QDir folder() { return QDir(QStringLiteral(FENNICK_SOURCE_DIR "/translations")); }
+    static QDir folder() { return QDir(QString::fromUtf8(FENNICK_SOURCE_DIR "/translations")); }
     static QStringList listFiles() { return folder().entryList({u"*.ts"_s}); }
     static QString pathOf(const QString &language) {
         return folder().filePath(u"fennick_%1.ts"_s.arg(language));

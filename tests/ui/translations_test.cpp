@@ -111,8 +111,8 @@ private Q_SLOTS:
     void settingsShowTheirTextsWhole() {
         QFETCH(QString, language);
         const InterfaceLanguage texts({language});
-        for (const QByteArray &permission : {QByteArray(), QByteArrayLiteral("[General]\nphotos=denied\n"),
-                                             QByteArrayLiteral("[General]\nphotos=authorized\n")}) {
+        for (const QByteArray &permission :
+             {QByteArray(), "[General]\nphotos=denied\n"_ba, "[General]\nphotos=authorized\n"_ba}) {
             writeFile(home_.permissionsFile(), permission);
             SettingsView view(appState_.get(), settings_.get(), permission.isEmpty());
             view.show();
@@ -142,17 +142,18 @@ private Q_SLOTS:
         };
         const QString folder = home_.path(u"Receipts"_s);
         onNextDialog(look);
-        Confirmations::confirmClear(&window);
+        std::ignore = Confirmations::confirmClear(&window);
         for (const int receipts : {1, 12}) {
             while (store_->receipts().size() < receipts) {
                 store_->add(finishedReceipt(u"/w/%1.pdf"_s.arg(store_->receipts().size())));
             }
             onNextDialog(look);
-            Confirmations::confirmArchive(&window, u"HTML"_s, store_.get(), folder);
+            std::ignore = Confirmations::confirmArchive(&window, u"HTML"_s, store_.get(), folder);
         }
         onNextDialog(look);
-        chooseFolder(&window, QCoreApplication::translate("WatchFolderChooser", "Watch This Folder"), folder,
-                     NewFolders::refused);
+        std::ignore =
+            chooseFolder(&window, QCoreApplication::translate("WatchFolderChooser", "Watch This Folder"),
+                         folder, NewFolders::refused);
         onNextDialog(look);
         exportLedger(&window, {}, ExportService::Format::csv);
         QCOMPARE(seen.size(), 5);

@@ -9,11 +9,11 @@
 // dialog means no.
 namespace fennick::Confirmations {
 
-bool confirmClear(QWidget *parent);
+[[nodiscard]] bool confirmClear(QWidget *parent);
 
 // `formatName` is "CSV" or "HTML". The question shows the number of all receipts, whatever their status, and
 // keeps it up to date.
-bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
-                    const QString &destination);
+[[nodiscard]] bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
+                                  const QString &destination);
 
 } // namespace fennick::Confirmations

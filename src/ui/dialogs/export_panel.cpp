@@ -48,8 +48,8 @@ std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &recei
         const QString chosen = panel.selectedFiles().first();
         const QString path = withExtension(chosen, extension);
         if (path == chosen || !isTaken(path) || mayReplace(parent, path)) {
-            // Failure is ignored on purpose: the caller gets the path in any case.
-            ExportService::writeLedger(listed, format, path);
+            // The caller gets the path even if the ledger cannot be written.
+            std::ignore = ExportService::writeLedger(listed, format, path);
             return path;
         }
     }

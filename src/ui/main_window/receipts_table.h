@@ -25,7 +25,7 @@ public:
     // Whether rows offer to add their receipt to Photos.
     void setPhotosExportOn(bool isOn);
 
-    std::optional<Receipt> selectedReceipt() const;
+    [[nodiscard]] std::optional<Receipt> selectedReceipt() const;
 
     // The column widths that the user has set.
     QByteArray columnState();

@@ -30,7 +30,7 @@ MenuBarContent::MenuBarContent(const ReceiptStore *store)
     showCount();
 }
 
-// Qt leaves the shortcuts of a menu's entries alone while the menu is open.
+// Qt does not trigger the shortcuts of a menu's entries while the menu is open.
 void MenuBarContent::keyPressEvent(QKeyEvent *event) {
     if (quit_->shortcut().matches(QKeySequence(event->keyCombination())) != QKeySequence::ExactMatch) {
         QMenu::keyPressEvent(event);

@@ -58,7 +58,7 @@ void Notices::tellWhenAllowed() {
     }
 }
 
-// The failure is told also while the window is in front: it shows nothing of it.
+// The failure is reported even while the window is in front, because the window does not show it.
 void Notices::tell() {
     if (isWindowInFront_()) {
         scanned_ = 0;

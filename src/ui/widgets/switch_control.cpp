@@ -65,7 +65,7 @@ void SwitchControl::paintEvent(QPaintEvent *) {
             Qt::TextWordWrap,
         palette(), isEnabled(), text(), QPalette::Text);
 
-    // Off is an outline, on is filled; the knob's place tells the two apart without any colour.
+    // Off is an outline, on is filled; the knob's position distinguishes the two without colour.
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor accent = palette().color(QPalette::Highlight);
     const QColor outline = isEnabled() ? tintColor(Tint::secondary, palette())

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QNetworkReply>
 #include <QPdfWriter>
+#include <QProcess>
 #include <QTcpSocket>
 #include <QTimer>
 
@@ -149,6 +150,24 @@ private Q_SLOTS:
             replies.append(engine_->send("POST", engine_->generatePath(), body));
         for (QNetworkReply *reply : std::as_const(replies))
             QCOMPARE(finished(reply).status, 200);
+    }
+
+    void processOfAPdfEndsWhenItsStandardInputCloses_data() {
+        QTest::addColumn<QByteArray>("input");
+        const QByteArray endless = pdfOfForms(9);
+        const QByteArray size = QByteArray::number(endless.size()).rightJustified(12, '0');
+        QTest::newRow("in the middle of the document") << size + endless.left(100);
+        QTest::newRow("while it draws the document") << size + endless;
+    }
+    void processOfAPdfEndsWhenItsStandardInputCloses() {
+        QFETCH(QByteArray, input);
+        QProcess process;
+        process.start(QString::fromUtf8(FENNICK_BIN_DIR "/fennick-engine"), {u"--read-pdf"_s, u"5"_s});
+        process.write(input);
+        QVERIFY(!process.waitForFinished(300));
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished(fennick::test::patience));
+        QVERIFY(process.readAllStandardOutput().isEmpty());
     }
 
     void endlessPdfsKeepOthersWaitingForALimitedTime() {

@@ -1,10 +1,13 @@
-#include "platform/photo_change_linux.h"
 #include "platform/photo_library.h"
+
+#include "platform/photo_change.h"
 #include "platform/regular_file.h"
 #include "text/path_text.h"
 
 #include <QDir>
 #include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
 
 // A folder below the user's Pictures folder; each album is a sub-folder with its exact title in a file
 // ".album", because file systems refuse some characters that titles have.
@@ -39,7 +42,7 @@ QString targetFolder(const Additions &additions, PhotoChange &change) {
 } // namespace
 
 QString folder() {
-    return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) + QStringLiteral("/Fennick");
+    return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) + u"/Fennick"_s;
 }
 
 std::optional<Album> fetchAlbum(const QString &title) {
@@ -55,7 +58,7 @@ std::optional<Album> fetchAlbum(const QString &title) {
     return std::nullopt;
 }
 
-std::expected<void, QString> performChanges(const Additions &additions, const QString &journalFolder) {
+std::expected<void, FileProblem> performChanges(const Additions &additions, const QString &journalFolder) {
     PhotoChange change(folder(), journalFolder);
     if (const auto staged = change.stage(additions.imagePaths); !staged) {
         return staged;

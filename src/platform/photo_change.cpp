@@ -1,9 +1,10 @@
-#include "platform/photo_change_linux.h"
+#include "platform/photo_change.h"
 
-#include "platform/descriptor_linux.h"
 #include "platform/file_operations.h"
 #include "platform/free_path.h"
+#include "platform/own_folder.h"
 #include "platform/regular_file.h"
+#include "platform/removal_below.h"
 #include "text/path_text.h"
 #include "text/unsafe_characters.h"
 
@@ -11,32 +12,25 @@
 #include <QJsonDocument>
 #include <QUuid>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
 
 namespace fennick {
 
 namespace {
 
-const QString stagingPrefix = QStringLiteral(".import-");
-const QString journalPrefix = QStringLiteral("importing-");
-const QString albumKey = QStringLiteral("album");
-const QString stagedKey = QStringLiteral("staged");
-const QString targetKey = QStringLiteral("target");
-const QString sizeKey = QStringLiteral("size");
-const QString numberKey = QStringLiteral("number");
-const QString keptKey = QStringLiteral("kept");
+const QString stagingPrefix = u".import-"_s;
+const QString journalPrefix = u"importing-"_s;
+const QString albumKey = u"album"_s;
+const QString stagedKey = u"staged"_s;
+const QString targetKey = u"target"_s;
+const QString sizeKey = u"size"_s;
+const QString numberKey = u"number"_s;
+const QString keptKey = u"kept"_s;
 
 constexpr qint64 largestJournal = 16'000'000; // bytes, which is a document of some fifty thousand pages
-
-QString systemError() {
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
 
 QString stagingFolder(const QString &library, const QString &id) {
     return joinedPath(library, stagingPrefix + id);
@@ -67,14 +61,10 @@ void takeBackMove(const QJsonObject &entry, const QString &library, const QStrin
     if (!isStagedPath(staged, staging) || !isLexicallyBelow(target, library) || isTaken(staged)) {
         return;
     }
-    const Descriptor folder = openParent(library, target);
-    if (!folder.isOpen()) {
-        return;
-    }
-    const FileState found = fileStateIn(folder, nameOf(target));
-    if (found.kind == FileKind::regular && found.size == entry.value(sizeKey).toInteger(-1) &&
-        QString::number(found.identity.number) == entry.value(numberKey).toString()) {
-        ::unlinkat(folder.number(), nameOf(target).constData(), 0);
+    bool isNumber = false;
+    const quint64 number = entry.value(numberKey).toString().toULongLong(&isNumber);
+    if (isNumber) {
+        removeFileBelow(library, target, number, entry.value(sizeKey).toInteger(-1));
     }
 }
 
@@ -83,32 +73,18 @@ void takeBackAlbum(const QString &path, const QString &library) {
     if (!isLexicallyBelow(path, library) || parentFolder(path) != library) {
         return;
     }
-    const QByteArray title = QFile::encodeName(albumTitleFile);
-    const Descriptor album = openBelow(library, path, O_RDONLY | O_DIRECTORY);
-    const Descriptor parent = openParent(library, path);
-    if (!album.isOpen() || !parent.isOpen()) {
-        return;
-    }
-    const QByteArrayList content = namesIn(album);
-    if (content.isEmpty() || content == QByteArrayList{title}) {
-        ::unlinkat(album.number(), title.constData(), 0);
-        ::unlinkat(parent.number(), nameOf(path).constData(), AT_REMOVEDIR);
-    }
+    removeFolderBelow(library, path, [](const QByteArrayList &content) {
+        const QByteArrayList title{QFile::encodeName(albumTitleFile)};
+        return content == title ? title : QByteArrayList();
+    });
 }
 
 // The copies that were not moved, and their folder unless somebody has put something else there.
 void removeStaging(const QString &library, const QString &staging) {
-    const Descriptor folder = openBelow(library, staging, O_RDONLY | O_DIRECTORY);
-    const Descriptor parent = openParent(library, staging);
-    if (!folder.isOpen() || !parent.isOpen()) {
-        return;
-    }
-    for (const QByteArray &name : namesIn(folder)) {
-        if (isStagedName(name)) {
-            ::unlinkat(folder.number(), name.constData(), 0);
-        }
-    }
-    ::unlinkat(parent.number(), nameOf(staging).constData(), AT_REMOVEDIR);
+    removeFolderBelow(library, staging, [](QByteArrayList content) {
+        content.removeIf([](const QByteArray &name) { return !isStagedName(name); });
+        return content;
+    });
 }
 
 QList<QJsonObject> entriesOf(const QString &journal) {
@@ -167,7 +143,8 @@ PhotoChange::~PhotoChange() {
     }
     if (isKept_) {
         // First of all: from here on the change is complete, whenever the program ends.
-        record({{keptKey, true}});
+        // If the journal cannot be written, only a crash before its removal would take the change back.
+        std::ignore = record({{keptKey, true}});
     } else {
         undo(journal_.fileName(), library_, staging_);
     }
@@ -175,13 +152,16 @@ PhotoChange::~PhotoChange() {
     journal_.remove();
 }
 
-std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
+std::expected<void, FileProblem> PhotoChange::stage(const QStringList &imagePaths) {
     if (!journal_.open(QIODevice::WriteOnly | QIODevice::NewOnly,
                        QFileDevice::ReadOwner | QFileDevice::WriteOwner)) {
-        return std::unexpected(journal_.errorString());
+        return std::unexpected(FileProblem::ofSystem(journal_.errorString()));
     }
-    if (!QDir().mkpath(library_) || ::mkdir(QFile::encodeName(staging_).constData(), S_IRWXU) != 0) {
-        return std::unexpected(systemError());
+    if (const auto made = FileOperations::makeFolder(library_); !made) {
+        return made;
+    }
+    if (const auto made = createOwnFolder(staging_); !made) {
+        return made;
     }
     for (const QString &path : imagePaths) {
         const QString staged = joinedPath(staging_, QString::number(staged_.size()));
@@ -195,7 +175,7 @@ std::expected<void, QString> PhotoChange::stage(const QStringList &imagePaths) {
 
 std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     const QString safe = withoutUnsafeCharacters(title).trimmed();
-    const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? QStringLiteral("Album") : safe;
+    const QString stem = safe.isEmpty() || safe.startsWith(u'.') ? u"Album"_s : safe;
     const QString path = freePath(library_, stem, {});
     if (!record({{albumKey, path}}) || !QDir().mkdir(path)) {
         return std::nullopt;
@@ -211,7 +191,7 @@ std::optional<QString> PhotoChange::makeAlbum(const QString &title) {
     return path;
 }
 
-std::expected<void, QString> PhotoChange::moveInto(const QString &folder) {
+std::expected<void, FileProblem> PhotoChange::moveInto(const QString &folder) {
     for (const StagedImage &image : std::as_const(staged_)) {
         if (const auto moved = moveUnderFreeName(image, folder); !moved) {
             return moved;
@@ -220,7 +200,8 @@ std::expected<void, QString> PhotoChange::moveInto(const QString &folder) {
     return {};
 }
 
-std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &image, const QString &folder) {
+std::expected<void, FileProblem> PhotoChange::moveUnderFreeName(const StagedImage &image,
+                                                                const QString &folder) {
     const FileState state = fileStateAt(image.path);
     const QString fileNumber = QString::number(state.identity.number);
     while (true) {
@@ -229,7 +210,7 @@ std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &i
                      {targetKey, target},
                      {sizeKey, state.size},
                      {numberKey, fileNumber}})) {
-            return std::unexpected(journal_.errorString());
+            return std::unexpected(FileProblem::ofSystem(journal_.errorString()));
         }
         const auto moved = FileOperations::moveWithoutReplacing(image.path, target);
         if (moved || !isTaken(target)) { // otherwise another program has taken the name meanwhile
@@ -241,7 +222,7 @@ std::expected<void, QString> PhotoChange::moveUnderFreeName(const StagedImage &i
 // On the disk when this returns: what is done afterwards can be taken back whatever happens.
 bool PhotoChange::record(const QJsonObject &entry) {
     const QByteArray line = QJsonDocument(entry).toJson(QJsonDocument::Compact) + '\n';
-    return journal_.write(line) == line.size() && journal_.flush() && ::fsync(journal_.handle()) == 0;
+    return journal_.write(line) == line.size() && FileOperations::synchronise(journal_);
 }
 
 } // namespace fennick

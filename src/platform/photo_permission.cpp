@@ -1,6 +1,7 @@
-#include "platform/photo_library.h"
 #include "platform/photo_permission.h"
-#include "platform/preferences_format_linux.h"
+
+#include "platform/photo_library.h"
+#include "platform/preferences_format.h"
 
 #include <QCoreApplication>
 #include <QCoroSignal>
@@ -11,16 +12,17 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace fennick::PhotoPermission {
 
 namespace {
 
-const QString photosKey = QStringLiteral("photos");
+const QString photosKey = u"photos"_s;
 
 // Permissions.conf beside the preferences: what the user has allowed the program, not how it should behave.
 QSettings permissions() {
-    return QSettings(preferencesFormat(), QSettings::UserScope, QStringLiteral("Fennick"),
-                     QStringLiteral("Permissions"));
+    return QSettings(preferencesFormat(), QSettings::UserScope, u"Fennick"_s, u"Permissions"_s);
 }
 
 // The folder that decides whether the library can be written: its own, or the nearest one that exists.
@@ -41,7 +43,7 @@ void store(const QString &decision) {
 std::shared_ptr<QMessageBox> makeQuestion() {
     const std::shared_ptr<QMessageBox> question(new QMessageBox,
                                                 [](QMessageBox *box) { box->deleteLater(); });
-    question->setObjectName(QStringLiteral("photosAccessQuestion"));
+    question->setObjectName(u"photosAccessQuestion"_s);
     question->setIcon(QMessageBox::Question);
     question->setWindowTitle(QCoreApplication::translate("PhotoPermission", "Photos Access"));
     question->setTextFormat(Qt::PlainText);
@@ -61,9 +63,9 @@ std::shared_ptr<QMessageBox> makeQuestion() {
     QObject::connect(question.get(), &QMessageBox::buttonClicked, question.get(),
                      [allow, refuse](const QAbstractButton *button) {
                          if (button == allow) {
-                             store(QStringLiteral("authorized"));
+                             store(u"authorized"_s);
                          } else if (button == refuse) {
-                             store(QStringLiteral("denied"));
+                             store(u"denied"_s);
                          }
                      });
     return question;

@@ -1,5 +1,8 @@
-#include "platform/preferences_format_linux.h"
 #include "platform/user_defaults.h"
+
+#include "platform/preferences_format.h"
+
+using namespace Qt::StringLiterals;
 
 namespace fennick {
 
@@ -17,8 +20,11 @@ bool booleanFromText(const QString &text) {
 
 } // namespace
 
+UserDefaults::UserDefaults()
+    : UserDefaults(u"Fennick"_s) {}
+
 UserDefaults::UserDefaults(const QString &name)
-    : settings_(preferencesFormat(), QSettings::UserScope, QStringLiteral("Fennick"), name) {}
+    : settings_(preferencesFormat(), QSettings::UserScope, u"Fennick"_s, name) {}
 
 QVariant UserDefaults::object(const QString &key) const {
     return settings_.value(key);

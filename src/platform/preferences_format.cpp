@@ -1,9 +1,11 @@
-#include "platform/preferences_format_linux.h"
+#include "platform/preferences_format.h"
 
 #include <QMap>
 #include <QStringList>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace fennick {
 
@@ -60,17 +62,17 @@ bool isPlain(const QString &text) {
 
 QString textFromValue(const QVariant &value) {
     if (value.typeId() == QMetaType::Bool) {
-        return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
+        return value.toBool() ? u"true"_s : u"false"_s;
     }
     QString text = value.toString();
     if (isPlain(text)) {
         return text;
     }
-    text.replace(u'\\', QStringLiteral("\\\\"))
-        .replace(u'"', QStringLiteral("\\\""))
-        .replace(u'\n', QStringLiteral("\\n"))
-        .replace(u'\r', QStringLiteral("\\r"))
-        .replace(u'\t', QStringLiteral("\\t"));
+    text.replace(u'\\', u"\\\\"_s)
+        .replace(u'"', u"\\\""_s)
+        .replace(u'\n', u"\\n"_s)
+        .replace(u'\r', u"\\r"_s)
+        .replace(u'\t', u"\\t"_s);
     return u'"' + text + u'"';
 }
 
@@ -105,7 +107,7 @@ bool writePreferences(QIODevice &device, const QSettings::SettingsMap &map) {
     }
     QString content;
     for (auto section = sections.begin(); section != sections.end(); ++section) {
-        content += u'[' + section.key() + QStringLiteral("]\n") + section.value().join(u'\n') + u'\n';
+        content += u'[' + section.key() + u"]\n"_s + section.value().join(u'\n') + u'\n';
     }
     return device.write(content.toUtf8()) >= 0;
 }
@@ -113,7 +115,7 @@ bool writePreferences(QIODevice &device, const QSettings::SettingsMap &map) {
 QSettings::Format preferencesFormat() {
     // Registering again would add a second format of the same extension, hence once per process.
     static const QSettings::Format format =
-        QSettings::registerFormat(QStringLiteral("conf"), readPreferences, writePreferences);
+        QSettings::registerFormat(u"conf"_s, readPreferences, writePreferences);
     return format;
 }
 
