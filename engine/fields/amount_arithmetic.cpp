@@ -1,6 +1,7 @@
 #include "engine/fields/amount_arithmetic.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace fennick::engine {
@@ -128,6 +129,13 @@ bool isRoundedFromAbove(qint64 thousandths, const QList<LabelledAmount> &amounts
     return before % smallestCoin != 0 && std::abs(thousandths - before) < smallestCoin;
 }
 
+// How many of the steps that coins and notes make an amount is a multiple of: rounding leads to more of them.
+int roundness(qint64 thousandths) {
+    constexpr std::array<qint64, 7> steps = {50, 100, 500, 1000, 5000, 10'000, 100'000};
+    return static_cast<int>(
+        std::ranges::count_if(steps, [thousandths](qint64 step) { return thousandths % step == 0; }));
+}
+
 bool isTotal(const LabelledAmount &amount) {
     return amount.role == AmountRole::Total || amount.role == AmountRole::FinalTotal;
 }
@@ -201,10 +209,10 @@ bool isRestOfTotal(qint64 thousandths, const QList<LabelledAmount> &amounts) {
 
 bool isRoundedResult(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     for (const AmountRole role : {AmountRole::Total, AmountRole::FinalTotal, AmountRole::SubTotal}) {
-        const QList<qint64> totals = amountsOf(amounts, role);
-        if (std::ranges::any_of(
-                totals, [&](qint64 total) { return rounded(total, amounts).contains(thousandths); })) {
-            return true;
+        for (const qint64 total : amountsOf(amounts, role)) {
+            if (roundness(thousandths) > roundness(total) && rounded(total, amounts).contains(thousandths)) {
+                return true;
+            }
         }
     }
     return false;

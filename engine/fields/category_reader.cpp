@@ -18,8 +18,8 @@ struct CategoryWords {
 
 // In the order of the table.
 QList<CategoryWords> categoriesIn(const Languages &languages) {
-    static const QStringList order = {u"hotel"_s,         u"fuel"_s, u"breakfast"_s, u"lunch"_s,
-                                      u"dinner"_s,        u"coffee"_s, u"meal"_s,    u"transport"_s,
+    static const QStringList order = {u"hotel"_s,     u"fuel"_s,          u"breakfast"_s, u"lunch"_s,
+                                      u"dinner"_s,    u"coffee"_s,        u"meal"_s,      u"transport"_s,
                                       u"groceries"_s, u"entertainment"_s, u"shopping"_s};
     QList<CategoryWords> categories;
     for (const QString &category : order) {

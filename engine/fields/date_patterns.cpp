@@ -97,9 +97,9 @@ const QList<Pattern> &patterns() {
         {QRegularExpression(
              uR"((?<!\d)(\d{4})[.\-\s]{1,3}(?:m\.?\s)?(\p{L}{3,12})[.\-\s]{1,3}(\d{1,2})(?!\d))"_s),
          yearNameDay},
-        {QRegularExpression(
-             uR"(ng[aà]y\s?(\d{1,2})\s?th[aá]ng\s?(\d{1,2})\s?n[aă]m\s?(\d{4})(?!\d))"_s,
-             QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption),
+        {QRegularExpression(uR"(ng[aà]y\s?(\d{1,2})\s?th[aá]ng\s?(\d{1,2})\s?n[aă]m\s?(\d{4})(?!\d))"_s,
+                            QRegularExpression::CaseInsensitiveOption |
+                                QRegularExpression::UseUnicodePropertiesOption),
          vietnamese},
         {QRegularExpression(uR"((\d{4})\s?年\s?(\d{1,2})\s?月\s?(\d{1,2})\s?日)"_s), eastAsian},
     };

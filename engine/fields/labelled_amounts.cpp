@@ -74,7 +74,7 @@ public:
             found.append({.thousandths = std::llround(number.value * 1000),
                           .role = roles_.role(label_),
                           .hasDecimals = number.hasDecimals,
-                                  .hasCurrency = number.hasCurrency,
+                          .hasCurrency = number.hasCurrency,
                           .hasGroups = number.hasGroups});
             end = number.start + number.length;
         }
@@ -114,8 +114,8 @@ QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles 
         }
         const bool isPayable = amount.role == AmountRole::Total || amount.role == AmountRole::FinalTotal ||
                                amount.role == AmountRole::Tendered;
-        const bool lacksDecimalSign = hasPrices && isPayable && !amount.hasGroups &&
-                                      amount.thousandths >= leastWithoutSign * 100;
+        const bool lacksDecimalSign =
+            hasPrices && isPayable && !amount.hasGroups && amount.thousandths >= leastWithoutSign * 100;
         if (lacksDecimalSign) {
             amount.thousandths /= 100;
         }

@@ -18,7 +18,7 @@ struct LabelledAmount {
     bool hasDecimals = false;
     bool hasCurrency = false;
     bool hasGroups = false; // "73,000": no decimal sign was lost
-    qsizetype line = 0; // index into the reading
+    qsizetype line = 0;     // index into the reading
 };
 
 // Every amount of `reading`, from top to bottom and left to right. A label stands before its amount, on the

@@ -108,8 +108,8 @@ QSet<QString> hostsIn(const Reading &reading) {
 
 // "JKM Foods Inc" below the name on the sign is who runs the shop.
 bool isOperator(const QString &name) {
-    static const QStringList words = {u"holdings"_s, u"holding"_s,  u"group"_s,      u"management"_s,
-                                      u"foods"_s,    u"ventures"_s, u"hospitality"_s, u"investments"_s,
+    static const QStringList words = {u"holdings"_s, u"holding"_s,   u"group"_s,       u"management"_s,
+                                      u"foods"_s,    u"ventures"_s,  u"hospitality"_s, u"investments"_s,
                                       u"partners"_s, u"operations"_s};
     return containsAnyPhrase(withoutAccents(wordsOf(name)), words);
 }

@@ -45,17 +45,20 @@ private Q_SLOTS:
     void tellsMealsByTheTime() {
         QFETCH(QTime, time);
         QFETCH(QString, category);
-        QCOMPARE(readCategory(linesOf({u"Trattoria Blu"_s, u"Pasta 12.00"_s}), std::nullopt, time, {}), category);
+        QCOMPARE(readCategory(linesOf({u"Trattoria Blu"_s, u"Pasta 12.00"_s}), std::nullopt, time, {}),
+                 category);
     }
 
     void takesAMealWithoutTimeForLunch() {
-        QCOMPARE(readCategory(linesOf({u"Trattoria Blu"_s, u"Pasta 12.00"_s}), std::nullopt, std::nullopt, {u"it"_s}),
+        QCOMPARE(readCategory(linesOf({u"Trattoria Blu"_s, u"Pasta 12.00"_s}), std::nullopt, std::nullopt,
+                              {u"it"_s}),
                  QStringLiteral("lunch"));
     }
 
     void trustsTheSellersNameMore() {
         const QList<TextLine> lines = linesOf({u"Harbour Hotel"_s, u"Soup"_s, u"Salad"_s});
-        QCOMPARE(readCategory(lines, QStringLiteral("Harbour Hotel"), QTime(13, 0), {}), QStringLiteral("hotel"));
+        QCOMPARE(readCategory(lines, QStringLiteral("Harbour Hotel"), QTime(13, 0), {}),
+                 QStringLiteral("hotel"));
         QCOMPARE(readCategory(lines, std::nullopt, QTime(13, 0), {}), QStringLiteral("lunch"));
     }
 

@@ -50,8 +50,9 @@ private Q_SLOTS:
 
     void countriesHadOtherCurrenciesBefore() {
         const auto currencyOn = [this](const QString &date) {
-            return fieldsIn({linesOf({u"Knjižara Lipa"_s, u"Ilica 5, 10000 Zagreb"_s, date, u"UKUPNO 75,00"_s})},
-                            today_)
+            return fieldsIn(
+                       {linesOf({u"Knjižara Lipa"_s, u"Ilica 5, 10000 Zagreb"_s, date, u"UKUPNO 75,00"_s})},
+                       today_)
                 .currency;
         };
         QCOMPARE(currencyOn(u"31.12.2022"_s), std::optional(u"HRK"_s));

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void everyRowIsOfAKnownKind() {
         static const QSet<QString> kinds = {u"currency"_s, u"order"_s,  u"calendar"_s, u"languages"_s,
                                             u"dial"_s,     u"domain"_s, u"places"_s,   u"words"_s,
-                                            u"tax"_s,      u"post"_s};
+                                            u"tax"_s,      u"post"_s,   u"hint"_s,     u"before"_s};
         QSet<QString> seen;
         const QList<QStringList> rows = tableRows(u":/engine/countries.txt"_s);
         for (const QStringList &row : rows) {

@@ -25,10 +25,11 @@ private Q_SLOTS:
                                                   u"mention"_s,        u"tax"_s,          u"inclusive"_s,
                                                   u"within"_s,         u"exclusive"_s,    u"tax table"_s,
                                                   u"tax column"_s,     u"no misreading"_s};
-        QTest::newRow("categories")
-            << u":/engine/category_words.txt"_s
-            << QSet<QString>{u"hotel"_s, u"fuel"_s, u"breakfast"_s, u"lunch"_s, u"dinner"_s, u"coffee"_s,
-                             u"meal"_s, u"transport"_s, u"groceries"_s, u"entertainment"_s, u"shopping"_s};
+        QTest::newRow("categories") << u":/engine/category_words.txt"_s
+                                    << QSet<QString>{u"hotel"_s,         u"fuel"_s,      u"breakfast"_s,
+                                                     u"lunch"_s,         u"dinner"_s,    u"coffee"_s,
+                                                     u"meal"_s,          u"transport"_s, u"groceries"_s,
+                                                     u"entertainment"_s, u"shopping"_s};
         QTest::newRow("dates") << u":/engine/date_words.txt"_s
                                << QSet<QString>{u"date"_s, u"other date"_s, u"time"_s, u"hours"_s};
         QTest::newRow("names") << u":/engine/name_words.txt"_s
