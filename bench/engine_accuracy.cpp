@@ -148,7 +148,8 @@ ReceiptFields fieldsOf(const Truth &truth, const Options &options) {
         return readReceiptFile(bytes, today).value_or(ReceiptFields{});
     }
     const auto isEnough = [today](const QList<Reading> &readings) {
-        return isBeyondDoubt(factsOfAll(readings), today);
+        const QList<ReadingFacts> facts = factsOfAll(readings);
+        return isBeyondDoubt(facts, today) || showNothing(facts, today);
     };
     const auto readings = readDocument(bytes, isEnough);
     if (!readings || !keepReadings(options.keep + u'/' + truth.file + u".tsv"_s, *readings)) {

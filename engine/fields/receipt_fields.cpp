@@ -209,4 +209,16 @@ bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today) {
     return date && date->isCertain;
 }
 
+bool showNothing(const QList<ReadingFacts> &facts, QDate today) {
+    const auto showsSomething = [](const ReadingFacts &reading) {
+        const bool hasAmount = std::ranges::any_of(reading.amounts, [](const LabelledAmount &amount) {
+            return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::Unnamed;
+        });
+        return hasAmount || !reading.brands.isEmpty() || !reading.languages.isEmpty() ||
+               !reading.countries.isEmpty();
+    };
+    return std::ranges::none_of(facts, showsSomething) &&
+           !foundDate(linesOf(facts), {.languages = languagesOf(facts)}, today);
+}
+
 } // namespace fennick::engine

@@ -32,4 +32,8 @@ struct ReceiptFields {
 // Whether the readings agree on date and total so well that further ones would change nothing.
 [[nodiscard]] bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today);
 
+// Whether nothing in the readings looks like a receipt: no date, no price, and no word, address or number
+// that points to a brand, a language or a country. Further looks at such a page find nothing either.
+[[nodiscard]] bool showNothing(const QList<ReadingFacts> &facts, QDate today);
+
 } // namespace fennick::engine

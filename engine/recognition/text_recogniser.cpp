@@ -1,6 +1,7 @@
 #include "engine/recognition/text_recogniser.h"
 
 #include "platform/library_threads.h"
+#include "platform/thread_time.h"
 
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
@@ -15,16 +16,6 @@ namespace {
 
 // In heights of a line, from its lowest to its highest stroke.
 constexpr double columnGap = 1.2;
-
-struct Patience {
-    QDeadlineTimer deadline;
-    std::stop_token stop;
-};
-
-bool isOver(void *patience, int) {
-    const auto *given = static_cast<Patience *>(patience);
-    return given->deadline.hasExpired() || given->stop.stop_requested();
-}
 
 QRectF boxOf(const tesseract::ResultIterator &position, tesseract::PageIteratorLevel level) {
     int left = 0;
@@ -61,6 +52,18 @@ void addWords(TextLine &line, tesseract::ResultIterator &word) {
     }
 }
 
+struct Patience {
+    QDeadlineTimer deadline;
+    std::chrono::nanoseconds latest; // of the thread's processor time
+    std::stop_token stop;
+};
+
+bool isOver(void *patience, int) {
+    const auto *given = static_cast<Patience *>(patience);
+    return given->deadline.hasExpired() || given->stop.stop_requested() ||
+           threadProcessorTime() > given->latest;
+}
+
 } // namespace
 
 TextRecogniser::TextRecogniser()
@@ -82,7 +85,8 @@ bool TextRecogniser::isReady() const {
     return ready_;
 }
 
-QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline,
+QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page,
+                                          std::chrono::nanoseconds mostProcessorTime, QDeadlineTimer deadline,
                                           const std::stop_token &stop) {
     if (!ready_ || !picture) {
         return {};
@@ -93,7 +97,8 @@ QList<TextLine> TextRecogniser::recognise(const GreyPicture &picture, int page, 
     tesseract_->SetSourceResolution(300);
 
     tesseract::ETEXT_DESC monitor;
-    Patience patience{.deadline = deadline, .stop = stop};
+    Patience patience{
+        .deadline = deadline, .latest = threadProcessorTime() + mostProcessorTime, .stop = stop};
     monitor.cancel = isOver;
     monitor.cancel_this = &patience;
     if (tesseract_->Recognize(&monitor) != 0) {

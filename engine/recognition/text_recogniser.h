@@ -5,6 +5,7 @@
 
 #include <QDeadlineTimer>
 
+#include <chrono>
 #include <memory>
 #include <stop_token>
 
@@ -23,9 +24,11 @@ public:
     // False when the language data is missing; nothing can be recognised then.
     bool isReady() const;
 
-    // The lines of `picture`, from top to bottom, boxes and places in its pixels. None when `deadline` passes
-    // or `stop` is requested first: Tesseract gives a page whole or not at all.
-    QList<TextLine> recognise(const GreyPicture &picture, int page, QDeadlineTimer deadline,
+    // The lines of `picture`, from top to bottom, boxes and places in its pixels. None when `deadline`
+    // passes, `mostProcessorTime` is used up or `stop` is requested first: Tesseract gives a page whole or
+    // not at all.
+    QList<TextLine> recognise(const GreyPicture &picture, int page,
+                              std::chrono::nanoseconds mostProcessorTime, QDeadlineTimer deadline,
                               const std::stop_token &stop = {});
 
 private:

@@ -30,7 +30,7 @@ std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes,
     QList<ReadingFacts> facts;
     const auto isEnough = [&facts, today](const QList<Reading> &readings) {
         addFacts(facts, readings);
-        return isBeyondDoubt(facts, today);
+        return isBeyondDoubt(facts, today) || showNothing(facts, today);
     };
     const std::expected<QList<Reading>, ReadError> readings = readDocument(bytes, isEnough, stop, pagesOf);
     if (!readings) {

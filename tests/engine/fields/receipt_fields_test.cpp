@@ -76,6 +76,19 @@ private Q_SLOTS:
         }
     }
 
+    void knowsWhenFurtherLooksAreInVain() {
+        const auto isInVain = [this](const QList<Reading> &readings) {
+            return showNothing(factOfEach(readings, &factsOf), today_);
+        };
+        const Reading texture = linesOf({u"~ ,_ ; |"_s, u"= - 7 ."_s});
+        QVERIFY(isInVain({texture, texture}));
+        QVERIFY(isInVain({{}, {}}));
+        for (const QString &line :
+             {u"Tea 2.50"_s, u"12.05.2024"_s, u"+49 30 1234567"_s, u"Rückgeld Zwischensumme"_s}) {
+            QVERIFY2(!isInVain({texture, linesOf({line})}), qPrintable(line));
+        }
+    }
+
     void theNameOfACompanyAloneMakesAReceipt() {
         const auto fields = readReceipt({factsOf(linesOf({u"Harbour Hardware Ltd"_s, u"Nails"_s}))}, today_);
         QVERIFY(fields);

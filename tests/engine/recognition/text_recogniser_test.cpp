@@ -32,7 +32,7 @@ private Q_SLOTS:
         TextRecogniser recogniser;
         QVERIFY(recogniser.isReady());
         const QList<TextLine> lines = recogniser.recognise(
-            greyPrinted({u"Corner Shop"_s, u"Total 23.50"_s}, pixelSize), 3, QDeadlineTimer(60s));
+            greyPrinted({u"Corner Shop"_s, u"Total 23.50"_s}, pixelSize), 3, 60s, QDeadlineTimer(60s));
         QCOMPARE(lines.size(), 2);
         QCOMPARE(lines[0].text, u"Corner Shop"_s);
         QCOMPARE(lines[1].text, u"Total 23.50"_s);
@@ -43,29 +43,31 @@ private Q_SLOTS:
 
     void readsOnePageAfterTheOther() {
         TextRecogniser recogniser;
-        QCOMPARE(
-            recogniser.recognise(greyPrinted({u"First page"_s}, 30), 0, QDeadlineTimer(60s)).value(0).text,
-            u"First page"_s);
-        QCOMPARE(
-            recogniser.recognise(greyPrinted({u"Second page"_s}, 30), 1, QDeadlineTimer(60s)).value(0).text,
-            u"Second page"_s);
+        QCOMPARE(recogniser.recognise(greyPrinted({u"First page"_s}, 30), 0, 60s, QDeadlineTimer(60s))
+                     .value(0)
+                     .text,
+                 u"First page"_s);
+        QCOMPARE(recogniser.recognise(greyPrinted({u"Second page"_s}, 30), 1, 60s, QDeadlineTimer(60s))
+                     .value(0)
+                     .text,
+                 u"Second page"_s);
     }
 
     void findsNothingOnEmptyPaper() {
         TextRecogniser recogniser;
         QImage white(600, 800, QImage::Format_RGB32);
         white.fill(Qt::white);
-        QVERIFY(recogniser.recognise(greyPicture(white), 0, QDeadlineTimer(60s)).isEmpty());
-        QVERIFY(recogniser.recognise(greyPicture(QImage()), 0, QDeadlineTimer(60s)).isEmpty());
+        QVERIFY(recogniser.recognise(greyPicture(white), 0, 60s, QDeadlineTimer(60s)).isEmpty());
+        QVERIFY(recogniser.recognise(greyPicture(QImage()), 0, 60s, QDeadlineTimer(60s)).isEmpty());
         QImage dot(1, 1, QImage::Format_RGB32);
         dot.fill(Qt::black);
-        QVERIFY(recogniser.recognise(greyPicture(dot), 0, QDeadlineTimer(60s)).isEmpty());
+        QVERIFY(recogniser.recognise(greyPicture(dot), 0, 60s, QDeadlineTimer(60s)).isEmpty());
     }
 
     void stopsWhenItsTimeIsOver() {
         TextRecogniser recogniser;
         const QStringList rows(60, u"The quick brown fox 12.34"_s);
-        const QList<TextLine> lines = recogniser.recognise(greyPrinted(rows, 40), 0, QDeadlineTimer(0));
+        const QList<TextLine> lines = recogniser.recognise(greyPrinted(rows, 40), 0, 60s, QDeadlineTimer(0));
         QVERIFY(lines.isEmpty());
     }
 };
