@@ -95,6 +95,58 @@
     </message>
 </context>
 <context>
+    <name>FieldProblem</name>
+    <message>
+        <source>There is no %1</source>
+        <extracomment>%1 is a day that does not exist, such as &quot;31 February&quot;.</extracomment>
+        <translation>Le %1 n’existe pas</translation>
+    </message>
+    <message>
+        <source>There is no month %1</source>
+        <extracomment>%1 is a number.</extracomment>
+        <translation>Il n’y a pas de mois %1</translation>
+    </message>
+    <message>
+        <source>Write the date like 2024-05-31 or %1</source>
+        <extracomment>%1 is a date as the user&apos;s locale writes it.</extracomment>
+        <translation>Écrivez la date comme 2024-05-31 ou %1</translation>
+    </message>
+    <message>
+        <source>Write the time like 14:30</source>
+        <translation>Écrivez l’heure comme 14:30</translation>
+    </message>
+    <message>
+        <source>Write the amount like %1</source>
+        <extracomment>%1 is a number as the user&apos;s locale writes it.</extracomment>
+        <translation>Écrivez le montant comme %1</translation>
+    </message>
+    <message>
+        <source>There is no currency “%1”</source>
+        <extracomment>%1 is what was typed.</extracomment>
+        <translation>Il n’y a pas de devise « %1 »</translation>
+    </message>
+    <message>
+        <source>There is no category “%1”</source>
+        <extracomment>%1 is what was typed.</extracomment>
+        <translation>Il n’y a pas de catégorie « %1 »</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The language&apos;s code, for the names of months.</extracomment>
+        <translation>fr</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3</source>
+        <extracomment>Follows &quot;There is no&quot;: %1 is a day, %2 the name of a month, %3 a year.</extracomment>
+        <translation>%1 %2 %3</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>Follows &quot;There is no&quot;: %1 is a day, %2 the name of a month.</extracomment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
     <name>FileProblem</name>
     <message>
         <source>The file is a link. Put the file itself into the folder to scan it.</source>
