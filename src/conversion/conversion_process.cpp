@@ -43,22 +43,34 @@ QCoro::Task<Result> convertToJPEGs(QString program, std::shared_ptr<QFile> file,
     if (!folder) {
         co_return std::unexpected(ConverterError{ConverterError::Kind::platform, folder.error()});
     }
+    const std::stop_token neverStopped;
+    co_return co_await convertInto(program, *folder, std::move(file), fileName, baseName, neverStopped,
+                                   longestTime);
+}
+
+QCoro::Task<Result> convertInto(QString program, QString folder, std::shared_ptr<QFile> file,
+                                QString fileName, QString baseName, std::stop_token stop,
+                                std::chrono::seconds longestTime) {
     QProcess process;
     endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime});
     process.setStandardErrorFile(QProcess::nullDevice());
     QTimer::singleShot(longestTime * wallTimePerProcessorTime, &process, &QProcess::kill);
     process.setStandardInputFile(reopeningPath(*file));
-    process.start(program, {u"--standard-input"_s, fileName, *folder, baseName}, QIODevice::ReadOnly);
+    process.start(program, {u"--standard-input"_s, fileName, folder, baseName}, QIODevice::ReadOnly);
     if (!process.waitForStarted()) {
         const QString reason =
             QCoreApplication::translate("ConverterError", "The converter could not be started: %1")
                 .arg(process.errorString());
         co_return std::unexpected(ConverterError{ConverterError::Kind::platform, reason});
     }
+    const auto kill = [&process] {
+        process.kill();
+    };
+    const std::stop_callback whenStopped(stop, kill);
     if (process.state() != QProcess::NotRunning) {
         co_await qCoro(&process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
     }
-    co_return trusted(decodeReport(process.readAllStandardOutput()), *folder);
+    co_return trusted(decodeReport(process.readAllStandardOutput()), folder);
 }
 
 } // namespace fennick::ConversionProcess

@@ -14,6 +14,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , archive_(store, settings, &lastError_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
     , correction_(store, &renaming_, &folderThreads_)
+    , pages_(&watchedFolder_, &folderThreads_, &tasks_)
     , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
     , scanRun_(store, settings, &watchedFolder_, &renaming_, &delivery_, &tasks_)
     , recovery_(store, &archive_, &folderThreads_, &tasks_)

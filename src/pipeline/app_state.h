@@ -8,6 +8,7 @@
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
 #include "pipeline/photos_delivery.h"
+#include "pipeline/receipt_pages.h"
 #include "pipeline/receipt_renaming.h"
 #include "pipeline/recovery.h"
 #include "pipeline/renamed_paths.h"
@@ -82,6 +83,9 @@ public:
     QFuture<QString> fileNameAfterCorrection(const QString &id, const TypedFields &typed,
                                              const FieldFormats &formats) const;
 
+    // The pages of the receipt that is being looked at.
+    ReceiptPages *pages() { return &pages_; }
+
     // Photos delivery -------------------------------------------------------------------------------------
 
     // Adds the receipt to the photo library, also if it was added before. Does nothing while the preference
@@ -123,6 +127,7 @@ private:
     Archive archive_;
     ReceiptRenaming renaming_;
     Correction correction_;
+    ReceiptPages pages_;
     PhotosDelivery delivery_;
     ScanRun scanRun_;
     Recovery recovery_;
