@@ -43,6 +43,18 @@
         <source>Export, Archive &amp;&amp; Clear</source>
         <translation>Exportieren, archivieren &amp;&amp; leeren</translation>
     </message>
+    <message>
+        <source>Quit without saving your corrections?</source>
+        <translation>Beenden, ohne Ihre Korrekturen zu speichern?</translation>
+    </message>
+    <message>
+        <source>You have changed fields in the receipt details and not saved them.</source>
+        <translation>Sie haben Felder in den Einzelheiten eines Belegs geändert und nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Quit Without Saving</source>
+        <translation>Ohne Speichern beenden</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -301,6 +313,84 @@
     </message>
 </context>
 <context>
+    <name>fennick::DetailsWindow</name>
+    <message>
+        <source>Processing</source>
+        <translation>In Arbeit</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Receipt Details</source>
+        <translation>Einzelheiten des Belegs</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Vorige Seite</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Nächste Seite</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Scanned</source>
+        <translation>Gescannt</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <extracomment>Stores the corrected fields.</extracomment>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <extracomment>Takes back what was typed.</extracomment>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Select a receipt in the list.</source>
+        <translation>Wählen Sie einen Beleg in der Liste aus.</translation>
+    </message>
+    <message>
+        <source>Added to Photos</source>
+        <translation>Zu Fotos hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Not added to Photos</source>
+        <translation>Nicht zu Fotos hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Opening the receipt…</source>
+        <translation>Beleg wird geöffnet&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>fennick::DroppedFiles</name>
     <message>
         <source>Couldn&apos;t copy %1: %2</source>
@@ -411,6 +501,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Quit Fennick</source>
         <translation>Fennick beenden</translation>
     </message>
+    <message>
+        <source>Details…</source>
+        <translation>Einzelheiten&#xa0;…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -512,10 +606,52 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::PageView</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>The page could not be read</source>
+        <translation>Die Seite konnte nicht gelesen werden</translation>
+    </message>
+</context>
+<context>
     <name>fennick::PhotosDelivery</name>
     <message>
         <source>Photos export failed: %1</source>
         <translation>Export zu Fotos fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptForm</name>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Zusammenfassung</translation>
     </message>
 </context>
 <context>

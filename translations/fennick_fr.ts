@@ -43,6 +43,18 @@
         <source>Export, Archive &amp;&amp; Clear</source>
         <translation>Exporter, archiver et vider</translation>
     </message>
+    <message>
+        <source>Quit without saving your corrections?</source>
+        <translation>Quitter sans enregistrer vos corrections&#xa0;?</translation>
+    </message>
+    <message>
+        <source>You have changed fields in the receipt details and not saved them.</source>
+        <translation>Vous avez modifié des champs dans les détails d’un reçu sans les enregistrer.</translation>
+    </message>
+    <message>
+        <source>Quit Without Saving</source>
+        <translation>Quitter sans enregistrer</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -123,12 +135,12 @@
     <message>
         <source>There is no currency “%1”</source>
         <extracomment>%1 is what was typed.</extracomment>
-        <translation>Il n’y a pas de devise « %1 »</translation>
+        <translation>Il n’y a pas de devise «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>There is no category “%1”</source>
         <extracomment>%1 is what was typed.</extracomment>
-        <translation>Il n’y a pas de catégorie « %1 »</translation>
+        <translation>Il n’y a pas de catégorie «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>en</source>
@@ -301,6 +313,84 @@
     </message>
 </context>
 <context>
+    <name>fennick::DetailsWindow</name>
+    <message>
+        <source>Processing</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Receipt Details</source>
+        <translation>Détails du reçu</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Page précédente</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Page suivante</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Raison</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Nom du fichier</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Photos</translation>
+    </message>
+    <message>
+        <source>Scanned</source>
+        <translation>Scanné</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <extracomment>Stores the corrected fields.</extracomment>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <extracomment>Takes back what was typed.</extracomment>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Select a receipt in the list.</source>
+        <translation>Sélectionnez un reçu dans la liste.</translation>
+    </message>
+    <message>
+        <source>Added to Photos</source>
+        <translation>Ajouté à Photos</translation>
+    </message>
+    <message>
+        <source>Not added to Photos</source>
+        <translation>Pas ajouté à Photos</translation>
+    </message>
+    <message>
+        <source>Opening the receipt…</source>
+        <translation>Ouverture du reçu…</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
+        <translation>Page %1 sur %2</translation>
+    </message>
+</context>
+<context>
     <name>fennick::DroppedFiles</name>
     <message>
         <source>Couldn&apos;t copy %1: %2</source>
@@ -411,6 +501,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Quit Fennick</source>
         <translation>Quitter Fennick</translation>
     </message>
+    <message>
+        <source>Details…</source>
+        <translation>Détails…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -512,10 +606,52 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::PageView</name>
+    <message>
+        <source>Page</source>
+        <translation>Page du reçu</translation>
+    </message>
+    <message>
+        <source>The page could not be read</source>
+        <translation>La page n’a pas pu être lue</translation>
+    </message>
+</context>
+<context>
     <name>fennick::PhotosDelivery</name>
     <message>
         <source>Photos export failed: %1</source>
         <translation>Échec de l’export vers Photos&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptForm</name>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Montant</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Devise</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Lieu</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Catégorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Résumé</translation>
     </message>
 </context>
 <context>

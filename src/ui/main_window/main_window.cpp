@@ -122,6 +122,8 @@ void MainWindow::buildMenuBar() {
     QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
     receipt->addActions(
         {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});
+    receipt->addSeparator();
+    receipt->addAction(actions_.details);
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
     edit->addAction(actions_.settings);
 }
@@ -176,6 +178,7 @@ void MainWindow::connectActions() {
 
     connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);
     connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::enableActions);
+    connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::selectedReceiptChanged);
 }
 
 void MainWindow::enableActions() {
@@ -188,12 +191,20 @@ void MainWindow::enableActions() {
     archiveButton_->setEnabled(hasReceipts);
 
     const auto selected = home_->table()->selectedReceipt();
-    for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary}) {
+    for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary, actions_.details}) {
         action->setEnabled(selected.has_value());
     }
     actions_.addToPhotos->setEnabled(selected && selected->status == ReceiptStatus::done &&
                                      !selected->addedToPhotos && settings_->addToPhotos());
     actions_.retry->setEnabled(selected && selected->status == ReceiptStatus::error);
+}
+
+std::optional<Receipt> MainWindow::selectedReceipt() const {
+    return home_->table()->selectedReceipt();
+}
+
+void MainWindow::selectFurther(int rows) {
+    home_->table()->selectFurther(rows);
 }
 
 void MainWindow::chooseFolder() {
