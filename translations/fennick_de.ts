@@ -624,6 +624,36 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::ReadWithMenu</name>
+    <message>
+        <source>Read With</source>
+        <extracomment>The submenu in which one chooses who reads the receipts.</extracomment>
+        <translation>Lesen mit</translation>
+    </message>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to Google&apos;s Gemini service, with your API key.</source>
+        <translation>Belege werden mit Ihrem API-Schlüssel an den Dienst Gemini von Google gesendet.</translation>
+    </message>
+    <message>
+        <source>This Computer</source>
+        <extracomment>The receipts are read by this computer.</extracomment>
+        <translation>Diesem Computer</translation>
+    </message>
+    <message>
+        <source>Receipts are read on this computer and sent nowhere. No key is needed.</source>
+        <translation>Belege werden auf diesem Computer gelesen und nirgendwohin gesendet. Ein Schlüssel wird nicht gebraucht.</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to %1, with your API key.</source>
+        <extracomment>%1 is an address on the Internet.</extracomment>
+        <translation>Belege werden mit Ihrem API-Schlüssel an %1 gesendet.</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ReceiptForm</name>
     <message>
         <source>Date</source>

@@ -624,6 +624,36 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::ReadWithMenu</name>
+    <message>
+        <source>Read With</source>
+        <extracomment>The submenu in which one chooses who reads the receipts.</extracomment>
+        <translation>Lire avec</translation>
+    </message>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to Google&apos;s Gemini service, with your API key.</source>
+        <translation>Les reçus sont envoyés au service Gemini de Google, avec votre clé API.</translation>
+    </message>
+    <message>
+        <source>This Computer</source>
+        <extracomment>The receipts are read by this computer.</extracomment>
+        <translation>Cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Receipts are read on this computer and sent nowhere. No key is needed.</source>
+        <translation>Les reçus sont lus sur cet ordinateur et ne sont envoyés nulle part. Aucune clé n’est nécessaire.</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to %1, with your API key.</source>
+        <extracomment>%1 is an address on the Internet.</extracomment>
+        <translation>Les reçus sont envoyés à %1, avec votre clé API.</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ReceiptForm</name>
     <message>
         <source>Date</source>

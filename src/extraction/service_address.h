@@ -7,6 +7,9 @@
 
 namespace fennick {
 
+// What stands in place of an address for Fennick's own engine.
+inline const QString onDeviceAddress = QStringLiteral("on-device");
+
 // Whether the address of the extraction service stands for Fennick's own engine, which the program then
 // starts when it needs it.
 bool isOnDevice(const QString &serviceAddress);

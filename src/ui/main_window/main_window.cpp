@@ -6,6 +6,7 @@
 #include "ui/dialogs/export_panel.h"
 #include "ui/dialogs/watch_folder_chooser.h"
 #include "ui/main_window/home_view.h"
+#include "ui/main_window/read_with_menu.h"
 #include "ui/main_window/receipts_table.h"
 #include "ui/widgets/focus_frame.h"
 #include "ui/widgets/symbols.h"
@@ -117,6 +118,8 @@ void MainWindow::buildMenuBar() {
     file->addActions({actions_.chooseFolder, actions_.exportCsv, actions_.exportHtml});
     file->addSeparator();
     file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
+    file->addSeparator();
+    file->addMenu(new ReadWithMenu(settings_, file));
     file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
     QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
