@@ -10,6 +10,7 @@
 #include "ui/details/page_view.h"
 #include "ui/widgets/caption_label.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -58,7 +59,9 @@ private Q_SLOTS:
               std::pair{u"amountField"_s, u"Amount"_s}, std::pair{u"currencyField"_s, u"Currency"_s},
               std::pair{u"locationField"_s, u"Location"_s}, std::pair{u"categoryField"_s, u"Category"_s},
               std::pair{u"summaryField"_s, u"Summary"_s}}) {
-            QCOMPARE(find<QWidget>(objectName)->accessibleName(), name);
+            QWidget *const field = find<QWidget>(objectName);
+            QCOMPARE(field->accessibleName(), name);
+            QCOMPARE(QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name), name);
         }
         QCOMPARE(line("dateField")->text(), u"2024-05-01"_s);
         QCOMPARE(line("timeField")->text(), u"12:30"_s);

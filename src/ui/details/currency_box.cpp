@@ -26,7 +26,7 @@ protected:
 } // namespace
 
 CurrencyBox::CurrencyBox(QWidget *parent)
-    : QComboBox(parent) {
+    : NamedComboBox(parent) {
     setEditable(true);
     setInsertPolicy(NoInsert);
     const QStringList codes = currencyCodesInUse();

@@ -75,8 +75,14 @@ DetailsWindow::DetailsWindow(ReceiptStore *store, AppState *appState)
         widget->installEventFilter(this);
     }
     connect(store, &ReceiptStore::receiptsChanged, this, &DetailsWindow::dropDraftsOfOthers);
+    connect(&naming_, &QFutureWatcherBase::finished, this, &DetailsWindow::showFileName);
     connect(appState->pages(), &ReceiptPages::changed, this, &DetailsWindow::showPages);
     showReceipt(std::nullopt);
+}
+
+// A field that loses the focus with the window may still change its text.
+DetailsWindow::~DetailsWindow() {
+    form_->disconnect(this);
 }
 
 QWidget *DetailsWindow::makePageSide() {
@@ -158,6 +164,7 @@ QWidget *DetailsWindow::makeFieldSide() {
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(fieldSide_);
+    area->installEventFilter(this);
     area->setMinimumWidth(fieldSide_->minimumSizeHint().width());
     return area;
 }
@@ -249,20 +256,20 @@ void DetailsWindow::showPageNumber() {
 }
 
 // One look at the folder at a time: it may not answer.
-void DetailsWindow::showFileName() {
+void DetailsWindow::askForFileName() {
     isNameOutdated_ = naming_.isRunning();
-    if (isNameOutdated_ || id_.isEmpty()) {
-        return;
+    if (!isNameOutdated_ && !id_.isEmpty()) {
+        namedId_ = id_;
+        naming_.setFuture(appState_->fileNameAfterCorrection(id_, form_->typed(), formats_));
     }
-    naming_ = appState_->fileNameAfterCorrection(id_, form_->typed(), formats_);
-    naming_.then(this, [this, id = id_](const QString &name) {
-        if (id == id_) {
-            fileName_->setText(displayText(name));
-        }
-        if (isNameOutdated_) {
-            showFileName();
-        }
-    });
+}
+
+void DetailsWindow::showFileName() {
+    if (isNameOutdated_) {
+        askForFileName();
+    } else if (namedId_ == id_ && !naming_.isCanceled()) {
+        fileName_->setText(displayText(naming_.result()));
+    }
 }
 
 void DetailsWindow::keepDraft() {
@@ -272,7 +279,7 @@ void DetailsWindow::keepDraft() {
         drafts_.insert(id_, typed);
     }
     updateButtons();
-    showFileName();
+    askForFileName();
 }
 
 void DetailsWindow::dropDraftsOfOthers() {
@@ -330,7 +337,7 @@ void DetailsWindow::keyPressEvent(QKeyEvent *event) {
     QWidget::keyPressEvent(event);
 }
 
-// Buttons would pass the focus on.
+// Buttons would pass the focus on at these keys, and what scrolls would scroll.
 bool DetailsWindow::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::KeyPress) {
         auto *const keys = static_cast<QKeyEvent *>(event);

@@ -3,7 +3,7 @@
 #include "model/receipt_store.h"
 #include "pipeline/typed_fields.h"
 
-#include <QFuture>
+#include <QFutureWatcher>
 #include <QHash>
 #include <QWidget>
 
@@ -28,6 +28,7 @@ class DetailsWindow : public QWidget {
 
 public:
     DetailsWindow(ReceiptStore *store, AppState *appState);
+    ~DetailsWindow() override;
 
     // Shows this receipt as it is now, or that none is selected.
     void showReceipt(const std::optional<Receipt> &receipt);
@@ -55,6 +56,7 @@ private:
     void showFacts(const Receipt &receipt);
     void showPages();
     void showPageNumber();
+    void askForFileName();
     void showFileName();
     void keepDraft();
     void dropDraftsOfOthers();
@@ -82,7 +84,8 @@ private:
     QPushButton *revert_ = nullptr;
     QString id_; // of the receipt that is shown; empty if there is none
     QHash<QString, TypedFields> drafts_;
-    QFuture<QString> naming_;
+    QFutureWatcher<QString> naming_; // finds the name that the file would have
+    QString namedId_;                // of the receipt that this is for
     bool isNameOutdated_ = false;
 };
 

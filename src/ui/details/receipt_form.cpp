@@ -4,6 +4,7 @@
 #include "files/file_renamer.h"
 #include "ui/details/currency_box.h"
 #include "ui/widgets/caption_label.h"
+#include "ui/widgets/named_combo_box.h"
 
 #include <QFormLayout>
 #include <QLineEdit>
@@ -36,7 +37,7 @@ ReceiptForm::ReceiptForm(const FieldFormats &formats, QWidget *parent)
     , formats_(formats)
     , layout_(new QFormLayout(this))
     , currency_(new CurrencyBox)
-    , category_(new QComboBox)
+    , category_(new NamedComboBox)
     , summary_(new QPlainTextEdit) {
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
@@ -54,6 +55,7 @@ void ReceiptForm::buildFields() {
     addRow(ReceiptField::time, new QLineEdit, u"timeField"_s, tr("Time"));
     addRow(ReceiptField::amount, new QLineEdit, u"amountField"_s, tr("Amount"));
     addRow(ReceiptField::currency, currency_, u"currencyField"_s, tr("Currency"));
+    currency_->lineEdit()->setAccessibleName(tr("Currency"));
     addRow(ReceiptField::location, new QLineEdit, u"locationField"_s, tr("Location"));
     addRow(ReceiptField::category, category_, u"categoryField"_s, tr("Category"));
     addRow(ReceiptField::summary, summary_, u"summaryField"_s, tr("Summary"));
