@@ -43,6 +43,18 @@
         <source>Export, Archive &amp;&amp; Clear</source>
         <translation>Exportieren, archivieren &amp;&amp; leeren</translation>
     </message>
+    <message>
+        <source>Quit without saving your corrections?</source>
+        <translation>Beenden, ohne Ihre Korrekturen zu speichern?</translation>
+    </message>
+    <message>
+        <source>You have changed fields in the receipt details and not saved them.</source>
+        <translation>Sie haben Felder in den Einzelheiten eines Belegs geändert und nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Quit Without Saving</source>
+        <translation>Ohne Speichern beenden</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -92,6 +104,58 @@
     <message>
         <source>“%1” already exists. Do you want to replace it?</source>
         <translation>„%1“ gibt es schon. Soll die Datei ersetzt werden?</translation>
+    </message>
+</context>
+<context>
+    <name>FieldProblem</name>
+    <message>
+        <source>There is no %1</source>
+        <extracomment>%1 is a day that does not exist, such as &quot;31 February&quot;.</extracomment>
+        <translation>Den %1 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>There is no month %1</source>
+        <extracomment>%1 is a number.</extracomment>
+        <translation>Einen Monat %1 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Write the date like 2024-05-31 or %1</source>
+        <extracomment>%1 is a date as the user&apos;s locale writes it.</extracomment>
+        <translation>Schreiben Sie das Datum wie 2024-05-31 oder %1</translation>
+    </message>
+    <message>
+        <source>Write the time like 14:30</source>
+        <translation>Schreiben Sie die Uhrzeit wie 14:30</translation>
+    </message>
+    <message>
+        <source>Write the amount like %1</source>
+        <extracomment>%1 is a number as the user&apos;s locale writes it.</extracomment>
+        <translation>Schreiben Sie den Betrag wie %1</translation>
+    </message>
+    <message>
+        <source>There is no currency “%1”</source>
+        <extracomment>%1 is what was typed.</extracomment>
+        <translation>Eine Währung „%1“ gibt es nicht</translation>
+    </message>
+    <message>
+        <source>There is no category “%1”</source>
+        <extracomment>%1 is what was typed.</extracomment>
+        <translation>Eine Kategorie „%1“ gibt es nicht</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The language&apos;s code, for the names of months.</extracomment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3</source>
+        <extracomment>Follows &quot;There is no&quot;: %1 is a day, %2 the name of a month, %3 a year.</extracomment>
+        <translation>%1. %2 %3</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>Follows &quot;There is no&quot;: %1 is a day, %2 the name of a month.</extracomment>
+        <translation>%1. %2</translation>
     </message>
 </context>
 <context>
@@ -249,6 +313,84 @@
     </message>
 </context>
 <context>
+    <name>fennick::DetailsWindow</name>
+    <message>
+        <source>Processing</source>
+        <translation>In Arbeit</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Receipt Details</source>
+        <translation>Einzelheiten des Belegs</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Vorige Seite</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Nächste Seite</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Grund</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Scanned</source>
+        <translation>Gescannt</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <extracomment>Stores the corrected fields.</extracomment>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <extracomment>Takes back what was typed.</extracomment>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Select a receipt in the list.</source>
+        <translation>Wählen Sie einen Beleg in der Liste aus.</translation>
+    </message>
+    <message>
+        <source>Added to Photos</source>
+        <translation>Zu Fotos hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Not added to Photos</source>
+        <translation>Nicht zu Fotos hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Opening the receipt…</source>
+        <translation>Beleg wird geöffnet&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>fennick::DroppedFiles</name>
     <message>
         <source>Couldn&apos;t copy %1: %2</source>
@@ -359,6 +501,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Quit Fennick</source>
         <translation>Fennick beenden</translation>
     </message>
+    <message>
+        <source>Details…</source>
+        <translation>Einzelheiten&#xa0;…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -460,10 +606,82 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::PageView</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>The page could not be read</source>
+        <translation>Die Seite konnte nicht gelesen werden</translation>
+    </message>
+</context>
+<context>
     <name>fennick::PhotosDelivery</name>
     <message>
         <source>Photos export failed: %1</source>
         <translation>Export zu Fotos fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReadWithMenu</name>
+    <message>
+        <source>Read With</source>
+        <extracomment>The submenu in which one chooses who reads the receipts.</extracomment>
+        <translation>Lesen mit</translation>
+    </message>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to Google&apos;s Gemini service, with your API key.</source>
+        <translation>Belege werden mit Ihrem API-Schlüssel an den Dienst Gemini von Google gesendet.</translation>
+    </message>
+    <message>
+        <source>This Computer</source>
+        <extracomment>The receipts are read by this computer.</extracomment>
+        <translation>Diesem Computer</translation>
+    </message>
+    <message>
+        <source>Receipts are read on this computer and sent nowhere. No key is needed.</source>
+        <translation>Belege werden auf diesem Computer gelesen und nirgendwohin gesendet. Ein Schlüssel wird nicht gebraucht.</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to %1, with your API key.</source>
+        <extracomment>%1 is an address on the Internet.</extracomment>
+        <translation>Belege werden mit Ihrem API-Schlüssel an %1 gesendet.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptForm</name>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Zusammenfassung</translation>
     </message>
 </context>
 <context>

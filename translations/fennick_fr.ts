@@ -43,6 +43,18 @@
         <source>Export, Archive &amp;&amp; Clear</source>
         <translation>Exporter, archiver et vider</translation>
     </message>
+    <message>
+        <source>Quit without saving your corrections?</source>
+        <translation>Quitter sans enregistrer vos corrections&#xa0;?</translation>
+    </message>
+    <message>
+        <source>You have changed fields in the receipt details and not saved them.</source>
+        <translation>Vous avez modifié des champs dans les détails d’un reçu sans les enregistrer.</translation>
+    </message>
+    <message>
+        <source>Quit Without Saving</source>
+        <translation>Quitter sans enregistrer</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -92,6 +104,58 @@
     <message>
         <source>“%1” already exists. Do you want to replace it?</source>
         <translation>« %1 » existe déjà. Faut-il le remplacer ?</translation>
+    </message>
+</context>
+<context>
+    <name>FieldProblem</name>
+    <message>
+        <source>There is no %1</source>
+        <extracomment>%1 is a day that does not exist, such as &quot;31 February&quot;.</extracomment>
+        <translation>Le %1 n’existe pas</translation>
+    </message>
+    <message>
+        <source>There is no month %1</source>
+        <extracomment>%1 is a number.</extracomment>
+        <translation>Il n’y a pas de mois %1</translation>
+    </message>
+    <message>
+        <source>Write the date like 2024-05-31 or %1</source>
+        <extracomment>%1 is a date as the user&apos;s locale writes it.</extracomment>
+        <translation>Écrivez la date comme 2024-05-31 ou %1</translation>
+    </message>
+    <message>
+        <source>Write the time like 14:30</source>
+        <translation>Écrivez l’heure comme 14:30</translation>
+    </message>
+    <message>
+        <source>Write the amount like %1</source>
+        <extracomment>%1 is a number as the user&apos;s locale writes it.</extracomment>
+        <translation>Écrivez le montant comme %1</translation>
+    </message>
+    <message>
+        <source>There is no currency “%1”</source>
+        <extracomment>%1 is what was typed.</extracomment>
+        <translation>Il n’y a pas de devise «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>There is no category “%1”</source>
+        <extracomment>%1 is what was typed.</extracomment>
+        <translation>Il n’y a pas de catégorie «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The language&apos;s code, for the names of months.</extracomment>
+        <translation>fr</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3</source>
+        <extracomment>Follows &quot;There is no&quot;: %1 is a day, %2 the name of a month, %3 a year.</extracomment>
+        <translation>%1 %2 %3</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>Follows &quot;There is no&quot;: %1 is a day, %2 the name of a month.</extracomment>
+        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -249,6 +313,84 @@
     </message>
 </context>
 <context>
+    <name>fennick::DetailsWindow</name>
+    <message>
+        <source>Processing</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Receipt Details</source>
+        <translation>Détails du reçu</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Page précédente</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Page suivante</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Raison</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Nom du fichier</translation>
+    </message>
+    <message>
+        <source>Photos</source>
+        <translation>Photos</translation>
+    </message>
+    <message>
+        <source>Scanned</source>
+        <translation>Scanné</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <extracomment>Stores the corrected fields.</extracomment>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <extracomment>Takes back what was typed.</extracomment>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Select a receipt in the list.</source>
+        <translation>Sélectionnez un reçu dans la liste.</translation>
+    </message>
+    <message>
+        <source>Added to Photos</source>
+        <translation>Ajouté à Photos</translation>
+    </message>
+    <message>
+        <source>Not added to Photos</source>
+        <translation>Pas ajouté à Photos</translation>
+    </message>
+    <message>
+        <source>Opening the receipt…</source>
+        <translation>Ouverture du reçu…</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
+        <translation>Page %1 sur %2</translation>
+    </message>
+</context>
+<context>
     <name>fennick::DroppedFiles</name>
     <message>
         <source>Couldn&apos;t copy %1: %2</source>
@@ -359,6 +501,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Quit Fennick</source>
         <translation>Quitter Fennick</translation>
     </message>
+    <message>
+        <source>Details…</source>
+        <translation>Détails…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -460,10 +606,82 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::PageView</name>
+    <message>
+        <source>Page</source>
+        <translation>Page du reçu</translation>
+    </message>
+    <message>
+        <source>The page could not be read</source>
+        <translation>La page n’a pas pu être lue</translation>
+    </message>
+</context>
+<context>
     <name>fennick::PhotosDelivery</name>
     <message>
         <source>Photos export failed: %1</source>
         <translation>Échec de l’export vers Photos&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReadWithMenu</name>
+    <message>
+        <source>Read With</source>
+        <extracomment>The submenu in which one chooses who reads the receipts.</extracomment>
+        <translation>Lire avec</translation>
+    </message>
+    <message>
+        <source>Gemini</source>
+        <translation>Gemini</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to Google&apos;s Gemini service, with your API key.</source>
+        <translation>Les reçus sont envoyés au service Gemini de Google, avec votre clé API.</translation>
+    </message>
+    <message>
+        <source>This Computer</source>
+        <extracomment>The receipts are read by this computer.</extracomment>
+        <translation>Cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Receipts are read on this computer and sent nowhere. No key is needed.</source>
+        <translation>Les reçus sont lus sur cet ordinateur et ne sont envoyés nulle part. Aucune clé n’est nécessaire.</translation>
+    </message>
+    <message>
+        <source>Receipts are sent to %1, with your API key.</source>
+        <extracomment>%1 is an address on the Internet.</extracomment>
+        <translation>Les reçus sont envoyés à %1, avec votre clé API.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReceiptForm</name>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Montant</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Devise</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Lieu</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Catégorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Résumé</translation>
     </message>
 </context>
 <context>

@@ -45,22 +45,34 @@ QCoro::Task<Result> convertToJPEGs(QString program, std::shared_ptr<QFile> file,
         co_return std::unexpected(
             ConverterError{ConverterError::Kind::platform, folder.error().description()});
     }
+    const std::stop_token neverStopped;
+    co_return co_await convertInto(program, *folder, std::move(file), fileName, baseName, neverStopped,
+                                   longestTime);
+}
+
+QCoro::Task<Result> convertInto(QString program, QString folder, std::shared_ptr<QFile> file,
+                                QString fileName, QString baseName, std::stop_token stop,
+                                std::chrono::seconds longestTime) {
     QProcess process;
     const int descriptor = file->handle();
     endWithThisProgram(process, ChildLimits{.memory = mostMemory, .processorTime = longestTime}, descriptor);
     process.setStandardErrorFile(QProcess::nullDevice());
     QTimer::singleShot(longestTime * wallTimePerProcessorTime, &process, &QProcess::kill);
-    process.start(program, {u"--descriptor=%1"_s.arg(descriptor), fileName, *folder, baseName});
+    process.start(program, {u"--descriptor=%1"_s.arg(descriptor), fileName, folder, baseName});
     if (!process.waitForStarted()) {
         const QString reason =
             QCoreApplication::translate("ConverterError", "The converter could not be started: %1")
                 .arg(process.errorString());
         co_return std::unexpected(ConverterError{ConverterError::Kind::platform, reason});
     }
+    const auto kill = [&process] {
+        process.kill();
+    };
+    const std::stop_callback whenStopped(stop, kill);
     if (process.state() != QProcess::NotRunning) {
         co_await qCoro(&process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished));
     }
-    co_return trusted(decodeReport(process.readAllStandardOutput()), *folder);
+    co_return trusted(decodeReport(process.readAllStandardOutput()), folder);
 }
 
 } // namespace fennick::ConversionProcess

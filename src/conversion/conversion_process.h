@@ -8,6 +8,7 @@
 #include <chrono>
 #include <expected>
 #include <memory>
+#include <stop_token>
 
 class QFile;
 
@@ -24,6 +25,12 @@ namespace ConversionProcess {
 [[nodiscard]] QCoro::Task<std::expected<QStringList, ConverterError>>
 convertToJPEGs(QString program, std::shared_ptr<QFile> file, QString fileName, QString baseName,
                std::chrono::seconds longestTime = std::chrono::seconds(60));
+
+// The same into an existing folder. The converter is ended as soon as `stop` is requested, on this thread;
+// the result is a renderFailed error then. The caller removes the folder.
+[[nodiscard]] QCoro::Task<std::expected<QStringList, ConverterError>>
+convertInto(QString program, QString folder, std::shared_ptr<QFile> file, QString fileName, QString baseName,
+            std::stop_token stop, std::chrono::seconds longestTime = std::chrono::seconds(60));
 
 } // namespace ConversionProcess
 

@@ -24,7 +24,7 @@ bool isSchemeHostAndPort(const QUrl &address) {
 } // namespace
 
 bool isOnDevice(const QString &serviceAddress) {
-    return serviceAddress == u"on-device";
+    return serviceAddress == onDeviceAddress;
 }
 
 std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model, const QString &apiKey) {

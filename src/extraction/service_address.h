@@ -7,6 +7,9 @@
 
 namespace fennick {
 
+// What stands in place of an address for Fennick's own engine.
+inline const QString onDeviceAddress = QStringLiteral("on-device");
+
 // Whether the address of the extraction service means Fennick's own engine, which the program starts when it
 // is needed.
 bool isOnDevice(const QString &serviceAddress);

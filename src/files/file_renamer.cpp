@@ -28,13 +28,8 @@ bool isPossible(const QString &name) {
 } // namespace
 
 std::optional<RenamedFile> rename(const Receipt &receipt, const QString &watched) {
-    const QString desired = buildNewFileName(receipt);
-    if (desired == lastPathComponent(receipt.filePath)) {
-        return std::nullopt; // also keeps a second scan from giving the file a number
-    }
-    const QString folder = parentFolder(receipt.filePath);
-    const QString name = pickAvailableName(folder, desired);
-    const QString newPath = joinedPath(folder, name);
+    const QString name = nameAfterRenaming(receipt);
+    const QString newPath = joinedPath(parentFolder(receipt.filePath), name);
     if (newPath == receipt.filePath || !isPossible(name)) {
         return std::nullopt;
     }
@@ -43,6 +38,14 @@ std::optional<RenamedFile> rename(const Receipt &receipt, const QString &watched
         return std::nullopt;
     }
     return RenamedFile{name, newPath};
+}
+
+QString nameAfterRenaming(const Receipt &receipt) {
+    QString desired = buildNewFileName(receipt);
+    if (desired == lastPathComponent(receipt.filePath)) {
+        return desired; // also keeps a second scan from giving the file a number
+    }
+    return pickAvailableName(parentFolder(receipt.filePath), desired);
 }
 
 QString buildNewFileName(const Receipt &receipt) {

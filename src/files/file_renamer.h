@@ -20,6 +20,9 @@ struct RenamedFile {
 // between the two is followed.
 [[nodiscard]] std::optional<RenamedFile> rename(const Receipt &receipt, const QString &folder = {});
 
+// The name that `rename` would give the file now: the intended one, numbered if another file has it.
+QString nameAfterRenaming(const Receipt &receipt);
+
 // The intended name, with the file's extension in lower case.
 QString buildNewFileName(const Receipt &receipt);
 

@@ -12,8 +12,11 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , settings_(settings)
     , tasks_(&lastError_)
     , archive_(store, settings, &lastError_)
+    , renaming_(store, &watchedFolder_, &renamedPaths_)
+    , correction_(store, &renaming_, &folderThreads_)
+    , pages_(&watchedFolder_, &folderThreads_, &tasks_)
     , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
-    , scanRun_(store, settings, &watchedFolder_, &renamedPaths_, &delivery_, &tasks_)
+    , scanRun_(store, settings, &watchedFolder_, &renaming_, &delivery_, &tasks_)
     , recovery_(store, &archive_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
@@ -52,6 +55,20 @@ bool AppState::isSupported(const QString &path) {
 
 void AppState::retry(const Receipt &receipt) {
     scanRun_.retry(receipt);
+}
+
+bool AppState::canCorrect(const QString &id) const {
+    return correction_.isPossible(id);
+}
+
+std::expected<void, FieldProblems> AppState::correct(const QString &id, const TypedFields &typed,
+                                                     const FieldFormats &formats) {
+    return correction_.correct(id, typed, formats);
+}
+
+QFuture<QString> AppState::fileNameAfterCorrection(const QString &id, const TypedFields &typed,
+                                                   const FieldFormats &formats) const {
+    return correction_.fileNameAfter(id, typed, formats);
 }
 
 void AppState::pushToPhotos(const Receipt &receipt) {

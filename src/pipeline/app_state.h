@@ -2,11 +2,14 @@
 
 #include "export/export_service.h"
 #include "pipeline/archive.h"
+#include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
 #include "pipeline/photos_delivery.h"
+#include "pipeline/receipt_pages.h"
+#include "pipeline/receipt_renaming.h"
 #include "pipeline/recovery.h"
 #include "pipeline/renamed_paths.h"
 #include "pipeline/scan_run.h"
@@ -17,6 +20,7 @@
 #include <QFuture>
 #include <QObject>
 
+#include <expected>
 #include <optional>
 
 namespace fennick {
@@ -65,6 +69,23 @@ public:
     // Scans a listed receipt once more, by its present path.
     void retry(const Receipt &receipt);
 
+    // Correction ------------------------------------------------------------------------------------------
+
+    // Whether the receipt is listed and is not being scanned.
+    bool canCorrect(const QString &id) const;
+
+    // Puts the typed fields in place of the receipt's own and renames its file by the rules of a scan. If a
+    // field cannot be understood, nothing changes.
+    [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
+                                                             const FieldFormats &formats);
+
+    // The name that the file would have after the correction.
+    QFuture<QString> fileNameAfterCorrection(const QString &id, const TypedFields &typed,
+                                             const FieldFormats &formats) const;
+
+    // The pages of the receipt that is being looked at.
+    ReceiptPages *pages() { return &pages_; }
+
     // Photos delivery -------------------------------------------------------------------------------------
 
     // Adds the receipt to the photo library, also if it was added before. Does nothing while the preference
@@ -104,6 +125,9 @@ private:
     WatchedFolder watchedFolder_;
     RenamedPaths renamedPaths_;
     Archive archive_;
+    ReceiptRenaming renaming_;
+    Correction correction_;
+    ReceiptPages pages_;
     PhotosDelivery delivery_;
     ScanRun scanRun_;
     Recovery recovery_;

@@ -2,11 +2,10 @@
 
 #include "extraction/gemini_client.h"
 #include "extraction/service_address.h"
-#include "files/file_renamer.h"
 #include "model/receipt_store.h"
 #include "pipeline/exception_text.h"
 #include "pipeline/photos_delivery.h"
-#include "pipeline/renamed_paths.h"
+#include "pipeline/receipt_renaming.h"
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
 #include "settings/settings_store.h"
@@ -35,11 +34,11 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 } // namespace
 
 ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
-                 RenamedPaths *renamedPaths, PhotosDelivery *delivery, Tasks *tasks)
+                 ReceiptRenaming *renaming, PhotosDelivery *delivery, Tasks *tasks)
     : store_(store)
     , settings_(settings)
     , watchedFolder_(watchedFolder)
-    , renamedPaths_(renamedPaths)
+    , renaming_(renaming)
     , delivery_(delivery)
     , tasks_(tasks)
     , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s)) {}
@@ -92,7 +91,7 @@ void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data) {
     scanned->status = ReceiptStatus::done;
     scanned->error.reset();
     store_->update(*scanned);
-    renameFile(*scanned);
+    renaming_->rename(*scanned);
 }
 
 // A failure of any kind is one of this receipt: its row must not wait for ever.
@@ -117,17 +116,6 @@ QCoro::Task<ScanRun::Extracted> ScanRun::send(FileToRead file, QString key, QStr
     }
     co_return co_await GeminiClient::scan(file, OnDeviceEngine::key, settings_->model(), engine_.address(),
                                           engine_.engineEnd());
-}
-
-void ScanRun::renameFile(Receipt receipt) {
-    const auto renamed = FileRenamer::rename(receipt, watchedFolder_->path);
-    if (!renamed) {
-        return;
-    }
-    renamedPaths_->insert(renamed->filePath, std::chrono::steady_clock::now());
-    receipt.fileName = renamed->fileName;
-    receipt.filePath = renamed->filePath;
-    store_->update(receipt);
 }
 
 void ScanRun::retry(const Receipt &receipt) {

@@ -15,8 +15,8 @@
 namespace fennick {
 
 class PhotosDelivery;
+class ReceiptRenaming;
 class ReceiptStore;
-class RenamedPaths;
 class SettingsStore;
 class Tasks;
 struct WatchedFolder;
@@ -28,7 +28,7 @@ class ScanRun : public QObject {
 
 public:
     ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
-            RenamedPaths *renamedPaths, PhotosDelivery *delivery, Tasks *tasks);
+            ReceiptRenaming *renaming, PhotosDelivery *delivery, Tasks *tasks);
 
     // Makes the first request as prompt as the others.
     static void prepare();
@@ -46,12 +46,11 @@ private:
     [[nodiscard]] QCoro::Task<Extracted> extract(FileToRead file, QString key, QString address);
     [[nodiscard]] QCoro::Task<Extracted> send(FileToRead file, QString key, QString address);
     void takeResult(const QString &id, const GeminiReceiptData &data);
-    void renameFile(Receipt receipt);
 
     ReceiptStore *store_;
     SettingsStore *settings_;
     const WatchedFolder *watchedFolder_;
-    RenamedPaths *renamedPaths_;
+    ReceiptRenaming *renaming_;
     PhotosDelivery *delivery_;
     Tasks *tasks_;
     OnDeviceEngine engine_;

@@ -28,7 +28,8 @@ inline const Preference<bool> menuBarMode{u"menuBarMode"_s, false};
 inline const Preference<bool> addToPhotos{u"addToPhotos"_s, true};
 inline const Preference<bool> groupIntoAlbum{u"groupIntoAlbum"_s, true};
 
-// The extraction service: scheme, host and optional port. Only read: no window shows it.
+// The extraction service: scheme, host and optional port, or what stands for the engine on this computer. The
+// program writes no other address than these two, and whatever stood there before.
 inline const Preference<QString> serviceAddress{u"geminiEndpoint"_s,
                                                 u"https://generativelanguage.googleapis.com"_s};
 

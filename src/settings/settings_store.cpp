@@ -87,6 +87,16 @@ QString SettingsStore::serviceAddress() const {
     return Preferences::read(UserDefaults(), Preferences::serviceAddress);
 }
 
+void SettingsStore::setServiceAddress(const QString &address) {
+    const auto &preference = Preferences::serviceAddress;
+    const bool isStandard = address == preference.standard;
+    Preferences::write(defaults_, preference.key, isStandard ? std::nullopt : std::optional(address));
+    if (serviceAddress() != address) { // the system-wide file has another one
+        Preferences::write(defaults_, preference.key, address);
+    }
+    Q_EMIT changed();
+}
+
 void SettingsStore::setAPIKey(const QString &key) {
     const QString trimmed = trimmedOfWhiteSpace(key);
     storedKey_.write(trimmed);

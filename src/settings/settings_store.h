@@ -47,8 +47,12 @@ public:
     void setGroupIntoAlbum(bool enabled);
 
     // The address of the extraction service as the preferences file has it now. Not cached, because users
-    // edit the file; only they change it.
+    // edit the file.
     QString serviceAddress() const;
+
+    // Counts from the next scan on. The public service's address needs no entry in the file, unless the
+    // system-wide file has another one.
+    void setServiceAddress(const QString &address);
 
     // Whether the secret store held a key at creation. Waits half a second for it, counted from creation; a
     // slower store counts as empty until it answers. After setAPIKey, it follows the given key and not the

@@ -3,6 +3,8 @@
 #include "platform/activation_policy.h"
 #include "platform/launcher_progress.h"
 #include "platform/tray_watch.h"
+#include "ui/details/details_window.h"
+#include "ui/dialogs/confirmations.h"
 #include "ui/settings/settings_view.h"
 #include "ui/widgets/symbols.h"
 
@@ -57,6 +59,7 @@ void FennickApp::connectWindow() {
         }
     });
     connect(window_.actions().settings, &QAction::triggered, this, &FennickApp::showSettings);
+    connect(window_.actions().details, &QAction::triggered, this, &FennickApp::showDetails);
     connect(window_.actions().quit, &QAction::triggered, this, &FennickApp::terminate);
 }
 
@@ -128,7 +131,13 @@ void FennickApp::showMainWindow() {
 
 // Not QApplication::quit: that asks the windows first, and the main window never closes by itself.
 void FennickApp::terminate() {
-    QCoreApplication::exit();
+    if (mayDiscardTypedFields()) {
+        QCoreApplication::exit();
+    }
+}
+
+bool FennickApp::mayDiscardTypedFields() {
+    return !details_ || !details_->hasUnsavedFields() || Confirmations::confirmDiscard(&window_);
 }
 
 // Into the tray where there is one. Elsewhere a hidden window could only be reached by starting the program
@@ -149,6 +158,9 @@ void FennickApp::applyMenuBarMode() {
     if (settingsView_) {
         setActivationPolicy(settingsView_->windowHandle(), policy);
     }
+    if (details_) {
+        setActivationPolicy(details_->windowHandle(), policy);
+    }
 }
 
 void FennickApp::finish() {
@@ -158,6 +170,22 @@ void FennickApp::finish() {
     const QString reason = tr("The API key could not be stored: the secret store does not answer.");
     qWarning("%s", qPrintable(reason));
     QMessageBox::warning(nullptr, u"Fennick"_s, reason);
+}
+
+void FennickApp::showDetails() {
+    if (!details_) {
+        details_ = std::make_unique<DetailsWindow>(&store_, &appState_);
+        const auto follow = [this] {
+            details_->showReceipt(window_.selectedReceipt());
+        };
+        connect(&window_, &MainWindow::selectedReceiptChanged, details_.get(), follow);
+        connect(details_.get(), &DetailsWindow::stepRequested, &window_, &MainWindow::selectFurther);
+        follow();
+    }
+    details_->show();
+    details_->raise();
+    details_->activateWindow();
+    applyMenuBarMode();
 }
 
 void FennickApp::showSettings() {

@@ -14,8 +14,11 @@
 #include <QSystemTrayIcon>
 #include <QTimer>
 
+#include <memory>
+
 namespace fennick {
 
+class DetailsWindow;
 class SettingsView;
 
 // The application's shell: creates the shared objects in this order and owns the windows and the tray icon.
@@ -32,6 +35,9 @@ public:
 
     void showSettings();
 
+    // Shows the receipt that is selected in the main window.
+    void showDetails();
+
     // Call after the event loop has ended: waits until a pending key is stored, and informs the user if that
     // fails.
     void finish();
@@ -41,6 +47,7 @@ private:
     void buildTrayIcon();
     void connectNotices();
     void showProgress();
+    bool mayDiscardTypedFields();
     void terminate();
     void putMainWindowAway();
     void keepReachable();
@@ -58,6 +65,7 @@ private:
     QTimer trayCheck_;
     bool isPutAway_ = false; // minimised by its close button, until it has the focus again
     QPointer<SettingsView> settingsView_;
+    std::unique_ptr<DetailsWindow> details_; // from its first use on, for it keeps what was typed
 };
 
 } // namespace fennick

@@ -104,6 +104,23 @@ private Q_SLOTS:
         QCOMPARE(result.error().kind, Kind::renderFailed);
     }
 
+    void converterIsEndedAsSoonAsItIsNotWanted() {
+        const QString folder = home_->path(u"pages"_s);
+        std::stop_source stop;
+        std::optional<Result> result;
+        OpenedFile opened = openRegularFile(anyReceipt());
+        QVERIFY(opened);
+        std::shared_ptr<QFile> content = std::move(*opened);
+        QCoro::connect(ConversionProcess::convertInto(program("exec sleep infinity"), folder, content,
+                                                      u"scan.pdf"_s, u"Lunch"_s, stop.get_token()),
+                       QCoreApplication::instance(), [&result](Result given) { result = std::move(given); });
+        letTimePass(50);
+        QVERIFY(!result);
+        stop.request_stop();
+        QVERIFY(waitUntil([&result] { return result.has_value(); }));
+        QCOMPARE(result->error().kind, Kind::renderFailed);
+    }
+
     void memoryIsLimited() {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
         QSKIP("Programs with the sanitizer are not limited.");

@@ -188,6 +188,22 @@ private Q_SLOTS:
         QCOMPARE(settings.serviceAddress(), u"http://127.0.0.1:47111"_s);
     }
 
+    void chosenServiceAddressIsWrittenAndThePublicOneTakenOut() {
+        SettingsStore settings;
+        QSignalSpy changes(&settings, &SettingsStore::changed);
+        settings.setServiceAddress(u"on-device"_s);
+        QCOMPARE(settings.serviceAddress(), u"on-device"_s);
+        QVERIFY(readFile(home_.preferencesFile()).contains("geminiEndpoint=on-device\n"));
+        settings.setServiceAddress(u"https://generativelanguage.googleapis.com"_s);
+        QVERIFY(!readFile(home_.preferencesFile()).contains("geminiEndpoint"));
+        QCOMPARE(changes.size(), 2);
+
+        writeFile(home_.path(u"system-config/Fennick/Fennick.conf"_s),
+                  "[General]\ngeminiEndpoint=on-device\n");
+        settings.setServiceAddress(u"https://generativelanguage.googleapis.com"_s);
+        QCOMPARE(settings.serviceAddress(), u"https://generativelanguage.googleapis.com"_s);
+    }
+
     void serviceAddressNamedLikeABooleanReadsAsAbsent() {
         writeFile(home_.preferencesFile(), "[General]\ngeminiEndpoint=true\n");
         QCOMPARE(SettingsStore().serviceAddress(), u"https://generativelanguage.googleapis.com"_s);

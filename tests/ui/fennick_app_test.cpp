@@ -2,12 +2,18 @@
 #include "support/private_session.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
+#include "ui/details/details_window.h"
 #include "ui/fennick_app.h"
+#include "ui/main_window/receipts_table.h"
+#include "ui/main_window/receipts_table_model.h"
 #include "ui/settings/settings_view.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 
 #include <memory>
 
@@ -31,6 +37,27 @@ QList<Window *> windows() {
 
 QAction *action(const char *name) {
     return windows<MainWindow>().first()->findChild<QAction *>(QString::fromLatin1(name));
+}
+
+// Once there is a question on the screen.
+void answerQuestion(const QString &answer, int *asked) {
+    auto *const look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, look, [look, answer, asked] {
+        const auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (box == nullptr || !box->isVisible()) {
+            return;
+        }
+        look->deleteLater();
+        const auto buttons = box->buttons();
+        for (QAbstractButton *const button : buttons) {
+            if (button->text() == answer) {
+                ++*asked;
+                button->click();
+                return;
+            }
+        }
+    });
+    look->start(5);
 }
 
 } // namespace
@@ -79,6 +106,62 @@ private Q_SLOTS:
         QVERIFY(windows<SettingsView>().isEmpty());
         action("settings")->trigger();
         QCOMPARE(windows<SettingsView>().size(), 1);
+    }
+
+    void detailsFollowTheSelectionAndGoThroughTheList() {
+        writeFile(watched_ + u"/a.pdf"_s, "x");
+        writeFile(watched_ + u"/b.pdf"_s, "y");
+        auto *const table = windows<MainWindow>().first()->findChild<ReceiptsTable *>();
+        QVERIFY(waitUntil([table] { return table->model()->rowCount() == 2; }));
+        QVERIFY(!action("details")->isEnabled());
+        table->selectRow(0);
+        QCOMPARE(action("details")->shortcut(), QKeySequence(u"Ctrl+I"_s));
+        action("details")->trigger();
+        action("details")->trigger();
+        QCOMPARE(windows<DetailsWindow>().size(), 1);
+        DetailsWindow *const details = windows<DetailsWindow>().first();
+        QVERIFY(details->isVisible());
+        QVERIFY(!details->isModal());
+        const auto shown = [details] {
+            return details->findChild<QLabel *>(u"fileNameAfter"_s)->text();
+        };
+        const auto nameOf = [table](int row) {
+            return table->model()->index(row, 0).data(ReceiptsTableModel::fileNameRole).toString();
+        };
+        QVERIFY(waitUntil([&] { return shown() == nameOf(0); }));
+        table->selectRow(1);
+        QVERIFY(waitUntil([&] { return shown() == nameOf(1); }));
+        QTest::keyClick(details, Qt::Key_Up);
+        QVERIFY(waitUntil([&] { return shown() == nameOf(0); }));
+        QTest::keyClick(details, Qt::Key_Up); // there is none above
+        QCOMPARE(table->selectedReceipt()->fileName, nameOf(0));
+        QTest::keyClick(details, Qt::Key_Down);
+        QCOMPARE(table->selectedReceipt()->fileName, nameOf(1));
+    }
+
+    void quitAsksAboutWhatWasTypedAndNotSaved() {
+        writeFile(watched_ + u"/a.pdf"_s, "x");
+        auto *const table = windows<MainWindow>().first()->findChild<ReceiptsTable *>();
+        QVERIFY(waitUntil([table] {
+            table->selectRow(0);
+            const auto receipt = table->selectedReceipt();
+            return receipt && receipt->status == ReceiptStatus::error;
+        }));
+        action("details")->trigger();
+        windows<DetailsWindow>().first()->findChild<QLineEdit *>(u"amountField"_s)->setText(u"9"_s);
+        int asked = 0;
+        QTimer::singleShot(0, qApp, [&asked] {
+            answerQuestion(u"Cancel"_s, &asked);
+            action("quit")->trigger();
+            answerQuestion(u"Quit Without Saving"_s, &asked);
+            action("quit")->trigger();
+        });
+        QTimer tooLate;
+        tooLate.setSingleShot(true);
+        connect(&tooLate, &QTimer::timeout, qApp, [] { QCoreApplication::exit(99); });
+        tooLate.start(patience);
+        QCOMPARE(QApplication::exec(), 0);
+        QCOMPARE(asked, 2);
     }
 
     void quitEndsTheProgramWithItsWindowOpen() {

@@ -54,6 +54,17 @@ private Q_SLOTS:
         QVERIFY(warning->isVisibleTo(&view));
     }
 
+    void noKeyIsAskedForWhileThisComputerReads() {
+        SettingsStore settings;
+        ReceiptStore store;
+        HomeView view(&store, &settings);
+        const auto *const warning = view.findChild<CaptionLabel *>(u"missingKey"_s);
+        settings.setServiceAddress(u"on-device"_s);
+        QVERIFY(!warning->isVisibleTo(&view));
+        settings.setServiceAddress(u"https://generativelanguage.googleapis.com"_s);
+        QVERIFY(warning->isVisibleTo(&view));
+    }
+
     void longFolderPathIsCutInTheMiddleOnOneLine() {
         SettingsStore settings;
         ReceiptStore store;

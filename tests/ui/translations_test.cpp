@@ -5,6 +5,7 @@
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
+#include "ui/details/details_window.h"
 #include "ui/dialogs/confirmations.h"
 #include "ui/dialogs/export_panel.h"
 #include "ui/dialogs/folder_chooser.h"
@@ -14,6 +15,7 @@
 #include "ui/tray/menu_bar_content.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -128,6 +130,26 @@ private Q_SLOTS:
         }
     }
 
+    void detailsShowTheirTextsWhole_data() { languages(); }
+    void detailsShowTheirTextsWhole() {
+        QFETCH(QString, language);
+        const InterfaceLanguage texts({language});
+        addReceipts();
+        DetailsWindow window(store_.get(), appState_.get());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const QSize &size : {window.size(), window.minimumSize()}) {
+            window.resize(size);
+            for (const Receipt &receipt : store_->receipts()) {
+                window.showReceipt(receipt);
+                window.findChild<QLineEdit *>(u"dateField"_s)->setText(u"2024-02-31"_s);
+                QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+                QCoreApplication::processEvents(); // what has appeared is laid out
+                verifyTextsAreWhole(&window);
+            }
+        }
+    }
+
     void dialogsShowTheirTextsWhole_data() { languages(); }
     void dialogsShowTheirTextsWhole() {
         QFETCH(QString, language);
@@ -143,6 +165,8 @@ private Q_SLOTS:
         const QString folder = home_.path(u"Receipts"_s);
         onNextDialog(look);
         std::ignore = Confirmations::confirmClear(&window);
+        onNextDialog(look);
+        std::ignore = Confirmations::confirmDiscard(&window);
         for (const int receipts : {1, 12}) {
             while (store_->receipts().size() < receipts) {
                 store_->add(finishedReceipt(u"/w/%1.pdf"_s.arg(store_->receipts().size())));
@@ -156,7 +180,7 @@ private Q_SLOTS:
                          folder, NewFolders::refused);
         onNextDialog(look);
         exportLedger(&window, {}, ExportService::Format::csv);
-        QCOMPARE(seen.size(), 5);
+        QCOMPARE(seen.size(), 6);
     }
 
     void photosQuestionShowsItsTextsWhole_data() { languages(); }
@@ -179,7 +203,7 @@ private Q_SLOTS:
         const MenuBarContent tray(store_.get());
         verifyTextsAreWhole(&tray);
         const auto menus = window.findChildren<QMenu *>();
-        QCOMPARE(menus.size(), 5);
+        QCOMPARE(menus.size(), 6);
         for (const QMenu *const menu : menus) {
             verifyTextsAreWhole(menu);
             verifyLettersDiffer(menu, 0);
@@ -256,7 +280,8 @@ private:
         const MainWindow window(store_.get(), settings_.get(), appState_.get());
         const SettingsView view(appState_.get(), settings_.get(), false);
         const MenuBarContent tray(store_.get());
-        return textsOf(&window) + textsOf(&view) + textsOf(&tray);
+        const DetailsWindow details(store_.get(), appState_.get());
+        return textsOf(&window) + textsOf(&view) + textsOf(&tray) + textsOf(&details);
     }
 
     // Libraries look up the user's folders once per process, hence one home for all tests.

@@ -113,4 +113,18 @@ bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptSto
     return ask(parent, question, store);
 }
 
+bool confirmDiscard(QWidget *parent) {
+    const Question question{
+        u"discardConfirmation"_s,
+        Symbol::warning,
+        QCoreApplication::translate("Confirmations", "Quit without saving your corrections?"),
+        [] {
+            return QCoreApplication::translate(
+                "Confirmations", "You have changed fields in the receipt details and not saved them.");
+        },
+        QCoreApplication::translate("Confirmations", "Quit Without Saving"),
+        QMessageBox::DestructiveRole};
+    return ask(parent, question);
+}
+
 } // namespace fennick::Confirmations

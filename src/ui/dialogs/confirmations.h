@@ -5,8 +5,8 @@
 #include <QString>
 #include <QWidget>
 
-// The two questions before a batch leaves the list. Each call blocks until the user answers; closing the
-// dialog means no.
+// The questions before something goes that the user may want to keep. Each call blocks until the user
+// answers; closing the dialog means no.
 namespace fennick::Confirmations {
 
 [[nodiscard]] bool confirmClear(QWidget *parent);
@@ -15,5 +15,8 @@ namespace fennick::Confirmations {
 // keeps it up to date.
 [[nodiscard]] bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
                                   const QString &destination);
+
+// Before the program ends with corrections that were typed and not saved.
+bool confirmDiscard(QWidget *parent);
 
 } // namespace fennick::Confirmations

@@ -1,5 +1,6 @@
 #include "ui/main_window/home_view.h"
 
+#include "extraction/service_address.h"
 #include "ui/main_window/empty_state.h"
 #include "ui/main_window/receipts_table.h"
 #include "ui/widgets/caption_label.h"
@@ -88,7 +89,7 @@ void HomeView::showSettings() {
     const auto &path = settings_->watchFolderPath();
     folder_->showValue(path.value_or(tr("No folder selected")), path.has_value());
     photosBadge_->setVisible(settings_->addToPhotos());
-    missingKey_->setVisible(!settings_->hasAPIKey());
+    missingKey_->setVisible(!isOnDevice(settings_->serviceAddress()) && !settings_->hasAPIKey());
     table_->setPhotosExportOn(settings_->addToPhotos());
 }
 

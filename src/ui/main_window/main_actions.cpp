@@ -43,6 +43,7 @@ MainActions::MainActions(QObject *owner)
     , retry(withSymbol(make(owner, "retrySelected", tr("Retry"), QKeySequence(Qt::CTRL | Qt::Key_T)),
                        Symbol::retry))
     , copySummary(make(owner, "copySummary", tr("Copy Summary"), QKeySequence::Copy))
+    , details(make(owner, "details", tr("Details…"), QKeySequence(Qt::CTRL | Qt::Key_I)))
     , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
     , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))
     , quit(make(owner, "quit", tr("Quit Fennick"), QKeySequence(Qt::CTRL | Qt::Key_Q))) {

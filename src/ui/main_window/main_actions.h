@@ -28,6 +28,7 @@ public:
     QAction *addToPhotos;
     QAction *retry;
     QAction *copySummary;
+    QAction *details;
 
     // The program.
     QAction *settings;

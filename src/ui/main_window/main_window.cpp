@@ -6,6 +6,7 @@
 #include "ui/dialogs/export_panel.h"
 #include "ui/dialogs/watch_folder_chooser.h"
 #include "ui/main_window/home_view.h"
+#include "ui/main_window/read_with_menu.h"
 #include "ui/main_window/receipts_table.h"
 #include "ui/widgets/focus_frame.h"
 #include "ui/widgets/symbols.h"
@@ -118,10 +119,14 @@ void MainWindow::buildMenuBar() {
     file->addSeparator();
     file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
     file->addSeparator();
+    file->addMenu(new ReadWithMenu(settings_, file));
+    file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
     QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
     receipt->addActions(
         {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});
+    receipt->addSeparator();
+    receipt->addAction(actions_.details);
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
     edit->addAction(actions_.settings);
 }
@@ -176,6 +181,7 @@ void MainWindow::connectActions() {
 
     connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);
     connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::enableActions);
+    connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::selectedReceiptChanged);
 }
 
 void MainWindow::enableActions() {
@@ -188,12 +194,20 @@ void MainWindow::enableActions() {
     archiveButton_->setEnabled(hasReceipts);
 
     const auto selected = home_->table()->selectedReceipt();
-    for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary}) {
+    for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary, actions_.details}) {
         action->setEnabled(selected.has_value());
     }
     actions_.addToPhotos->setEnabled(selected && selected->status == ReceiptStatus::done &&
                                      !selected->addedToPhotos && settings_->addToPhotos());
     actions_.retry->setEnabled(selected && selected->status == ReceiptStatus::error);
+}
+
+std::optional<Receipt> MainWindow::selectedReceipt() const {
+    return home_->table()->selectedReceipt();
+}
+
+void MainWindow::selectFurther(int rows) {
+    home_->table()->selectFurther(rows);
 }
 
 void MainWindow::chooseFolder() {

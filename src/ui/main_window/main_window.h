@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <optional>
+
 class QMenu;
 class QToolButton;
 
@@ -23,11 +25,18 @@ public:
 
     MainActions &actions() { return actions_; }
 
+    std::optional<Receipt> selectedReceipt() const;
+
+    // Selects the receipt that many rows further down the list, as far as there are any.
+    void selectFurther(int rows);
+
 Q_SIGNALS:
     // The window is shown: at the start and whenever it was hidden.
     void appeared();
     // The user closes the window; the shell decides whether to hide or minimise it.
     void closeRequested();
+    // Another receipt is selected, or the selected one has changed.
+    void selectedReceiptChanged();
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -156,6 +156,17 @@ std::optional<Receipt> ReceiptsTable::selectedReceipt() const {
     return rows.isEmpty() ? std::nullopt : std::optional(model_->receipt(rows.first().row()));
 }
 
+void ReceiptsTable::selectFurther(int rows) {
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    if (selected.isEmpty()) {
+        selectFirstVisibleRow();
+        return;
+    }
+    const int row = std::clamp(selected.first().row() + rows, 0, model_->rowCount() - 1);
+    selectRow(row);
+    scrollTo(model_->index(row, Model::dateColumn));
+}
+
 // With the ideal width of a column that only gives way at the moment.
 QByteArray ReceiptsTable::columnState() {
     isFitting_ = true;

@@ -27,6 +27,10 @@ public:
 
     [[nodiscard]] std::optional<Receipt> selectedReceipt() const;
 
+    // Selects the row that many rows further down, as far as there are any; without a selection, the first on
+    // the screen.
+    void selectFurther(int rows);
+
     // The column widths that the user has set.
     QByteArray columnState();
     void restoreColumnState(const QByteArray &state);

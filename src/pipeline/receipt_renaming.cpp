@@ -1,0 +1,27 @@
+#include "pipeline/receipt_renaming.h"
+
+#include "files/file_renamer.h"
+#include "model/receipt_store.h"
+#include "pipeline/renamed_paths.h"
+#include "pipeline/watched_folder.h"
+
+namespace fennick {
+
+ReceiptRenaming::ReceiptRenaming(ReceiptStore *store, const WatchedFolder *watchedFolder,
+                                 RenamedPaths *renamedPaths)
+    : store_(store)
+    , watchedFolder_(watchedFolder)
+    , renamedPaths_(renamedPaths) {}
+
+void ReceiptRenaming::rename(Receipt receipt) {
+    const auto renamed = FileRenamer::rename(receipt, watchedFolder_->path);
+    if (!renamed) {
+        return;
+    }
+    renamedPaths_->insert(renamed->filePath, std::chrono::steady_clock::now());
+    receipt.fileName = renamed->fileName;
+    receipt.filePath = renamed->filePath;
+    store_->update(receipt);
+}
+
+} // namespace fennick

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "pipeline/typed_fields.h"
+
+#include <QWidget>
+
+#include <map>
+
+class QComboBox;
+class QFormLayout;
+class QPlainTextEdit;
+
+namespace fennick {
+
+class CaptionLabel;
+class CurrencyBox;
+
+// The fields of a receipt for editing, each with room for what is wrong with it. Knows what was typed and
+// what was there before, and changes nothing by itself. Owned by the details window; main thread.
+class ReceiptForm : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ReceiptForm(const FieldFormats &formats, QWidget *parent = nullptr);
+
+    // Shows the receipt's fields, and in place of some what was typed before. What is wrong stays
+    // beside a field whose text stays.
+    void showReceipt(const Receipt &receipt, const TypedFields &typed);
+
+    // The fields whose texts differ from the receipt's.
+    TypedFields typed() const;
+
+    // Shows what is wrong beside the fields and puts the cursor into the first of them.
+    void showProblems(const FieldProblems &problems);
+
+Q_SIGNALS:
+    // The user has changed a field.
+    void edited();
+
+private:
+    struct Row {
+        QWidget *field;
+        CaptionLabel *problem;
+    };
+
+    void buildFields();
+    void addRow(ReceiptField field, QWidget *widget, const QString &objectName, const QString &name);
+    void connectFields();
+    void handleEdit(ReceiptField field);
+    void tidy(ReceiptField field);
+    void showProblem(ReceiptField field, const QString &text);
+    void offerCategory(const QString &category);
+    QString textOf(ReceiptField field) const;
+    void setText(ReceiptField field, const QString &text);
+
+    FieldFormats formats_;
+    QFormLayout *layout_;
+    CurrencyBox *currency_;
+    QComboBox *category_;
+    QPlainTextEdit *summary_;
+    std::map<ReceiptField, Row> rows_;
+    Receipt receipt_;
+    TypedFields shown_; // the receipt's fields as their widgets give them back
+    bool isShowing_ = false;
+};
+
+} // namespace fennick
