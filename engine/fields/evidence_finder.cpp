@@ -140,12 +140,13 @@ Span spanOfAmount(const QString &line, qint64 thousandths, const PriceStyle &sty
     return wholeOf(line);
 }
 
-std::optional<Evidence> evidenceOfTotal(double amount, const PriceStyle &style,
+std::optional<Evidence> evidenceOfTotal(double amount, const std::optional<QString> &currency,
                                         const QList<ReadingFacts> &facts) {
+    const PriceStyle style = priceStyle(currency);
     const qint64 thousandths = std::llround(std::abs(amount) * 1000);
     BestPlace best;
     for (const ReadingFacts &reading : facts) {
-        for (const LabelledAmount &found : reading.amounts) {
+        for (const LabelledAmount &found : amountsIn(reading, currency)) {
             if (found.thousandths == thousandths && found.line < reading.lines.size()) {
                 const TextLine &line = reading.lines[found.line];
                 best.offer(line, spanOfAmount(line.text, thousandths, style),
@@ -208,7 +209,7 @@ ReceiptEvidence findEvidence(const ReceiptFields &fields, const QList<ReadingFac
         evidence.time = evidenceOfTime(*fields.time, evidence.date, facts);
     }
     if (fields.amount) {
-        evidence.total = evidenceOfTotal(*fields.amount, priceStyle(fields.currency), facts);
+        evidence.total = evidenceOfTotal(*fields.amount, fields.currency, facts);
     }
     if (fields.currency) {
         evidence.currency = evidenceOfCurrency(*fields.currency, evidence.total, facts);

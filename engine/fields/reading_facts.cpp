@@ -6,17 +6,31 @@
 
 namespace fennick::engine {
 
+namespace {
+
+QList<LabelledAmount> labelled(const ReadingFacts &facts, const AmountRoles &roles, const PriceStyle &style) {
+    return labelledAmounts(facts.isRefund ? withoutMinuses(facts.lines) : facts.lines, roles, style);
+}
+
+} // namespace
+
 ReadingFacts factsOf(const Reading &lines) {
     ReadingFacts facts;
     facts.lines = lines;
     facts.brands = brandScores(lines);
     facts.countries = countryScores(lines);
     facts.languages = readLanguages(lines, facts.countries);
+    facts.currency = readCurrency(lines, facts.countries);
     const AmountRoles roles(facts.languages);
     facts.isRefund = isRefund(lines, roles);
-    facts.amounts = labelledAmounts(facts.isRefund ? withoutMinuses(lines) : lines, roles,
-                                    priceStyle(readCurrency(lines, facts.countries)));
+    facts.amounts = labelled(facts, roles, priceStyle(facts.currency));
     return facts;
+}
+
+QList<LabelledAmount> amountsIn(const ReadingFacts &facts, const std::optional<QString> &currency) {
+    const PriceStyle style = priceStyle(currency);
+    return style == priceStyle(facts.currency) ? facts.amounts
+                                               : labelled(facts, AmountRoles(facts.languages), style);
 }
 
 } // namespace fennick::engine

@@ -6,6 +6,11 @@
 #include "engine/knowledge/word_table.h"
 #include "engine/recognition/text_line.h"
 
+#include <QList>
+#include <QString>
+
+#include <optional>
+
 namespace fennick::engine {
 
 // What one reading says by itself. Computed once; the fields are votes over the facts of all readings.
@@ -14,10 +19,15 @@ struct ReadingFacts {
     BrandScores brands;
     CountryScores countries; // without what the brand says of them
     Languages languages;
+    std::optional<QString> currency; // without what the brand says of the country
     QList<LabelledAmount> amounts;
     bool isRefund = false; // the amounts were given back
 };
 
 [[nodiscard]] ReadingFacts factsOf(const Reading &lines);
+
+// The amounts of a reading as they are printed in `currency`: another one than its own where the readings together
+// show more than it does by itself.
+[[nodiscard]] QList<LabelledAmount> amountsIn(const ReadingFacts &facts, const std::optional<QString> &currency);
 
 } // namespace fennick::engine

@@ -155,9 +155,11 @@ std::optional<FoundBrand> brandOf(const QList<ReadingFacts> &facts) {
     return readBrand(brands);
 }
 
-std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts) {
+std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts, const Origin &origin) {
     QList<QList<LabelledAmount>> amounts;
-    std::ranges::transform(facts, std::back_inserter(amounts), &ReadingFacts::amounts);
+    for (const ReadingFacts &reading : facts) {
+        amounts.append(amountsIn(reading, origin.currency));
+    }
     std::optional<FoundAmount> found = readAmount(amounts);
     const auto refunds = std::ranges::count_if(facts, &ReadingFacts::isRefund);
     if (found && 2 * refunds > facts.size()) {
@@ -175,7 +177,7 @@ std::optional<ReceiptFields> readReceipt(const QList<ReadingFacts> &facts, QDate
     const Origin origin = originOf(facts, brand);
     const Languages languages = languagesOf(facts);
     const MerchantLines merchantLines(languages);
-    const std::optional<FoundAmount> amount = amountOf(facts);
+    const std::optional<FoundAmount> amount = amountOf(facts, origin);
     const std::optional<FoundDate> date = foundDate(readings, dateStyleOf(origin, languages), today);
 
     ReceiptFields fields;
@@ -199,11 +201,11 @@ std::optional<ReceiptFields> readReceipt(const QList<ReadingFacts> &facts, QDate
 }
 
 bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today) {
-    const std::optional<FoundAmount> amount = amountOf(facts);
+    const Origin origin = originOf(facts, brandOf(facts));
+    const std::optional<FoundAmount> amount = amountOf(facts, origin);
     if (!amount || !amount->isCertain) {
         return false;
     }
-    const Origin origin = originOf(facts, brandOf(facts));
     const std::optional<FoundDate> date =
         foundDate(linesOf(facts), dateStyleOf(origin, languagesOf(facts)), today);
     return date && date->isCertain;

@@ -25,6 +25,8 @@ struct CurrencySign {
 struct PriceStyle {
     int decimals = 2;              // 0: whole numbers, though some tills print two noughts behind them
     bool groupsWithSpaces = false; // "5 480" is one number whatever stands around it
+
+    bool operator==(const PriceStyle &other) const = default;
 };
 
 // Prices have two decimals where `currency` (ISO 4217) is unknown.

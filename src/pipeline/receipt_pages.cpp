@@ -109,7 +109,7 @@ QCoro::Task<> ReceiptPages::make(QString path, std::stop_token stop) {
     }
     const auto created = createPrivateFolder();
     if (!created) {
-        fail(created.error());
+        fail(created.error().description());
         co_return;
     }
     const auto folder = std::make_shared<const Folder>(*created);
