@@ -3,6 +3,7 @@
 #include "text/currency_codes.h"
 
 #include <QAbstractItemView>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace fennick {
