@@ -26,8 +26,9 @@ struct ReadingFacts {
 
 [[nodiscard]] ReadingFacts factsOf(const Reading &lines);
 
-// The amounts of a reading as they are printed in `currency`: another one than its own where the readings together
-// show more than it does by itself.
-[[nodiscard]] QList<LabelledAmount> amountsIn(const ReadingFacts &facts, const std::optional<QString> &currency);
+// The amounts of a reading as they are printed in `currency`: another one than its own where the readings
+// together show more than it does by itself.
+[[nodiscard]] QList<LabelledAmount> amountsIn(const ReadingFacts &facts,
+                                              const std::optional<QString> &currency);
 
 } // namespace fennick::engine

@@ -5,11 +5,21 @@
 #include "pipeline/folder_threads.h"
 #include "pipeline/receipt_renaming.h"
 
+#include <QPromise>
 #include <QtConcurrent>
 
 namespace fennick {
 
 namespace {
+
+// Newer Qt has a function for it, which older Qt has not.
+QFuture<QString> finishedFuture(const QString &name) {
+    QPromise<QString> promise;
+    promise.start();
+    promise.addResult(name);
+    promise.finish();
+    return promise.future();
+}
 
 // A file that got a number with its name would get another one, though nothing that is in the name changes.
 bool keepsFileName(const Receipt &before, const Receipt &after) {
@@ -53,7 +63,7 @@ QFuture<QString> Correction::fileNameAfter(const QString &id, const TypedFields 
     const auto before = store_->receipt(id);
     const auto after = before ? withTypedFields(*before, typed, formats) : Receipt();
     if (!before || !after || typed.empty() || keepsFileName(*before, *after)) {
-        return QtFuture::makeReadyFuture(before ? before->fileName : QString());
+        return finishedFuture(before ? before->fileName : QString());
     }
     return QtConcurrent::run(folderThreads_->pool(), FileRenamer::nameAfterRenaming, *after);
 }

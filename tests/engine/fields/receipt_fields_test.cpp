@@ -62,8 +62,8 @@ private Q_SLOTS:
     void readingsShareTheCurrencysDecimals() {
         const Reading whole = linesOf({u"Sidra Cafe"_s, u"Kuwait City, Kuwait"_s, u"12/03/2024"_s,
                                        u"Tea 1.250"_s, u"Cake 2.000"_s, u"Total KWD 3.250"_s});
-        const Reading part = linesOf({u"Sidra Cafe"_s, u"12/03/2024"_s, u"Tea 1.250"_s, u"Cake 2.000"_s,
-                                      u"Total 3.250"_s});
+        const Reading part =
+            linesOf({u"Sidra Cafe"_s, u"12/03/2024"_s, u"Tea 1.250"_s, u"Cake 2.000"_s, u"Total 3.250"_s});
         const ReceiptFields fields = fieldsIn({part, whole, part, whole}, today_);
         QCOMPARE(fields.currency, std::optional(u"KWD"_s));
         QCOMPARE(fields.amount, std::optional(3.25));
