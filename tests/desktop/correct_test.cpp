@@ -35,9 +35,8 @@ class CorrectTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        const QStringList missing = DesktopSurroundings::missingPrograms();
-        if (!missing.isEmpty()) {
-            QSKIP(qPrintable(u"Not installed: "_s + missing.join(u", "_s)));
+        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
+            QSKIP(reason.constData());
         }
         surroundings_ = std::make_unique<DesktopSurroundings>();
         user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
