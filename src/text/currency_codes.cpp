@@ -6,6 +6,7 @@
 #include <unicode/uenum.h>
 
 #include <memory>
+#include <string>
 
 namespace fennick {
 
@@ -41,11 +42,12 @@ bool isIsoCurrency(const QString &code) {
 }
 
 QString currencyName(const QString &code, const QLocale &locale) {
+    // For a currency without a name ICU returns the code that it was given, not a copy.
+    const std::u16string given = code.toStdU16String();
     UErrorCode status = U_ZERO_ERROR;
     int32_t length = 0;
-    const char16_t *const name =
-        ucurr_getName(code.toStdU16String().c_str(), locale.name().toLatin1().constData(), UCURR_LONG_NAME,
-                      nullptr, &length, &status);
+    const char16_t *const name = ucurr_getName(given.c_str(), locale.name().toLatin1().constData(),
+                                               UCURR_LONG_NAME, nullptr, &length, &status);
     return U_SUCCESS(status) && name != nullptr ? QString::fromUtf16(name, length) : code;
 }
 
