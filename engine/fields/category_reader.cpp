@@ -16,7 +16,7 @@ struct CategoryWords {
     QStringList phrases;
 };
 
-// In the order of the table.
+// On a tie the category that comes first wins.
 QList<CategoryWords> categoriesIn(const Languages &languages) {
     static const QStringList order = {u"hotel"_s,     u"fuel"_s,          u"breakfast"_s, u"lunch"_s,
                                       u"dinner"_s,    u"coffee"_s,        u"meal"_s,      u"transport"_s,

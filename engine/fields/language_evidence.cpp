@@ -45,9 +45,12 @@ QHash<QString, double> languageScores(const QString &words) {
              ++language) {
             double &score = scores[language.key()];
             for (const QString &phrase : language.value()) {
+                if (phrase.size() < shortestPhrase) {
+                    continue;
+                }
                 const bool isThere =
                     phrase.contains(u' ') ? containsPhrase(words, phrase) : single.contains(phrase);
-                score += isThere && phrase.size() >= shortestPhrase ? weightOf(phrase) : 0;
+                score += isThere ? weightOf(phrase) : 0;
             }
         }
     }

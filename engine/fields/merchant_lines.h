@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool hasLegalForm(const QString &name) const;
 
     // Whether `name` bears a word that shops and firms call themselves by: Restaurant, Trading, Hardware ...
-    // "Bistro & Cafe" has nothing else and tells what the shop is, not its name.
+    // "Bistro & Cafe" has nothing else: it describes the shop and does not name it.
     [[nodiscard]] bool hasBusinessWord(const QString &name) const;
 
     // Whether the receipt may be Malaysian, where most names end in "Sdn Bhd".

@@ -79,10 +79,10 @@ PrintedNumber parsed(const QString &text, int decimals) {
             digits += u'.';
         }
     }
+    number.hasGroups = text.size() > digits.size();
     const bool isWholePrice =
-        decimals == 0 && text.size() > 1 && (digits.size() != text.size() || digits.size() <= mostDigits);
+        decimals == 0 && text.size() > 1 && (number.hasGroups || digits.size() <= mostDigits);
     number.hasDecimals = sign >= 0 || isWholePrice;
-    number.hasGroups = text.size() > digits.size() || text.count(u'.') + text.count(u',') > 1;
     number.value = digits.toDouble();
     return number;
 }

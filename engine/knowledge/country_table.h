@@ -10,7 +10,7 @@
 
 namespace fennick::engine {
 
-// How to read 03/04/05, where nothing in it tells which of the numbers is which.
+// How to read 03/04/05 if nothing in it shows which number is the day, the month or the year.
 enum class DateOrder {
     DayFirst,
     MonthFirst,

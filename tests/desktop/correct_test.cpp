@@ -114,7 +114,7 @@ private:
         user_->waitForWindow(detailsTitle);
     }
 
-    // The title tells of the change with the first letter.
+    // The title shows the change with the first letter typed.
     void retype(const QString &window, const QString &field, const QString &text) const {
         user_->click(window, u"text"_s, field);
         user_->press(window, u"ctrl+a"_s);
