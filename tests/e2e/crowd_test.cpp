@@ -22,6 +22,9 @@ constexpr int treeSize = 30;
 // Longer than debounce, stability wait and one batch of the watcher together.
 constexpr int longEnoughToBeTakenIn = 1500;
 
+// A file that is left alone for longer is sent as it is.
+constexpr int longestPause = 800;
+
 // Tells the document apart from all others, and comes the later the more its number is scattered.
 HttpReply answerNaming(const HttpRequest &request) {
     const QByteArray document = inlineDocument(request);
@@ -134,18 +137,14 @@ private Q_SLOTS:
     void growingFileIsOneRequestAndWhole() {
         QFETCH(int, pause);
         QVERIFY(session_.start());
-        QFile file(session_.path(u"a.pdf"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        QByteArray document;
-        for (int written = 0; written < 3000; written += pause) {
-            file.write("growing, ");
-            document += "growing, ";
-            letTimePass(pause);
+        // A busy machine may hold the test's own writes back.
+        QByteArray document = growWithoutALongPause(pause);
+        while (document.isEmpty()) {
+            QVERIFY(session_.end());
+            init();
+            QVERIFY(session_.start());
+            document = growWithoutALongPause(pause);
         }
-        QVERIFY(session_.server.requests().isEmpty());
-        file.write("Shop 1");
-        document += "Shop 1";
-        file.close();
         QVERIFY(session_.waitForRows(1, u"done"_s));
         letTimePass(longEnoughToBeTakenIn);
         QCOMPARE(session_.sentDocuments(), QList<QByteArray>{document});
@@ -153,6 +152,29 @@ private Q_SLOTS:
     }
 
 private:
+    // Writes a new file bit by bit for three seconds; returns its content, or nothing when two writes were
+    // too far apart.
+    QByteArray growWithoutALongPause(int pause) {
+        QFile file(session_.path(u"a.pdf"_s));
+        file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        QByteArray document;
+        const auto write = [&](const QByteArray &part) {
+            file.write(part);
+            document += part;
+        };
+        QElapsedTimer sinceTheLastWrite;
+        for (int passed = 0; passed < 3000; passed += pause) {
+            write("growing, ");
+            sinceTheLastWrite.start();
+            letTimePass(pause);
+            if (sinceTheLastWrite.hasExpired(longestPause)) {
+                return {};
+            }
+        }
+        write("Shop 1");
+        return sinceTheLastWrite.hasExpired(longestPause) ? QByteArray() : document;
+    }
+
     // Whatever else a crowd may set off has then begun.
     void waitUntilQuiet() { letTimePass(longEnoughToBeTakenIn); }
 

@@ -208,11 +208,7 @@ private Q_SLOTS:
     }
 
     void secondProgramWithoutTheSessionLeavesTheListAlone() {
-        session_.server.setScript([](const HttpRequest &) {
-            HttpReply reply = answering(lunchAnswer);
-            reply.delay = std::chrono::seconds(3);
-            return reply;
-        });
+        session_.server.holdAnswers();
         QVERIFY(session_.start());
         session_.drop(u"a.pdf"_s);
         QVERIFY(session_.waitForRows(1, u"processing"_s));
@@ -226,6 +222,7 @@ private Q_SLOTS:
             return output.contains("Fennick is already running in another session of yours.");
         }));
         QCOMPARE(session_.rows().first().value(u"status").toString(), u"processing"_s);
+        session_.server.letAnswersGo();
         QVERIFY(waitForFinished(1));
     }
 

@@ -55,9 +55,7 @@ private Q_SLOTS:
     }
 
     void receiptIsListedAsProcessingWhileItIsScanned() {
-        HttpReply slow = answering("{}");
-        slow.delay = milliseconds(400);
-        pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
+        pipeline_->server.holdAnswers();
         pipeline_->start();
         const QString path = pipeline_->drop(u"a.pdf"_s);
         QVERIFY(waitUntil([&] { return pipeline_->receipts().size() == 1; }));
@@ -65,6 +63,7 @@ private Q_SLOTS:
         QCOMPARE(receipt.status, ReceiptStatus::processing);
         QCOMPARE(receipt.filePath, path);
         QCOMPARE(receipt.category, u"misc"_s);
+        pipeline_->server.letAnswersGo();
         QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
     }
 
@@ -189,16 +188,13 @@ private Q_SLOTS:
 
     void filesThatArriveTogetherAreUnderWayTogether() {
         pipeline_->start();
-        HttpReply slow = answering("{}");
-        slow.delay = milliseconds(1000);
-        pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
+        pipeline_->server.holdAnswers();
         for (int index = 0; index < 12; ++index) {
             pipeline_->drop(QString::number(index) + u".pdf"_s);
         }
         QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 12; }));
+        pipeline_->server.letAnswersGo();
         QVERIFY(pipeline_->waitForRows(12, ReceiptStatus::done));
-        const auto &requests = pipeline_->server.requests();
-        QVERIFY(requests.last().arrivedAt - requests.first().arrivedAt < milliseconds(500));
     }
 
     void fileToldByScanAndEventIsAdmittedOnce() {

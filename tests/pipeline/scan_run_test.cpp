@@ -204,13 +204,12 @@ private Q_SLOTS:
     }
 
     void receiptClearedDuringItsScanKeepsItsNameAndStaysAway() {
-        HttpReply slow = answering("{}");
-        slow.delay = std::chrono::milliseconds(300);
-        pipeline_->server.setScript([slow](const HttpRequest &) { return slow; });
+        pipeline_->server.holdAnswers();
         const QString path = pipeline_->drop(u"a.pdf"_s);
         pipeline_->start();
         QVERIFY(waitUntil([&] { return pipeline_->server.requests().size() == 1; }));
         pipeline_->store->clearAll();
+        pipeline_->server.letAnswersGo();
         letTimePass(600);
         QVERIFY(pipeline_->receipts().isEmpty());
         QVERIFY(QFileInfo::exists(path));

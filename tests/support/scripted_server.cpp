@@ -3,10 +3,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
 #include <QSslSocket>
 #include <QTimer>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -107,6 +109,13 @@ void ScriptedServer::incomingConnection(qintptr descriptor) {
     serve(socket);
 }
 
+void ScriptedServer::letAnswersGo() {
+    holdsAnswers_ = false;
+    for (const std::function<void()> &answer : std::exchange(heldAnswers_, {})) {
+        answer();
+    }
+}
+
 void ScriptedServer::serve(QTcpSocket *socket) {
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     connect(socket, &QTcpSocket::readyRead, socket,
@@ -118,6 +127,14 @@ void ScriptedServer::serve(QTcpSocket *socket) {
                 while (const auto request = takeRequest(*connection)) {
                     requests_.append(*request);
                     const HttpReply reply = script_(*request);
+                    if (holdsAnswers_) {
+                        heldAnswers_.append([to = QPointer(socket), reply] {
+                            if (to) {
+                                send(to, reply);
+                            }
+                        });
+                        continue;
+                    }
                     QTimer::singleShot(reply.delay, socket, [socket, reply] { send(socket, reply); });
                 }
             });

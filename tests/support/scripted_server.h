@@ -50,6 +50,10 @@ public:
     void setScript(Script script) { script_ = std::move(script); }
     void forgetRequests() { requests_.clear(); }
 
+    // From now on requests are kept waiting for their answers, until these are let go.
+    void holdAnswers() { holdsAnswers_ = true; }
+    void letAnswersGo();
+
 protected:
     void incomingConnection(qintptr descriptor) override;
 
@@ -59,6 +63,8 @@ private:
     Script script_;
     std::optional<QSslConfiguration> tls_;
     QList<HttpRequest> requests_;
+    bool holdsAnswers_ = false;
+    QList<std::function<void()>> heldAnswers_;
 };
 
 // The service's answer around a model's answer text.
