@@ -167,9 +167,9 @@ function(fennick_tests room)
       ${name}
       PROPERTIES
         TIMEOUT
-        900
+        1800
         ENVIRONMENT
-        "QTEST_FUNCTION_TIMEOUT=880000;QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;LSAN_OPTIONS=suppressions=${FENNICK_ROOT}/tests/leaks_of_libraries.txt:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+        "QTEST_FUNCTION_TIMEOUT=1780000;QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;LSAN_OPTIONS=suppressions=${FENNICK_ROOT}/tests/leaks_of_libraries.txt:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
     )
     if(unit IN_LIST TESTS_SLOW)
       set_tests_properties(${name} PROPERTIES COST 100)
