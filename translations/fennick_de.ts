@@ -176,6 +176,10 @@
         <source>The file is larger than 100 MB.</source>
         <translation>Die Datei ist größer als 100 MB.</translation>
     </message>
+    <message>
+        <source>The folder does not respond. Is its network connected?</source>
+        <translation>Der Ordner antwortet nicht. Ist sein Netzwerk verbunden?</translation>
+    </message>
 </context>
 <context>
     <name>FolderChooser</name>
@@ -310,6 +314,10 @@
     <message>
         <source>Couldn&apos;t create archive folder: %1</source>
         <translation>Der Archivordner konnte nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was archived: %1</source>
+        <translation>Es wurde nichts archiviert: %1</translation>
     </message>
 </context>
 <context>

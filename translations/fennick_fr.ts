@@ -176,6 +176,10 @@
         <source>The file is larger than 100 MB.</source>
         <translation>Le fichier dépasse 100 Mo.</translation>
     </message>
+    <message>
+        <source>The folder does not respond. Is its network connected?</source>
+        <translation>Le dossier ne répond pas. Son réseau est-il connecté&#xa0;?</translation>
+    </message>
 </context>
 <context>
     <name>FolderChooser</name>
@@ -310,6 +314,10 @@
     <message>
         <source>Couldn&apos;t create archive folder: %1</source>
         <translation>Impossible de créer le dossier d’archives&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was archived: %1</source>
+        <translation>Rien n’a été archivé&#xa0;: %1</translation>
     </message>
 </context>
 <context>

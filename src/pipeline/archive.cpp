@@ -1,15 +1,20 @@
 #include "pipeline/archive.h"
 
+#include "extraction/gemini_error.h"
 #include "model/receipt_store.h"
 #include "pipeline/archive_journal.h"
 #include "pipeline/last_error.h"
 #include "platform/file_operations.h"
+#include "platform/file_system_answer.h"
 #include "platform/free_path.h"
 #include "platform/regular_file.h"
 #include "settings/settings_store.h"
 #include "text/path_text.h"
 
 #include <QDir>
+#include <QSet>
+
+#include <algorithm>
 
 namespace fennick {
 
@@ -62,6 +67,12 @@ void Archive::archiveAndClear(ExportService::Format format) {
     if (store_->receipts().isEmpty()) {
         return;
     }
+    if (!foldersAnswer(*archiveRoot)) {
+        lastError_->set(
+            tr("Nothing was archived: %1")
+                .arg(inUsersLanguage(FileProblem{FileProblem::Kind::noAnswer, {}}.description())));
+        return;
+    }
     const QString stamp = ExportService::isoDateStamp();
     const QString folder = joinedPath(*archiveRoot, stamp);
     if (const auto made = FileOperations::makeFolder(folder); !made) {
@@ -96,6 +107,9 @@ void Archive::resume() {
         return;
     }
     const QString folder = parentFolder(archive->ledgerPath);
+    if (!foldersAnswer(folder)) {
+        return;
+    }
     if (const auto made = FileOperations::makeFolder(folder); !made) {
         lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error().description()));
     } else {
@@ -109,6 +123,15 @@ void Archive::resume() {
         }
     }
     journal.end();
+}
+
+// Whether neither the archive nor a folder with a receipt's file lies on a network that is gone.
+bool Archive::foldersAnswer(const QString &archiveFolder) const {
+    QSet<QString> folders{archiveFolder};
+    for (const Receipt &receipt : store_->receipts()) {
+        folders.insert(parentFolder(receipt.filePath));
+    }
+    return std::ranges::all_of(folders, fileSystemAnswers);
 }
 
 // A file that is missing or cannot be moved stays where it is, and its path is ignored.

@@ -36,11 +36,13 @@ public:
     void archiveAndClear(ExportService::Format format);
 
     // Completes an archive that was interrupted: some of its files are no longer where the list says. If its
-    // folder is out of reach, the list stays, and with it what can still be archived.
+    // folder is out of reach, the list stays, and with it what can still be archived; on a network that is
+    // gone, the next start tries again.
     void resume();
 
 private:
     void carryOut(const PendingArchive &archive);
+    bool foldersAnswer(const QString &archiveFolder) const;
     void moveIntoArchive(const QString &path, const QString &folder);
 
     ReceiptStore *store_;

@@ -9,6 +9,7 @@
 #include "pipeline/tasks.h"
 #include "pipeline/turns.h"
 #include "pipeline/watched_folder.h"
+#include "platform/file_system_answer.h"
 #include "settings/settings_store.h"
 #include "text/path_text.h"
 
@@ -63,7 +64,10 @@ QCoro::Task<bool> PhotosDelivery::addToPhotos(Receipt receipt, std::optional<Fil
     FileToRead wanted(receipt.filePath);
     wanted.folder = watchedFolder_->path;
     wanted.identity = file;
-    OpenedFile opened = openRegularFile(wanted); // before anything is waited for: the file may be moved
+    // Before anything is waited for: the file may be moved.
+    OpenedFile opened = fileSystemAnswers(wanted.path)
+                            ? openRegularFile(wanted)
+                            : std::unexpected(FileProblem{FileProblem::Kind::noAnswer, {}});
     if (!opened) {
         lastError_->set(tr("Photos export failed: %1").arg(inUsersLanguage(opened.error().description())));
         co_return false;

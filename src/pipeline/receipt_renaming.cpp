@@ -4,6 +4,7 @@
 #include "model/receipt_store.h"
 #include "pipeline/renamed_paths.h"
 #include "pipeline/watched_folder.h"
+#include "platform/file_system_answer.h"
 
 namespace fennick {
 
@@ -14,6 +15,9 @@ ReceiptRenaming::ReceiptRenaming(ReceiptStore *store, const WatchedFolder *watch
     , renamedPaths_(renamedPaths) {}
 
 void ReceiptRenaming::rename(Receipt receipt) {
+    if (!fileSystemAnswers(receipt.filePath)) {
+        return;
+    }
     const auto renamed = FileRenamer::rename(receipt, watchedFolder_->path);
     if (!renamed) {
         return;

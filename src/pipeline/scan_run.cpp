@@ -8,6 +8,7 @@
 #include "pipeline/receipt_renaming.h"
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
+#include "platform/file_system_answer.h"
 #include "settings/settings_store.h"
 #include "text/path_text.h"
 
@@ -121,6 +122,10 @@ QCoro::Task<ScanRun::Extracted> ScanRun::send(FileToRead file, QString key, QStr
 void ScanRun::retry(const Receipt &receipt) {
     auto again = store_->receipt(receipt.id);
     if (!again) {
+        return;
+    }
+    if (!fileSystemAnswers(again->filePath)) {
+        store_->setError(again->id, FileProblem{FileProblem::Kind::noAnswer, {}}.description());
         return;
     }
     const FileState file = fileStateAt(again->filePath);

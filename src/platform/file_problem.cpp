@@ -22,6 +22,9 @@ QString FileProblem::description() const {
             "FileProblem", "The file was changed before it could be read. Retry to scan it as it is now."));
     case Kind::tooLarge:
         return QString::fromUtf8(QT_TRANSLATE_NOOP("FileProblem", "The file is larger than 100 MB."));
+    case Kind::noAnswer:
+        return QString::fromUtf8(
+            QT_TRANSLATE_NOOP("FileProblem", "The folder does not respond. Is its network connected?"));
     case Kind::system:
         break;
     }

@@ -6,7 +6,7 @@ namespace fennick {
 
 // Why an operation on a file or folder failed.
 struct FileProblem {
-    enum class Kind { link, notRegular, replaced, tooLarge, system };
+    enum class Kind { link, notRegular, replaced, tooLarge, noAnswer, system };
 
     Kind kind;
     QString systemText; // for `system`: the system's description

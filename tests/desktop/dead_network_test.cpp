@@ -1,4 +1,5 @@
 #include "desktop_surroundings.h"
+#include "desktop_user.h"
 #include "support/private_namespace.h"
 #include "support/test_program.h"
 
@@ -11,6 +12,8 @@ using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString chooserTitle = u"Choose a Folder"_s;
 
 bool canMount = false;
 
@@ -29,8 +32,14 @@ private Q_SLOTS:
             QSKIP("Nothing can be mounted here.");
         }
         surroundings_ = std::make_unique<DesktopSurroundings>();
+        user_ = std::make_unique<DesktopUser>(
+            &surroundings_->accessibility,
+            [this](const std::function<bool()> &condition) { return session().waitFor(condition); });
     }
-    void cleanupTestCase() { surroundings_.reset(); }
+    void cleanupTestCase() {
+        user_.reset();
+        surroundings_.reset();
+    }
 
     void init() { session().renew(); }
     void cleanup() {
@@ -39,7 +48,7 @@ private Q_SLOTS:
     }
 
     void holdsUpNeitherTheStartNorTheEnd() {
-        QVERIFY(die());
+        QVERIFY(die(session().folder()));
         session().program.start();
         QVERIFY(windowAnswers());
         QVERIFY(quitEndsIt());
@@ -53,7 +62,7 @@ private Q_SLOTS:
                       session().path(u"scan.pdf"_s).toUtf8() +
                       "\", \"category\": \"misc\", \"summary\": \"\","
                       " \"scannedAt\": \"2024-05-01T12:30:00Z\", \"status\": \"done\"}]");
-        QVERIFY(die());
+        QVERIFY(die(session().folder()));
         session().program.start();
         QVERIFY(windowAnswers());
         QVERIFY(quitEndsIt());
@@ -61,16 +70,36 @@ private Q_SLOTS:
 
     void mayDieWhileItIsWatched() {
         QVERIFY(session().start());
-        QVERIFY(die());
+        QVERIFY(die(session().folder()));
         QVERIFY(windowAnswers());
+        QVERIFY(quitEndsIt());
+    }
+
+    // What the user asks for needs the files' folder: each is refused instead of waited for.
+    void holdsUpNothingThatTheUserAsksFor() {
+        // Qt's own dialog would wait for what lies in the home folder itself.
+        const QString share = session().path(u"share"_s);
+        writeFile(share + u"/scan.pdf"_s, "a receipt");
+        session().setPreference("watchFolder", share.toUtf8());
+        session().program.start();
+        QVERIFY(session().waitForRows(1, u"done"_s));
+        QVERIFY(die(share));
+        user_->press(mainTitle, u"ctrl+o"_s);
+        user_->waitForWindow(chooserTitle);
+        user_->press(chooserTitle, u"Escape"_s);
+        user_->waitUntilGone(chooserTitle);
+        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        QVERIFY(windowAnswers());
+        QCOMPARE(session().rows().size(), 1);
         QVERIFY(quitEndsIt());
     }
 
 private:
     UserSession &session() { return surroundings_->session; }
 
-    bool die() {
-        dead_ = std::make_unique<DeadFileSystem>(session().folder());
+    bool die(const QString &folder) {
+        dead_ = std::make_unique<DeadFileSystem>(folder);
         return dead_->isMounted();
     }
 
@@ -90,6 +119,7 @@ private:
     }
 
     std::unique_ptr<DesktopSurroundings> surroundings_;
+    std::unique_ptr<DesktopUser> user_;
     std::unique_ptr<DeadFileSystem> dead_;
 };
 

@@ -1,5 +1,7 @@
 #include "ui/dialogs/folder_chooser.h"
 
+#include "platform/file_system_answer.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -12,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 std::optional<QString> chooseFolder(QWidget *parent, const QString &confirmText,
                                     const std::optional<QString> &startFolder, NewFolders newFolders) {
-    const bool canStartThere = startFolder && QFileInfo(*startFolder).isDir();
+    const bool canStartThere =
+        startFolder && fileSystemAnswers(*startFolder) && QFileInfo(*startFolder).isDir();
     // Not on the stack: the parent deletes its dialogs with itself.
     const QPointer<QFileDialog> dialog(
         new QFileDialog(parent, QCoreApplication::translate("FolderChooser", "Choose a Folder"),

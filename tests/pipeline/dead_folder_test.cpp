@@ -1,0 +1,104 @@
+#include "pipeline/archive_journal.h"
+#include "pipeline_under_test.h"
+#include "support/private_namespace.h"
+#include "support/receipts.h"
+#include "support/test_program.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <memory>
+
+using namespace fennick;
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool canMountHere = false;
+
+const QString noAnswer = u"The folder does not respond. Is its network connected?"_s;
+
+} // namespace
+
+// The files lie on a network that does not answer. What the user asks for is refused in words; nothing is
+// lost, and nobody waits.
+class DeadFolderTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        if (!canMountHere) {
+            QSKIP("Nothing can be mounted here.");
+        }
+        surroundings_ = std::make_unique<Surroundings>();
+    }
+    void cleanupTestCase() { surroundings_.reset(); }
+
+    void init() {
+        pipeline_ = std::make_unique<PipelineUnderTest>(*surroundings_);
+        pipeline_->start();
+        share_ = surroundings_->home.path(u"share"_s);
+        QDir().mkpath(share_);
+        receipt_ = finishedReceipt(share_ + u"/scan.pdf"_s);
+        pipeline_->store->add(receipt_);
+        dead_ = std::make_unique<DeadFileSystem>(share_);
+        QVERIFY(dead_->isMounted());
+    }
+    void cleanup() {
+        pipeline_.reset();
+        dead_.reset();
+    }
+
+    void retryFailsInWords() {
+        pipeline_->appState->retry(receipt_);
+        QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::error);
+        QCOMPARE(pipeline_->receipts().first().error, noAnswer);
+        QVERIFY(pipeline_->server.requests().isEmpty());
+    }
+
+    void photoIsRefused() {
+        pipeline_->settings->setAddToPhotos(true);
+        pipeline_->appState->pushToPhotos(receipt_);
+        QVERIFY(waitUntil([this] { return pipeline_->appState->lastError().has_value(); }));
+        QCOMPARE(pipeline_->appState->lastError(), u"Photos export failed: "_s + noAnswer);
+        QVERIFY(!pipeline_->receipts().first().addedToPhotos);
+    }
+
+    void nothingIsArchived() {
+        pipeline_->drop(u"other.pdf"_s);
+        QVERIFY(waitUntil([this] { return pipeline_->receipts().size() == 2; }));
+        QVERIFY(waitUntil([this] { return QFile::exists(pipeline_->path(finalName)); }));
+        pipeline_->appState->archiveAndClear(ExportService::Format::csv);
+        QCOMPARE(pipeline_->appState->lastError(), u"Nothing was archived: "_s + noAnswer);
+        QCOMPARE(pipeline_->receipts().size(), 2);
+        QVERIFY(QFile::exists(pipeline_->path(finalName)));
+        QVERIFY(!QFile::exists(pipeline_->path(u"Receipt Archive"_s)));
+    }
+
+    void interruptedArchiveWaitsForTheNextStart() {
+        const QString folder = pipeline_->path(u"Receipt Archive/2024-05-01"_s);
+        ArchiveJournal().begin({folder + u"/receipts-2024-05-01.csv"_s, ExportService::Format::csv});
+        pipeline_->appState->recoverFromInterruption();
+        QVERIFY(ArchiveJournal().pending());
+        QCOMPARE(pipeline_->receipts().size(), 1);
+        dead_.reset();
+        pipeline_->appState->recoverFromInterruption();
+        QVERIFY(!ArchiveJournal().pending());
+        QVERIFY(pipeline_->receipts().isEmpty());
+        QVERIFY(QFile::exists(folder + u"/receipts-2024-05-01.csv"_s));
+    }
+
+private:
+    std::unique_ptr<Surroundings> surroundings_;
+    std::unique_ptr<PipelineUnderTest> pipeline_;
+    std::unique_ptr<DeadFileSystem> dead_;
+    QString share_;
+    Receipt receipt_;
+};
+
+int dead_folder_test(int argc, char **argv) {
+    canMountHere = enterPrivateNamespace().canMount;
+    return runTest<QApplication, DeadFolderTest>(argc, argv);
+}
+#include "dead_folder_test.moc"
