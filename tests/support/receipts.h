@@ -17,6 +17,7 @@ inline Receipt finishedReceipt(const QString &filePath) {
     receipt.category = u"lunch"_s;
     receipt.summary = u"Lunch at Mario's Cafe for $23.50"_s;
     receipt.status = ReceiptStatus::done;
+    receipt.scannedAt = u"2024-05-01T12:31:00Z"_s; // the same for all: none is newer than another
     return receipt;
 }
 

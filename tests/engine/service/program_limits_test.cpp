@@ -7,6 +7,7 @@
 #include "support/test_program.h"
 
 #include <QBuffer>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QNetworkReply>
 #include <QPdfWriter>
@@ -61,10 +62,15 @@ std::unique_ptr<QTcpSocket> sent(const EngineProcess &engine, const QByteArray &
     return socket;
 }
 
+const QString tooMuchText = u"The document takes too much time or memory to read."_s;
+
+QString messageOf(const HttpAnswer &answer) {
+    return answer.body.value("error"_L1).toObject().value("message"_L1).toString();
+}
+
 // Whether the document was read, whatever it says.
 bool isReadToTheEnd(const HttpAnswer &answer) {
-    return answer.status == 200 || answer.body.value("error"_L1).toObject().value("message"_L1).toString() ==
-                                       u"No receipt was found on the page."_s;
+    return answer.status == 200 || messageOf(answer) == u"No receipt was found on the page."_s;
 }
 
 } // namespace
@@ -74,6 +80,19 @@ class ProgramLimitsTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<EngineProcess> engine_;
+
+    // On a machine that does much else, a document may not get the processor for long enough before its time
+    // on the clock is over. That says nothing about the document.
+    HttpAnswer answerOnceThereIsTime(const QByteArray &body) {
+        constexpr int longestTimeOnTheClock = 50'000; // milliseconds
+        HttpAnswer answer;
+        QElapsedTimer elapsed;
+        do {
+            elapsed.start();
+            answer = engine_->answerTo("POST", engine_->generatePath(), body);
+        } while (messageOf(answer) == tooMuchText && elapsed.hasExpired(longestTimeOnTheClock));
+        return answer;
+    }
 
 private Q_SLOTS:
     void init() {
@@ -121,7 +140,8 @@ private Q_SLOTS:
     }
     void readsWhatIsOnlyLarge() {
         QFETCH(QByteArray, body);
-        QVERIFY(isReadToTheEnd(engine_->answerTo("POST", engine_->generatePath(), body)));
+        const HttpAnswer answer = answerOnceThereIsTime(body);
+        QVERIFY2(isReadToTheEnd(answer), qPrintable(messageOf(answer)));
     }
 
     void refusesATooLargeRequest() {
@@ -180,8 +200,7 @@ private Q_SLOTS:
         for (QNetworkReply *reply : std::as_const(hostile)) {
             const HttpAnswer answer = finished(reply);
             QCOMPARE(answer.status, 400);
-            QCOMPARE(answer.body.value("error"_L1).toObject().value("message"_L1).toString(),
-                     u"The document takes too much time or memory to read."_s);
+            QCOMPARE(messageOf(answer), tooMuchText);
         }
     }
 
