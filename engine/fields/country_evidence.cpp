@@ -113,4 +113,10 @@ std::optional<QString> likeliestCountry(const CountryScores &scores) {
     return best;
 }
 
+QList<double> taxRatesOfLikeliestCountry(const CountryScores &scores) {
+    const std::optional<QString> code = likeliestCountry(scores);
+    const auto country = code ? std::ranges::find(countries(), *code, &Country::code) : countries().cend();
+    return country == countries().cend() ? QList<double>() : country->taxRates;
+}
+
 } // namespace fennick::engine

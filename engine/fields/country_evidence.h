@@ -3,6 +3,7 @@
 #include "engine/recognition/text_line.h"
 
 #include <QHash>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -21,5 +22,8 @@ using CountryScores = QHash<QString, double>;
 
 // The country that most points to, if it is enough to go by.
 [[nodiscard]] std::optional<QString> likeliestCountry(const CountryScores &scores);
+
+// In per cent; none without a likeliest country.
+[[nodiscard]] QList<double> taxRatesOfLikeliestCountry(const CountryScores &scores);
 
 } // namespace fennick::engine

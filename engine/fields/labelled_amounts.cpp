@@ -91,7 +91,7 @@ private:
 } // namespace
 
 QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles &roles,
-                                      const PriceStyle &style) {
+                                      const PriceStyle &style, const QList<double> &usualTaxRates) {
     QList<LabelledAmount> all;
     bool isInTaxTable = false;
     QString labelAbove;
@@ -122,7 +122,7 @@ QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles 
         amount.weight *=
             lacksDecimalSign ? lostDecimalSign : (hasPrices ? wholeNumberAmongPrices : wholeNumber);
     }
-    for (const qint64 total : taxTableTotals(reading, roles, style)) {
+    for (const qint64 total : taxTableTotals(reading, roles, style, usualTaxRates)) {
         all.append(
             {.thousandths = total, .role = AmountRole::Taxed, .hasDecimals = true, .line = reading.size()});
     }

@@ -23,8 +23,9 @@ struct LabelledAmount {
 
 // Every amount of `reading`, from top to bottom and left to right. A label stands before its amount, on the
 // same line or on the one above. Last come the sums that its table of taxes proves. `style` is that of the
-// reading's currency.
+// reading's currency; `usualTaxRates` are its country's, in per cent.
 [[nodiscard]] QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles &roles,
-                                                    const PriceStyle &style);
+                                                    const PriceStyle &style,
+                                                    const QList<double> &usualTaxRates);
 
 } // namespace fennick::engine

@@ -9,7 +9,8 @@ namespace fennick::engine {
 namespace {
 
 QList<LabelledAmount> labelled(const ReadingFacts &facts, const AmountRoles &roles, const PriceStyle &style) {
-    return labelledAmounts(facts.isRefund ? withoutMinuses(facts.lines) : facts.lines, roles, style);
+    return labelledAmounts(facts.isRefund ? withoutMinuses(facts.lines) : facts.lines, roles, style,
+                           taxRatesOfLikeliestCountry(facts.countries));
 }
 
 } // namespace

@@ -19,9 +19,7 @@ constexpr double lowestRate = 1;
 constexpr double highestRate = 30; // per cent; Hungary's 27 is the highest in use
 // Below this any two prices fit one rate or another.
 constexpr qint64 leastTax = 100; // thousandths
-// Rates of many countries, for rows whose own was not read; with a tax this large two wrong prices rarely fit
-// any of them.
-const QList<double> usualRates = {5, 6, 7, 8, 10, 19, 20, 21, 22, 25};
+// For rows whose rate was not read: with a tax this large two wrong prices rarely fit one of the country's.
 constexpr qint64 leastUnratedTax = 600;
 // Taxes of several items are rounded one by one.
 constexpr double roundingError = 10.1;
@@ -107,7 +105,8 @@ std::optional<TaxRow> rowWithItsRate(const QString &text, const QList<qint64> &p
     return std::nullopt;
 }
 
-QList<TaxRow> taxRows(const Reading &reading, const AmountRoles &roles, const PriceStyle &style) {
+QList<TaxRow> taxRows(const Reading &reading, const AmountRoles &roles, const PriceStyle &style,
+                      const QList<double> &usualRates) {
     const QList<double> everywhere = percentages(reading);
     bool isInTable = false;
     QList<TaxRow> rows;
@@ -143,10 +142,11 @@ QList<TaxRow> taxRows(const Reading &reading, const AmountRoles &roles, const Pr
 
 } // namespace
 
-QList<qint64> taxTableTotals(const Reading &reading, const AmountRoles &roles, const PriceStyle &style) {
+QList<qint64> taxTableTotals(const Reading &reading, const AmountRoles &roles, const PriceStyle &style,
+                             const QList<double> &usualRates) {
     QList<qint64> totals;
     qint64 sum = 0;
-    const QList<TaxRow> rows = taxRows(reading, roles, style);
+    const QList<TaxRow> rows = taxRows(reading, roles, style, usualRates);
     for (const TaxRow &row : rows) {
         sum += row.net + row.tax;
         for (const qint64 total : {row.net + row.tax, sum}) {

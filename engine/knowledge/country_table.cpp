@@ -28,6 +28,10 @@ QRegularExpression patternOf(const QString &cell) {
 void set(Country &country, const QString &kind, const QString &value) {
     if (kind == u"currency") {
         country.currency = value;
+    } else if (kind == u"rates") {
+        for (const QString &rate : value.split(u", "_s)) {
+            country.taxRates.append(rate.toDouble());
+        }
     } else if (kind == u"order") {
         country.dateOrder = value == u"month first" ? DateOrder::MonthFirst : DateOrder::YearFirst;
     } else if (kind == u"calendar") {

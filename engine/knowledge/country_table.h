@@ -19,8 +19,9 @@ enum class DateOrder {
 
 // What on a receipt points to one country. Phrases are words without accents, as wordsOf() gives them.
 struct Country {
-    QString code;     // ISO 3166-1
-    QString currency; // ISO 4217
+    QString code;           // ISO 3166-1
+    QString currency;       // ISO 4217
+    QList<double> taxRates; // per cent
     DateOrder dateOrder = DateOrder::DayFirst;
     bool hasBuddhistYears = false;
     Languages languages; // besides English

@@ -27,7 +27,7 @@ inline const Languages testLanguages = {QStringLiteral("de"), QStringLiteral("fr
 
 // The amounts of a reading in one of them, in a currency of hundredths.
 inline QList<LabelledAmount> amountsOf(const Reading &reading) {
-    return labelledAmounts(reading, AmountRoles(testLanguages), {});
+    return labelledAmounts(reading, AmountRoles(testLanguages), {}, {});
 }
 
 // What each of the readings says by itself.

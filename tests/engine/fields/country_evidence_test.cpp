@@ -66,6 +66,12 @@ private Q_SLOTS:
         QVERIFY(countryScores(linesOf({u"Corner Shop"_s, u"Total 5.00"_s})).isEmpty());
         QVERIFY(countryScores({}).isEmpty());
     }
+
+    void knowsTheCountrysTaxRates() {
+        QCOMPARE(taxRatesOfLikeliestCountry(countryScores(linesOf({u"USt-IdNr. DE123456789"_s}))),
+                 (QList<double>{5, 7, 16, 19}));
+        QVERIFY(taxRatesOfLikeliestCountry({}).isEmpty());
+    }
 };
 
 int country_evidence_test(int argc, char **argv) {

@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <algorithm>
+
 using namespace fennick;
 using namespace fennick::engine;
 using namespace Qt::StringLiterals;
@@ -15,9 +17,9 @@ class CountryTableTest : public QObject {
 
 private Q_SLOTS:
     void everyRowIsOfAKnownKind() {
-        static const QSet<QString> kinds = {u"currency"_s, u"order"_s,  u"calendar"_s, u"languages"_s,
-                                            u"dial"_s,     u"domain"_s, u"places"_s,   u"words"_s,
-                                            u"tax"_s,      u"post"_s,   u"hint"_s,     u"before"_s};
+        static const QSet<QString> kinds = {
+            u"currency"_s, u"order"_s, u"calendar"_s, u"languages"_s, u"dial"_s,   u"domain"_s, u"places"_s,
+            u"words"_s,    u"tax"_s,   u"post"_s,     u"hint"_s,      u"before"_s, u"rates"_s};
         QSet<QString> seen;
         const QList<QStringList> rows = tableRows(u":/engine/countries.txt"_s);
         for (const QStringList &row : rows) {
@@ -40,6 +42,9 @@ private Q_SLOTS:
             QVERIFY2(!country.places.isEmpty(), qPrintable(country.code));
             QVERIFY2(country.taxNumber.isValid(), qPrintable(country.taxNumber.errorString()));
             QVERIFY2(country.hint.isValid(), qPrintable(country.hint.errorString()));
+            QVERIFY2(
+                std::ranges::all_of(country.taxRates, [](double rate) { return rate >= 1 && rate < 30; }),
+                qPrintable(country.code));
             QCOMPARE(country.currencySince.isValid(), !country.currencyBefore.isEmpty());
             QVERIFY2(country.postcode.isValid(), qPrintable(country.postcode.errorString()));
             QVERIFY2(!country.places.contains(QString()) && !country.words.contains(QString()),
