@@ -4,6 +4,7 @@
 #include "engine/fields/number_reader.h"
 #include "engine/knowledge/brand_table.h"
 #include "engine/knowledge/country_table.h"
+#include "engine/knowledge/word_table.h"
 #include "engine/knowledge/words.h"
 
 #include <QRegularExpression>
@@ -36,33 +37,20 @@ constexpr qsizetype lettersForAnError = 6;
 constexpr qsizetype mostWordsBeforeForm = 2;
 constexpr qsizetype fewCountries = 3;
 
-// Words that stand beside a brand in a company's name without being part of it.
+// The brand is read before the language is known.
+QSet<QString> wordsOfAllLanguages(const QString &meaning) {
+    const QStringList words = nameWords().phrases(meaning, knownLanguages());
+    return {words.begin(), words.end()};
+}
+
 const QSet<QString> &legalWords() {
-    static const QSet<QString> words = {
-        u"gmbh"_s,    u"mbh"_s,     u"co"_s,       u"kg"_s,  u"kgaa"_s, u"ag"_s,   u"ohg"_s, u"se"_s,
-        u"ltd"_s,     u"plc"_s,     u"inc"_s,      u"llc"_s, u"llp"_s,  u"corp"_s, u"sa"_s,  u"sas"_s,
-        u"sarl"_s,    u"srl"_s,     u"spa"_s,      u"sl"_s,  u"bv"_s,   u"nv"_s,   u"ab"_s,  u"as"_s,
-        u"asa"_s,     u"aps"_s,     u"oy"_s,       u"oyj"_s, u"sdn"_s,  u"bhd"_s,  u"pte"_s, u"pty"_s,
-        u"pvt"_s,     u"kft"_s,     u"zrt"_s,      u"doo"_s, u"sro"_s,  u"spol"_s, u"sp"_s,  u"zoo"_s,
-        u"limited"_s, u"company"_s, u"limitada"_s, u"lda"_s,
-    };
+    static const QSet<QString> words = wordsOfAllLanguages(u"legal word"_s);
     return words;
 }
 
 // Names of brands that are words of receipts, menus and addresses as well: alone in a line they name nobody.
 bool isCommonWord(const QString &words) {
-    static const QSet<QString> common = {
-        u"total"_s,  u"real"_s,    u"next"_s,   u"gap"_s,    u"plus"_s,    u"extra"_s,      u"max"_s,
-        u"base"_s,   u"home"_s,    u"best"_s,   u"one"_s,    u"go"_s,      u"cash"_s,       u"card"_s,
-        u"date"_s,   u"time"_s,    u"tax"_s,    u"market"_s, u"express"_s, u"roti"_s,       u"bar"_s,
-        u"cafe"_s,   u"pizza"_s,   u"hotel"_s,  u"taxi"_s,   u"parking"_s, u"restaurant"_s, u"coffee"_s,
-        u"bakery"_s, u"fresh"_s,   u"local"_s,  u"city"_s,   u"star"_s,    u"super"_s,      u"change"_s,
-        u"bill"_s,   u"order"_s,   u"table"_s,  u"sale"_s,   u"sales"_s,   u"item"_s,       u"service"_s,
-        u"store"_s,  u"shop"_s,    u"visa"_s,   u"master"_s, u"debit"_s,   u"credit"_s,     u"welcome"_s,
-        u"tesoro"_s, u"net"_s,     u"rest"_s,   u"summa"_s,  u"suma"_s,    u"bon"_s,        u"ticket"_s,
-        u"copy"_s,   u"central"_s, u"center"_s, u"centre"_s, u"station"_s, u"food"_s,       u"foods"_s,
-        u"water"_s,
-    };
+    static const QSet<QString> common = wordsOfAllLanguages(u"common"_s);
     return common.contains(words);
 }
 

@@ -33,9 +33,11 @@ private Q_SLOTS:
         QTest::newRow("dates") << u":/engine/date_words.txt"_s
                                << QSet<QString>{u"date"_s, u"other date"_s, u"time"_s, u"hours"_s};
         QTest::newRow("names") << u":/engine/name_words.txt"_s
-                               << QSet<QString>{u"heading"_s,    u"detail"_s,           u"numbered"_s,
-                                                u"another"_s,    u"business"_s,         u"registration"_s,
-                                                u"legal form"_s, u"legal form before"_s};
+                               << QSet<QString>{u"heading"_s,    u"detail"_s,
+                                                u"numbered"_s,   u"another"_s,
+                                                u"business"_s,   u"registration"_s,
+                                                u"legal form"_s, u"legal form before"_s,
+                                                u"legal word"_s, u"common"_s};
     }
     void everyRowIsWhole() {
         QFETCH(QString, path);
