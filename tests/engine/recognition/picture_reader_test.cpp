@@ -1,9 +1,9 @@
 #include "engine/drawn_page.h"
 #include "engine/recognition/picture_reader.h"
 #include "engine/recognition/recognition_passes.h"
-#include "support/conditions.h"
 #include "support/test_program.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 
 #include <atomic>
@@ -28,8 +28,22 @@ bool noneIsEnough(const QList<Reading> &) {
     return false;
 }
 
-QList<Reading> readingsOf(const QImage &picture, bool (*isEnough)(const QList<Reading> &) = anyIsEnough) {
-    return readPages({{.lines = {}, .picture = picture}}, isEnough).value_or(QList<Reading>());
+using Enough = bool (*)(const QList<Reading> &);
+
+// Read again where a busy machine left less time than one reading may take.
+QList<Reading> readingsOf(const QList<PdfPage> &pages, Enough isEnough) {
+    constexpr int recognitionTime = 25'000; // milliseconds
+    QElapsedTimer elapsed;
+    QList<Reading> readings;
+    do {
+        elapsed.start();
+        readings = readPages(pages, isEnough).value_or(QList<Reading>());
+    } while (elapsed.hasExpired(recognitionTime));
+    return readings;
+}
+
+QList<Reading> readingsOf(const QImage &picture, Enough isEnough = anyIsEnough) {
+    return readingsOf({{.lines = {}, .picture = picture}}, isEnough);
 }
 
 bool hasLine(const QList<Reading> &readings, const QString &text) {
@@ -198,9 +212,9 @@ private Q_SLOTS:
     void keepsThePagesInOrder() {
         const PdfPage text{.lines = {{.text = u"First page"_s, .box = QRectF(0, 0, 50, 9)}}, .picture = {}};
         const PdfPage picture{.lines = {}, .picture = drawnPage({u"Second page"_s, u"Total 10.00"_s}, 30)};
-        const auto readings = readPages({text, picture}, anyIsEnough);
-        QVERIFY(readings);
-        for (const Reading &reading : *readings) {
+        const QList<Reading> readings = readingsOf({text, picture}, anyIsEnough);
+        QVERIFY(!readings.isEmpty());
+        for (const Reading &reading : readings) {
             QVERIFY(reading.size() >= 2);
             QCOMPARE(reading.first().text, u"First page"_s);
             QCOMPARE(reading.last().page, 1);
@@ -237,19 +251,15 @@ private Q_SLOTS:
         }
     }
 
-    // Tried again where a busy machine leaves the four less time than one reading may take.
     void servesSeveralThreadsAtOnce() {
         const QImage page = drawnPage(receipt, 24);
-        QVERIFY(test::waitUntil([&] {
-            std::atomic<int> right = 0;
-            {
-                std::vector<std::jthread> threads;
-                for (int count = 0; count < 4; ++count)
-                    threads.emplace_back(
-                        [&] { right += hasLine(readingsOf(page), u"Total 10.00"_s) ? 1 : 0; });
-            }
-            return right == 4;
-        }));
+        std::atomic<int> right = 0;
+        {
+            std::vector<std::jthread> threads;
+            for (int count = 0; count < 4; ++count)
+                threads.emplace_back([&] { right += hasLine(readingsOf(page), u"Total 10.00"_s) ? 1 : 0; });
+        }
+        QCOMPARE(right, 4);
     }
 };
 
