@@ -55,6 +55,21 @@
         <source>Quit Without Saving</source>
         <translation>Ohne Speichern beenden</translation>
     </message>
+    <message numerus="yes">
+        <source>Open %n files?</source>
+        <translation>
+            <numerusform>%Ln Datei öffnen?</numerusform>
+            <numerusform>%Ln Dateien öffnen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Each opens in the program that your desktop uses for it.</source>
+        <translation>Jede öffnet sich in dem Programm, das Ihr Desktop dafür verwendet.</translation>
+    </message>
+    <message>
+        <source>Open All</source>
+        <translation>Alle öffnen</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -504,6 +519,15 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Details…</source>
         <translation>Einzelheiten&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Remove from List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <extracomment>The selected rows, as a table for the clipboard.</extracomment>
+        <translation>Kopieren</translation>
     </message>
 </context>
 <context>

@@ -55,6 +55,21 @@
         <source>Quit Without Saving</source>
         <translation>Quitter sans enregistrer</translation>
     </message>
+    <message numerus="yes">
+        <source>Open %n files?</source>
+        <translation>
+            <numerusform>Ouvrir %Ln fichier&#xa0;?</numerusform>
+            <numerusform>Ouvrir %Ln fichiers&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Each opens in the program that your desktop uses for it.</source>
+        <translation>Chacun s’ouvre dans le programme que votre bureau utilise pour lui.</translation>
+    </message>
+    <message>
+        <source>Open All</source>
+        <translation>Tout ouvrir</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -504,6 +519,15 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Details…</source>
         <translation>Détails…</translation>
+    </message>
+    <message>
+        <source>Remove from List</source>
+        <translation>Retirer de la liste</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <extracomment>The selected rows, as a table for the clipboard.</extracomment>
+        <translation>Copier</translation>
     </message>
 </context>
 <context>

@@ -70,6 +70,14 @@ private Q_SLOTS:
         QCOMPARE(ended.first(), (QVariantList{1, 0}));
     }
 
+    void removedReceiptsAreNoLongerUnderWay() {
+        const Receipt first = add("a.pdf");
+        add("b.pdf");
+        store_->remove({first.id});
+        QCOMPARE(progress_->totalCount(), 1);
+        QVERIFY(progress_->isUnderWay());
+    }
+
 private:
     Receipt add(const char *name) {
         Receipt receipt = freshReceipt(u"/w/"_s + QString::fromUtf8(name));

@@ -223,6 +223,31 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), button(0, "reveal"));
     }
 
+    void severalRowsCanBeSelected() {
+        for (const char *const name : {"a", "b", "c"}) {
+            store_->add(finishedReceipt(u"/w/"_s + QString::fromLatin1(name)));
+        }
+        table_->selectRow(0);
+        QTest::keyClick(table_.get(), Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(pathsOf(table_->selectedReceipts()), (QStringList{u"/w/a"_s, u"/w/b"_s}));
+        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/b"_s); // the current one, which details follow
+        QTest::keyClick(table_.get(), Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(table_->selectedReceipts().size(), 3);
+        QSignalSpy opened(table_.get(), &ReceiptsTable::openRequested);
+        QTest::keyClick(table_.get(), Qt::Key_Return);
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(opened.first().first().value<Receipt>().filePath, u"/w/b"_s);
+    }
+
+    void stepLeavesOneRowSelected() {
+        for (const char *const name : {"a", "b", "c"}) {
+            store_->add(finishedReceipt(u"/w/"_s + QString::fromLatin1(name)));
+        }
+        table_->selectAll();
+        table_->selectFurther(2);
+        QCOMPARE(pathsOf(table_->selectedReceipts()), QStringList{u"/w/c"_s});
+    }
+
     void longListHasButtonsOnTheScreenOnly() {
         loadManyReceipts(50000);
         QVERIFY(waitUntil([&] { return rowActions() > 0; }));
@@ -235,6 +260,14 @@ private Q_SLOTS:
     }
 
 private:
+    static QStringList pathsOf(const QList<Receipt> &receipts) {
+        QStringList paths;
+        for (const Receipt &receipt : receipts) {
+            paths.append(receipt.filePath);
+        }
+        return paths;
+    }
+
     int widthOfAllColumns() const {
         int width = 0;
         for (int column = 0; column < Model::columns; ++column) {

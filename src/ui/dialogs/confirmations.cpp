@@ -113,6 +113,20 @@ bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptSto
     return ask(parent, question, store);
 }
 
+bool confirmOpen(QWidget *parent, int files) {
+    const Question question{u"openConfirmation"_s,
+                            Symbol::warning,
+                            QCoreApplication::translate("Confirmations", "Open %n files?", nullptr, files),
+                            [] {
+                                return QCoreApplication::translate(
+                                    "Confirmations",
+                                    "Each opens in the program that your desktop uses for it.");
+                            },
+                            QCoreApplication::translate("Confirmations", "Open All"),
+                            QMessageBox::AcceptRole};
+    return ask(parent, question);
+}
+
 bool confirmDiscard(QWidget *parent) {
     const Question question{
         u"discardConfirmation"_s,

@@ -42,8 +42,11 @@ MainActions::MainActions(QObject *owner)
           Symbol::addToPhotos))
     , retry(withSymbol(make(owner, "retrySelected", tr("Retry"), QKeySequence(Qt::CTRL | Qt::Key_T)),
                        Symbol::retry))
-    , copySummary(make(owner, "copySummary", tr("Copy Summary"), QKeySequence::Copy))
+    , copySummary(make(owner, "copySummary", tr("Copy Summary")))
     , details(make(owner, "details", tr("Details…"), QKeySequence(Qt::CTRL | Qt::Key_I)))
+    , remove(make(owner, "removeFromList", tr("Remove from List"), QKeySequence(Qt::Key_Delete)))
+    //: The selected rows, as a table for the clipboard.
+    , copy(make(owner, "copy", tr("Copy"), QKeySequence::Copy))
     , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
     , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))
     , quit(make(owner, "quit", tr("Quit Fennick"), QKeySequence(Qt::CTRL | Qt::Key_Q))) {

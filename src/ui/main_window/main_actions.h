@@ -22,13 +22,15 @@ public:
     QAction *archiveHtml;
     QAction *clearAll;
 
-    // The selected receipt.
+    // The selected receipts.
     QAction *open;
     QAction *reveal;
     QAction *addToPhotos;
     QAction *retry;
     QAction *copySummary;
     QAction *details;
+    QAction *remove;
+    QAction *copy;
 
     // The program.
     QAction *settings;

@@ -53,7 +53,7 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
     setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
     setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerPixel);
     setShowGrid(false);
@@ -151,20 +151,79 @@ void ReceiptsTable::setPhotosExportOn(bool isOn) {
     Q_EMIT selectedReceiptChanged();
 }
 
+// In order. Not by the selection model's function of this name, which looks at each cell of each row.
+QList<int> ReceiptsTable::selectedRows() const {
+    QList<int> rows;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            rows.append(row);
+        }
+    }
+    std::ranges::sort(rows);
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+// -1 if no row is selected.
+int ReceiptsTable::currentRow() const {
+    const QItemSelection selection = selectionModel()->selection();
+    if (selection.isEmpty()) {
+        return -1;
+    }
+    return currentIndex().isValid() ? currentIndex().row() : selection.first().top();
+}
+
+QList<Receipt> ReceiptsTable::selectedReceipts() const {
+    QList<Receipt> receipts;
+    const QList<int> rows = selectedRows();
+    for (const int row : rows) {
+        receipts.append(model_->receipt(row));
+    }
+    return receipts;
+}
+
+bool ReceiptsTable::isAnySelected(const std::function<bool(const Receipt &)> &applies) const {
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (applies(model_->receipt(row))) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 std::optional<Receipt> ReceiptsTable::selectedReceipt() const {
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? std::nullopt : std::optional(model_->receipt(rows.first().row()));
+    const int row = currentRow();
+    return row < 0 ? std::nullopt : std::optional(model_->receipt(row));
+}
+
+// Whatever keys are held down, which would have selectRow() add to the selection.
+void ReceiptsTable::selectOnly(int row) {
+    const QModelIndex place = model()->index(row, Model::dateColumn);
+    selectionModel()->setCurrentIndex(place, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(place);
 }
 
 void ReceiptsTable::selectFurther(int rows) {
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    if (selected.isEmpty()) {
+    const int row = currentRow();
+    if (row < 0) {
         selectFirstVisibleRow();
-        return;
+    } else {
+        selectOnly(std::clamp(row + rows, 0, model()->rowCount() - 1));
     }
-    const int row = std::clamp(selected.first().row() + rows, 0, model_->rowCount() - 1);
-    selectRow(row);
-    scrollTo(model_->index(row, Model::dateColumn));
+}
+
+int ReceiptsTable::firstSelectedRow() const {
+    return selectedRows().value(0, -1);
+}
+
+void ReceiptsTable::selectNearest(int row) {
+    if (model()->rowCount() > 0) {
+        selectOnly(std::min(row, model()->rowCount() - 1));
+    }
 }
 
 // With the ideal width of a column that only gives way at the moment.
@@ -215,8 +274,8 @@ void ReceiptsTable::focusInEvent(QFocusEvent *event) {
 }
 
 void ReceiptsTable::selectFirstVisibleRow() {
-    if (model_->rowCount() > 0) {
-        selectRow(std::max(0, rowAt(0)));
+    if (model()->rowCount() > 0) {
+        selectOnly(std::max(0, rowAt(0)));
     }
 }
 
@@ -236,15 +295,20 @@ void ReceiptsTable::selectionChanged(const QItemSelection &selected, const QItem
     Q_EMIT selectedReceiptChanged();
 }
 
+void ReceiptsTable::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
+    QTableView::currentChanged(current, previous);
+    scheduleRowActions();
+    Q_EMIT selectedReceiptChanged();
+}
+
 void ReceiptsTable::scheduleRowActions() {
     rowActionsUpdate_.start(0);
 }
 
 // Gives every row on the screen its buttons, and takes those of the rows that have left it.
 void ReceiptsTable::showRowActions() {
-    const int rows = model_->rowCount();
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    const int selectedRow = selected.isEmpty() ? -1 : selected.first().row();
+    const int rows = model()->rowCount();
+    const int current = currentRow();
     const int first = std::max(0, rowAt(0));
     const int lastVisible = rowAt(viewport()->height() - 1);
     const int last = lastVisible < 0 ? rows - 1 : lastVisible;
@@ -262,8 +326,9 @@ void ReceiptsTable::showRowActions() {
             buttons = makeRowActions(place);
         }
         buttons->show(model_->receipt(row), isPhotosExportOn_);
-        buttons->setSelected(row == selectedRow);
-        if (row == selectedRow) {
+        buttons->setSelected(selectionModel()->isRowSelected(row));
+        buttons->setTabStops(row == current);
+        if (row == current) {
             buttons->followInTabOrder(this);
         }
     }

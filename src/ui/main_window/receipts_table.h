@@ -7,6 +7,7 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 
 namespace fennick {
@@ -25,17 +26,31 @@ public:
     // Whether rows offer to add their receipt to Photos.
     void setPhotosExportOn(bool isOn);
 
+    // The receipts of the selected rows, from top to bottom.
+    [[nodiscard]] QList<Receipt> selectedReceipts() const;
+
+    // Whether `applies` to the receipt of any selected row.
+    [[nodiscard]] bool isAnySelected(const std::function<bool(const Receipt &)> &applies) const;
+
+    // That of the current row, as long as any row is selected.
     [[nodiscard]] std::optional<Receipt> selectedReceipt() const;
 
     // Selects the row that many rows further down, as far as there are any; without a selection, the first on
     // the screen.
     void selectFurther(int rows);
 
+    // -1 if no row is selected.
+    [[nodiscard]] int firstSelectedRow() const;
+
+    // Selects this row alone, or the last one if there are fewer.
+    void selectNearest(int row);
+
     // The column widths that the user has set.
     QByteArray columnState();
     void restoreColumnState(const QByteArray &state);
 
 Q_SIGNALS:
+    // Another row is current, other rows are selected, or a receipt has changed.
     void selectedReceiptChanged();
     void openRequested(const Receipt &receipt);
     void revealRequested(const Receipt &receipt);
@@ -47,6 +62,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
     void layOutColumns();
@@ -55,6 +71,9 @@ private:
     void fitColumns();
     void scheduleRowActions();
     void showRowActions();
+    QList<int> selectedRows() const;
+    int currentRow() const;
+    void selectOnly(int row);
     void selectFirstVisibleRow();
     RowActions *makeRowActions(const QModelIndex &place);
 

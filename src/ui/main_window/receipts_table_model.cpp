@@ -198,6 +198,9 @@ void ReceiptsTableModel::beginChange(const ReceiptsChange &change) {
         // Qt counts the destination as the row before which the moved one lands.
         beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
         break;
+    case ReceiptsChange::Kind::removed:
+        beginRemoveRows({}, from, to);
+        break;
     case ReceiptsChange::Kind::cleared:
         beginResetModel();
         break;
@@ -210,6 +213,9 @@ void ReceiptsTableModel::endChange(const ReceiptsChange &change) {
     switch (change.kind) {
     case ReceiptsChange::Kind::inserted:
         endInsertRows();
+        return;
+    case ReceiptsChange::Kind::removed:
+        endRemoveRows();
         return;
     case ReceiptsChange::Kind::cleared:
         endResetModel();

@@ -23,6 +23,8 @@ BatchProgress::BatchProgress(const ReceiptStore *store, QObject *parent)
 void BatchProgress::follow(const ReceiptsChange &change) {
     if (change.kind == ReceiptsChange::Kind::cleared) {
         underWay_.clear();
+    } else if (change.kind == ReceiptsChange::Kind::removed) {
+        underWay_.removeIf([this](const QString &id) { return !store_->hasReceipt(id); });
     } else {
         const Receipt &receipt = store_->receipts().at(change.to);
         if (receipt.status == ReceiptStatus::processing) {
