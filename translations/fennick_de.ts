@@ -70,6 +70,25 @@
         <source>Open All</source>
         <translation>Alle öffnen</translation>
     </message>
+    <message>
+        <source>Read again and lose your corrections?</source>
+        <translation>Erneut lesen und Ihre Korrekturen verlieren?</translation>
+    </message>
+    <message>
+        <source>You have corrected one of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>Sie haben einen dieser Belege von Hand korrigiert. Was jetzt gelesen wird, ersetzt, was Sie eingegeben haben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>You have corrected %n of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>
+            <numerusform>Sie haben %Ln dieser Belege von Hand korrigiert. Was jetzt gelesen wird, ersetzt, was Sie eingegeben haben.</numerusform>
+            <numerusform>Sie haben %Ln dieser Belege von Hand korrigiert. Was jetzt gelesen wird, ersetzt, was Sie eingegeben haben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Erneut lesen</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -458,6 +477,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::KeyNotices</name>
+    <message>
+        <source>The service does not accept the API key. Save a valid one in the settings.</source>
+        <translation>Der Dienst akzeptiert den API-Schlüssel nicht. Speichern Sie in den Einstellungen einen gültigen.</translation>
+    </message>
+</context>
+<context>
     <name>fennick::MainActions</name>
     <message>
         <source>Choose Folder</source>
@@ -528,6 +554,18 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Copy</source>
         <extracomment>The selected rows, as a table for the clipboard.</extracomment>
         <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Erneut lesen</translation>
+    </message>
+    <message>
+        <source>Retry All Failed</source>
+        <translation>Alle fehlgeschlagenen erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Nicht weiter versuchen</translation>
     </message>
 </context>
 <context>
@@ -608,6 +646,22 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>, </source>
         <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>1 receipt failed for want of a valid API key. It can be retried now, also later with Retry All Failed.</source>
+        <extracomment>&quot;Retry All Failed&quot; is the text of a menu entry.</extracomment>
+        <translation>1 Beleg ist fehlgeschlagen, weil ein gültiger API-Schlüssel fehlte. Der Scan kann jetzt erneut versucht werden, auch später mit „Alle fehlgeschlagenen erneut versuchen“.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts failed for want of a valid API key. They can be retried now, also later with Retry All Failed.</source>
+        <translation>
+            <numerusform>%Ln Beleg ist fehlgeschlagen, weil ein gültiger API-Schlüssel fehlte. Der Scan kann jetzt erneut versucht werden, auch später mit „Alle fehlgeschlagenen erneut versuchen“.</numerusform>
+            <numerusform>%Ln Belege sind fehlgeschlagen, weil ein gültiger API-Schlüssel fehlte. Die Scans können jetzt erneut versucht werden, auch später mit „Alle fehlgeschlagenen erneut versuchen“.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
     </message>
 </context>
 <context>
@@ -776,6 +830,18 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>The scan was interrupted. Retry to scan this receipt again.</source>
         <translation>Der Scan wurde unterbrochen. Versuchen Sie es erneut, um diesen Beleg noch einmal zu scannen.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RetryEntries</name>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Nicht weiter versuchen</translation>
+    </message>
+    <message>
+        <source>Retrying %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Neuer Versuch %1 von %2</translation>
     </message>
 </context>
 <context>

@@ -70,6 +70,25 @@
         <source>Open All</source>
         <translation>Tout ouvrir</translation>
     </message>
+    <message>
+        <source>Read again and lose your corrections?</source>
+        <translation>Relire et perdre vos corrections&#xa0;?</translation>
+    </message>
+    <message>
+        <source>You have corrected one of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>Vous avez corrigé l’un de ces reçus à la main. Ce qui est lu maintenant remplace ce que vous avez saisi.</translation>
+    </message>
+    <message numerus="yes">
+        <source>You have corrected %n of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>
+            <numerusform>Vous avez corrigé %Ln de ces reçus à la main. Ce qui est lu maintenant remplace ce que vous avez saisi.</numerusform>
+            <numerusform>Vous avez corrigé %Ln de ces reçus à la main. Ce qui est lu maintenant remplace ce que vous avez saisi.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Relire</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -458,6 +477,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::KeyNotices</name>
+    <message>
+        <source>The service does not accept the API key. Save a valid one in the settings.</source>
+        <translation>Le service n’accepte pas la clé API. Enregistrez-en une valide dans les paramètres.</translation>
+    </message>
+</context>
+<context>
     <name>fennick::MainActions</name>
     <message>
         <source>Choose Folder</source>
@@ -528,6 +554,18 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Copy</source>
         <extracomment>The selected rows, as a table for the clipboard.</extracomment>
         <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Relire</translation>
+    </message>
+    <message>
+        <source>Retry All Failed</source>
+        <translation>Réessayer tous les échecs</translation>
+    </message>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Cesser de réessayer</translation>
     </message>
 </context>
 <context>
@@ -608,6 +646,22 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>, </source>
         <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>1 receipt failed for want of a valid API key. It can be retried now, also later with Retry All Failed.</source>
+        <extracomment>&quot;Retry All Failed&quot; is the text of a menu entry.</extracomment>
+        <translation>1 reçu a échoué faute d’une clé API valide. Il peut être réessayé maintenant, ou plus tard avec «&#xa0;Réessayer tous les échecs&#xa0;».</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts failed for want of a valid API key. They can be retried now, also later with Retry All Failed.</source>
+        <translation>
+            <numerusform>%Ln reçu a échoué faute d’une clé API valide. Il peut être réessayé maintenant, ou plus tard avec «&#xa0;Réessayer tous les échecs&#xa0;».</numerusform>
+            <numerusform>%Ln reçus ont échoué faute d’une clé API valide. Ils peuvent être réessayés maintenant, ou plus tard avec «&#xa0;Réessayer tous les échecs&#xa0;».</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
     </message>
 </context>
 <context>
@@ -776,6 +830,18 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>The scan was interrupted. Retry to scan this receipt again.</source>
         <translation>La numérisation a été interrompue. Réessayez pour numériser à nouveau ce reçu.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RetryEntries</name>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Cesser de réessayer</translation>
+    </message>
+    <message>
+        <source>Retrying %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Nouvel essai %1 sur %2</translation>
     </message>
 </context>
 <context>

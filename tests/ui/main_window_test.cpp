@@ -202,6 +202,38 @@ private Q_SLOTS:
         QVERIFY(wasAsked);
     }
 
+    void allFailedReceiptsAreRetried() {
+        addThree();
+        QVERIFY(under_.action("retryAll")->isEnabled());
+        QVERIFY(!under_.action("stopRetrying")->isEnabled());
+        QCOMPARE(under_.action("retryAll")->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
+        under_.action("retryAll")->trigger();
+        QVERIFY(under_.action("stopRetrying")->isEnabled());
+        QVERIFY(waitUntil([this] { return !under_.action("stopRetrying")->isEnabled(); }));
+        QCOMPARE(under_.store->receipts()[0].error, noKey);
+        QCOMPARE(under_.store->receipts()[1].status, ReceiptStatus::done);
+        QCOMPARE(under_.store->receipts()[2].error, noKey);
+    }
+
+    void whatWasCorrectedByHandIsAskedAboutBeforeItIsReadAgain() {
+        addThree();
+        const QString id = under_.store->receipts()[1].id;
+        const FieldFormats formats{QLocale::c(), QLocale::c()};
+        QVERIFY(under_.appState->correct(id, {{ReceiptField::summary, u"typed"_s}}, formats));
+        under_.table()->selectAll();
+        QVERIFY(under_.action("readAgain")->isEnabled());
+        onNextDialog<QMessageBox>([](QMessageBox *box) {
+            QCOMPARE(box->text(), u"Read again and lose your corrections?"_s);
+            clickButton(box, u"Cancel"_s);
+        });
+        under_.action("readAgain")->trigger();
+        QVERIFY(!under_.appState->retryAll()->isUnderWay());
+        QCOMPARE(under_.store->receipts()[1].summary, u"typed"_s);
+        onNextDialog<QMessageBox>([](QMessageBox *box) { clickButton(box, u"Read Again"_s); });
+        under_.action("readAgain")->trigger();
+        QVERIFY(waitUntil([this] { return under_.store->receipts()[1].error == noKey; }));
+    }
+
     void retryFromTheMenuScansAgain() {
         Receipt failed = finishedReceipt(under_.watched + u"/a.pdf"_s);
         failed.status = ReceiptStatus::error;

@@ -127,6 +127,27 @@ bool confirmOpen(QWidget *parent, int files) {
     return ask(parent, question);
 }
 
+bool confirmReadAgain(QWidget *parent, int corrected) {
+    const Question question{
+        u"readAgainConfirmation"_s,
+        Symbol::warning,
+        QCoreApplication::translate("Confirmations", "Read again and lose your corrections?"),
+        [corrected] {
+            return corrected == 1 ? QCoreApplication::translate(
+                                        "Confirmations",
+                                        "You have corrected one of these receipts by hand. What is read "
+                                        "now takes the place of what you typed.")
+                                  : QCoreApplication::translate(
+                                        "Confirmations",
+                                        "You have corrected %n of these receipts by hand. What is read "
+                                        "now takes the place of what you typed.",
+                                        nullptr, corrected);
+        },
+        QCoreApplication::translate("Confirmations", "Read Again"),
+        QMessageBox::DestructiveRole};
+    return ask(parent, question);
+}
+
 bool confirmDiscard(QWidget *parent) {
     const Question question{
         u"discardConfirmation"_s,

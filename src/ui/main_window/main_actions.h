@@ -29,8 +29,13 @@ public:
     QAction *retry;
     QAction *copySummary;
     QAction *details;
+    QAction *readAgain;
     QAction *remove;
     QAction *copy;
+
+    // All receipts that failed.
+    QAction *retryAll;
+    QAction *stopRetrying;
 
     // The program.
     QAction *settings;

@@ -129,7 +129,9 @@ void MainWindow::buildMenuBar() {
     receipt->addActions(
         {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});
     receipt->addSeparator();
-    receipt->addActions({actions_.details, actions_.remove});
+    receipt->addActions({actions_.details, actions_.readAgain, actions_.remove});
+    receipt->addSeparator();
+    receipt->addActions({actions_.retryAll, actions_.stopRetrying});
 }
 
 void MainWindow::buildContextMenu() {

@@ -12,6 +12,8 @@
 #include <QGuiApplication>
 #include <QSet>
 
+#include <algorithm>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,20 @@ bool hasFailed(const Receipt &receipt) {
     return receipt.status == ReceiptStatus::error;
 }
 
+bool isDone(const Receipt &receipt) {
+    return receipt.status == ReceiptStatus::done;
+}
+
+QStringList idsOf(const QList<Receipt> &receipts, bool (*applies)(const Receipt &)) {
+    QStringList ids;
+    for (const Receipt &receipt : receipts) {
+        if (applies(receipt)) {
+            ids.append(receipt.id);
+        }
+    }
+    return ids;
+}
+
 } // namespace
 
 ReceiptCommands::ReceiptCommands(MainActions *actions, ReceiptsTable *table, ReceiptStore *store,
@@ -61,6 +77,7 @@ ReceiptCommands::ReceiptCommands(MainActions *actions, ReceiptsTable *table, Rec
     , window_(window) {
     connectSelection();
     connectRows();
+    connectRetries();
     connect(store, &ReceiptStore::receiptsChanged, this, &ReceiptCommands::enable);
     connect(table, &ReceiptsTable::selectedReceiptChanged, this, &ReceiptCommands::enable);
     enable();
@@ -79,6 +96,7 @@ void ReceiptCommands::connectSelection() {
     onSelected(actions_->reveal, reveal);
     onSelected(actions_->addToPhotos, [this](const QList<Receipt> &receipts) { addToPhotos(receipts); });
     onSelected(actions_->retry, [this](const QList<Receipt> &receipts) { retry(receipts); });
+    onSelected(actions_->readAgain, [this](const QList<Receipt> &receipts) { readAgain(receipts); });
     onSelected(actions_->copySummary, copySummaries);
     onSelected(actions_->copy, copyTable);
     onSelected(actions_->remove, [this](const QList<Receipt> &receipts) { remove(receipts); });
@@ -96,6 +114,20 @@ void ReceiptCommands::connectRows() {
             [this](const Receipt &receipt) { appState_->retry(receipt); });
 }
 
+void ReceiptCommands::connectRetries() {
+    RetryAll *const retries = appState_->retryAll();
+    connect(actions_->retryAll, &QAction::triggered, retries, &RetryAll::addAllFailed);
+    connect(actions_->stopRetrying, &QAction::triggered, retries, &RetryAll::stop);
+    connect(retries, &RetryAll::changed, this, &ReceiptCommands::enableRetries);
+    connect(store_, &ReceiptStore::receiptsChanged, this, &ReceiptCommands::enableRetries);
+    enableRetries();
+}
+
+void ReceiptCommands::enableRetries() {
+    actions_->retryAll->setEnabled(std::ranges::any_of(store_->receipts(), hasFailed));
+    actions_->stopRetrying->setEnabled(appState_->retryAll()->isUnderWay());
+}
+
 void ReceiptCommands::enable() {
     const bool isSelected = table_->selectionModel()->hasSelection();
     for (QAction *const action : {actions_->open, actions_->reveal, actions_->copySummary, actions_->copy,
@@ -105,10 +137,11 @@ void ReceiptCommands::enable() {
     actions_->addToPhotos->setEnabled(
         table_->isAnySelected([this](const Receipt &receipt) { return canAddToPhotos(receipt); }));
     actions_->retry->setEnabled(table_->isAnySelected(hasFailed));
+    actions_->readAgain->setEnabled(table_->isAnySelected(isDone));
 }
 
 bool ReceiptCommands::canAddToPhotos(const Receipt &receipt) const {
-    return receipt.status == ReceiptStatus::done && !receipt.addedToPhotos && settings_->addToPhotos();
+    return isDone(receipt) && !receipt.addedToPhotos && settings_->addToPhotos();
 }
 
 void ReceiptCommands::open(const QList<Receipt> &receipts) {
@@ -129,11 +162,21 @@ void ReceiptCommands::addToPhotos(const QList<Receipt> &receipts) {
     }
 }
 
+// One at once, as its row's button does; many a few at a time.
 void ReceiptCommands::retry(const QList<Receipt> &receipts) {
-    for (const Receipt &receipt : receipts) {
-        if (hasFailed(receipt)) {
-            appState_->retry(receipt);
-        }
+    if (receipts.size() == 1 && hasFailed(receipts.first())) {
+        appState_->retry(receipts.first());
+    } else {
+        appState_->retryAll()->add(idsOf(receipts, hasFailed));
+    }
+}
+
+void ReceiptCommands::readAgain(const QList<Receipt> &receipts) {
+    const QStringList ids = idsOf(receipts, isDone);
+    const auto corrected =
+        std::ranges::count_if(ids, [this](const QString &id) { return appState_->isCorrected(id); });
+    if (corrected == 0 || Confirmations::confirmReadAgain(window_, static_cast<int>(corrected))) {
+        appState_->retryAll()->add(ids);
     }
 }
 

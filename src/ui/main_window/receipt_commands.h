@@ -26,12 +26,15 @@ public:
 private:
     void connectSelection();
     void connectRows();
+    void connectRetries();
     void enable();
+    void enableRetries();
     bool canAddToPhotos(const Receipt &receipt) const;
 
     void open(const QList<Receipt> &receipts);
     void addToPhotos(const QList<Receipt> &receipts);
     void retry(const QList<Receipt> &receipts);
+    void readAgain(const QList<Receipt> &receipts);
     void remove(const QList<Receipt> &receipts);
 
     MainActions *actions_;
