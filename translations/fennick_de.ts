@@ -295,6 +295,19 @@
     </message>
 </context>
 <context>
+    <name>ReceiptQuery</name>
+    <message>
+        <source>failed</source>
+        <extracomment>Typed to find receipts whose scan has failed.</extracomment>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>no photo</source>
+        <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
+        <translation>kein foto</translation>
+    </message>
+</context>
+<context>
     <name>TransportError</name>
     <message>
         <source>The answer is larger than %1 MB.</source>
@@ -461,6 +474,31 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::FindLine</name>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Words, 12.50, &gt;100, eur, march 2024, failed, no photo</source>
+        <extracomment>What can be typed to find receipts. Keep &quot;&gt;100&quot;; the others as they are understood in your language.</extracomment>
+        <translation>Wörter, 12,50, &gt;100, eur, märz 2024, fehlgeschlagen, kein foto</translation>
+    </message>
+    <message>
+        <source>Close Find</source>
+        <translation>Suche schließen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <extracomment>%1 is the number of receipts that were found, %2 that of all.</extracomment>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 receipts found</source>
+        <translation>%1 von %2 Belegen gefunden</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>
@@ -566,6 +604,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Stop Retrying</source>
         <translation>Nicht weiter versuchen</translation>
+    </message>
+    <message>
+        <source>Find…</source>
+        <translation>Suchen&#xa0;…</translation>
     </message>
 </context>
 <context>

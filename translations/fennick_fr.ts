@@ -295,6 +295,19 @@
     </message>
 </context>
 <context>
+    <name>ReceiptQuery</name>
+    <message>
+        <source>failed</source>
+        <extracomment>Typed to find receipts whose scan has failed.</extracomment>
+        <translation>échec</translation>
+    </message>
+    <message>
+        <source>no photo</source>
+        <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
+        <translation>sans photo</translation>
+    </message>
+</context>
+<context>
     <name>TransportError</name>
     <message>
         <source>The answer is larger than %1 MB.</source>
@@ -461,6 +474,31 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::FindLine</name>
+    <message>
+        <source>Find</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Words, 12.50, &gt;100, eur, march 2024, failed, no photo</source>
+        <extracomment>What can be typed to find receipts. Keep &quot;&gt;100&quot;; the others as they are understood in your language.</extracomment>
+        <translation>Mots, 12,50, &gt;100, eur, mars 2024, échec, sans photo</translation>
+    </message>
+    <message>
+        <source>Close Find</source>
+        <translation>Fermer la recherche</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <extracomment>%1 is the number of receipts that were found, %2 that of all.</extracomment>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 receipts found</source>
+        <translation>%1 reçus sur %2 trouvés</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>
@@ -566,6 +604,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Stop Retrying</source>
         <translation>Cesser de réessayer</translation>
+    </message>
+    <message>
+        <source>Find…</source>
+        <translation>Rechercher…</translation>
     </message>
 </context>
 <context>

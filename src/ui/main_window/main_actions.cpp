@@ -51,6 +51,7 @@ MainActions::MainActions(QObject *owner)
     , retryAll(
           make(owner, "retryAll", tr("Retry All Failed"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T)))
     , stopRetrying(make(owner, "stopRetrying", tr("Stop Retrying")))
+    , find(make(owner, "find", tr("Find…"), QKeySequence::Find))
     , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
     , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))
     , quit(make(owner, "quit", tr("Quit Fennick"), QKeySequence(Qt::CTRL | Qt::Key_Q))) {

@@ -37,6 +37,8 @@ public:
     QAction *retryAll;
     QAction *stopRetrying;
 
+    QAction *find;
+
     // The program.
     QAction *settings;
     QAction *closeWindow;

@@ -122,7 +122,7 @@ void MainWindow::buildMenuBar() {
     file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
-    edit->addAction(actions_.copy);
+    edit->addActions({actions_.copy, actions_.find});
     edit->addSeparator();
     edit->addAction(actions_.settings);
     QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
@@ -149,6 +149,7 @@ void MainWindow::connectActions() {
     connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
     connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
+    connect(actions_.find, &QAction::triggered, home_, &HomeView::find);
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
     connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);

@@ -2,6 +2,7 @@
 
 #include "model/receipt_store.h"
 
+#include <QElapsedTimer>
 #include <QMap>
 #include <QPersistentModelIndex>
 #include <QTableView>
@@ -12,11 +13,16 @@
 
 namespace fennick {
 
+class FoundReceipts;
+class ReceiptQuery;
 class ReceiptsTableModel;
 class RowActions;
+class SortedReceipts;
 
-// The table of all receipts. All rows have the same height, and only visible rows have buttons, so that a
-// long list costs no more than a short one. Borrows the store; owned by the home view; main thread.
+// The table of all receipts, or of those that were found. A click on a column's head sorts by it, a second
+// one the other way round, a third shows the newest first again. All rows have the same height, and only
+// visible rows have buttons, so that a long list costs no more than a short one. Borrows the store; owned by
+// the home view; main thread.
 class ReceiptsTable : public QTableView {
     Q_OBJECT
 
@@ -45,6 +51,14 @@ public:
     // Selects this row alone, or the last one if there are fewer.
     void selectNearest(int row);
 
+    // Shows only what matches. From prepareFind() to endFind() a query is answered at once.
+    void prepareFind();
+    void find(const ReceiptQuery &query);
+    void endFind();
+
+    // Selects the next row whose place or summary begins like what is typed, whichever cell is current.
+    void keyboardSearch(const QString &typed) override;
+
     // The column widths that the user has set.
     QByteArray columnState();
     void restoreColumnState(const QByteArray &state);
@@ -61,6 +75,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
@@ -71,6 +86,8 @@ private:
     void fitColumns();
     void scheduleRowActions();
     void showRowActions();
+    void sortBy(int column, Qt::SortOrder order);
+    const Receipt &receipt(int row) const;
     QList<int> selectedRows() const;
     int currentRow() const;
     void selectOnly(int row);
@@ -78,6 +95,10 @@ private:
     RowActions *makeRowActions(const QModelIndex &place);
 
     ReceiptsTableModel *model_;
+    SortedReceipts *sorted_;
+    FoundReceipts *found_;
+    QString typed_; // to search for with keyboardSearch()
+    QElapsedTimer sinceTyped_;
     QList<QPersistentModelIndex> placesWithActions_;
     QTimer rowActionsUpdate_;     // gathers many changes into one look at the visible rows
     QMap<int, int> chosenWidths_; // by the user, of columns
