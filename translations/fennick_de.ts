@@ -55,6 +55,40 @@
         <source>Quit Without Saving</source>
         <translation>Ohne Speichern beenden</translation>
     </message>
+    <message numerus="yes">
+        <source>Open %n files?</source>
+        <translation>
+            <numerusform>%Ln Datei öffnen?</numerusform>
+            <numerusform>%Ln Dateien öffnen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Each opens in the program that your desktop uses for it.</source>
+        <translation>Jede öffnet sich in dem Programm, das Ihr Desktop dafür verwendet.</translation>
+    </message>
+    <message>
+        <source>Open All</source>
+        <translation>Alle öffnen</translation>
+    </message>
+    <message>
+        <source>Read again and lose your corrections?</source>
+        <translation>Erneut lesen und Ihre Korrekturen verlieren?</translation>
+    </message>
+    <message>
+        <source>You have corrected one of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>Sie haben einen dieser Belege von Hand korrigiert. Was jetzt gelesen wird, ersetzt, was Sie eingegeben haben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>You have corrected %n of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>
+            <numerusform>Sie haben %Ln dieser Belege von Hand korrigiert. Was jetzt gelesen wird, ersetzt, was Sie eingegeben haben.</numerusform>
+            <numerusform>Sie haben %Ln dieser Belege von Hand korrigiert. Was jetzt gelesen wird, ersetzt, was Sie eingegeben haben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Erneut lesen</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -265,6 +299,19 @@
     </message>
 </context>
 <context>
+    <name>ReceiptQuery</name>
+    <message>
+        <source>failed</source>
+        <extracomment>Typed to find receipts whose scan has failed.</extracomment>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>no photo</source>
+        <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
+        <translation>kein foto</translation>
+    </message>
+</context>
+<context>
     <name>TransportError</name>
     <message>
         <source>The answer is larger than %1 MB.</source>
@@ -435,6 +482,31 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::FindLine</name>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Words, 12.50, &gt;100, eur, march 2024, failed, no photo</source>
+        <extracomment>What can be typed to find receipts. Keep &quot;&gt;100&quot;; the others as they are understood in your language.</extracomment>
+        <translation>Wörter, 12,50, &gt;100, eur, märz 2024, fehlgeschlagen, kein foto</translation>
+    </message>
+    <message>
+        <source>Close Find</source>
+        <translation>Suche schließen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <extracomment>%1 is the number of receipts that were found, %2 that of all.</extracomment>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 receipts found</source>
+        <translation>%1 von %2 Belegen gefunden</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>
@@ -448,6 +520,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>No folder selected</source>
         <translation>Kein Ordner ausgewählt</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::KeyNotices</name>
+    <message>
+        <source>The service does not accept the API key. Save a valid one in the settings.</source>
+        <translation>Der Dienst akzeptiert den API-Schlüssel nicht. Speichern Sie in den Einstellungen einen gültigen.</translation>
     </message>
 </context>
 <context>
@@ -512,6 +591,31 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Details…</source>
         <translation>Einzelheiten&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Remove from List</source>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <extracomment>The selected rows, as a table for the clipboard.</extracomment>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Erneut lesen</translation>
+    </message>
+    <message>
+        <source>Retry All Failed</source>
+        <translation>Alle fehlgeschlagenen erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Nicht weiter versuchen</translation>
+    </message>
+    <message>
+        <source>Find…</source>
+        <translation>Suchen&#xa0;…</translation>
     </message>
 </context>
 <context>
@@ -592,6 +696,22 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>, </source>
         <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>1 receipt failed for want of a valid API key. It can be retried now, also later with Retry All Failed.</source>
+        <extracomment>&quot;Retry All Failed&quot; is the text of a menu entry.</extracomment>
+        <translation>1 Beleg ist fehlgeschlagen, weil ein gültiger API-Schlüssel fehlte. Der Scan kann jetzt erneut versucht werden, auch später mit „Alle fehlgeschlagenen erneut versuchen“.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts failed for want of a valid API key. They can be retried now, also later with Retry All Failed.</source>
+        <translation>
+            <numerusform>%Ln Beleg ist fehlgeschlagen, weil ein gültiger API-Schlüssel fehlte. Der Scan kann jetzt erneut versucht werden, auch später mit „Alle fehlgeschlagenen erneut versuchen“.</numerusform>
+            <numerusform>%Ln Belege sind fehlgeschlagen, weil ein gültiger API-Schlüssel fehlte. Die Scans können jetzt erneut versucht werden, auch später mit „Alle fehlgeschlagenen erneut versuchen“.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
     </message>
 </context>
 <context>
@@ -760,6 +880,18 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>The scan was interrupted. Retry to scan this receipt again.</source>
         <translation>Der Scan wurde unterbrochen. Versuchen Sie es erneut, um diesen Beleg noch einmal zu scannen.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RetryEntries</name>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Nicht weiter versuchen</translation>
+    </message>
+    <message>
+        <source>Retrying %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Neuer Versuch %1 von %2</translation>
     </message>
 </context>
 <context>

@@ -55,6 +55,40 @@
         <source>Quit Without Saving</source>
         <translation>Quitter sans enregistrer</translation>
     </message>
+    <message numerus="yes">
+        <source>Open %n files?</source>
+        <translation>
+            <numerusform>Ouvrir %Ln fichier&#xa0;?</numerusform>
+            <numerusform>Ouvrir %Ln fichiers&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Each opens in the program that your desktop uses for it.</source>
+        <translation>Chacun s’ouvre dans le programme que votre bureau utilise pour lui.</translation>
+    </message>
+    <message>
+        <source>Open All</source>
+        <translation>Tout ouvrir</translation>
+    </message>
+    <message>
+        <source>Read again and lose your corrections?</source>
+        <translation>Relire et perdre vos corrections&#xa0;?</translation>
+    </message>
+    <message>
+        <source>You have corrected one of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>Vous avez corrigé l’un de ces reçus à la main. Ce qui est lu maintenant remplace ce que vous avez saisi.</translation>
+    </message>
+    <message numerus="yes">
+        <source>You have corrected %n of these receipts by hand. What is read now takes the place of what you typed.</source>
+        <translation>
+            <numerusform>Vous avez corrigé %Ln de ces reçus à la main. Ce qui est lu maintenant remplace ce que vous avez saisi.</numerusform>
+            <numerusform>Vous avez corrigé %Ln de ces reçus à la main. Ce qui est lu maintenant remplace ce que vous avez saisi.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Relire</translation>
+    </message>
 </context>
 <context>
     <name>ConverterError</name>
@@ -265,6 +299,19 @@
     </message>
 </context>
 <context>
+    <name>ReceiptQuery</name>
+    <message>
+        <source>failed</source>
+        <extracomment>Typed to find receipts whose scan has failed.</extracomment>
+        <translation>échec</translation>
+    </message>
+    <message>
+        <source>no photo</source>
+        <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
+        <translation>sans photo</translation>
+    </message>
+</context>
+<context>
     <name>TransportError</name>
     <message>
         <source>The answer is larger than %1 MB.</source>
@@ -435,6 +482,31 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::FindLine</name>
+    <message>
+        <source>Find</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Words, 12.50, &gt;100, eur, march 2024, failed, no photo</source>
+        <extracomment>What can be typed to find receipts. Keep &quot;&gt;100&quot;; the others as they are understood in your language.</extracomment>
+        <translation>Mots, 12,50, &gt;100, eur, mars 2024, échec, sans photo</translation>
+    </message>
+    <message>
+        <source>Close Find</source>
+        <translation>Fermer la recherche</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <extracomment>%1 is the number of receipts that were found, %2 that of all.</extracomment>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2 receipts found</source>
+        <translation>%1 reçus sur %2 trouvés</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>
@@ -448,6 +520,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>No folder selected</source>
         <translation>Aucun dossier sélectionné</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::KeyNotices</name>
+    <message>
+        <source>The service does not accept the API key. Save a valid one in the settings.</source>
+        <translation>Le service n’accepte pas la clé API. Enregistrez-en une valide dans les paramètres.</translation>
     </message>
 </context>
 <context>
@@ -512,6 +591,31 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Details…</source>
         <translation>Détails…</translation>
+    </message>
+    <message>
+        <source>Remove from List</source>
+        <translation>Retirer de la liste</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <extracomment>The selected rows, as a table for the clipboard.</extracomment>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Relire</translation>
+    </message>
+    <message>
+        <source>Retry All Failed</source>
+        <translation>Réessayer tous les échecs</translation>
+    </message>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Cesser de réessayer</translation>
+    </message>
+    <message>
+        <source>Find…</source>
+        <translation>Rechercher…</translation>
     </message>
 </context>
 <context>
@@ -592,6 +696,22 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>, </source>
         <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>1 receipt failed for want of a valid API key. It can be retried now, also later with Retry All Failed.</source>
+        <extracomment>&quot;Retry All Failed&quot; is the text of a menu entry.</extracomment>
+        <translation>1 reçu a échoué faute d’une clé API valide. Il peut être réessayé maintenant, ou plus tard avec «&#xa0;Réessayer tous les échecs&#xa0;».</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts failed for want of a valid API key. They can be retried now, also later with Retry All Failed.</source>
+        <translation>
+            <numerusform>%Ln reçu a échoué faute d’une clé API valide. Il peut être réessayé maintenant, ou plus tard avec «&#xa0;Réessayer tous les échecs&#xa0;».</numerusform>
+            <numerusform>%Ln reçus ont échoué faute d’une clé API valide. Ils peuvent être réessayés maintenant, ou plus tard avec «&#xa0;Réessayer tous les échecs&#xa0;».</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
     </message>
 </context>
 <context>
@@ -760,6 +880,18 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>The scan was interrupted. Retry to scan this receipt again.</source>
         <translation>La numérisation a été interrompue. Réessayez pour numériser à nouveau ce reçu.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RetryEntries</name>
+    <message>
+        <source>Stop Retrying</source>
+        <translation>Cesser de réessayer</translation>
+    </message>
+    <message>
+        <source>Retrying %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Nouvel essai %1 sur %2</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "export/export_service.h"
 #include "export/line_buffer.h"
 #include "text/characters.h"
+#include "text/white_space.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -33,36 +34,66 @@ void appendQuoted(LineBuffer &line, QStringView field) {
     line.append(u'"');
 }
 
-void appendLine(QString &csv, LineBuffer &line, std::initializer_list<QStringView> fields) {
+template <typename Append>
+void appendLine(QString &ledger, LineBuffer &line, QChar separator, Append appendField,
+                std::initializer_list<QStringView> fields) {
     line.clear();
     for (const QStringView field : fields) {
-        if (needsQuotes(field)) {
-            appendQuoted(line, field);
-        } else {
-            line.append(field);
-        }
-        line.append(u',');
+        appendField(line, field);
+        line.append(separator);
     }
-    csv.append(line.text().chopped(1)).append(u'\n');
+    ledger.append(line.text().chopped(1)).append(u'\n');
 }
 
-} // namespace
-
-QString buildCSV(const QList<Receipt> &receipts) {
-    QString csv;
+template <typename Append>
+QString buildLines(const QList<Receipt> &receipts, QChar separator, Append appendField) {
+    QString ledger;
     LineBuffer line;
-    csv.reserve((receipts.size() + 1) * typicalLineLength);
-    appendLine(csv, line,
+    ledger.reserve((receipts.size() + 1) * typicalLineLength);
+    appendLine(ledger, line, separator, appendField,
                {u"Date", u"Time", u"Amount", u"Currency", u"Location", u"Category", u"Summary", u"File Name",
                 u"Status", u"Scanned At"});
     for (const Receipt &receipt : receipts) {
-        appendLine(csv, line,
+        appendLine(ledger, line, separator, appendField,
                    {textOrNothing(receipt.date), textOrNothing(receipt.time),
                     receipt.amount ? trimNumber(*receipt.amount) : QString(), textOrNothing(receipt.currency),
                     textOrNothing(receipt.location), receipt.category, receipt.summary, receipt.fileName,
                     rawValue(receipt.status), receipt.scannedAt});
     }
-    return wellFormed(csv);
+    return wellFormed(ledger);
+}
+
+void appendCsvField(LineBuffer &line, QStringView field) {
+    if (needsQuotes(field)) {
+        appendQuoted(line, field);
+    } else {
+        line.append(field);
+    }
+}
+
+bool breaksACell(QChar character) {
+    return isWhiteSpace(character) && character.category() != QChar::Separator_Space;
+}
+
+// Spreadsheets take a cell that begins with a quote for a quoted one, which may reach beyond its line.
+void appendCell(LineBuffer &line, QStringView field) {
+    QString cell = field.toString();
+    std::ranges::replace_if(cell, breaksACell, QChar(u' '));
+    if (cell.startsWith(u'"')) {
+        appendQuoted(line, cell);
+    } else {
+        line.append(cell);
+    }
+}
+
+} // namespace
+
+QString buildCSV(const QList<Receipt> &receipts) {
+    return buildLines(receipts, u',', appendCsvField);
+}
+
+QString buildTabSeparated(const QList<Receipt> &receipts) {
+    return buildLines(receipts, u'\t', appendCell);
 }
 
 } // namespace fennick::ExportService

@@ -22,6 +22,10 @@ QString proposedFileName(Format format);
 // One line per receipt below a line of column names, in the order given; lines end with a line feed.
 QString buildCSV(const QList<Receipt> &receipts);
 
+// The values of buildCSV() for the clipboard, as spreadsheets take them: a tab between two values. Tabs and
+// line breaks inside values are blanks.
+QString buildTabSeparated(const QList<Receipt> &receipts);
+
 // One table row per receipt, in the order given, and their total. The total adds all amounts whatever their
 // currency and the receipts' status.
 QString buildHTML(const QList<Receipt> &receipts);

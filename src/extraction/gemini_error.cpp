@@ -115,6 +115,19 @@ QString errorDescription(const ScanError &error) {
                      longestText);
 }
 
+bool isTooManyRequests(const ScanError &error) {
+    constexpr qint64 tooManyRequests = 429;
+    const auto *const answered = std::get_if<GeminiError>(&error);
+    return answered != nullptr && answered->code == tooManyRequests;
+}
+
+bool isKeyRefusal(const QString &stored) {
+    const auto hasStatus = [&stored](int status) {
+        return stored.startsWith(QString::fromUtf8(httpText).arg(status));
+    };
+    return hasStatus(401) || hasStatus(403) || (hasStatus(400) && stored.contains(u"API_KEY_INVALID"));
+}
+
 QString inUsersLanguage(const QString &stored) {
     for (const Pattern &pattern : patterns) {
         if (const auto translation = translationOf(stored, pattern)) {

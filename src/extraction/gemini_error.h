@@ -34,6 +34,12 @@ using ScanError = std::variant<GeminiError, TransportError>;
 // At most 2,000 characters: whatever a service sends, it must not bloat the list.
 [[nodiscard]] QString errorDescription(const ScanError &error);
 
+// Whether the service wants fewer requests.
+[[nodiscard]] bool isTooManyRequests(const ScanError &error);
+
+// Whether this text, as it is stored, says that the service does not take the API key.
+[[nodiscard]] bool isKeyRefusal(const QString &stored);
+
 // Stored with a number of megabytes, and with a reason.
 inline constexpr const char *answerTooLargeText =
     QT_TRANSLATE_NOOP("TransportError", "The answer is larger than %1 MB.");

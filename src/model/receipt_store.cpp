@@ -79,6 +79,41 @@ void ReceiptStore::setError(const QString &id, const QString &error) {
     }
 }
 
+// From the end on, so that the rows that are yet to be looked at keep their numbers.
+void ReceiptStore::remove(const QSet<QString> &ids) {
+    const auto goes = [&](qsizetype row) {
+        return ids.contains(receipts_[row].id);
+    };
+    const qsizetype before = receipts_.size();
+    for (qsizetype last = before - 1; last >= 0; --last) {
+        if (!goes(last)) {
+            continue;
+        }
+        qsizetype first = last;
+        while (first > 0 && goes(first - 1)) {
+            --first;
+        }
+        removeRows(first, last);
+        last = first;
+    }
+    if (receipts_.size() != before) {
+        saveIgnored(); // first, as when the list is cleared
+        saveReceipts();
+    }
+}
+
+void ReceiptStore::removeRows(qsizetype first, qsizetype last) {
+    const ReceiptsChange change{ReceiptsChange::Kind::removed, first, last};
+    Q_EMIT receiptsAboutToChange(change);
+    for (qsizetype row = first; row <= last; ++row) {
+        ignored_.insert(receipts_[row].filePath);
+        countPath(receipts_[row].filePath, -1);
+    }
+    receipts_.remove(first, last - first + 1);
+    records_.remove(first, last - first + 1);
+    Q_EMIT receiptsChanged(change);
+}
+
 void ReceiptStore::clearAll() {
     for (const Receipt &receipt : std::as_const(receipts_)) {
         ignored_.insert(receipt.filePath);

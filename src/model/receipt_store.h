@@ -14,10 +14,11 @@ namespace fennick {
 
 // How an operation changes the published list, in rows. A `moved` row has also changed its content.
 struct ReceiptsChange {
-    enum class Kind { inserted, updated, moved, cleared };
+    enum class Kind { inserted, updated, moved, removed, cleared };
     Kind kind;
-    qsizetype from = 0; // the row before the change; for `inserted`, the new row
-    qsizetype to = 0;   // the row after the change
+    qsizetype from =
+        0;            // the row before the change; for `inserted`, the new row; for `removed`, the first one
+    qsizetype to = 0; // the row after the change; for `removed`, the last row that goes
 };
 
 // Owns the list of receipts and the set of paths that are never taken in again; nothing else reads or writes
@@ -54,6 +55,10 @@ public:
     // there is none.
     void setError(const QString &id, const QString &error);
 
+    // Takes the receipts with these identifiers from the list. Their paths are ignored from then on, so their
+    // files, which stay where they are, are never scanned again. Ignores what is not listed.
+    void remove(const QSet<QString> &ids);
+
     // Empties the list. Its paths are ignored from then on, so files that remain are never scanned again.
     void clearAll();
 
@@ -67,6 +72,7 @@ Q_SIGNALS:
 
 private:
     void load();
+    void removeRows(qsizetype first, qsizetype last);
     void saveReceipts();
     void saveIgnored();
     void save(WholeFile &file, const QByteArray &content);

@@ -9,18 +9,22 @@ namespace fennick {
 
 AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent)
     : QObject(parent)
+    , store_(store)
     , settings_(settings)
     , tasks_(&lastError_)
     , archive_(store, settings, &lastError_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
-    , correction_(store, &renaming_, &folderThreads_)
+    , correction_(store, &renaming_, &corrected_, &folderThreads_)
     , pages_(&watchedFolder_, &folderThreads_, &tasks_)
     , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
-    , scanRun_(store, settings, &watchedFolder_, &renaming_, &delivery_, &tasks_)
+    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &tasks_)
+    , retryAll_(
+          store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
     , recovery_(store, &archive_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
     connect(&lastError_, &LastError::changed, this, &AppState::lastErrorChanged);
+    connect(&scanRun_, &ScanRun::keyRefused, this, &AppState::keyRefused);
     connect(store, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
         lastError_.set(tr("The list could not be saved: %1").arg(reason));
     });
@@ -55,6 +59,16 @@ bool AppState::isSupported(const QString &path) {
 
 void AppState::retry(const Receipt &receipt) {
     scanRun_.retry(receipt);
+}
+
+QStringList AppState::receiptsWithoutKey() const {
+    QStringList ids;
+    for (const Receipt &receipt : store_->receipts()) {
+        if (ScanRun::lacksKey(receipt)) {
+            ids.append(receipt.id);
+        }
+    }
+    return ids;
 }
 
 bool AppState::canCorrect(const QString &id) const {

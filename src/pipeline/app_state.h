@@ -2,6 +2,7 @@
 
 #include "export/export_service.h"
 #include "pipeline/archive.h"
+#include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
 #include "pipeline/folder_threads.h"
@@ -12,6 +13,7 @@
 #include "pipeline/receipt_renaming.h"
 #include "pipeline/recovery.h"
 #include "pipeline/renamed_paths.h"
+#include "pipeline/retry_all.h"
 #include "pipeline/scan_run.h"
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
@@ -69,6 +71,12 @@ public:
     // Scans a listed receipt once more, by its present path.
     void retry(const Receipt &receipt);
 
+    // Scans many listed receipts once more.
+    RetryAll *retryAll() { return &retryAll_; }
+
+    // The listed receipts that failed because there was no API key, or none that the service takes.
+    QStringList receiptsWithoutKey() const;
+
     // Correction ------------------------------------------------------------------------------------------
 
     // Whether the receipt is listed and is not being scanned.
@@ -78,6 +86,9 @@ public:
     // field cannot be understood, nothing changes.
     [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
                                                              const FieldFormats &formats);
+
+    // Whether the receipt has fields that a person typed, which another scan would overwrite.
+    bool isCorrected(const QString &id) const { return corrected_.contains(id); }
 
     // The name that the file would have after the correction.
     QFuture<QString> fileNameAfterCorrection(const QString &id, const TypedFields &typed,
@@ -117,7 +128,11 @@ public:
 Q_SIGNALS:
     void lastErrorChanged();
 
+    // The service does not take the API key. Emitted for each receipt that fails for it.
+    void keyRefused();
+
 private:
+    ReceiptStore *store_;
     SettingsStore *settings_;
     LastError lastError_;
     Tasks tasks_;
@@ -126,10 +141,12 @@ private:
     RenamedPaths renamedPaths_;
     Archive archive_;
     ReceiptRenaming renaming_;
+    CorrectedReceipts corrected_;
     Correction correction_;
     ReceiptPages pages_;
     PhotosDelivery delivery_;
     ScanRun scanRun_;
+    RetryAll retryAll_;
     Recovery recovery_;
     DroppedFiles droppedFiles_;
     Intake intake_;

@@ -2,6 +2,7 @@
 
 #include "files/file_renamer.h"
 #include "model/receipt_store.h"
+#include "pipeline/corrected_receipts.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/receipt_renaming.h"
 
@@ -21,17 +22,13 @@ QFuture<QString> finishedFuture(const QString &name) {
     return promise.future();
 }
 
-// A file that got a number with its name would get another one, though nothing that is in the name changes.
-bool keepsFileName(const Receipt &before, const Receipt &after) {
-    return before.status == ReceiptStatus::done &&
-           FileRenamer::buildNewFileName(before) == FileRenamer::buildNewFileName(after);
-}
-
 } // namespace
 
-Correction::Correction(ReceiptStore *store, ReceiptRenaming *renaming, const FolderThreads *folderThreads)
+Correction::Correction(ReceiptStore *store, ReceiptRenaming *renaming, CorrectedReceipts *corrected,
+                       const FolderThreads *folderThreads)
     : store_(store)
     , renaming_(renaming)
+    , corrected_(corrected)
     , folderThreads_(folderThreads) {}
 
 bool Correction::isPossible(const QString &id) const {
@@ -51,6 +48,7 @@ std::expected<void, FieldProblems> Correction::correct(const QString &id, const 
     }
     after->status = ReceiptStatus::done;
     after->error.reset();
+    corrected_->insert(id); // first: killed in between, nobody would be asked before the fields go
     store_->update(*after);
     if (!keepsFileName(before, *after)) {
         renaming_->rename(*after);

@@ -9,6 +9,7 @@
 
 namespace fennick {
 
+class CorrectedReceipts;
 class FolderThreads;
 class ReceiptRenaming;
 class ReceiptStore;
@@ -17,7 +18,8 @@ class ReceiptStore;
 // rules of a scan. Owned by AppState; main thread.
 class Correction {
 public:
-    Correction(ReceiptStore *store, ReceiptRenaming *renaming, const FolderThreads *folderThreads);
+    Correction(ReceiptStore *store, ReceiptRenaming *renaming, CorrectedReceipts *corrected,
+               const FolderThreads *folderThreads);
 
     // Whether the receipt is listed and no scan is about to overwrite its fields.
     bool isPossible(const QString &id) const;
@@ -36,6 +38,7 @@ public:
 private:
     ReceiptStore *store_;
     ReceiptRenaming *renaming_;
+    CorrectedReceipts *corrected_;
     const FolderThreads *folderThreads_;
 };
 

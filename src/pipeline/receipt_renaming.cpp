@@ -8,6 +8,11 @@
 
 namespace fennick {
 
+bool keepsFileName(const Receipt &before, const Receipt &after) {
+    return before.status == ReceiptStatus::done &&
+           FileRenamer::buildNewFileName(before) == FileRenamer::buildNewFileName(after);
+}
+
 ReceiptRenaming::ReceiptRenaming(ReceiptStore *store, const WatchedFolder *watchedFolder,
                                  RenamedPaths *renamedPaths)
     : store_(store)

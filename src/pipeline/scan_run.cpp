@@ -3,6 +3,7 @@
 #include "extraction/gemini_client.h"
 #include "extraction/service_address.h"
 #include "model/receipt_store.h"
+#include "pipeline/corrected_receipts.h"
 #include "pipeline/exception_text.h"
 #include "pipeline/photos_delivery.h"
 #include "pipeline/receipt_renaming.h"
@@ -22,6 +23,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Stored as it stands, translated where it is shown.
+constexpr const char *missingKeyText =
+    QT_TRANSLATE_NOOP("fennick::ScanRun", "API key not configured. Set your Gemini API key in Settings.");
+
 void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
     receipt.date = data.date;
     receipt.time = data.time;
@@ -35,11 +40,13 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 } // namespace
 
 ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
-                 ReceiptRenaming *renaming, PhotosDelivery *delivery, Tasks *tasks)
+                 ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
+                 Tasks *tasks)
     : store_(store)
     , settings_(settings)
     , watchedFolder_(watchedFolder)
     , renaming_(renaming)
+    , corrected_(corrected)
     , delivery_(delivery)
     , tasks_(tasks)
     , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s)) {}
@@ -48,7 +55,8 @@ void ScanRun::prepare() {
     GeminiClient::prepare();
 }
 
-QCoro::Task<> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file) {
+QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file,
+                                      std::optional<Receipt> read) {
     const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
     const QString address = settings_->serviceAddress();
@@ -56,13 +64,11 @@ QCoro::Task<> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file) {
     if (!isOnDevice(address)) {
         key = (co_await settings_->storedAPIKey()).value_or(QString());
         if (!self) {
-            co_return;
+            co_return ScanOutcome::failed;
         }
         if (key.isEmpty()) {
-            // Stored as it stands, translated where it is shown.
-            store_->setError(id, QString::fromUtf8(QT_TR_NOOP(
-                                     "API key not configured. Set your Gemini API key in Settings.")));
-            co_return;
+            store_->setError(id, QString::fromUtf8(missingKeyText));
+            co_return ScanOutcome::failed;
         }
     }
     FileToRead wanted(store_->receipt(id).value_or(receipt).filePath);
@@ -70,20 +76,30 @@ QCoro::Task<> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file) {
     wanted.identity = file;
     const auto result = co_await extract(wanted, key, address);
     if (!self) {
-        co_return;
+        co_return ScanOutcome::failed;
     }
     if (!result) {
-        store_->setError(id, errorDescription(result.error()));
-        co_return;
+        co_return takeFailure(id, result.error());
     }
-    takeResult(id, *result);
+    takeResult(id, *result, read);
     const auto scanned = store_->receipt(id);
     if (scanned && settings_->addToPhotos() && !scanned->addedToPhotos) {
         co_await delivery_->deliver(*scanned, file);
     }
+    co_return ScanOutcome::done;
 }
 
-void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data) {
+ScanOutcome ScanRun::takeFailure(const QString &id, const ScanError &error) {
+    const QString description = errorDescription(error);
+    store_->setError(id, description);
+    if (isKeyRefusal(description)) {
+        Q_EMIT keyRefused();
+    }
+    return isTooManyRequests(error) ? ScanOutcome::tooManyRequests : ScanOutcome::failed;
+}
+
+void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data,
+                         const std::optional<Receipt> &read) {
     auto scanned = store_->receipt(id);
     if (!scanned) {
         return; // cleared meanwhile: its path is ignored from now on, so the file keeps its name
@@ -92,7 +108,10 @@ void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data) {
     scanned->status = ReceiptStatus::done;
     scanned->error.reset();
     store_->update(*scanned);
-    renaming_->rename(*scanned);
+    corrected_->remove(id);
+    if (!read || !keepsFileName(*read, *scanned)) {
+        renaming_->rename(*scanned);
+    }
 }
 
 // A failure of any kind is one of this receipt: its row must not wait for ever.
@@ -120,24 +139,41 @@ QCoro::Task<ScanRun::Extracted> ScanRun::send(FileToRead file, QString key, QStr
 }
 
 void ScanRun::retry(const Receipt &receipt) {
-    auto again = store_->receipt(receipt.id);
-    if (!again) {
-        return;
+    tasks_->start(retryOne(receipt.id));
+}
+
+QCoro::Task<> ScanRun::retryOne(QString id) {
+    co_await again(id);
+}
+
+QCoro::Task<ScanOutcome> ScanRun::again(QString id) {
+    auto receipt = store_->receipt(id);
+    if (!receipt) {
+        co_return ScanOutcome::failed;
     }
-    if (!fileSystemAnswers(again->filePath)) {
-        store_->setError(again->id, FileProblem{FileProblem::Kind::noAnswer, {}}.description());
-        return;
+    if (!fileSystemAnswers(receipt->filePath)) {
+        store_->setError(id, FileProblem{FileProblem::Kind::noAnswer, {}}.description());
+        co_return ScanOutcome::failed;
     }
-    const FileState file = fileStateAt(again->filePath);
+    const FileState file = fileStateAt(receipt->filePath);
     if (const auto problem = problemOf(file)) {
-        store_->setError(again->id, problem->description());
-        return;
+        store_->setError(id, problem->description());
+        co_return ScanOutcome::failed;
     }
-    again->status = ReceiptStatus::processing;
-    again->error.reset();
-    store_->update(*again);
+    const std::optional<Receipt> read =
+        receipt->status == ReceiptStatus::done ? receipt : std::optional<Receipt>();
+    receipt->status = ReceiptStatus::processing;
+    receipt->error.reset();
+    store_->update(*receipt);
     const bool isThere = file.kind != FileKind::missing;
-    tasks_->start(run(*again, isThere ? std::optional(file.identity) : std::nullopt));
+    const std::optional<FileIdentity> identity = isThere ? std::optional(file.identity) : std::nullopt;
+    co_return co_await run(*receipt, identity, read);
+}
+
+bool ScanRun::lacksKey(const Receipt &receipt) {
+    const QString error = receipt.error.value_or(QString());
+    return receipt.status == ReceiptStatus::error &&
+           (error == QString::fromUtf8(missingKeyText) || isKeyRefusal(error));
 }
 
 } // namespace fennick

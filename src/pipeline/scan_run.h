@@ -4,6 +4,7 @@
 #include "extraction/gemini_receipt_data.h"
 #include "extraction/on_device_engine.h"
 #include "model/receipt.h"
+#include "pipeline/scan_outcome.h"
 #include "platform/regular_file.h"
 
 #include <QCoroTask>
@@ -14,6 +15,7 @@
 
 namespace fennick {
 
+class CorrectedReceipts;
 class PhotosDelivery;
 class ReceiptRenaming;
 class ReceiptStore;
@@ -28,29 +30,43 @@ class ScanRun : public QObject {
 
 public:
     ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
-            ReceiptRenaming *renaming, PhotosDelivery *delivery, Tasks *tasks);
+            ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery, Tasks *tasks);
 
     // Makes the first request as prompt as the others.
     static void prepare();
 
     // `file` is the file that was seen when the receipt was taken in: if another one has come to its path,
-    // that one is not sent.
-    [[nodiscard]] QCoro::Task<> run(Receipt receipt, std::optional<FileIdentity> file);
+    // that one is not sent. `read` is the receipt as an earlier scan has left it, if it has succeeded.
+    [[nodiscard]] QCoro::Task<ScanOutcome> run(Receipt receipt, std::optional<FileIdentity> file,
+                                               std::optional<Receipt> read = std::nullopt);
 
     // Scans a listed receipt once more, by its present path.
     void retry(const Receipt &receipt);
+
+    // The same, to be awaited.
+    [[nodiscard]] QCoro::Task<ScanOutcome> again(QString id);
+
+    // Whether the receipt failed because there was no API key, or none that the service takes.
+    [[nodiscard]] static bool lacksKey(const Receipt &receipt);
+
+Q_SIGNALS:
+    // The service does not take the API key.
+    void keyRefused();
 
 private:
     using Extracted = std::expected<GeminiReceiptData, ScanError>;
 
     [[nodiscard]] QCoro::Task<Extracted> extract(FileToRead file, QString key, QString address);
     [[nodiscard]] QCoro::Task<Extracted> send(FileToRead file, QString key, QString address);
-    void takeResult(const QString &id, const GeminiReceiptData &data);
+    [[nodiscard]] QCoro::Task<> retryOne(QString id);
+    ScanOutcome takeFailure(const QString &id, const ScanError &error);
+    void takeResult(const QString &id, const GeminiReceiptData &data, const std::optional<Receipt> &read);
 
     ReceiptStore *store_;
     SettingsStore *settings_;
     const WatchedFolder *watchedFolder_;
     ReceiptRenaming *renaming_;
+    CorrectedReceipts *corrected_;
     PhotosDelivery *delivery_;
     Tasks *tasks_;
     OnDeviceEngine engine_;

@@ -20,14 +20,22 @@ void openFolderOf(const QString &path) {
 } // namespace
 
 void reveal(const QString &path) {
+    reveal(QStringList{path});
+}
+
+void reveal(const QStringList &paths) {
+    QStringList addresses;
+    for (const QString &path : paths) {
+        addresses.append(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
+    }
     QDBusMessage showItems =
         QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
                                        u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
-    showItems.setArguments({QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)}, QString()});
+    showItems.setArguments({addresses, QString()});
     auto *const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(showItems));
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [path, answer] {
-        if (answer->isError()) {
-            openFolderOf(path);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [paths, answer] {
+        if (answer->isError() && !paths.isEmpty()) {
+            openFolderOf(paths.first());
         }
         answer->deleteLater();
     });

@@ -13,12 +13,15 @@ class Notifier : public QObject {
 public:
     explicit Notifier(QObject *parent = nullptr);
 
-    // Both texts are shown literally, without markup.
-    void show(const QString &title, const QString &text);
+    // Both texts are shown literally, without markup. `offer` is the text of a button, if there is one.
+    void show(const QString &title, const QString &text, const QString &offer = {});
 
 Q_SIGNALS:
     // The user has clicked the notice.
     void activated();
+
+    // The user has clicked its button.
+    void offerTaken();
 
 private:
     Q_SLOT void handleAction(uint notice, const QString &action);

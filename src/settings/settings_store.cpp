@@ -103,6 +103,9 @@ void SettingsStore::setAPIKey(const QString &key) {
     storedKey_.wait(promptAnswer);
     isAPIKeySet_ = !trimmed.isEmpty();
     Q_EMIT changed();
+    if (*isAPIKeySet_) {
+        Q_EMIT apiKeySaved();
+    }
 }
 
 bool SettingsStore::finishStoringAPIKey() {

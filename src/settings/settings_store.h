@@ -72,6 +72,9 @@ public:
 Q_SIGNALS:
     void changed();
 
+    // A key was given, not removed.
+    void apiKeySaved();
+
 private:
     void askForAPIKey();
     template <typename Value>

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QWindow>
 
+#include <algorithm>
 #include <chrono>
 
 namespace fennick {
@@ -30,7 +31,8 @@ FennickApp::FennickApp()
     , window_(&store_, &settings_, &appState_)
     , menu_(&store_)
     , progress_(&store_)
-    , notices_([] { return QApplication::activeWindow() != nullptr; }) {
+    , notices_([] { return QApplication::activeWindow() != nullptr; })
+    , keyNotices_(&appState_, &settings_, &notices_) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
     connectNotices();
@@ -67,6 +69,7 @@ void FennickApp::buildTrayIcon() {
     connect(&menu_, &MenuBarContent::showReceiptsRequested, this, &FennickApp::showMainWindow);
     connect(&menu_, &MenuBarContent::settingsRequested, this, &FennickApp::showSettings);
     connect(&menu_, &MenuBarContent::quitRequested, this, &FennickApp::terminate);
+    new RetryEntries(appState_.retryAll(), &menu_, menu_.endOfReceipts());
     showProgress();
     trayIcon_.setContextMenu(&menu_);
     connect(&trayIcon_, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
@@ -89,6 +92,8 @@ void FennickApp::buildTrayIcon() {
 void FennickApp::connectNotices() {
     connect(&progress_, &BatchProgress::changed, this, &FennickApp::showProgress);
     connect(&progress_, &BatchProgress::ended, &notices_, &Notices::tellBatch);
+    connect(&progress_, &BatchProgress::ended, &keyNotices_, &KeyNotices::noteBatch);
+    connect(appState_.retryAll(), &RetryAll::changed, this, &FennickApp::followRetries);
     connect(&appState_, &AppState::lastErrorChanged, &notices_,
             [this] { notices_.tellFailure(appState_.lastError().value_or(QString())); });
     connect(&notices_, &Notices::activated, this, &FennickApp::showMainWindow);
@@ -96,7 +101,8 @@ void FennickApp::connectNotices() {
 
 // Of the receipts under way: in the tray and, where there is such a thing, in the task bar.
 void FennickApp::showProgress() {
-    if (!progress_.isUnderWay()) {
+    const RetryAll &retries = *appState_.retryAll();
+    if (!progress_.isUnderWay() && !retries.isUnderWay()) {
         trayIcon_.setIcon(symbolIcon(Symbol::receipts));
         trayIcon_.setToolTip(u"Fennick"_s);
         hideLauncherProgress();
@@ -105,8 +111,16 @@ void FennickApp::showProgress() {
     const int total = progress_.totalCount();
     trayIcon_.setIcon(symbolIcon(Symbol::receipts, Tint::success));
     //: %1 is the number of the receipt under way, %2 how many there are.
-    trayIcon_.setToolTip(tr("Scanning %1 of %2").arg(progress_.finishedCount() + 1).arg(total));
-    showLauncherProgress(static_cast<double>(progress_.finishedCount()) / total);
+    trayIcon_.setToolTip(retries.isUnderWay()
+                             ? RetryEntries::progressText(retries)
+                             : tr("Scanning %1 of %2").arg(progress_.finishedCount() + 1).arg(total));
+    showLauncherProgress(static_cast<double>(progress_.finishedCount()) / std::max(total, 1));
+}
+
+// Between two retries nothing may be under way for a while.
+void FennickApp::followRetries() {
+    progress_.setMoreToCome(appState_.retryAll()->isUnderWay());
+    showProgress();
 }
 
 // A window that went into a tray would be out of reach once the tray has gone.

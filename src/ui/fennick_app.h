@@ -6,8 +6,10 @@
 #include "settings/settings_store.h"
 #include "ui/main_window/main_window.h"
 #include "ui/tray/batch_progress.h"
+#include "ui/tray/key_notices.h"
 #include "ui/tray/menu_bar_content.h"
 #include "ui/tray/notices.h"
+#include "ui/tray/retry_entries.h"
 
 #include <QObject>
 #include <QPointer>
@@ -46,6 +48,7 @@ private:
     void connectWindow();
     void buildTrayIcon();
     void connectNotices();
+    void followRetries();
     void showProgress();
     bool mayDiscardTypedFields();
     void terminate();
@@ -61,6 +64,7 @@ private:
     MenuBarContent menu_;
     BatchProgress progress_;
     Notices notices_;
+    KeyNotices keyNotices_;
     QSystemTrayIcon trayIcon_;
     QTimer trayCheck_;
     bool isPutAway_ = false; // minimised by its close button, until it has the focus again

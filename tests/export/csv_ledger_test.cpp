@@ -117,6 +117,38 @@ private Q_SLOTS:
         QCOMPARE(lineWithSummary(broken).toUtf8(), emptyReceiptLine.arg(u"\uFFFDx\uFFFD"_s).toUtf8());
         QCOMPARE(lineWithSummary(u"😀"_s).toUtf8(), emptyReceiptLine.arg(u"😀"_s).toUtf8());
     }
+
+    void clipboardHasTheSameValuesBetweenTabs() {
+        QLocale::setDefault(QLocale::c());
+        QList<Receipt> receipts = batch();
+        const QStringList lines = ExportService::buildTabSeparated(receipts).split(u'\n');
+        QCOMPARE(lines.size(), receipts.size() + 2); // with the column names, and nothing after the last one
+        QCOMPARE(
+            lines.first(),
+            u"Date\tTime\tAmount\tCurrency\tLocation\tCategory\tSummary\tFile Name\tStatus\tScanned At"_s);
+        for (const QString &line : lines.first(lines.size() - 1)) {
+            QCOMPARE(line.count(u'\t'), 9);
+        }
+    }
+
+    void whatBreaksACellIsHarmlessOnTheClipboard_data() {
+        QTest::addColumn<QString>("summary");
+        QTest::addColumn<QString>("cell");
+        QTest::newRow("tab") << u"a\tb"_s << u"a b"_s;
+        QTest::newRow("line feed") << u"a\r\nb"_s << u"a  b"_s;
+        QTest::newRow("line separator") << u"a\u2028b"_s << u"a b"_s;
+        QTest::newRow("no-break space") << u"a\u00A0b"_s << u"a\u00A0b"_s;
+        QTest::newRow("quote inside") << u"at \"a\""_s << u"at \"a\""_s;
+        QTest::newRow("quote in front") << u"\"a\" b"_s << u"\"\"\"a\"\" b\""_s;
+    }
+    void whatBreaksACellIsHarmlessOnTheClipboard() {
+        QFETCH(QString, summary);
+        QFETCH(QString, cell);
+        Receipt receipt = emptyReceipt();
+        receipt.summary = summary;
+        const QString line = ExportService::buildTabSeparated({receipt}).split(u'\n').at(1);
+        QCOMPARE(line, u"\t\t\t\t\tmisc\t%1\ta.pdf\tprocessing\t2025-03-04T17:05:09Z"_s.arg(cell));
+    }
 };
 
 int csv_ledger_test(int argc, char **argv) {

@@ -163,6 +163,38 @@ private Q_SLOTS:
         QCOMPARE(names(store.receipts()), list({"a.pdf"}));
     }
 
+    void removedReceiptsAreIgnoredFromThenOn() {
+        ReceiptStore store;
+        QSet<QString> ids{u"unknown"_s};
+        for (const char *const name : {"5", "4", "3", "2", "1"}) {
+            const Receipt receipt =
+                receiptTakenInAt(name, ("2025-01-01T00:00:0" + QByteArray(name) + 'Z').constData());
+            store.add(receipt);
+            if (name != QByteArray("3") && name != QByteArray("1")) {
+                ids.insert(receipt.id);
+            }
+        }
+        QSignalSpy changes(&store, &ReceiptStore::receiptsChanged);
+        store.remove(ids);
+        QCOMPARE(names(store.receipts()), list({"3", "1"}));
+        QCOMPARE(changes.size(), 2); // rows that lie together go together
+        QVERIFY(store.hasFilePath(u"/w/5"_s) && store.hasFilePath(u"/w/2"_s));
+        const ReceiptStore next;
+        QCOMPARE(names(next.receipts()), list({"3", "1"}));
+        QVERIFY(next.hasFilePath(u"/w/5"_s) && next.hasFilePath(u"/w/4"_s) && next.hasFilePath(u"/w/2"_s));
+        QVERIFY(!next.hasFilePath(u"/w/6"_s));
+    }
+
+    void removalOfUnknownReceiptsWritesNothing() {
+        ReceiptStore store;
+        store.add(freshReceipt(u"/w/a.pdf"_s));
+        QVERIFY(QFile::remove(home_->receiptsFile()));
+        store.remove({u"unknown"_s});
+        QVERIFY(!QFileInfo::exists(home_->receiptsFile()));
+        QVERIFY(!QFileInfo::exists(home_->ignoredFile()));
+        QCOMPARE(names(store.receipts()), list({"a.pdf"}));
+    }
+
     void filePathsAreComparedExactly() {
         ReceiptStore store;
         store.add(freshReceipt(u"/w/Caf\u00E9.pdf"_s));

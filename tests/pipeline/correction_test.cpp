@@ -131,6 +131,31 @@ private Q_SLOTS:
         QCOMPARE(only().category, u"dinner"_s);
     }
 
+    void correctionIsRememberedUntilTheReceiptIsReadAgain() {
+        scanOne();
+        QVERIFY(!pipeline_->appState->isCorrected(only().id));
+        QVERIFY(correct({{ReceiptField::amount, u"32.50"_s}}));
+        QVERIFY(pipeline_->appState->isCorrected(only().id));
+        pipeline_->appState->retryAll()->add({only().id});
+        QVERIFY(waitUntil([this] { return only().amount == 23.5 && only().fileName == finalName; }));
+        QVERIFY(!pipeline_->appState->isCorrected(only().id));
+        QVERIFY(QFileInfo::exists(pipeline_->path(finalName)));
+    }
+
+    void fileKeepsItsNumberIfItIsReadAgain() {
+        pipeline_->start();
+        pipeline_->drop(u"a.pdf"_s);
+        QVERIFY(pipeline_->waitForRows(1, ReceiptStatus::done));
+        pipeline_->drop(u"b.pdf"_s, "another receipt");
+        const QString numbered = u"2024-05-01 Lunch - Dockside Deli $23.50 (2).pdf"_s;
+        QVERIFY(waitUntil([&] { return pipeline_->listedNames().contains(numbered); }));
+        const QStringList names = pipeline_->listedNames();
+        pipeline_->appState->retryAll()->add({pipeline_->receipts()[0].id, pipeline_->receipts()[1].id});
+        QVERIFY(waitUntil([this] { return pipeline_->server.requests().size() == 4; }));
+        QVERIFY(pipeline_->waitForRows(2, ReceiptStatus::done));
+        QCOMPARE(pipeline_->listedNames(), names);
+    }
+
     void killBeforeTheNewNameIsRecordedLosesNothing() {
         scanOne();
         Receipt corrected = only();

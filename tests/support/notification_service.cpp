@@ -29,9 +29,9 @@ NotificationService::~NotificationService() {
     QDBusConnection::disconnectFromBus(connectionName);
 }
 
-void NotificationService::click() const {
+void NotificationService::click(const QString &action) const {
     QDBusMessage invoked = QDBusMessage::createSignal(path, service, u"ActionInvoked"_s);
-    invoked.setArguments({static_cast<uint>(notices_.size()), u"default"_s});
+    invoked.setArguments({static_cast<uint>(notices_.size()), action});
     connection_.send(invoked);
 }
 

@@ -29,8 +29,8 @@ public:
 
     const QList<Notice> &notices() const { return notices_; }
 
-    // As a user's click on the notice that was shown last.
-    void click() const;
+    // As a user's click on the notice that was shown last, or on its button for `action`.
+    void click(const QString &action = u"default"_s) const;
 
     QString introspect(const QString &path) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;

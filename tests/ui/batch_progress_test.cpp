@@ -70,6 +70,36 @@ private Q_SLOTS:
         QCOMPARE(ended.first(), (QVariantList{1, 0}));
     }
 
+    void retriedReceiptCountsOnce() {
+        Receipt receipt = add("a.pdf");
+        finish(receipt, ReceiptStatus::error);
+        finish(receipt, ReceiptStatus::processing);
+        QCOMPARE(progress_->totalCount(), 1);
+        finish(receipt, ReceiptStatus::done);
+        QSignalSpy ended(progress_.get(), &BatchProgress::ended);
+        QVERIFY(waitUntil([&] { return ended.size() == 1; }));
+        QCOMPARE(ended.first(), (QVariantList{1, 0}));
+    }
+
+    void batchDoesNotEndWhileThereIsMoreToCome() {
+        QSignalSpy ended(progress_.get(), &BatchProgress::ended);
+        Receipt receipt = add("a.pdf");
+        progress_->setMoreToCome(true);
+        finish(receipt, ReceiptStatus::error);
+        letTimePass(2500);
+        QVERIFY(ended.isEmpty());
+        progress_->setMoreToCome(false);
+        QVERIFY(waitUntil([&] { return ended.size() == 1; }));
+    }
+
+    void removedReceiptsAreNoLongerUnderWay() {
+        const Receipt first = add("a.pdf");
+        add("b.pdf");
+        store_->remove({first.id});
+        QCOMPARE(progress_->totalCount(), 1);
+        QVERIFY(progress_->isUnderWay());
+    }
+
 private:
     Receipt add(const char *name) {
         Receipt receipt = freshReceipt(u"/w/"_s + QString::fromUtf8(name));

@@ -147,6 +147,93 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(), done.summary);
     }
 
+    void removedReceiptLeavesTheListAndItsFileStays() {
+        addThree();
+        under_.table()->selectRow(1);
+        QTest::keyClick(under_.table(), Qt::Key_Delete);
+        QCOMPARE(under_.store->receipts().size(), 2);
+        QVERIFY(under_.store->hasFilePath(under_.watched + u"/b.pdf"_s)); // ignored
+        QVERIFY(QFileInfo::exists(under_.watched + u"/b.pdf"_s));
+        QCOMPARE(under_.table()->selectedReceipt()->fileName, u"c.pdf"_s); // whose row came up
+        QTest::keyClick(under_.table(), Qt::Key_A, Qt::ControlModifier);
+        under_.action("removeFromList")->trigger();
+        QVERIFY(under_.store->receipts().isEmpty());
+        QVERIFY(!under_.action("removeFromList")->isEnabled());
+    }
+
+    void copyTakesAllSelectedRowsAsATable() {
+        addThree();
+        under_.table()->selectAll();
+        QTest::keyClick(under_.table(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(),
+                 ExportService::buildTabSeparated(under_.store->receipts()));
+        under_.table()->selectFurther(2);
+        under_.action("copy")->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(),
+                 ExportService::buildTabSeparated({under_.store->receipts().last()}));
+    }
+
+    void menuActsOnAllSelectedRowsThatItAppliesTo() {
+        addThree();
+        under_.table()->selectAll();
+        QVERIFY(under_.action("retrySelected")->isEnabled());
+        QVERIFY(under_.action("addSelectedToPhotos")->isEnabled());
+        under_.action("copySummary")->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"first\nsecond\nthird"_s);
+        under_.action("retrySelected")->trigger(); // the two that failed
+        QVERIFY(waitUntil([this] {
+            const QList<Receipt> &receipts = under_.store->receipts();
+            return receipts[0].error == noKey && receipts[2].error == noKey;
+        }));
+        QCOMPARE(under_.store->receipts()[1].status, ReceiptStatus::done);
+    }
+
+    void manyFilesAreOpenedOnlyAfterAQuestion() {
+        for (int number = 0; number < 11; ++number) {
+            under_.store->add(finishedReceipt(under_.watched + u"/%1.pdf"_s.arg(number)));
+        }
+        under_.table()->selectAll();
+        bool wasAsked = false;
+        onNextDialog<QMessageBox>([&wasAsked](QMessageBox *box) {
+            wasAsked = box->text() == u"Open 11 files?"_s;
+            clickButton(box, u"Cancel"_s);
+        });
+        under_.action("open")->trigger();
+        QVERIFY(wasAsked);
+    }
+
+    void allFailedReceiptsAreRetried() {
+        addThree();
+        QVERIFY(under_.action("retryAll")->isEnabled());
+        QVERIFY(!under_.action("stopRetrying")->isEnabled());
+        QCOMPARE(under_.action("retryAll")->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
+        under_.action("retryAll")->trigger();
+        QVERIFY(under_.action("stopRetrying")->isEnabled());
+        QVERIFY(waitUntil([this] { return !under_.action("stopRetrying")->isEnabled(); }));
+        QCOMPARE(under_.store->receipts()[0].error, noKey);
+        QCOMPARE(under_.store->receipts()[1].status, ReceiptStatus::done);
+        QCOMPARE(under_.store->receipts()[2].error, noKey);
+    }
+
+    void whatWasCorrectedByHandIsAskedAboutBeforeItIsReadAgain() {
+        addThree();
+        const QString id = under_.store->receipts()[1].id;
+        const FieldFormats formats{QLocale::c(), QLocale::c()};
+        QVERIFY(under_.appState->correct(id, {{ReceiptField::summary, u"typed"_s}}, formats));
+        under_.table()->selectAll();
+        QVERIFY(under_.action("readAgain")->isEnabled());
+        onNextDialog<QMessageBox>([](QMessageBox *box) {
+            QCOMPARE(box->text(), u"Read again and lose your corrections?"_s);
+            clickButton(box, u"Cancel"_s);
+        });
+        under_.action("readAgain")->trigger();
+        QVERIFY(!under_.appState->retryAll()->isUnderWay());
+        QCOMPARE(under_.store->receipts()[1].summary, u"typed"_s);
+        onNextDialog<QMessageBox>([](QMessageBox *box) { clickButton(box, u"Read Again"_s); });
+        under_.action("readAgain")->trigger();
+        QVERIFY(waitUntil([this] { return under_.store->receipts()[1].error == noKey; }));
+    }
+
     void retryFromTheMenuScansAgain() {
         Receipt failed = finishedReceipt(under_.watched + u"/a.pdf"_s);
         failed.status = ReceiptStatus::error;
@@ -206,6 +293,20 @@ private Q_SLOTS:
     }
 
 private:
+    // One that is done between two that failed.
+    void addThree() {
+        const QList<std::pair<QString, QString>> names{
+            {u"a.pdf"_s, u"first"_s}, {u"b.pdf"_s, u"second"_s}, {u"c.pdf"_s, u"third"_s}};
+        for (const auto &[name, summary] : names) {
+            Receipt receipt = finishedReceipt(under_.addFile(name));
+            receipt.scannedAt = u"2025-01-01T00:00:01Z"_s; // in the order of their arrival
+            receipt.summary = summary;
+            receipt.status = name == u"b.pdf" ? ReceiptStatus::done : ReceiptStatus::error;
+            under_.store->add(receipt);
+        }
+    }
+
+    const QString noKey = u"API key not configured. Set your Gemini API key in Settings."_s;
     MainWindowUnderTest under_;
 };
 

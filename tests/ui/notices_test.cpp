@@ -101,6 +101,27 @@ private Q_SLOTS:
         }));
     }
 
+    void retryIsOfferedByAButton() {
+        isInFront_ = true;
+        QSignalSpy requested(notices_.get(), &Notices::retryRequested);
+        notices_->offerRetry(3);
+        QVERIFY(waitForNotices(1));
+        QCOMPARE(service_->notices().first().text,
+                 u"3 receipts failed for want of a valid API key. They can be retried now, also later with "
+                 "Retry All Failed."_s);
+        QCOMPARE(service_->notices().first().actions.last(), u"Retry"_s);
+        QVERIFY(waitUntil([&] {
+            service_->click(u"offer"_s);
+            return !requested.isEmpty();
+        }));
+    }
+
+    void noticeWithoutAnOfferHasNoButton() {
+        notices_->tellBatch(1, 0);
+        QVERIFY(waitForNotices(1));
+        QCOMPARE(service_->notices().first().actions.size(), 2); // the click on itself
+    }
+
     void desktopWithoutNoticesIsNoTrouble() {
         service_.reset();
         notices_->tellBatch(1, 0);

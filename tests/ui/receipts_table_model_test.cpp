@@ -56,6 +56,17 @@ private Q_SLOTS:
         QCOMPARE(model_->rowCount(), 0);
     }
 
+    void removedReceiptsLeaveTheirRows() {
+        const Receipt receipt = finishedReceipt(u"/w/a.pdf"_s);
+        store_->add(receipt);
+        store_->add(finishedReceipt(u"/w/b.pdf"_s));
+        QSignalSpy removed(model_.get(), &Model::rowsRemoved);
+        store_->remove({receipt.id});
+        QCOMPARE(removed.size(), 1);
+        QCOMPARE(model_->rowCount(), 1);
+        QCOMPARE(model_->receipt(0).filePath, u"/w/b.pdf"_s);
+    }
+
     void receiptWithAnotherMomentMoves() {
         Receipt older = finishedReceipt(u"/w/a.pdf"_s);
         older.scannedAt = u"2025-01-01T00:00:01Z"_s;

@@ -113,6 +113,41 @@ bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptSto
     return ask(parent, question, store);
 }
 
+bool confirmOpen(QWidget *parent, int files) {
+    const Question question{u"openConfirmation"_s,
+                            Symbol::warning,
+                            QCoreApplication::translate("Confirmations", "Open %n files?", nullptr, files),
+                            [] {
+                                return QCoreApplication::translate(
+                                    "Confirmations",
+                                    "Each opens in the program that your desktop uses for it.");
+                            },
+                            QCoreApplication::translate("Confirmations", "Open All"),
+                            QMessageBox::AcceptRole};
+    return ask(parent, question);
+}
+
+bool confirmReadAgain(QWidget *parent, int corrected) {
+    const Question question{
+        u"readAgainConfirmation"_s,
+        Symbol::warning,
+        QCoreApplication::translate("Confirmations", "Read again and lose your corrections?"),
+        [corrected] {
+            return corrected == 1 ? QCoreApplication::translate(
+                                        "Confirmations",
+                                        "You have corrected one of these receipts by hand. What is read "
+                                        "now takes the place of what you typed.")
+                                  : QCoreApplication::translate(
+                                        "Confirmations",
+                                        "You have corrected %n of these receipts by hand. What is read "
+                                        "now takes the place of what you typed.",
+                                        nullptr, corrected);
+        },
+        QCoreApplication::translate("Confirmations", "Read Again"),
+        QMessageBox::DestructiveRole};
+    return ask(parent, question);
+}
+
 bool confirmDiscard(QWidget *parent) {
     const Question question{
         u"discardConfirmation"_s,

@@ -16,6 +16,12 @@ namespace fennick::Confirmations {
 [[nodiscard]] bool confirmArchive(QWidget *parent, const QString &formatName, const ReceiptStore *store,
                                   const QString &destination);
 
+// Before that many files are opened at once.
+[[nodiscard]] bool confirmOpen(QWidget *parent, int files);
+
+// Before that many receipts are read again whose fields a person has typed.
+[[nodiscard]] bool confirmReadAgain(QWidget *parent, int corrected);
+
 // Before the program ends with corrections that were typed and not saved.
 bool confirmDiscard(QWidget *parent);
 

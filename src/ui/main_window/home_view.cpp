@@ -1,7 +1,9 @@
 #include "ui/main_window/home_view.h"
 
 #include "extraction/service_address.h"
+#include "model/receipt_query.h"
 #include "ui/main_window/empty_state.h"
+#include "ui/main_window/find_line.h"
 #include "ui/main_window/receipts_table.h"
 #include "ui/widgets/caption_label.h"
 #include "ui/widgets/elided_label.h"
@@ -40,6 +42,7 @@ HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWi
     //: Names the shortcut of the settings on the reader's keyboard.
     , missingKey_(new CaptionLabel(tr("Set your Gemini API key in Settings (⌘,) to start scanning."),
                                    Tint::warning, Symbol::warning, this))
+    , findLine_(new FindLine(this))
     , table_(new ReceiptsTable(store, this))
     , list_(new QStackedWidget(this)) {
     folder_->setObjectName(u"watchFolder"_s);
@@ -47,6 +50,7 @@ HomeView::HomeView(const ReceiptStore *store, const SettingsStore *settings, QWi
     photosBadge_->setObjectName(u"photosBadge"_s);
     missingKey_->setObjectName(u"missingKey"_s);
     layOut();
+    connectFindLine();
     connect(settings, &SettingsStore::changed, this, &HomeView::showSettings);
     connect(store, &ReceiptStore::receiptsChanged, this, &HomeView::showList);
     showSettings();
@@ -64,6 +68,7 @@ void HomeView::layOut() {
     layout->setSpacing(0);
     layout->addWidget(makeHeader());
     layout->addWidget(makeDivider(this));
+    layout->addWidget(findLine_);
     layout->addWidget(list_, 1);
 }
 
@@ -83,6 +88,34 @@ QWidget *HomeView::makeHeader() {
     lines->addLayout(firstLine);
     lines->addWidget(missingKey_);
     return header;
+}
+
+void HomeView::connectFindLine() {
+    connect(findLine_, &FindLine::opened, this, [this] {
+        table_->prepareFind();
+        showFound();
+    });
+    connect(findLine_, &FindLine::queryChanged, this, [this](const ReceiptQuery &query) {
+        table_->find(query);
+        showFound();
+    });
+    connect(findLine_, &FindLine::closed, this, [this] {
+        table_->endFind();
+        table_->setFocus(Qt::OtherFocusReason);
+    });
+    connect(findLine_, &FindLine::leftDownwards, this, [this] { table_->setFocus(Qt::TabFocusReason); });
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(table_->model(), signal, this, &HomeView::showFound);
+    }
+    connect(table_->model(), &QAbstractItemModel::modelReset, this, &HomeView::showFound);
+}
+
+void HomeView::find() {
+    findLine_->open();
+}
+
+void HomeView::showFound() {
+    findLine_->showCount(table_->model()->rowCount(), static_cast<int>(store_->receipts().size()));
 }
 
 void HomeView::showSettings() {

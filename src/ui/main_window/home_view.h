@@ -11,6 +11,7 @@ namespace fennick {
 
 class CaptionLabel;
 class ElidedLabel;
+class FindLine;
 class ReceiptsTable;
 
 // The content of the main window: the watched folder, a warning if the API key is missing, and the table of
@@ -24,11 +25,16 @@ public:
 
     ReceiptsTable *table() const { return table_; }
 
+    // Opens the line in which the user types what to find.
+    void find();
+
 Q_SIGNALS:
     void chooseFolderRequested();
 
 private:
     void layOut();
+    void connectFindLine();
+    void showFound();
     QWidget *makeHeader();
     void showSettings();
     void showList();
@@ -38,6 +44,7 @@ private:
     ElidedLabel *folder_;
     CaptionLabel *photosBadge_;
     CaptionLabel *missingKey_;
+    FindLine *findLine_;
     ReceiptsTable *table_;
     QStackedWidget *list_;
 };

@@ -42,8 +42,16 @@ MainActions::MainActions(QObject *owner)
           Symbol::addToPhotos))
     , retry(withSymbol(make(owner, "retrySelected", tr("Retry"), QKeySequence(Qt::CTRL | Qt::Key_T)),
                        Symbol::retry))
-    , copySummary(make(owner, "copySummary", tr("Copy Summary"), QKeySequence::Copy))
+    , copySummary(make(owner, "copySummary", tr("Copy Summary")))
     , details(make(owner, "details", tr("Details…"), QKeySequence(Qt::CTRL | Qt::Key_I)))
+    , readAgain(make(owner, "readAgain", tr("Read Again")))
+    , remove(make(owner, "removeFromList", tr("Remove from List"), QKeySequence(Qt::Key_Delete)))
+    //: The selected rows, as a table for the clipboard.
+    , copy(make(owner, "copy", tr("Copy"), QKeySequence::Copy))
+    , retryAll(
+          make(owner, "retryAll", tr("Retry All Failed"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T)))
+    , stopRetrying(make(owner, "stopRetrying", tr("Stop Retrying")))
+    , find(make(owner, "find", tr("Find…"), QKeySequence::Find))
     , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
     , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))
     , quit(make(owner, "quit", tr("Quit Fennick"), QKeySequence(Qt::CTRL | Qt::Key_Q))) {

@@ -22,13 +22,22 @@ public:
     QAction *archiveHtml;
     QAction *clearAll;
 
-    // The selected receipt.
+    // The selected receipts.
     QAction *open;
     QAction *reveal;
     QAction *addToPhotos;
     QAction *retry;
     QAction *copySummary;
     QAction *details;
+    QAction *readAgain;
+    QAction *remove;
+    QAction *copy;
+
+    // All receipts that failed.
+    QAction *retryAll;
+    QAction *stopRetrying;
+
+    QAction *find;
 
     // The program.
     QAction *settings;

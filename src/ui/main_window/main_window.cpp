@@ -1,19 +1,17 @@
 #include "ui/main_window/main_window.h"
 
-#include "platform/file_manager.h"
 #include "settings/window_memory.h"
 #include "ui/dialogs/confirmations.h"
 #include "ui/dialogs/export_panel.h"
 #include "ui/dialogs/watch_folder_chooser.h"
 #include "ui/main_window/home_view.h"
 #include "ui/main_window/read_with_menu.h"
+#include "ui/main_window/receipt_commands.h"
 #include "ui/main_window/receipts_table.h"
 #include "ui/widgets/focus_frame.h"
 #include "ui/widgets/symbols.h"
 
-#include <QClipboard>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -68,6 +66,7 @@ MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *a
     buildMenuBar();
     buildContextMenu();
     connectActions();
+    new ReceiptCommands(&actions_, home_->table(), store, settings, appState, this);
     enableActions();
 
     resize(defaultSize);
@@ -122,13 +121,17 @@ void MainWindow::buildMenuBar() {
     file->addMenu(new ReadWithMenu(settings_, file));
     file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
+    QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addActions({actions_.copy, actions_.find});
+    edit->addSeparator();
+    edit->addAction(actions_.settings);
     QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
     receipt->addActions(
         {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});
     receipt->addSeparator();
-    receipt->addAction(actions_.details);
-    QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
-    edit->addAction(actions_.settings);
+    receipt->addActions({actions_.details, actions_.readAgain, actions_.remove});
+    receipt->addSeparator();
+    receipt->addActions({actions_.retryAll, actions_.stopRetrying});
 }
 
 void MainWindow::buildContextMenu() {
@@ -146,42 +149,12 @@ void MainWindow::connectActions() {
     connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
     connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
+    connect(actions_.find, &QAction::triggered, home_, &HomeView::find);
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
-    ReceiptsTable *const table = home_->table();
-    const auto onSelected = [this, table](QAction *action, auto does) {
-        connect(action, &QAction::triggered, this, [table, does] {
-            if (const auto receipt = table->selectedReceipt()) {
-                does(*receipt);
-            }
-        });
-    };
-    const auto open = [](const Receipt &receipt) {
-        FileManager::open(receipt.filePath);
-    };
-    const auto reveal = [](const Receipt &receipt) {
-        FileManager::reveal(receipt.filePath);
-    };
-    const auto addToPhotos = [this](const Receipt &receipt) {
-        appState_->pushToPhotos(receipt);
-    };
-    const auto retry = [this](const Receipt &receipt) {
-        appState_->retry(receipt);
-    };
-    onSelected(actions_.open, open);
-    onSelected(actions_.reveal, reveal);
-    onSelected(actions_.addToPhotos, addToPhotos);
-    onSelected(actions_.retry, retry);
-    onSelected(actions_.copySummary,
-               [](const Receipt &receipt) { QGuiApplication::clipboard()->setText(receipt.summary); });
-    connect(table, &ReceiptsTable::openRequested, this, open);
-    connect(table, &ReceiptsTable::revealRequested, this, reveal);
-    connect(table, &ReceiptsTable::addToPhotosRequested, this, addToPhotos);
-    connect(table, &ReceiptsTable::retryRequested, this, retry);
-
     connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);
-    connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::enableActions);
-    connect(table, &ReceiptsTable::selectedReceiptChanged, this, &MainWindow::selectedReceiptChanged);
+    connect(home_->table(), &ReceiptsTable::selectedReceiptChanged, this,
+            &MainWindow::selectedReceiptChanged);
 }
 
 void MainWindow::enableActions() {
@@ -192,14 +165,6 @@ void MainWindow::enableActions() {
     }
     exportButton_->setEnabled(hasReceipts);
     archiveButton_->setEnabled(hasReceipts);
-
-    const auto selected = home_->table()->selectedReceipt();
-    for (QAction *const action : {actions_.open, actions_.reveal, actions_.copySummary, actions_.details}) {
-        action->setEnabled(selected.has_value());
-    }
-    actions_.addToPhotos->setEnabled(selected && selected->status == ReceiptStatus::done &&
-                                     !selected->addedToPhotos && settings_->addToPhotos());
-    actions_.retry->setEnabled(selected && selected->status == ReceiptStatus::error);
 }
 
 std::optional<Receipt> MainWindow::selectedReceipt() const {

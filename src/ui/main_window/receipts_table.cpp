@@ -1,10 +1,15 @@
 #include "ui/main_window/receipts_table.h"
 
+#include "model/receipt_query.h"
+#include "text/search_text.h"
+#include "ui/main_window/found_receipts.h"
 #include "ui/main_window/receipt_delegates.h"
 #include "ui/main_window/receipts_table_model.h"
 #include "ui/main_window/row_actions.h"
+#include "ui/main_window/sorted_receipts.h"
 #include "ui/main_window/tabular_digits_delegate.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -37,14 +42,18 @@ constexpr int photosWidth = 56;
 constexpr int actionsWidth = 64;
 constexpr int fixedWidth = statusWidth + photosWidth + actionsWidth;
 
+constexpr qsizetype mostSelectedWhileFinding = 1000;
+
 } // namespace
 
 ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     : QTableView(parent)
-    , model_(new ReceiptsTableModel(store, this)) {
+    , model_(new ReceiptsTableModel(store, this))
+    , sorted_(new SortedReceipts(model_, this))
+    , found_(new FoundReceipts(model_, sorted_, this)) {
     setObjectName(u"receipts"_s);
     setAccessibleName(tr("Receipts"));
-    setModel(model_);
+    setModel(found_);
     setItemDelegate(new CellDelegate(this));
     for (const Model::Column column : {Model::dateColumn, Model::amountColumn}) {
         setItemDelegateForColumn(column, new TabularDigitsDelegate(this));
@@ -53,7 +62,7 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
     setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
     setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerPixel);
     setShowGrid(false);
@@ -67,16 +76,17 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     rowActionsUpdate_.setSingleShot(true);
     connect(&rowActionsUpdate_, &QTimer::timeout, this, &ReceiptsTable::showRowActions);
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
-        connect(model_, signal, this, &ReceiptsTable::scheduleRowActions);
+        connect(found_, signal, this, &ReceiptsTable::scheduleRowActions);
     }
-    connect(model_, &QAbstractItemModel::rowsMoved, this, &ReceiptsTable::scheduleRowActions);
-    connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::scheduleRowActions);
-    connect(model_, &QAbstractItemModel::modelReset, this, &ReceiptsTable::selectedReceiptChanged);
-    connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::scheduleRowActions);
-    connect(model_, &QAbstractItemModel::dataChanged, this, &ReceiptsTable::selectedReceiptChanged);
+    connect(found_, &QAbstractItemModel::rowsMoved, this, &ReceiptsTable::scheduleRowActions);
+    for (const auto does : {&ReceiptsTable::scheduleRowActions, &ReceiptsTable::selectedReceiptChanged}) {
+        connect(found_, &QAbstractItemModel::modelReset, this, does);
+        connect(found_, &QAbstractItemModel::layoutChanged, this, does);
+        connect(found_, &QAbstractItemModel::dataChanged, this, does);
+    }
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ReceiptsTable::scheduleRowActions);
     connect(this, &QTableView::doubleClicked, this,
-            [this](const QModelIndex &index) { Q_EMIT openRequested(model_->receipt(index.row())); });
+            [this](const QModelIndex &index) { Q_EMIT openRequested(receipt(index.row())); });
     scheduleRowActions();
 }
 
@@ -86,18 +96,21 @@ void ReceiptsTable::layOutColumns() {
     verticalHeader()->setDefaultSectionSize(SummaryDelegate::rowHeight(font()));
     QHeaderView *const header = horizontalHeader();
     header->setHighlightSections(false);
-    header->setSectionsClickable(false);
     header->setMinimumSectionSize(statusWidth);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     fixColumns();
     fitColumns();
     connect(header, &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { takeChosenWidth(column, width); });
+    connect(header, &QHeaderView::sortIndicatorChanged, this, &ReceiptsTable::sortBy);
 }
 
-// What the user may resize, and what not.
+// What the user may resize, and what not. The list begins with the newest, whatever it was sorted by before.
 void ReceiptsTable::fixColumns() {
     QHeaderView *const header = horizontalHeader();
+    header->setSectionsClickable(true);
+    header->setSortIndicatorClearable(true); // by the third click
+    header->setSortIndicator(-1, Qt::AscendingOrder);
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(Model::summaryColumn, QHeaderView::Fixed);
     for (const auto &[column, width] :
@@ -151,20 +164,147 @@ void ReceiptsTable::setPhotosExportOn(bool isOn) {
     Q_EMIT selectedReceiptChanged();
 }
 
+// The buttons at a row's end are nothing to sort by.
+void ReceiptsTable::sortBy(int column, Qt::SortOrder order) {
+    if (column == Model::actionsColumn) {
+        horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+        return;
+    }
+    horizontalHeader()->setSortIndicatorShown(column >= 0); // which takes room from the head's text
+    sorted_->sort(column, order);
+    if (currentRow() >= 0) {
+        scrollTo(currentIndex());
+    }
+}
+
+// Of a row as it is shown.
+const Receipt &ReceiptsTable::receipt(int row) const {
+    const QModelIndex ordered = found_->mapToSource(found_->index(row, 0));
+    return model_->receipt(sorted_->mapToSource(ordered).row());
+}
+
+void ReceiptsTable::prepareFind() {
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        model_->searchable(row);
+    }
+}
+
+void ReceiptsTable::find(const ReceiptQuery &query) {
+    if (selectedRows().size() > mostSelectedWhileFinding) {
+        clearSelection(); // to find its rows again would take longer than the search
+    }
+    found_->setQuery(query);
+    if (currentRow() >= 0) {
+        scrollTo(currentIndex());
+    } else {
+        scrollToTop();
+    }
+}
+
+void ReceiptsTable::endFind() {
+    find(ReceiptQuery());
+    model_->forgetSearchables();
+}
+
+void ReceiptsTable::keyboardSearch(const QString &typed) {
+    const bool isBegun =
+        sinceTyped_.isValid() && !sinceTyped_.hasExpired(QApplication::keyboardInputInterval());
+    sinceTyped_.start();
+    typed_ = isBegun ? typed_ + searchText(typed) : searchText(typed.trimmed());
+    const int rows = model()->rowCount();
+    const int first = std::max(0, currentIndex().row() + (isBegun ? 0 : 1));
+    for (int step = 0; step < rows && !typed_.isEmpty(); ++step) {
+        const int row = (first + step) % rows;
+        if (searchText(receipt(row).location.value_or(QString())).startsWith(typed_) ||
+            searchText(receipt(row).summary).startsWith(typed_)) {
+            selectOnly(row);
+            return;
+        }
+    }
+}
+
+// Home and End lead through the list: rows are current as a whole, so there is no first or last cell.
+QModelIndex ReceiptsTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const int rows = model()->rowCount();
+    if (rows > 0 && (action == MoveHome || action == MoveEnd)) {
+        return model()->index(action == MoveHome ? 0 : rows - 1, Model::dateColumn);
+    }
+    return QTableView::moveCursor(action, modifiers);
+}
+
+// In order. Not by the selection model's function of this name, which looks at each cell of each row.
+QList<int> ReceiptsTable::selectedRows() const {
+    QList<int> rows;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            rows.append(row);
+        }
+    }
+    std::ranges::sort(rows);
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+// -1 if no row is selected.
+int ReceiptsTable::currentRow() const {
+    const QItemSelection selection = selectionModel()->selection();
+    if (selection.isEmpty()) {
+        return -1;
+    }
+    return currentIndex().isValid() ? currentIndex().row() : selection.first().top();
+}
+
+QList<Receipt> ReceiptsTable::selectedReceipts() const {
+    QList<Receipt> receipts;
+    const QList<int> rows = selectedRows();
+    for (const int row : rows) {
+        receipts.append(receipt(row));
+    }
+    return receipts;
+}
+
+bool ReceiptsTable::isAnySelected(const std::function<bool(const Receipt &)> &applies) const {
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (applies(receipt(row))) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 std::optional<Receipt> ReceiptsTable::selectedReceipt() const {
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? std::nullopt : std::optional(model_->receipt(rows.first().row()));
+    const int row = currentRow();
+    return row < 0 ? std::nullopt : std::optional(receipt(row));
+}
+
+// Whatever keys are held down, which would have selectRow() add to the selection.
+void ReceiptsTable::selectOnly(int row) {
+    const QModelIndex place = model()->index(row, Model::dateColumn);
+    selectionModel()->setCurrentIndex(place, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(place);
 }
 
 void ReceiptsTable::selectFurther(int rows) {
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    if (selected.isEmpty()) {
+    const int row = currentRow();
+    if (row < 0) {
         selectFirstVisibleRow();
-        return;
+    } else {
+        selectOnly(std::clamp(row + rows, 0, model()->rowCount() - 1));
     }
-    const int row = std::clamp(selected.first().row() + rows, 0, model_->rowCount() - 1);
-    selectRow(row);
-    scrollTo(model_->index(row, Model::dateColumn));
+}
+
+int ReceiptsTable::firstSelectedRow() const {
+    return selectedRows().value(0, -1);
+}
+
+void ReceiptsTable::selectNearest(int row) {
+    if (model()->rowCount() > 0) {
+        selectOnly(std::min(row, model()->rowCount() - 1));
+    }
 }
 
 // With the ideal width of a column that only gives way at the moment.
@@ -215,8 +355,8 @@ void ReceiptsTable::focusInEvent(QFocusEvent *event) {
 }
 
 void ReceiptsTable::selectFirstVisibleRow() {
-    if (model_->rowCount() > 0) {
-        selectRow(std::max(0, rowAt(0)));
+    if (model()->rowCount() > 0) {
+        selectOnly(std::max(0, rowAt(0)));
     }
 }
 
@@ -236,15 +376,20 @@ void ReceiptsTable::selectionChanged(const QItemSelection &selected, const QItem
     Q_EMIT selectedReceiptChanged();
 }
 
+void ReceiptsTable::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
+    QTableView::currentChanged(current, previous);
+    scheduleRowActions();
+    Q_EMIT selectedReceiptChanged();
+}
+
 void ReceiptsTable::scheduleRowActions() {
     rowActionsUpdate_.start(0);
 }
 
 // Gives every row on the screen its buttons, and takes those of the rows that have left it.
 void ReceiptsTable::showRowActions() {
-    const int rows = model_->rowCount();
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    const int selectedRow = selected.isEmpty() ? -1 : selected.first().row();
+    const int rows = model()->rowCount();
+    const int current = currentRow();
     const int first = std::max(0, rowAt(0));
     const int lastVisible = rowAt(viewport()->height() - 1);
     const int last = lastVisible < 0 ? rows - 1 : lastVisible;
@@ -256,14 +401,15 @@ void ReceiptsTable::showRowActions() {
         return !isVisible;
     });
     for (int row = first; row <= last; ++row) {
-        const QModelIndex place = model_->index(row, Model::actionsColumn);
+        const QModelIndex place = model()->index(row, Model::actionsColumn);
         auto *buttons = qobject_cast<RowActions *>(indexWidget(place));
         if (buttons == nullptr) {
             buttons = makeRowActions(place);
         }
-        buttons->show(model_->receipt(row), isPhotosExportOn_);
-        buttons->setSelected(row == selectedRow);
-        if (row == selectedRow) {
+        buttons->show(receipt(row), isPhotosExportOn_);
+        buttons->setSelected(selectionModel()->isRowSelected(row));
+        buttons->setTabStops(row == current);
+        if (row == current) {
             buttons->followInTabOrder(this);
         }
     }
@@ -276,11 +422,11 @@ RowActions *ReceiptsTable::makeRowActions(const QModelIndex &place) {
     // Rows move: the buttons stay with the receipt that they were made for.
     const QPersistentModelIndex row(place);
     connect(buttons, &RowActions::revealRequested, this,
-            [this, row] { Q_EMIT revealRequested(model_->receipt(row.row())); });
+            [this, row] { Q_EMIT revealRequested(receipt(row.row())); });
     connect(buttons, &RowActions::addToPhotosRequested, this,
-            [this, row] { Q_EMIT addToPhotosRequested(model_->receipt(row.row())); });
+            [this, row] { Q_EMIT addToPhotosRequested(receipt(row.row())); });
     connect(buttons, &RowActions::retryRequested, this,
-            [this, row] { Q_EMIT retryRequested(model_->receipt(row.row())); });
+            [this, row] { Q_EMIT retryRequested(receipt(row.row())); });
     return buttons;
 }
 

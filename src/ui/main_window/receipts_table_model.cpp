@@ -198,6 +198,9 @@ void ReceiptsTableModel::beginChange(const ReceiptsChange &change) {
         // Qt counts the destination as the row before which the moved one lands.
         beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
         break;
+    case ReceiptsChange::Kind::removed:
+        beginRemoveRows({}, from, to);
+        break;
     case ReceiptsChange::Kind::cleared:
         beginResetModel();
         break;
@@ -206,10 +209,49 @@ void ReceiptsTableModel::beginChange(const ReceiptsChange &change) {
     }
 }
 
+const SearchableReceipt &ReceiptsTableModel::searchable(int row) const {
+    searchables_.resize(store_->receipts().size()); // all of them are empty before the first search
+    auto &prepared = searchables_[row];
+    if (!prepared) {
+        prepared = std::make_unique<const SearchableReceipt>(receipt(row));
+    }
+    return *prepared;
+}
+
+void ReceiptsTableModel::followWithSearchables(const ReceiptsChange &change) {
+    if (searchables_.empty()) {
+        return;
+    }
+    const auto begin = searchables_.begin();
+    switch (change.kind) {
+    case ReceiptsChange::Kind::inserted:
+        searchables_.insert(begin + change.to, nullptr);
+        return;
+    case ReceiptsChange::Kind::removed:
+        searchables_.erase(begin + change.from, begin + change.to + 1);
+        return;
+    case ReceiptsChange::Kind::cleared:
+        searchables_.clear();
+        return;
+    case ReceiptsChange::Kind::moved:
+        searchables_.erase(begin + change.from);
+        searchables_.insert(searchables_.begin() + change.to, nullptr);
+        return;
+    case ReceiptsChange::Kind::updated:
+        searchables_[change.to].reset();
+        return;
+    }
+}
+
+// Before the views hear of it: they search at once.
 void ReceiptsTableModel::endChange(const ReceiptsChange &change) {
+    followWithSearchables(change);
     switch (change.kind) {
     case ReceiptsChange::Kind::inserted:
         endInsertRows();
+        return;
+    case ReceiptsChange::Kind::removed:
+        endRemoveRows();
         return;
     case ReceiptsChange::Kind::cleared:
         endResetModel();

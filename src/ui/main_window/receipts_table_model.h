@@ -1,9 +1,13 @@
 #pragma once
 
 #include "model/receipt_store.h"
+#include "model/searchable_receipt.h"
 #include "text/currency_text.h"
 
 #include <QAbstractTableModel>
+
+#include <memory>
+#include <vector>
 
 namespace fennick {
 
@@ -36,13 +40,20 @@ public:
     // The receipt of a row, as it is now.
     const Receipt &receipt(int row) const { return store_->receipts().at(row); }
 
+    // What a search looks at in a row. Made when it is first asked for and kept until the row changes or
+    // forgetSearchables() is called.
+    const SearchableReceipt &searchable(int row) const;
+    void forgetSearchables() { searchables_.clear(); }
+
 private:
     void beginChange(const ReceiptsChange &change);
     void endChange(const ReceiptsChange &change);
+    void followWithSearchables(const ReceiptsChange &change);
 
     const ReceiptStore *store_;
     mutable AmountFormatter amounts_{
         FractionDigits::ofCurrency}; // which keeps what it needs for each currency
+    mutable std::vector<std::unique_ptr<const SearchableReceipt>> searchables_; // by row, or none at all
 };
 
 } // namespace fennick

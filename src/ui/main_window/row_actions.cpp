@@ -45,6 +45,7 @@ RowActions::RowActions(QWidget *parent)
     layout->addStretch();
     setStyleSheet(focusFrameStyle(u"highlighted-text"_s)); // only a selected row gets the focus
     setSelected(false);
+    setTabStops(false);
     connect(reveal_, &QToolButton::clicked, this, &RowActions::revealRequested);
     connect(addToPhotos_, &QToolButton::clicked, this, &RowActions::addToPhotosRequested);
     connect(retry_, &QToolButton::clicked, this, &RowActions::retryRequested);
@@ -62,8 +63,13 @@ void RowActions::setSelected(bool isSelected) {
     for (const auto &[button, symbol] :
          {std::pair{reveal_, Symbol::reveal}, std::pair{addToPhotos_, Symbol::addToPhotos},
           std::pair{retry_, Symbol::retry}}) {
-        button->setFocusPolicy(isSelected ? Qt::TabFocus : Qt::NoFocus);
         button->setIcon(symbolIcon(symbol, tint));
+    }
+}
+
+void RowActions::setTabStops(bool areTabStops) {
+    for (QToolButton *const button : {reveal_, addToPhotos_, retry_}) {
+        button->setFocusPolicy(areTabStops ? Qt::TabFocus : Qt::NoFocus);
     }
 }
 

@@ -19,9 +19,12 @@ public:
     // Shows the buttons that apply to this receipt. Add to Photos is offered only while Photos export is on.
     void show(const Receipt &receipt, bool isPhotosExportOn);
 
-    // Draws the buttons on the colour of a selected row. Only the buttons of that row are tab stops:
-    // otherwise leaving the table would take too many presses of the Tab key.
+    // Draws the buttons on the colour of a selected row.
     void setSelected(bool isSelected);
+
+    // Only the buttons of the current row are tab stops: otherwise leaving the table would take too many
+    // presses of the Tab key.
+    void setTabStops(bool areTabStops);
 
     // Puts the buttons after `before` in the tab order.
     void followInTabOrder(QWidget *before);

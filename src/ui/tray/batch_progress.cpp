@@ -23,27 +23,43 @@ BatchProgress::BatchProgress(const ReceiptStore *store, QObject *parent)
 void BatchProgress::follow(const ReceiptsChange &change) {
     if (change.kind == ReceiptsChange::Kind::cleared) {
         underWay_.clear();
+    } else if (change.kind == ReceiptsChange::Kind::removed) {
+        underWay_.removeIf([this](const QString &id) { return !store_->hasReceipt(id); });
     } else {
         const Receipt &receipt = store_->receipts().at(change.to);
         if (receipt.status == ReceiptStatus::processing) {
             underWay_.insert(receipt.id);
+            failed_.remove(receipt.id);
         } else if (!underWay_.remove(receipt.id)) {
             return; // a change after its scan
+        } else if (receipt.status == ReceiptStatus::done) {
+            ++scanned_;
         } else {
-            ++(receipt.status == ReceiptStatus::done ? scanned_ : failed_);
+            failed_.insert(receipt.id);
         }
     }
-    if (isUnderWay()) {
+    waitForQuiet();
+    Q_EMIT changed();
+}
+
+void BatchProgress::setMoreToCome(bool isMoreToCome) {
+    if (isMoreToCome_ != isMoreToCome) {
+        isMoreToCome_ = isMoreToCome;
+        waitForQuiet();
+    }
+}
+
+void BatchProgress::waitForQuiet() {
+    if (isUnderWay() || isMoreToCome_) {
         quiet_.stop();
     } else {
         quiet_.start();
     }
-    Q_EMIT changed();
 }
 
 void BatchProgress::end() {
     const int scanned = std::exchange(scanned_, 0);
-    const int failed = std::exchange(failed_, 0);
+    const int failed = static_cast<int>(std::exchange(failed_, {}).size());
     if (scanned + failed > 0) {
         Q_EMIT ended(scanned, failed);
     }

@@ -18,9 +18,12 @@ public:
     explicit BatchProgress(const ReceiptStore *store, QObject *parent = nullptr);
 
     // Of the current batch.
-    int finishedCount() const { return scanned_ + failed_; }
+    int finishedCount() const { return scanned_ + static_cast<int>(failed_.size()); }
     int totalCount() const { return finishedCount() + static_cast<int>(underWay_.size()); }
     bool isUnderWay() const { return !underWay_.isEmpty(); }
+
+    // While more receipts are to be scanned after a pause, the batch does not end.
+    void setMoreToCome(bool isMoreToCome);
 
 Q_SIGNALS:
     void changed();
@@ -28,12 +31,14 @@ Q_SIGNALS:
 
 private:
     void follow(const ReceiptsChange &change);
+    void waitForQuiet();
     void end();
 
     const ReceiptStore *store_;
     QSet<QString> underWay_; // identifiers
     int scanned_ = 0;
-    int failed_ = 0;
+    QSet<QString> failed_; // identifiers: one that is retried in the same batch counts once
+    bool isMoreToCome_ = false;
     QTimer quiet_;
 };
 

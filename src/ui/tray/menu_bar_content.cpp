@@ -17,7 +17,7 @@ MenuBarContent::MenuBarContent(const ReceiptStore *store)
     count_->setObjectName(u"count"_s);
     count_->setEnabled(false);
     count_->setFont(styledFont(font(), TextStyle::caption));
-    addSeparator();
+    endOfReceipts_ = addSeparator();
     QAction *const settings = addAction(tr("Settings…"));
     settings->setObjectName(u"menuSettings"_s);
     connect(settings, &QAction::triggered, this, &MenuBarContent::settingsRequested);

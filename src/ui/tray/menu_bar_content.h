@@ -14,6 +14,9 @@ class MenuBarContent : public QMenu {
 public:
     explicit MenuBarContent(const ReceiptStore *store);
 
+    // Before which entries of the moment find their place.
+    QAction *endOfReceipts() const { return endOfReceipts_; }
+
 Q_SIGNALS:
     void showReceiptsRequested();
     void settingsRequested();
@@ -27,6 +30,7 @@ private:
 
     const ReceiptStore *store_;
     QAction *count_;
+    QAction *endOfReceipts_;
     QAction *quit_;
 };
 

@@ -13,6 +13,19 @@ namespace {
 
 constexpr std::chrono::seconds shortestPause{10};
 
+QString offerText(int receipts) {
+    if (receipts == 0) {
+        return {};
+    }
+    //: "Retry All Failed" is the text of a menu entry.
+    return receipts == 1
+               ? Notices::tr("1 receipt failed for want of a valid API key. It can be retried now, also "
+                             "later with Retry All Failed.")
+               : Notices::tr("%n receipts failed for want of a valid API key. They can be retried "
+                             "now, also later with Retry All Failed.",
+                             nullptr, receipts);
+}
+
 } // namespace
 
 Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
@@ -23,6 +36,7 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
     pause_.setInterval(shortestPause);
     connect(&pause_, &QTimer::timeout, this, &Notices::tell);
     connect(&notifier_, &Notifier::activated, this, &Notices::activated);
+    connect(&notifier_, &Notifier::offerTaken, this, &Notices::retryRequested);
 }
 
 QString Notices::batchText(int scanned, int failed) {
@@ -52,6 +66,11 @@ void Notices::tellFailure(const QString &failure) {
     tellWhenAllowed();
 }
 
+void Notices::offerRetry(int receipts) {
+    retries_ = receipts;
+    tellWhenAllowed();
+}
+
 void Notices::tellWhenAllowed() {
     if (!pause_.isActive()) {
         tell();
@@ -65,11 +84,13 @@ void Notices::tell() {
         failed_ = 0;
     }
     const QString batch = batchText(std::exchange(scanned_, 0), std::exchange(failed_, 0));
-    const QString failure = std::exchange(failure_, {});
-    if (batch.isEmpty() && failure.isEmpty()) {
+    QStringList texts{std::exchange(failure_, {}), offerText(std::exchange(retries_, 0))};
+    const QString offer = texts.last().isEmpty() ? QString() : tr("Retry");
+    texts.removeAll(QString());
+    if (batch.isEmpty() && texts.isEmpty()) {
         return;
     }
-    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, failure);
+    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, texts.join(u'\n'), offer);
     pause_.start();
 }
 

@@ -22,12 +22,18 @@ public:
     void tellBatch(int scanned, int failed);
     void tellFailure(const QString &failure);
 
+    // Offers to retry that many receipts, which failed because there was no valid API key.
+    void offerRetry(int receipts);
+
     // "3 receipts scanned, 1 failed".
     static QString batchText(int scanned, int failed);
 
 Q_SIGNALS:
     // The user clicked a notification.
     void activated();
+
+    // The user takes the offer to retry.
+    void retryRequested();
 
 private:
     void tellWhenAllowed();
@@ -39,6 +45,7 @@ private:
     int scanned_ = 0;
     int failed_ = 0;
     QString failure_;
+    int retries_ = 0; // offered
 };
 
 } // namespace fennick
