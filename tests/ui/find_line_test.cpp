@@ -94,6 +94,7 @@ private Q_SLOTS:
         type(u"hotel"_s);
         Receipt receipt = finishedReceipt(under_.addFile(u"d.pdf"_s));
         receipt.location = u"Hotel Post"_s;
+        receipt.scannedAt = u"2099-01-01T00:00:01Z"_s; // the newest
         under_.store->add(receipt);
         QCOMPARE(shown(), (QStringList{u"d.pdf"_s, u"b.pdf"_s}));
         QCOMPARE(line()->findChild<QLabel *>(u"findCount"_s)->text(), u"2 of 4"_s);
