@@ -19,8 +19,10 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , scanRun_(store, settings, &watchedFolder_, &renaming_, &delivery_, &tasks_)
     , recovery_(store, &archive_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
+    , admission_(store, settings, &archive_, &folderThreads_, &lastError_, &tasks_)
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
     connect(&lastError_, &LastError::changed, this, &AppState::lastErrorChanged);
+    connect(&admission_, &FolderAdmission::admitted, this, &AppState::startWatching);
     connect(store, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
         lastError_.set(tr("The list could not be saved: %1").arg(reason));
     });
@@ -43,6 +45,14 @@ void AppState::startWatchingIfConfigured() {
 
 void AppState::startWatching(const QString &path) {
     intake_.startWatching(path, recovery_.renamedFilesAdopted());
+}
+
+std::unique_ptr<FolderSurvey> AppState::survey(const QString &path) const {
+    return admission_.survey(path);
+}
+
+void AppState::admitFolder(const QString &path, ExistingFiles existing) {
+    admission_.admit(path, existing);
 }
 
 void AppState::copyIntoWatchFolder(const QStringList &paths) {

@@ -4,6 +4,8 @@
 #include "pipeline/archive.h"
 #include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
+#include "pipeline/folder_admission.h"
+#include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
@@ -21,6 +23,7 @@
 #include <QObject>
 
 #include <expected>
+#include <memory>
 #include <optional>
 
 namespace fennick {
@@ -56,6 +59,13 @@ public:
 
     // Watches `path` in place of the present folder and takes in the files that already lie there.
     void startWatching(const QString &path);
+
+    // Looks at a folder before it is watched.
+    [[nodiscard]] std::unique_ptr<FolderSurvey> survey(const QString &path) const;
+
+    // Makes the folder the watched one of the settings and starts watching it. If the files that lie there
+    // are to be ignored, this begins after they were listed, and does not if that cannot be saved.
+    void admitFolder(const QString &path, ExistingFiles existing);
 
     // Copies receipt files from elsewhere into the watched folder, where they are then taken in. Never
     // replaces an existing file and ignores other kinds of files.
@@ -132,6 +142,7 @@ private:
     ScanRun scanRun_;
     Recovery recovery_;
     DroppedFiles droppedFiles_;
+    FolderAdmission admission_;
     Intake intake_;
 };
 

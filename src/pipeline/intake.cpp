@@ -5,6 +5,7 @@
 #include "model/receipt_store.h"
 #include "pipeline/archive.h"
 #include "pipeline/folder_threads.h"
+#include "pipeline/receipt_files.h"
 #include "pipeline/renamed_paths.h"
 #include "pipeline/scan_run.h"
 #include "pipeline/tasks.h"
@@ -13,32 +14,11 @@
 
 #include <QCoroFuture>
 #include <QDir>
-#include <QDirIterator>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QtConcurrent>
 
 namespace fennick {
-
-namespace {
-
-// Supported regular files and links below `folder`, without hidden ones and what lies in hidden folders;
-// links are not followed.
-QStringList existingFiles(const QString &folder) {
-    QStringList paths;
-    QDirIterator entries(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories);
-    while (entries.hasNext()) {
-        const QString path = entries.next();
-        const FileKind kind = kindOfName(path) ? fileStateAt(path).kind : FileKind::missing;
-        if (kind == FileKind::regular || kind == FileKind::link) {
-            paths.append(path);
-        }
-    }
-    paths.sort();
-    return paths;
-}
-
-} // namespace
 
 Intake::Intake(ReceiptStore *store, WatchedFolder *watchedFolder, const RenamedPaths *renamedPaths,
                const Archive *archive, const FolderThreads *folderThreads, ScanRun *scanRun, Tasks *tasks)
@@ -101,7 +81,7 @@ QCoro::Task<> Intake::scanExistingFiles(QString folder, QFuture<void> watching, 
     if (!self) {
         co_return;
     }
-    const QStringList paths = co_await QtConcurrent::run(folderThreads_->pool(), existingFiles, folder);
+    const QStringList paths = co_await QtConcurrent::run(folderThreads_->pool(), receiptFilesIn, folder);
     if (self && folder == watchedFolder_->path) {
         takeInLater(paths);
     }
