@@ -448,6 +448,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>No folder selected</source>
         <translation>Kein Ordner ausgewählt</translation>
     </message>
+    <message>
+        <source>This folder is missing. Receipts are read again when it is back.</source>
+        <translation>Dieser Ordner fehlt. Belege werden wieder gelesen, sobald er zurück ist.</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainActions</name>
@@ -591,6 +595,29 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>, </source>
         <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t save %1: %2</source>
+        <extracomment>%1 is a file&apos;s name, %2 the reason.</extracomment>
+        <translation>%1 konnte nicht gespeichert werden: %2</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>The watched folder is missing: %1</source>
+        <translation>Der überwachte Ordner fehlt: %1</translation>
+    </message>
+    <message>
+        <source>Fennick keeps reading in the tray</source>
+        <translation>Fennick liest im Infobereich weiter</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
+        <translation>Zeigen</translation>
     </message>
 </context>
 <context>

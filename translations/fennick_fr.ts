@@ -448,6 +448,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>No folder selected</source>
         <translation>Aucun dossier sélectionné</translation>
     </message>
+    <message>
+        <source>This folder is missing. Receipts are read again when it is back.</source>
+        <translation>Ce dossier est introuvable. Les reçus seront de nouveau lus à son retour.</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainActions</name>
@@ -591,6 +595,29 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>, </source>
         <extracomment>Between &quot;3 receipts scanned&quot; and &quot;1 failed&quot;.</extracomment>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t save %1: %2</source>
+        <extracomment>%1 is a file&apos;s name, %2 the reason.</extracomment>
+        <translation>Impossible d’enregistrer %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>%1 enregistré</translation>
+    </message>
+    <message>
+        <source>The watched folder is missing: %1</source>
+        <translation>Le dossier surveillé est introuvable&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Fennick keeps reading in the tray</source>
+        <translation>Fennick continue de lire depuis la zone de notification</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
+        <translation>Afficher</translation>
     </message>
 </context>
 <context>

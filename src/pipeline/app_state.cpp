@@ -23,6 +23,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
     connect(&lastError_, &LastError::changed, this, &AppState::lastErrorChanged);
     connect(&admission_, &FolderAdmission::admitted, this, &AppState::startWatching);
+    connect(intake_.presence(), &FolderPresence::changed, this, &AppState::watchedFolderMissingChanged);
     connect(store, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
         lastError_.set(tr("The list could not be saved: %1").arg(reason));
     });

@@ -126,6 +126,7 @@ public:
 
 Q_SIGNALS:
     void lastErrorChanged();
+    void watchedFolderMissingChanged(bool isMissing);
 
 private:
     SettingsStore *settings_;

@@ -43,10 +43,19 @@ void Intake::startWatching(const QString &path, const QFuture<void> &ready) {
     }
     watcher_.reset();
     watchedFolder_->path = folder;
-    watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
-        // On the watcher's thread, which reports nothing once this object has been destroyed.
+    // Both on the watcher's thread, which reports nothing once this object has been destroyed.
+    const auto onEvents = [this](const QList<FileEvent> &events) {
         QMetaObject::invokeMethod(this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
-    });
+    };
+    const auto onPresence = [this, folder](bool isThere) {
+        const auto report = [this, folder, isThere] {
+            if (folder == watchedFolder_->path) {
+                presence_.set(isThere);
+            }
+        };
+        QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
+    };
+    watcher_ = std::make_unique<FSEventsWatcher>(folder, onEvents, onPresence);
     const QFuture<void> watching = watcher_->start();
     ScanRun::prepare();
     tasks_->start(scanExistingFiles(folder, watching, ready));

@@ -16,6 +16,7 @@ namespace {
 const QString service = u"org.freedesktop.Notifications"_s;
 const QString serverPath = u"/org/freedesktop/Notifications"_s;
 const QString defaultAction = u"default"_s; // a click on the notice itself
+const QString buttonAction = u"button"_s;
 constexpr int usualTime = -1;
 
 QDBusMessage call(const QString &method) {
@@ -41,11 +42,14 @@ void Notifier::askForCapabilities() {
     });
 }
 
-void Notifier::show(const QString &title, const QString &text) {
+void Notifier::show(const QString &title, const QString &text, const QString &actionText) {
+    QStringList actions{defaultAction, tr("Show Receipts")};
+    if (!actionText.isEmpty()) {
+        actions.append({buttonAction, actionText});
+    }
     QDBusMessage notify = call(u"Notify"_s);
     notify.setArguments({u"Fennick"_s, last_, applicationId, title,
-                         takesMarkup_ ? text.toHtmlEscaped() : text,
-                         QStringList{defaultAction, tr("Show Receipts")},
+                         takesMarkup_ ? text.toHtmlEscaped() : text, actions,
                          QVariantMap{{u"desktop-entry"_s, applicationId}}, usualTime});
     auto *const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(notify), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
@@ -55,9 +59,20 @@ void Notifier::show(const QString &title, const QString &text) {
     });
 }
 
+void Notifier::close() {
+    QDBusMessage closing = call(u"CloseNotification"_s);
+    closing.setArguments({last_});
+    QDBusConnection::sessionBus().asyncCall(closing);
+}
+
 void Notifier::handleAction(uint notice, const QString &action) {
-    if (notice == last_ && action == defaultAction) {
+    if (notice != last_) {
+        return;
+    }
+    if (action == defaultAction) {
         Q_EMIT activated();
+    } else if (action == buttonAction) {
+        Q_EMIT actionChosen();
     }
 }
 

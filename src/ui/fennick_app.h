@@ -50,6 +50,7 @@ private:
     bool mayDiscardTypedFields();
     void terminate();
     void putMainWindowAway();
+    void explainTray();
     void keepReachable();
     void applyMenuBarMode();
 

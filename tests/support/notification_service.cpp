@@ -29,9 +29,9 @@ NotificationService::~NotificationService() {
     QDBusConnection::disconnectFromBus(connectionName);
 }
 
-void NotificationService::click() const {
+void NotificationService::click(const QString &action) const {
     QDBusMessage invoked = QDBusMessage::createSignal(path, service, u"ActionInvoked"_s);
-    invoked.setArguments({static_cast<uint>(notices_.size()), u"default"_s});
+    invoked.setArguments({static_cast<uint>(notices_.size()), action});
     connection_.send(invoked);
 }
 
@@ -43,6 +43,11 @@ bool NotificationService::handleMessage(const QDBusMessage &message, const QDBus
     const QVariantList arguments = message.arguments();
     if (message.member() == u"GetCapabilities") {
         connection.send(message.createReply(QVariant(capabilities_)));
+        return true;
+    }
+    if (message.member() == u"CloseNotification") {
+        ++closed_;
+        connection.send(message.createReply());
         return true;
     }
     if (message.member() != u"Notify" || arguments.size() != 8) {

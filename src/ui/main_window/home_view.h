@@ -24,6 +24,9 @@ public:
 
     ReceiptsTable *table() const { return table_; }
 
+    // Whether the watched folder is missing.
+    void showFolderMissing(bool isMissing);
+
 Q_SIGNALS:
     void chooseFolderRequested();
 

@@ -1,6 +1,7 @@
 #include "ui/tray/notices.h"
 
 #include "text/display_text.h"
+#include "text/path_text.h"
 
 #include <chrono>
 #include <utility>
@@ -23,6 +24,7 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
     pause_.setInterval(shortestPause);
     connect(&pause_, &QTimer::timeout, this, &Notices::tell);
     connect(&notifier_, &Notifier::activated, this, &Notices::activated);
+    connect(&notifier_, &Notifier::actionChosen, this, [this] { Q_EMIT showFileRequested(shownFile_); });
 }
 
 QString Notices::batchText(int scanned, int failed) {
@@ -52,24 +54,75 @@ void Notices::tellFailure(const QString &failure) {
     tellWhenAllowed();
 }
 
+void Notices::tellSaved(const QString &path) {
+    savedFile_ = path;
+    tellWhenAllowed();
+}
+
+void Notices::tellNotSaved(const QString &path, const QString &reason) {
+    //: %1 is a file's name, %2 the reason.
+    tellFailure(tr("Couldn't save %1: %2").arg(lastPathComponent(path), reason));
+}
+
+void Notices::tellInTray() {
+    isInTray_ = true;
+    tellWhenAllowed();
+}
+
+void Notices::tellFolderMissing(const QString &folder) {
+    missingFolder_ = folder;
+    tellWhenAllowed();
+}
+
+void Notices::tellFolderFound() {
+    missingFolder_.clear();
+    if (std::exchange(isMissingFolderShown_, false)) {
+        notifier_.close();
+    }
+}
+
+// What is to be told besides a batch.
+QStringList Notices::takeMessages() {
+    QStringList messages;
+    if (!failure_.isEmpty()) {
+        messages.append(std::exchange(failure_, {}));
+    }
+    if (!savedFile_.isEmpty()) {
+        //: %1 is a file's name.
+        messages.append(tr("Saved %1").arg(displayText(lastPathComponent(savedFile_))));
+    }
+    if (!missingFolder_.isEmpty()) {
+        messages.append(tr("The watched folder is missing: %1").arg(displayText(missingFolder_)));
+    }
+    if (std::exchange(isInTray_, false)) {
+        messages.append(tr("Fennick keeps reading in the tray"));
+    }
+    return messages;
+}
+
 void Notices::tellWhenAllowed() {
     if (!pause_.isActive()) {
         tell();
     }
 }
 
-// The failure is reported even while the window is in front, because the window does not show it.
+// The messages are shown even while the window is in front, because the window does not show them.
 void Notices::tell() {
     if (isWindowInFront_()) {
         scanned_ = 0;
         failed_ = 0;
     }
     const QString batch = batchText(std::exchange(scanned_, 0), std::exchange(failed_, 0));
-    const QString failure = std::exchange(failure_, {});
-    if (batch.isEmpty() && failure.isEmpty()) {
+    const QStringList messages = takeMessages();
+    if (batch.isEmpty() && messages.isEmpty()) {
         return;
     }
-    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, failure);
+    shownFile_ = std::exchange(savedFile_, {});
+    isMissingFolderShown_ =
+        !std::exchange(missingFolder_, {}).isEmpty() && batch.isEmpty() && messages.size() == 1;
+    //: A button: shows the file that was saved in the desktop's file manager.
+    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, messages.join(u'\n'),
+                   shownFile_.isEmpty() ? QString() : tr("Show"));
     pause_.start();
 }
 

@@ -10,8 +10,8 @@
 namespace fennick {
 
 // Shows desktop notifications for what the user cannot see in the window: batches that finish while it is
-// out of sight, and failures that no row shows. Never more than one notification in ten seconds; what
-// happens in between is combined. Owned by the shell; main thread.
+// out of sight, failures that no row shows, and what became of an export. Never more than one notification in
+// ten seconds; what happens in between is combined. Owned by the shell; main thread.
 class Notices : public QObject {
     Q_OBJECT
 
@@ -22,14 +22,28 @@ public:
     void tellBatch(int scanned, int failed);
     void tellFailure(const QString &failure);
 
+    // With a button that asks to show the file.
+    void tellSaved(const QString &path);
+    void tellNotSaved(const QString &path, const QString &reason);
+
+    // That the window has gone into the tray, and nothing has ended.
+    void tellInTray();
+
+    // Until it is back: then the notice goes.
+    void tellFolderMissing(const QString &folder);
+    void tellFolderFound();
+
     // "3 receipts scanned, 1 failed".
     static QString batchText(int scanned, int failed);
 
 Q_SIGNALS:
     // The user clicked a notification.
     void activated();
+    // The user wants to see the file of the notice.
+    void showFileRequested(const QString &path);
 
 private:
+    QStringList takeMessages();
     void tellWhenAllowed();
     void tell();
 
@@ -39,6 +53,11 @@ private:
     int scanned_ = 0;
     int failed_ = 0;
     QString failure_;
+    QString savedFile_;
+    QString missingFolder_;
+    bool isInTray_ = false;
+    QString shownFile_;                 // of the notice that was shown last
+    bool isMissingFolderShown_ = false; // by that notice, alone
 };
 
 } // namespace fennick
