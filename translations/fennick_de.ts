@@ -507,6 +507,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::FolderAdmission</name>
+    <message>
+        <source>The folder is not watched, because the list of what is already in it could not be saved: %1</source>
+        <translation>Der Ordner wird nicht überwacht, weil die Liste seines jetzigen Inhalts nicht gespeichert werden konnte: %1</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>
@@ -520,6 +527,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>No folder selected</source>
         <translation>Kein Ordner ausgewählt</translation>
+    </message>
+    <message>
+        <source>This folder is missing. Receipts are read again when it is back.</source>
+        <translation>Dieser Ordner fehlt. Belege werden wieder gelesen, sobald er zurück ist.</translation>
     </message>
 </context>
 <context>
@@ -712,6 +723,29 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Retry</source>
         <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t save %1: %2</source>
+        <extracomment>%1 is a file&apos;s name, %2 the reason.</extracomment>
+        <translation>%1 konnte nicht gespeichert werden: %2</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>The watched folder is missing: %1</source>
+        <translation>Der überwachte Ordner fehlt: %1</translation>
+    </message>
+    <message>
+        <source>Fennick keeps reading in the tray</source>
+        <translation>Fennick liest im Infobereich weiter</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
+        <translation>Zeigen</translation>
     </message>
 </context>
 <context>
@@ -1055,6 +1089,75 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
         <translation>Der Name der Datei ist nicht lesbar. Benennen Sie die Datei um, um sie zu scannen.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::WatchFolderQuestion</name>
+    <message>
+        <source>It holds more than %1 unread PDFs and photos.</source>
+        <extracomment>%1 is a number.</extracomment>
+        <translation>Er enthält mehr als %1 ungelesene PDFs und Fotos.</translation>
+    </message>
+    <message>
+        <source>It holds no unread PDFs or photos at the moment.</source>
+        <translation>Er enthält zurzeit keine ungelesenen PDFs oder Fotos.</translation>
+    </message>
+    <message>
+        <source>It holds 1 unread PDF or photo.</source>
+        <translation>Er enthält 1 ungelesenes PDF oder Foto.</translation>
+    </message>
+    <message numerus="yes">
+        <source>It holds %n unread PDFs and photos.</source>
+        <translation>
+            <numerusform>Er enthält %Ln ungelesenes PDF oder Foto.</numerusform>
+            <numerusform>Er enthält %Ln ungelesene PDFs und Fotos.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Counting its PDFs and photos takes too long.</source>
+        <translation>Seine PDFs und Fotos zu zählen dauert zu lange.</translation>
+    </message>
+    <message numerus="yes">
+        <source>It holds at least %n unread PDFs and photos; counting all of them takes too long.</source>
+        <translation>
+            <numerusform>Er enthält mindestens %Ln ungelesenes PDF oder Foto; alle zu zählen dauert zu lange.</numerusform>
+            <numerusform>Er enthält mindestens %Ln ungelesene PDFs und Fotos; alle zu zählen dauert zu lange.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“Read All” has this computer read and rename each of them, those in sub-folders too. They are sent nowhere.</source>
+        <translation>Mit „Alle lesen“ liest dieser Computer sie alle und benennt sie um, auch die in Unterordnern. Sie werden nirgendwohin gesendet.</translation>
+    </message>
+    <message>
+        <source>“Read All” sends each of them to Google&apos;s Gemini service and renames it, those in sub-folders too.</source>
+        <translation>„Alle lesen“ sendet sie alle an den Dienst Gemini von Google und benennt sie um, auch die in Unterordnern.</translation>
+    </message>
+    <message>
+        <source>“Read All” sends each of them to %1 and renames it, those in sub-folders too.</source>
+        <extracomment>%1 is an address on the Internet.</extracomment>
+        <translation>„Alle lesen“ sendet sie alle an %1 und benennt sie um, auch die in Unterordnern.</translation>
+    </message>
+    <message>
+        <source>Read All</source>
+        <extracomment>Reads every receipt file in the folder; the texts of the question name this button.</extracomment>
+        <translation>Alle lesen</translation>
+    </message>
+    <message>
+        <source>Only New Files</source>
+        <extracomment>Reads only what is added to the folder later; the texts of the question name this button.</extracomment>
+        <translation>Nur neue Dateien</translation>
+    </message>
+    <message>
+        <source>Read everything in “%1”?</source>
+        <translation>Alles in „%1“ lesen?</translation>
+    </message>
+    <message>
+        <source>“Only New Files” leaves those that are there now unread for good. In either case what is added later is read.</source>
+        <translation>„Nur neue Dateien“ lässt die jetzt vorhandenen für immer ungelesen. In beiden Fällen wird gelesen, was später hinzukommt.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -507,6 +507,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::FolderAdmission</name>
+    <message>
+        <source>The folder is not watched, because the list of what is already in it could not be saved: %1</source>
+        <translation>Le dossier n’est pas surveillé, car la liste de son contenu actuel n’a pas pu être enregistrée&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>
@@ -520,6 +527,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>No folder selected</source>
         <translation>Aucun dossier sélectionné</translation>
+    </message>
+    <message>
+        <source>This folder is missing. Receipts are read again when it is back.</source>
+        <translation>Ce dossier est introuvable. Les reçus seront de nouveau lus à son retour.</translation>
     </message>
 </context>
 <context>
@@ -712,6 +723,29 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Retry</source>
         <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t save %1: %2</source>
+        <extracomment>%1 is a file&apos;s name, %2 the reason.</extracomment>
+        <translation>Impossible d’enregistrer %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>%1 enregistré</translation>
+    </message>
+    <message>
+        <source>The watched folder is missing: %1</source>
+        <translation>Le dossier surveillé est introuvable&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Fennick keeps reading in the tray</source>
+        <translation>Fennick continue de lire depuis la zone de notification</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
+        <translation>Afficher</translation>
     </message>
 </context>
 <context>
@@ -1055,6 +1089,75 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>The file&apos;s name cannot be read. Rename the file to scan it.</source>
         <translation>Le nom du fichier est illisible. Renommez-le pour le numériser.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::WatchFolderQuestion</name>
+    <message>
+        <source>It holds more than %1 unread PDFs and photos.</source>
+        <extracomment>%1 is a number.</extracomment>
+        <translation>Il contient plus de %1 PDF et photos non lus.</translation>
+    </message>
+    <message>
+        <source>It holds no unread PDFs or photos at the moment.</source>
+        <translation>Il ne contient pour l’instant ni PDF ni photo non lus.</translation>
+    </message>
+    <message>
+        <source>It holds 1 unread PDF or photo.</source>
+        <translation>Il contient 1 PDF ou photo non lu.</translation>
+    </message>
+    <message numerus="yes">
+        <source>It holds %n unread PDFs and photos.</source>
+        <translation>
+            <numerusform>Il contient %Ln PDF ou photo non lu.</numerusform>
+            <numerusform>Il contient %Ln PDF et photos non lus.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Counting its PDFs and photos takes too long.</source>
+        <translation>Compter ses PDF et photos prend trop de temps.</translation>
+    </message>
+    <message numerus="yes">
+        <source>It holds at least %n unread PDFs and photos; counting all of them takes too long.</source>
+        <translation>
+            <numerusform>Il contient au moins %Ln PDF ou photo non lu&#xa0;; tout compter prend trop de temps.</numerusform>
+            <numerusform>Il contient au moins %Ln PDF et photos non lus&#xa0;; tout compter prend trop de temps.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“Read All” has this computer read and rename each of them, those in sub-folders too. They are sent nowhere.</source>
+        <translation>Avec «&#xa0;Tout lire&#xa0;», cet ordinateur les lit et les renomme tous, y compris dans les sous-dossiers. Rien n’est envoyé.</translation>
+    </message>
+    <message>
+        <source>“Read All” sends each of them to Google&apos;s Gemini service and renames it, those in sub-folders too.</source>
+        <translation>«&#xa0;Tout lire&#xa0;» les envoie tous au service Gemini de Google et les renomme, y compris dans les sous-dossiers.</translation>
+    </message>
+    <message>
+        <source>“Read All” sends each of them to %1 and renames it, those in sub-folders too.</source>
+        <extracomment>%1 is an address on the Internet.</extracomment>
+        <translation>«&#xa0;Tout lire&#xa0;» les envoie tous à %1 et les renomme, y compris dans les sous-dossiers.</translation>
+    </message>
+    <message>
+        <source>Read All</source>
+        <extracomment>Reads every receipt file in the folder; the texts of the question name this button.</extracomment>
+        <translation>Tout lire</translation>
+    </message>
+    <message>
+        <source>Only New Files</source>
+        <extracomment>Reads only what is added to the folder later; the texts of the question name this button.</extracomment>
+        <translation>Nouveaux fichiers seulement</translation>
+    </message>
+    <message>
+        <source>Read everything in “%1”?</source>
+        <translation>Lire tout le contenu de «&#xa0;%1&#xa0;»&#xa0;?</translation>
+    </message>
+    <message>
+        <source>“Only New Files” leaves those that are there now unread for good. In either case what is added later is read.</source>
+        <translation>«&#xa0;Nouveaux fichiers seulement&#xa0;» laisse ceux qui s’y trouvent non lus pour toujours. Dans les deux cas, ce qui s’ajoute plus tard est lu.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>

@@ -14,14 +14,18 @@ QString proposedFileName(Format format) {
     return u"receipts-"_s + isoDateStamp() + u'.' + fileExtension(format);
 }
 
-bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path) {
+std::expected<void, FileProblem> writeLedger(const QList<Receipt> &receipts, Format format,
+                                             const QString &path) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
-        return false;
+        return std::unexpected(FileProblem::ofSystem(file.errorString()));
     }
     const QString ledger = format == Format::csv ? buildCSV(receipts) : buildHTML(receipts);
     const QByteArray content = ledger.toUtf8();
-    return file.write(content) == content.size() && file.commit();
+    if (file.write(content) != content.size() || !file.commit()) {
+        return std::unexpected(FileProblem::ofSystem(file.errorString()));
+    }
+    return {};
 }
 
 } // namespace fennick::ExportService

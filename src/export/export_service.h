@@ -1,10 +1,12 @@
 #pragma once
 
 #include "model/receipt.h"
+#include "platform/file_problem.h"
 
 #include <QList>
 #include <QString>
 
+#include <expected>
 #include <optional>
 
 // Turns receipts into a ledger: comma-separated values for spreadsheets, with everything, or a self-contained
@@ -30,9 +32,10 @@ QString buildTabSeparated(const QList<Receipt> &receipts);
 // currency and the receipts' status.
 QString buildHTML(const QList<Receipt> &receipts);
 
-// Builds the ledger and writes it as UTF-8, complete or not at all. Returns false on failure; an older file
-// at `path` is then unchanged.
-[[nodiscard]] bool writeLedger(const QList<Receipt> &receipts, Format format, const QString &path);
+// Builds the ledger and writes it as UTF-8, complete or not at all. On failure an older file at `path` is
+// unchanged.
+[[nodiscard]] std::expected<void, FileProblem> writeLedger(const QList<Receipt> &receipts, Format format,
+                                                           const QString &path);
 
 // Two decimals, a point, no grouping. Despite its name it trims nothing, so that columns of amounts line up.
 QString trimNumber(double value);

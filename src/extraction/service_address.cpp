@@ -27,6 +27,11 @@ bool isOnDevice(const QString &serviceAddress) {
     return serviceAddress == onDeviceAddress;
 }
 
+QString hostOfService(const QString &serviceAddress) {
+    const QString host = QUrl(serviceAddress).host();
+    return host.isEmpty() ? serviceAddress : host;
+}
+
 std::optional<QUrl> endpointUrl(const QString &serviceAddress, const QString &model, const QString &apiKey) {
     const QUrl address(serviceAddress, QUrl::StrictMode);
     if (!isSchemeHostAndPort(address) || !isSecure(address)) {

@@ -14,6 +14,9 @@ inline const QString onDeviceAddress = QStringLiteral("on-device");
 // is needed.
 bool isOnDevice(const QString &serviceAddress);
 
+// The host of the address, or the address itself if it has none, for display.
+QString hostOfService(const QString &serviceAddress);
+
 // The request's location: model and key go in verbatim. Absent if that is no valid URL, if the address
 // has more than scheme, host and port, or if it is neither https nor a loopback address: the key is part of
 // the URL and must not cross a network unencrypted.

@@ -16,7 +16,9 @@ class FSEventsWatcher {
 public:
     using OnPaths = std::function<void(const QList<FileEvent> &)>;
 
-    FSEventsWatcher(QString path, OnPaths onPaths);
+    using OnPresence = std::function<void(bool isThere)>; // whether the folder is there; called as OnPaths is
+
+    FSEventsWatcher(QString path, OnPaths onPaths, OnPresence onPresence = {});
 
     // Replaces an earlier watch. Changes are reported from the moment the returned future finishes; files
     // that are in the folder by then are not. Without an event source nothing is reported, and that is no
@@ -26,6 +28,7 @@ public:
 private:
     QString path_;
     OnPaths onPaths_;
+    OnPresence onPresence_;
     std::unique_ptr<FileEventStream> stream_;
 };
 

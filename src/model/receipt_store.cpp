@@ -31,6 +31,12 @@ bool ReceiptStore::hasFilePath(const QString &path) const {
     return listedPaths_.contains(path) || ignored_.contains(path);
 }
 
+std::function<bool(const QString &)> ReceiptStore::knownPaths() const {
+    return [listed = listedPaths_, ignored = ignored_](const QString &path) {
+        return listed.contains(path) || ignored.contains(path);
+    };
+}
+
 bool ReceiptStore::hasReceipt(const QString &id) const {
     return rowOf(id) >= 0;
 }
@@ -112,6 +118,18 @@ void ReceiptStore::removeRows(qsizetype first, qsizetype last) {
     receipts_.remove(first, last - first + 1);
     records_.remove(first, last - first + 1);
     Q_EMIT receiptsChanged(change);
+}
+
+std::expected<void, FileProblem> ReceiptStore::ignore(const QStringList &paths) {
+    QSet<QString> ignored = ignored_;
+    for (const QString &path : paths) {
+        ignored.insert(path);
+    }
+    auto saved = ignoredFile_.rewrite(encodePaths(ignored));
+    if (saved) {
+        ignored_ = std::move(ignored);
+    }
+    return saved;
 }
 
 void ReceiptStore::clearAll() {

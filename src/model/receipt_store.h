@@ -7,7 +7,10 @@
 #include <QList>
 #include <QObject>
 #include <QSet>
+#include <QStringList>
 
+#include <expected>
+#include <functional>
 #include <optional>
 
 namespace fennick {
@@ -38,6 +41,9 @@ public:
     // Whether a receipt with exactly this path is listed, or the path is ignored.
     bool hasFilePath(const QString &path) const;
 
+    // hasFilePath as it is now, for any thread.
+    std::function<bool(const QString &path)> knownPaths() const;
+
     // Whether a receipt with this identifier is (still) listed.
     bool hasReceipt(const QString &id) const;
 
@@ -58,6 +64,10 @@ public:
     // Takes the receipts with these identifiers from the list. Their paths are ignored from then on, so their
     // files, which stay where they are, are never scanned again. Ignores what is not listed.
     void remove(const QSet<QString> &ids);
+
+    // Ignores these paths from now on, on disk when it returns. On failure, which is not reported otherwise,
+    // none of them is ignored.
+    [[nodiscard]] std::expected<void, FileProblem> ignore(const QStringList &paths);
 
     // Empties the list. Its paths are ignored from then on, so files that remain are never scanned again.
     void clearAll();

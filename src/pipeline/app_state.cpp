@@ -22,9 +22,12 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
     , recovery_(store, &archive_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
+    , admission_(store, settings, &archive_, &folderThreads_, &lastError_, &tasks_)
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
     connect(&lastError_, &LastError::changed, this, &AppState::lastErrorChanged);
     connect(&scanRun_, &ScanRun::keyRefused, this, &AppState::keyRefused);
+    connect(&admission_, &FolderAdmission::admitted, this, &AppState::startWatching);
+    connect(intake_.presence(), &FolderPresence::changed, this, &AppState::watchedFolderMissingChanged);
     connect(store, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
         lastError_.set(tr("The list could not be saved: %1").arg(reason));
     });
@@ -47,6 +50,14 @@ void AppState::startWatchingIfConfigured() {
 
 void AppState::startWatching(const QString &path) {
     intake_.startWatching(path, recovery_.renamedFilesAdopted());
+}
+
+std::unique_ptr<FolderSurvey> AppState::survey(const QString &path) const {
+    return admission_.survey(path);
+}
+
+void AppState::admitFolder(const QString &path, ExistingFiles existing) {
+    admission_.admit(path, existing);
 }
 
 void AppState::copyIntoWatchFolder(const QStringList &paths) {

@@ -5,6 +5,8 @@
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
+#include "pipeline/folder_admission.h"
+#include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
@@ -23,6 +25,7 @@
 #include <QObject>
 
 #include <expected>
+#include <memory>
 #include <optional>
 
 namespace fennick {
@@ -58,6 +61,13 @@ public:
 
     // Watches `path` in place of the present folder and takes in the files that already lie there.
     void startWatching(const QString &path);
+
+    // Looks at a folder before it is watched.
+    [[nodiscard]] std::unique_ptr<FolderSurvey> survey(const QString &path) const;
+
+    // Makes the folder the watched one of the settings and starts watching it. If the files that lie there
+    // are to be ignored, this begins after they were listed, and does not if that cannot be saved.
+    void admitFolder(const QString &path, ExistingFiles existing);
 
     // Copies receipt files from elsewhere into the watched folder, where they are then taken in. Never
     // replaces an existing file and ignores other kinds of files.
@@ -127,6 +137,7 @@ public:
 
 Q_SIGNALS:
     void lastErrorChanged();
+    void watchedFolderMissingChanged(bool isMissing);
 
     // The service does not take the API key. Emitted for each receipt that fails for it.
     void keyRefused();
@@ -149,6 +160,7 @@ private:
     RetryAll retryAll_;
     Recovery recovery_;
     DroppedFiles droppedFiles_;
+    FolderAdmission admission_;
     Intake intake_;
 };
 

@@ -48,14 +48,12 @@ QString Archive::destinationPath() const {
 }
 
 bool Archive::contains(const QString &path) const {
-    if (path.contains(u"/Receipt Archive/")) {
-        return true;
-    }
+    return places().contains(path);
+}
+
+ArchivePlaces Archive::places() const {
     const QString configured = settings_->archiveFolderPath().value_or(QString());
-    if (configured.isEmpty()) {
-        return false;
-    }
-    return path.startsWith(joinedPath(QDir::cleanPath(configured), QString())); // as root()
+    return {configured.isEmpty() ? QString() : QDir::cleanPath(configured)}; // as root()
 }
 
 void Archive::archiveAndClear(ExportService::Format format) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/export_service.h"
+#include "pipeline/archive_places.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -30,6 +31,9 @@ public:
 
     // Whether the path lies in an archive, where nothing is taken in.
     bool contains(const QString &path) const;
+
+    // Where archives lie now.
+    ArchivePlaces places() const;
 
     // Writes a ledger of the whole list, moves the receipt files, whatever their status, and empties the
     // list.

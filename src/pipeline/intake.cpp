@@ -5,6 +5,7 @@
 #include "model/receipt_store.h"
 #include "pipeline/archive.h"
 #include "pipeline/folder_threads.h"
+#include "pipeline/receipt_files.h"
 #include "pipeline/renamed_paths.h"
 #include "pipeline/scan_run.h"
 #include "pipeline/tasks.h"
@@ -13,32 +14,11 @@
 
 #include <QCoroFuture>
 #include <QDir>
-#include <QDirIterator>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QtConcurrent>
 
 namespace fennick {
-
-namespace {
-
-// Supported regular files and links below `folder`, without hidden ones and what lies in hidden folders;
-// links are not followed.
-QStringList existingFiles(const QString &folder) {
-    QStringList paths;
-    QDirIterator entries(folder, QDir::Files | QDir::System, QDirIterator::Subdirectories);
-    while (entries.hasNext()) {
-        const QString path = entries.next();
-        const FileKind kind = kindOfName(path) ? fileStateAt(path).kind : FileKind::missing;
-        if (kind == FileKind::regular || kind == FileKind::link) {
-            paths.append(path);
-        }
-    }
-    paths.sort();
-    return paths;
-}
-
-} // namespace
 
 Intake::Intake(ReceiptStore *store, WatchedFolder *watchedFolder, const RenamedPaths *renamedPaths,
                const Archive *archive, const FolderThreads *folderThreads, ScanRun *scanRun, Tasks *tasks)
@@ -63,10 +43,19 @@ void Intake::startWatching(const QString &path, const QFuture<void> &ready) {
     }
     watcher_.reset();
     watchedFolder_->path = folder;
-    watcher_ = std::make_unique<FSEventsWatcher>(folder, [this](const QList<FileEvent> &events) {
-        // On the watcher's thread, which reports nothing once this object has been destroyed.
+    // Both on the watcher's thread, which reports nothing once this object has been destroyed.
+    const auto onEvents = [this](const QList<FileEvent> &events) {
         QMetaObject::invokeMethod(this, [this, events] { handleEvents(events); }, Qt::QueuedConnection);
-    });
+    };
+    const auto onPresence = [this, folder](bool isThere) {
+        const auto report = [this, folder, isThere] {
+            if (folder == watchedFolder_->path) {
+                presence_.set(isThere);
+            }
+        };
+        QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
+    };
+    watcher_ = std::make_unique<FSEventsWatcher>(folder, onEvents, onPresence);
     const QFuture<void> watching = watcher_->start();
     ScanRun::prepare();
     tasks_->start(scanExistingFiles(folder, watching, ready));
@@ -101,7 +90,7 @@ QCoro::Task<> Intake::scanExistingFiles(QString folder, QFuture<void> watching, 
     if (!self) {
         co_return;
     }
-    const QStringList paths = co_await QtConcurrent::run(folderThreads_->pool(), existingFiles, folder);
+    const QStringList paths = co_await QtConcurrent::run(folderThreads_->pool(), receiptFilesIn, folder);
     if (self && folder == watchedFolder_->path) {
         takeInLater(paths);
     }

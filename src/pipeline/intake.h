@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pipeline/debounce.h"
+#include "pipeline/folder_presence.h"
 #include "pipeline/stability_watch.h"
 #include "pipeline/unreadable_names.h"
 #include "platform/file_event_stream.h"
@@ -38,6 +39,9 @@ public:
     // `ready` has finished.
     void startWatching(const QString &path, const QFuture<void> &ready);
 
+    // Whether the watched folder is there.
+    const FolderPresence *presence() const { return &presence_; }
+
 private:
     void handleEvents(const QList<FileEvent> &events);
     [[nodiscard]] QCoro::Task<> scanExistingFiles(QString folder, QFuture<void> watching,
@@ -63,6 +67,7 @@ private:
     Debounce debounce_;
     QSet<QString> inFlight_; // paths between admission and the end of their scan run
     StabilityWatch stability_;
+    FolderPresence presence_;
 };
 
 } // namespace fennick

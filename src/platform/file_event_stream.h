@@ -23,17 +23,20 @@ struct FileEvent {
 // the system lost, are reported like changes: a path may be reported twice but is never missed. A watched
 // folder that is missing, or over which another file system is mounted, is awaited and its files are then
 // reported. If the system does not report every change (network file systems, too many folders), the folder
-// is listed at intervals of `relisting`. Construct and destroy it on one thread, which never waits for the
-// folder, because that may be on a network that does not respond. No batch is delivered after destruction.
+// is listed at intervals of `relisting`. Whether the watched folder is there is reported at the start and
+// whenever that changes. Construct and destroy it on one thread, which never waits for the folder, because
+// that may be on a network that does not respond. No batch is delivered after destruction.
 class FileEventStream {
 public:
     using Deliver = std::function<void(const QList<FileEvent> &)>;
+    using TellPresence = std::function<void(bool isThere)>; // called as Deliver is
 
     // `threadName` names the thread to debuggers. Returns null if the system cannot provide the event that
     // ends the thread.
     static std::unique_ptr<FileEventStream> create(const QString &folder, std::chrono::milliseconds latency,
                                                    std::chrono::milliseconds relisting,
-                                                   const QString &threadName, Deliver deliver);
+                                                   const QString &threadName, Deliver deliver,
+                                                   TellPresence tellPresence = {});
     ~FileEventStream();
 
     // Finishes as soon as changes are reported.

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <future>
 #include <optional>
 #include <set>
@@ -48,7 +49,8 @@ constexpr qsizetype threadNameSize = 16;
 // Shared by the stream and its thread, which may outlive the stream.
 class FileEventStream::Worker {
 public:
-    Worker(const QString &folder, milliseconds latency, milliseconds relisting, Deliver deliver)
+    Worker(const QString &folder, milliseconds latency, milliseconds relisting, Deliver deliver,
+           TellPresence tellPresence)
         : root_(QFile::encodeName(folder).toStdString())
         , tree_(QFile::encodeName(folder))
         , path_(root_)
@@ -56,6 +58,7 @@ public:
         , latency_(latency)
         , relisting_(relisting)
         , deliver_(std::move(deliver))
+        , tellPresence_(std::move(tellPresence))
         , stop_(eventfd(0, EFD_CLOEXEC))
         , mounts_(open("/proc/self/mounts", O_RDONLY | O_CLOEXEC)) {
         watching_.start(); // here, so that whoever waits for it finds it under way
@@ -80,6 +83,7 @@ public:
         path_.renew();
         mountPoints_ = mountPointsBelow(root_);
         watching_.finish();
+        tellPresenceIfNew();
         tellEvents();
         ended_.set_value();
     }
@@ -99,10 +103,24 @@ private:
         nextListing_ = Clock::now() + relisting_;
         while (waitForEvents()) {
             const bool hasTakenEvents = takeEvents();
+            tellPresenceIfNew();
             deliverWhenDue();
             if (hasTakenEvents) {
                 letEventsGather();
             }
+        }
+    }
+
+    // A folder may be there and yet not be watched, for want of watches.
+    void tellPresenceIfNew() {
+        std::error_code error;
+        const bool isThere = tree_.isWatchingRoot() || std::filesystem::is_directory(root_, error);
+        if (std::exchange(wasThere_, isThere) == isThere) {
+            return;
+        }
+        const QMutexLocker lock(&delivering_);
+        if (!hasEnded_ && tellPresence_) {
+            tellPresence_(isThere);
         }
     }
 
@@ -219,6 +237,8 @@ private:
     milliseconds latency_;
     milliseconds relisting_;
     Deliver deliver_;
+    TellPresence tellPresence_;
+    std::optional<bool> wasThere_; // as told last
     int stop_;
     int mounts_; // turns readable as an exception when the table of mounted file systems changes
     bool haveMountsChanged_ = false;
@@ -245,8 +265,9 @@ QFuture<void> FileEventStream::watching() const {
 
 std::unique_ptr<FileEventStream> FileEventStream::create(const QString &folder, milliseconds latency,
                                                          milliseconds relisting, const QString &threadName,
-                                                         Deliver deliver) {
-    auto worker = std::make_shared<Worker>(folder, latency, relisting, std::move(deliver));
+                                                         Deliver deliver, TellPresence tellPresence) {
+    auto worker =
+        std::make_shared<Worker>(folder, latency, relisting, std::move(deliver), std::move(tellPresence));
     if (!worker->isUsable()) {
         return nullptr;
     }

@@ -13,12 +13,18 @@ class Notifier : public QObject {
 public:
     explicit Notifier(QObject *parent = nullptr);
 
-    // Both texts are shown literally, without markup. `offer` is the text of a button, if there is one.
-    void show(const QString &title, const QString &text, const QString &offer = {});
+    // The texts are shown literally, without markup. With `actionText` the notice has a button of this name,
+    // if the desktop shows buttons.
+    void show(const QString &title, const QString &text, const QString &actionText = {});
+
+    // Takes back the notice that was shown last.
+    void close();
 
 Q_SIGNALS:
     // The user has clicked the notice.
     void activated();
+    // The user has clicked the button of the notice.
+    void actionChosen();
 
     // The user has clicked its button.
     void offerTaken();

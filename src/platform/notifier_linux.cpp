@@ -16,7 +16,7 @@ namespace {
 const QString service = u"org.freedesktop.Notifications"_s;
 const QString serverPath = u"/org/freedesktop/Notifications"_s;
 const QString defaultAction = u"default"_s; // a click on the notice itself
-const QString offeredAction = u"offer"_s;
+const QString buttonAction = u"button"_s;
 constexpr int usualTime = -1;
 
 QDBusMessage call(const QString &method) {
@@ -42,10 +42,10 @@ void Notifier::askForCapabilities() {
     });
 }
 
-void Notifier::show(const QString &title, const QString &text, const QString &offer) {
+void Notifier::show(const QString &title, const QString &text, const QString &actionText) {
     QStringList actions{defaultAction, tr("Show Receipts")};
-    if (!offer.isEmpty()) {
-        actions += {offeredAction, offer};
+    if (!actionText.isEmpty()) {
+        actions.append({buttonAction, actionText});
     }
     QDBusMessage notify = call(u"Notify"_s);
     notify.setArguments({u"Fennick"_s, last_, applicationId, title,
@@ -59,14 +59,20 @@ void Notifier::show(const QString &title, const QString &text, const QString &of
     });
 }
 
+void Notifier::close() {
+    QDBusMessage closing = call(u"CloseNotification"_s);
+    closing.setArguments({last_});
+    QDBusConnection::sessionBus().asyncCall(closing);
+}
+
 void Notifier::handleAction(uint notice, const QString &action) {
     if (notice != last_) {
         return;
     }
     if (action == defaultAction) {
         Q_EMIT activated();
-    } else if (action == offeredAction) {
-        Q_EMIT offerTaken();
+    } else if (action == buttonAction) {
+        Q_EMIT actionChosen();
     }
 }
 

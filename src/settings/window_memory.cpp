@@ -8,6 +8,7 @@ namespace {
 
 const QString geometryKey = u"geometry"_s;
 const QString columnsKey = u"columns"_s;
+const QString trayExplainedKey = u"trayExplained"_s;
 
 } // namespace
 
@@ -20,6 +21,14 @@ QByteArray WindowMemory::geometry() const {
 
 QByteArray WindowMemory::columns() const {
     return bytes(columnsKey);
+}
+
+bool WindowMemory::isTrayExplained() const {
+    return defaults_.boolean(trayExplainedKey);
+}
+
+void WindowMemory::setTrayExplained() {
+    defaults_.set(trayExplainedKey, true);
 }
 
 void WindowMemory::remember(const QByteArray &geometry, const QByteArray &columns) {

@@ -6,7 +6,8 @@
 
 namespace fennick {
 
-// The size and position of the main window and the widths of the table's columns, kept between starts. They
+// The size and position of the main window, the widths of the table's columns and what was explained to the
+// user, kept between starts. They
 // have a file of their own because they are not preferences. Main thread only.
 class WindowMemory {
 public:
@@ -15,6 +16,10 @@ public:
     // In the toolkit's encoding; empty if nothing is stored.
     QByteArray geometry() const;
     QByteArray columns() const;
+
+    // Whether the user was told once that the window goes into the tray.
+    bool isTrayExplained() const;
+    void setTrayExplained();
 
     void remember(const QByteArray &geometry, const QByteArray &columns);
 

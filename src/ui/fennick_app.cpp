@@ -1,8 +1,10 @@
 #include "ui/fennick_app.h"
 
 #include "platform/activation_policy.h"
+#include "platform/file_manager.h"
 #include "platform/launcher_progress.h"
 #include "platform/tray_watch.h"
+#include "settings/window_memory.h"
 #include "ui/details/details_window.h"
 #include "ui/dialogs/confirmations.h"
 #include "ui/settings/settings_view.h"
@@ -96,7 +98,18 @@ void FennickApp::connectNotices() {
     connect(appState_.retryAll(), &RetryAll::changed, this, &FennickApp::followRetries);
     connect(&appState_, &AppState::lastErrorChanged, &notices_,
             [this] { notices_.tellFailure(appState_.lastError().value_or(QString())); });
+    connect(&appState_, &AppState::watchedFolderMissingChanged, &notices_, [this](bool isMissing) {
+        if (isMissing) {
+            notices_.tellFolderMissing(settings_.watchFolderPath().value_or(QString()));
+        } else {
+            notices_.tellFolderFound();
+        }
+    });
+    connect(&window_, &MainWindow::ledgerSaved, &notices_, &Notices::tellSaved);
+    connect(&window_, &MainWindow::ledgerNotSaved, &notices_, &Notices::tellNotSaved);
     connect(&notices_, &Notices::activated, this, &FennickApp::showMainWindow);
+    connect(&notices_, &Notices::showFileRequested, this,
+            [](const QString &path) { FileManager::reveal(path); });
 }
 
 // Of the receipts under way: in the tray and, where there is such a thing, in the task bar.
@@ -159,10 +172,20 @@ bool FennickApp::mayDiscardTypedFields() {
 void FennickApp::putMainWindowAway() {
     if (QSystemTrayIcon::isSystemTrayAvailable()) {
         window_.hide();
+        explainTray();
     } else {
         setActivationPolicy(window_.windowHandle(), ActivationPolicy::regular);
         window_.showMinimized();
         isPutAway_ = true;
+    }
+}
+
+// Once ever: who closes a window expects the program to end.
+void FennickApp::explainTray() {
+    WindowMemory memory;
+    if (!memory.isTrayExplained()) {
+        memory.setTrayExplained();
+        notices_.tellInTray();
     }
 }
 

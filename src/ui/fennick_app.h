@@ -53,6 +53,7 @@ private:
     bool mayDiscardTypedFields();
     void terminate();
     void putMainWindowAway();
+    void explainTray();
     void keepReachable();
     void applyMenuBarMode();
 

@@ -46,6 +46,25 @@ class ReceiptStoreTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void ignoredPathsAreOnDiskAtOnceAndKnown() {
+        ReceiptStore store;
+        store.add(freshReceipt(u"/w/listed.pdf"_s));
+        const auto before = store.knownPaths();
+        QVERIFY(store.ignore({u"/w/a.pdf"_s, u"/w/b.pdf"_s}));
+        QVERIFY(store.hasFilePath(u"/w/a.pdf"_s));
+        QVERIFY(ReceiptStore().hasFilePath(u"/w/b.pdf"_s));
+        QVERIFY(before(u"/w/listed.pdf"_s));
+        QVERIFY(!before(u"/w/a.pdf"_s)); // it is what was known then
+        QVERIFY(store.knownPaths()(u"/w/a.pdf"_s));
+    }
+
+    void nothingIsIgnoredThatCannotBeSaved() {
+        ReceiptStore store;
+        QDir().mkpath(home_->ignoredFile()); // no file can take its place
+        QVERIFY(!store.ignore({u"/w/a.pdf"_s}));
+        QVERIFY(!store.hasFilePath(u"/w/a.pdf"_s));
+    }
+
     void init() { home_ = std::make_unique<test::TemporaryHome>(); }
 
     void firstStartMakesThePrivateFolderAndNoFile() {

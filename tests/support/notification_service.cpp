@@ -45,6 +45,11 @@ bool NotificationService::handleMessage(const QDBusMessage &message, const QDBus
         connection.send(message.createReply(QVariant(capabilities_)));
         return true;
     }
+    if (message.member() == u"CloseNotification") {
+        ++closed_;
+        connection.send(message.createReply());
+        return true;
+    }
     if (message.member() != u"Notify" || arguments.size() != 8) {
         return false;
     }

@@ -29,6 +29,9 @@ public:
 
     const QList<Notice> &notices() const { return notices_; }
 
+    // How many requests to take a notice back there were.
+    int closed() const { return closed_; }
+
     // As a user's click on the notice that was shown last, or on its button for `action`.
     void click(const QString &action = u"default"_s) const;
 
@@ -39,6 +42,7 @@ private:
     QDBusConnection connection_;
     QStringList capabilities_;
     QList<Notice> notices_;
+    int closed_ = 0;
 };
 
 } // namespace fennick::test

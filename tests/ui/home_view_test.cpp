@@ -83,6 +83,26 @@ private Q_SLOTS:
         QCOMPARE(view.size(), QSize(720, 420));
     }
 
+    void missingFolderIsToldInTheTipOfItsPath() {
+        SettingsStore settings;
+        ReceiptStore store;
+        HomeView view(&store, &settings);
+        view.resize(720, 420);
+        view.show();
+        settings.setWatchFolderPath(u"/home/me/<b>Receipts</b>"_s);
+        const auto *const folder = view.findChild<ElidedLabel *>(u"watchFolder"_s);
+        QVERIFY(waitUntil([folder] { return folder->toolTip().isEmpty(); }));
+        view.showFolderMissing(true);
+        const QString note = u"This folder is missing. Receipts are read again when it is back."_s;
+        QCOMPARE(folder->toolTip(),
+                 u"<span>/home/me/&lt;b&gt;Receipts&lt;/b&gt;</span><br><span>%1</span>"_s.arg(note));
+        QCOMPARE(folder->accessibleDescription(), note);
+        QCOMPARE(folder->text(), u"/home/me/<b>Receipts</b>"_s);
+        view.showFolderMissing(false);
+        QCOMPARE(folder->toolTip(), QString());
+        QCOMPARE(folder->accessibleDescription(), QString());
+    }
+
     void badgeAndAddToPhotosButtonsFollowTheSetting() {
         SettingsStore settings;
         ReceiptStore store;

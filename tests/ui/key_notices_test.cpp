@@ -42,7 +42,7 @@ private Q_SLOTS:
         under_.settings->setServiceAddress(server_.address());
         QVERIFY(waitUntil([this] {
             if (!under_.appState->retryAll()->isUnderWay()) {
-                service_->click(u"offer"_s); // the answer to the notice may still be on its way
+                service_->click(u"button"_s); // the answer to the notice may still be on its way
             }
             return doneReceipts() == 2;
         }));

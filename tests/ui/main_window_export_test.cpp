@@ -4,6 +4,7 @@
 #include "support/test_program.h"
 
 #include <QDir>
+#include <QSignalSpy>
 
 using namespace fennick;
 using namespace fennick::test;
@@ -92,6 +93,26 @@ private Q_SLOTS:
         });
         under_.action(actionName.constData())->trigger();
         QVERIFY(!readFile(target).isEmpty());
+    }
+
+    void endOfAnExportIsTold() {
+        under_.store->add(finishedReceipt(u"/w/a.pdf"_s));
+        const QString target = under_.home.path(u"told.csv"_s);
+        const QSignalSpy saved(under_.window.get(), &MainWindow::ledgerSaved);
+        const QSignalSpy notSaved(under_.window.get(), &MainWindow::ledgerNotSaved);
+        onNextDialog<QFileDialog>([target](QFileDialog *panel) { confirmSaving(panel, target); });
+        under_.action("exportCsv")->trigger();
+        QCOMPARE(saved.size(), 1);
+        QCOMPARE(saved.first().first().toString(), target);
+        QCOMPARE(notSaved.size(), 0);
+
+        const QString impossible = u"/proc/told.csv"_s;
+        onNextDialog<QFileDialog>([impossible](QFileDialog *panel) { confirmSaving(panel, impossible); });
+        under_.action("exportCsv")->trigger();
+        QCOMPARE(notSaved.size(), 1);
+        QCOMPARE(notSaved.first().first().toString(), impossible);
+        QVERIFY(!notSaved.first().last().toString().isEmpty());
+        QCOMPARE(saved.size(), 1);
     }
 
     void ledgerIsTheListAsItWasAtTheClick() {

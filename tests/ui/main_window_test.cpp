@@ -73,7 +73,7 @@ private Q_SLOTS:
             QTest::mouseClick(FolderChooserDriver::button(dialog, QDialogButtonBox::Open), Qt::LeftButton);
         });
         under_.action("chooseFolder")->trigger();
-        QCOMPARE(under_.settings->watchFolderPath(), under_.watched);
+        QVERIFY(waitUntil([this] { return under_.settings->watchFolderPath() == under_.watched; }));
         QVERIFY(waitUntil([this] { return under_.store->receipts().size() == 1; }));
         QVERIFY(
             waitUntil([this] { return under_.store->receipts().first().status == ReceiptStatus::error; }));

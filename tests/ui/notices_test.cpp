@@ -90,6 +90,61 @@ private Q_SLOTS:
         QCOMPARE(service_->notices().first().text, text);
     }
 
+    void savedFileCanBeShown() {
+        isInFront_ = true; // the window shows nothing of it
+        QSignalSpy show(notices_.get(), &Notices::showFileRequested);
+        notices_->tellSaved(u"/home/me/receipts.csv"_s);
+        QVERIFY(waitForNotices(1));
+        QCOMPARE(service_->notices().first().title, u"Fennick"_s);
+        QCOMPARE(service_->notices().first().text, u"Saved receipts.csv"_s);
+        QCOMPARE(service_->notices().first().actions,
+                 (QStringList{u"default"_s, u"Show Receipts"_s, u"button"_s, u"Show"_s}));
+        QVERIFY(waitUntil([&] {
+            service_->click(u"button"_s); // the answer to the notice may still be on its way
+            return !show.isEmpty();
+        }));
+        QCOMPARE(show.first().first().toString(), u"/home/me/receipts.csv"_s);
+    }
+
+    void failedExportIsToldWithItsReason() {
+        notices_->tellNotSaved(u"/home/me/receipts.csv"_s, u"No space left on device"_s);
+        QVERIFY(waitForNotices(1));
+        QCOMPARE(service_->notices().first().text, u"Couldn't save receipts.csv: No space left on device"_s);
+        QCOMPARE(service_->notices().first().actions.size(), 2);
+    }
+
+    void missingFolderIsToldUntilItIsBack() {
+        notices_->tellFolderMissing(u"/home/me/Receipts"_s);
+        QVERIFY(waitForNotices(1));
+        QCOMPARE(service_->notices().first().text, u"The watched folder is missing: /home/me/Receipts"_s);
+        notices_->tellFolderFound();
+        QVERIFY(waitUntil([this] { return service_->closed() == 1; }));
+        notices_->tellFolderFound();
+        letTimePass(100);
+        QCOMPARE(service_->closed(), 1);
+    }
+
+    void folderThatIsBackBeforeItsNoticeIsNotTold() {
+        notices_->tellInTray();
+        notices_->tellFolderMissing(u"/home/me/Receipts"_s);
+        notices_->tellFolderFound();
+        notices_->tellSaved(u"/home/me/receipts.csv"_s);
+        QVERIFY(waitForNotices(2));
+        QCOMPARE(service_->notices().first().text, u"Fennick keeps reading in the tray"_s);
+        QCOMPARE(service_->notices().last().text, u"Saved receipts.csv"_s);
+        QCOMPARE(service_->closed(), 0);
+    }
+
+    void messagesOfAPauseAreOneNotice() {
+        notices_->tellInTray();
+        notices_->tellBatch(2, 0);
+        notices_->tellFailure(u"Photos export failed: no space"_s);
+        notices_->tellSaved(u"/home/me/receipts.csv"_s);
+        QVERIFY(waitForNotices(2));
+        QCOMPARE(service_->notices().last().title, u"2 receipts scanned"_s);
+        QCOMPARE(service_->notices().last().text, u"Photos export failed: no space\nSaved receipts.csv"_s);
+    }
+
     void clickIsPassedOn() {
         QSignalSpy activated(notices_.get(), &Notices::activated);
         notices_->tellBatch(1, 0);
@@ -111,7 +166,7 @@ private Q_SLOTS:
                  "Retry All Failed."_s);
         QCOMPARE(service_->notices().first().actions.last(), u"Retry"_s);
         QVERIFY(waitUntil([&] {
-            service_->click(u"offer"_s);
+            service_->click(u"button"_s);
             return !requested.isEmpty();
         }));
     }

@@ -43,7 +43,7 @@ private Q_SLOTS:
         click(button("watchFolderChoose"));
         QVERIFY(driver.hasRun());
         QCOMPARE(confirmText, u"Watch This Folder"_s);
-        QCOMPARE(settings_->watchFolderPath().value_or(QString()), folder);
+        QVERIFY(waitUntil([&] { return settings_->watchFolderPath() == folder; }));
         QCOMPARE(path("watchFolderPath")->fullText(), folder);
         // What lies there is taken in: without a key, as a failure.
         QVERIFY(waitUntil([this] {

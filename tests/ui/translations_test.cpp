@@ -9,6 +9,7 @@
 #include "ui/dialogs/confirmations.h"
 #include "ui/dialogs/export_panel.h"
 #include "ui/dialogs/folder_chooser.h"
+#include "ui/dialogs/watch_folder_question.h"
 #include "ui/interface_language.h"
 #include "ui/main_window/main_window.h"
 #include "ui/settings/settings_view.h"
@@ -180,7 +181,11 @@ private Q_SLOTS:
                          folder, NewFolders::refused);
         onNextDialog(look);
         exportLedger(&window, {}, ExportService::Format::csv);
-        QCOMPARE(seen.size(), 6);
+        WatchFolderQuestion question(folder, {true, 1234, false}, u"on-device"_s, &window);
+        question.setAttribute(Qt::WA_DeleteOnClose, false);
+        question.open();
+        look(&question);
+        QCOMPARE(seen.size(), 7);
     }
 
     void photosQuestionShowsItsTextsWhole_data() { languages(); }

@@ -1,14 +1,12 @@
 #include "ui/dialogs/confirmations.h"
 
 #include "text/display_text.h"
+#include "ui/dialogs/wide_text.h"
 #include "ui/widgets/symbols.h"
 
 #include <QCoreApplication>
-#include <QGridLayout>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSpacerItem>
 
 #include <functional>
 
@@ -19,19 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int messageSymbolSize = 32;
-constexpr int textWidth = 420; // wide enough for a path
-
-// QMessageBox makes its text as narrow as it can; and its title is no more than a line of the text.
-void widen(QMessageBox *box) {
-    if (auto *const layout = qobject_cast<QGridLayout *>(box->layout())) {
-        layout->addItem(new QSpacerItem(textWidth, 0), layout->rowCount(), 0, 1, layout->columnCount());
-    }
-    if (auto *const title = box->findChild<QLabel *>(u"qt_msgbox_label"_s)) {
-        QFont bold = title->font();
-        bold.setBold(true);
-        title->setFont(bold);
-    }
-}
 
 struct Question {
     QString objectName;
@@ -60,7 +45,7 @@ bool ask(QWidget *parent, const Question &question, const ReceiptStore *list = n
     QPushButton *const cancel =
         box.addButton(QCoreApplication::translate("Confirmations", "Cancel"), QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
-    widen(&box);
+    widenText(&box);
     box.exec();
     return box.clickedButton() == confirm;
 }

@@ -33,8 +33,8 @@ bool mayReplace(QWidget *parent, const QString &path) {
 
 } // namespace
 
-std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
-                                    ExportService::Format format) {
+std::optional<ExportedLedger> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
+                                           ExportService::Format format) {
     const QList<Receipt> listed = receipts; // as they are now, whatever arrives while the panel is open
     const QString extension = ExportService::fileExtension(format);
     QFileDialog panel(parent, QCoreApplication::translate("ExportPanel", "Export Receipts"));
@@ -48,9 +48,7 @@ std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &recei
         const QString chosen = panel.selectedFiles().first();
         const QString path = withExtension(chosen, extension);
         if (path == chosen || !isTaken(path) || mayReplace(parent, path)) {
-            // The caller gets the path even if the ledger cannot be written.
-            std::ignore = ExportService::writeLedger(listed, format, path);
-            return path;
+            return ExportedLedger{path, ExportService::writeLedger(listed, format, path)};
         }
     }
     return std::nullopt;

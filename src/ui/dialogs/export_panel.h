@@ -6,14 +6,21 @@
 #include <QList>
 #include <QWidget>
 
+#include <expected>
 #include <optional>
 
 namespace fennick {
 
+// A file that the user has chosen for a ledger, and whether the ledger could be written to it.
+struct ExportedLedger {
+    QString path;
+    std::expected<void, FileProblem> written;
+};
+
 // Asks with the desktop's save panel for a file and writes the ledger of these receipts to it. The name
-// always ends with the format's extension. Returns the path, even if writing failed; nothing if the user
-// cancels. Blocks until the panel is closed.
-std::optional<QString> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
-                                    ExportService::Format format);
+// always ends with the format's extension. Returns nothing if the user cancels. Blocks until the panel is
+// closed.
+std::optional<ExportedLedger> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
+                                           ExportService::Format format);
 
 } // namespace fennick

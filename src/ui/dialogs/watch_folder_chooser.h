@@ -7,8 +7,8 @@ namespace fennick {
 class AppState;
 class SettingsStore;
 
-// Asks for the folder to watch, starting in the current one. Stores the chosen folder and starts watching it
-// at once.
+// Asks for the folder to watch, starting in the current one. The chosen folder is stored and watched as soon
+// as it was looked at and, if it holds more than was perhaps meant, the user agrees.
 void chooseWatchFolder(QWidget *parent, AppState *appState, SettingsStore *settings);
 
 } // namespace fennick

@@ -126,6 +126,11 @@ void HomeView::showSettings() {
     table_->setPhotosExportOn(settings_->addToPhotos());
 }
 
+void HomeView::showFolderMissing(bool isMissing) {
+    folder_->setNote(isMissing ? tr("This folder is missing. Receipts are read again when it is back.")
+                               : QString());
+}
+
 void HomeView::showList() {
     list_->setCurrentIndex(store_->receipts().isEmpty() ? 0 : 1);
 }

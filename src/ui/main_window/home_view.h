@@ -28,6 +28,9 @@ public:
     // Opens the line in which the user types what to find.
     void find();
 
+    // Whether the watched folder is missing.
+    void showFolderMissing(bool isMissing);
+
 Q_SIGNALS:
     void chooseFolderRequested();
 

@@ -142,16 +142,15 @@ void MainWindow::buildContextMenu() {
 void MainWindow::connectActions() {
     connect(actions_.chooseFolder, &QAction::triggered, this, &MainWindow::chooseFolder);
     connect(home_, &HomeView::chooseFolderRequested, this, &MainWindow::chooseFolder);
-    connect(actions_.exportCsv, &QAction::triggered, this,
-            [this] { exportLedger(this, store_->receipts(), Format::csv); });
-    connect(actions_.exportHtml, &QAction::triggered, this,
-            [this] { exportLedger(this, store_->receipts(), Format::html); });
+    connect(actions_.exportCsv, &QAction::triggered, this, [this] { exportList(Format::csv); });
+    connect(actions_.exportHtml, &QAction::triggered, this, [this] { exportList(Format::html); });
     connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
     connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
     connect(actions_.find, &QAction::triggered, home_, &HomeView::find);
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
+    connect(appState_, &AppState::watchedFolderMissingChanged, home_, &HomeView::showFolderMissing);
     connect(store_, &ReceiptStore::receiptsChanged, this, &MainWindow::enableActions);
     connect(home_->table(), &ReceiptsTable::selectedReceiptChanged, this,
             &MainWindow::selectedReceiptChanged);
@@ -177,6 +176,18 @@ void MainWindow::selectFurther(int rows) {
 
 void MainWindow::chooseFolder() {
     chooseWatchFolder(this, appState_, settings_);
+}
+
+void MainWindow::exportList(Format format) {
+    const auto ledger = exportLedger(this, store_->receipts(), format);
+    if (!ledger) {
+        return;
+    }
+    if (ledger->written) {
+        Q_EMIT ledgerSaved(ledger->path);
+    } else {
+        Q_EMIT ledgerNotSaved(ledger->path, ledger->written.error().description());
+    }
 }
 
 void MainWindow::archive(Format format) {

@@ -37,6 +37,9 @@ Q_SIGNALS:
     void closeRequested();
     // Another receipt is selected, or the selected one has changed.
     void selectedReceiptChanged();
+    // An export has ended.
+    void ledgerSaved(const QString &path);
+    void ledgerNotSaved(const QString &path, const QString &reason);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -54,6 +57,7 @@ private:
     void enableActions();
 
     void chooseFolder();
+    void exportList(ExportService::Format format);
     void archive(ExportService::Format format);
     void clearAll();
     void rememberSize();

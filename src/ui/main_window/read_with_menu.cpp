@@ -6,20 +6,10 @@
 #include "text/display_text.h"
 
 #include <QActionGroup>
-#include <QUrl>
 
 namespace fennick {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString hostOf(const QString &address) {
-    const QString host = QUrl(address).host();
-    return displayText(host.isEmpty() ? address : host);
-}
-
-} // namespace
 
 ReadWithMenu::ReadWithMenu(SettingsStore *settings, QWidget *parent)
     //: The submenu in which one chooses who reads the receipts.
@@ -71,7 +61,7 @@ void ReadWithMenu::showChoice() {
 
 void ReadWithMenu::showOther(const QString &address) {
     otherAddress_ = address;
-    const QString host = hostOf(address);
+    const QString host = displayText(hostOfService(address));
     //: %1 is an address on the Internet.
     const QString tip = tr("Receipts are sent to %1, with your API key.").arg(displayText(address));
     other_->setText(QString(host).replace(u'&', u"&&"_s));

@@ -1,15 +1,21 @@
 #include "ui/main_window/receipt_delegates.h"
 
 #include "ui/main_window/receipts_table_model.h"
+#include "ui/widgets/plain_tool_tip.h"
 #include "ui/widgets/symbols.h"
 #include "ui/widgets/text_style.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDateTime>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTableView>
+#include <QToolTip>
 
 namespace fennick {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,6 +30,22 @@ constexpr int verticalMargin = 6;
 void CellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     option->state &= ~QStyle::State_HasFocus;
+}
+
+bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                             const QModelIndex &index) {
+    const QString wholeText = event->type() == QEvent::ToolTip ? cutOffTextToolTip(option, index) : QString();
+    if (wholeText.isEmpty()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    QToolTip::showText(event->globalPos(), wholeText, view->viewport(), option.rect);
+    return true;
+}
+
+QString CellDelegate::cutOffTextToolTip(const QStyleOptionViewItem &option, const QModelIndex &index) const {
+    const QString text = index.data().toString();
+    const bool fits = QFontMetrics(option.font).horizontalAdvance(text) <= textArea(option).width();
+    return fits ? QString() : plainToolTip(text);
 }
 
 void CellDelegate::paintCellBackground(QPainter *painter, const QStyleOptionViewItem &option,
@@ -80,7 +102,8 @@ void StatusDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(QRectF(option.rect).center());
-    QColor colour = tintColor(Tint::secondary, option.palette);
+    const bool isSelected = option.state & QStyle::State_Selected;
+    QColor colour = isSelected ? textColor(option) : tintColor(Tint::secondary, option.palette);
     const auto step = QDateTime::currentMSecsSinceEpoch() / turnInterval % spokes;
     for (int spoke = 0; spoke < spokes; ++spoke) {
         const auto age = (step - spoke + spokes) % spokes;
@@ -115,6 +138,15 @@ void SummaryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
                       QFontMetrics(small).elidedText(index.data(ReceiptsTableModel::fileNameRole).toString(),
                                                      Qt::ElideRight, area.width()));
     painter->restore();
+}
+
+// Both lines. A file name that alone is cut off is the cell's usual tool tip.
+QString SummaryDelegate::cutOffTextToolTip(const QStyleOptionViewItem &option,
+                                           const QModelIndex &index) const {
+    const QString summary = CellDelegate::cutOffTextToolTip(option, index);
+    return summary.isEmpty()
+               ? QString()
+               : summary + u"<br>"_s + plainToolTip(index.data(ReceiptsTableModel::fileNameRole).toString());
 }
 
 int SummaryDelegate::rowHeight(const QFont &font) {

@@ -5,14 +5,21 @@
 
 namespace fennick {
 
-// A text cell. The table focuses whole rows, so cells do not show a focus of their own.
+// A text cell; if its text is cut off, the tool tip shows it whole. The table focuses whole rows, so cells do
+// not show a focus of their own.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
+
 protected:
+    // The tool tip of a cell whose text is cut off; empty if it is not.
+    virtual QString cutOffTextToolTip(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
     // For cells that draw their text themselves, with the style's position and colour.
@@ -61,6 +68,9 @@ public:
 
     // The height of both lines and the space between them in this font.
     static int rowHeight(const QFont &font);
+
+protected:
+    QString cutOffTextToolTip(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 };
 
 } // namespace fennick

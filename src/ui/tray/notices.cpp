@@ -1,6 +1,7 @@
 #include "ui/tray/notices.h"
 
 #include "text/display_text.h"
+#include "text/path_text.h"
 
 #include <chrono>
 #include <utility>
@@ -14,9 +15,6 @@ namespace {
 constexpr std::chrono::seconds shortestPause{10};
 
 QString offerText(int receipts) {
-    if (receipts == 0) {
-        return {};
-    }
     //: "Retry All Failed" is the text of a menu entry.
     return receipts == 1
                ? Notices::tr("1 receipt failed for want of a valid API key. It can be retried now, also "
@@ -36,7 +34,13 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
     pause_.setInterval(shortestPause);
     connect(&pause_, &QTimer::timeout, this, &Notices::tell);
     connect(&notifier_, &Notifier::activated, this, &Notices::activated);
-    connect(&notifier_, &Notifier::offerTaken, this, &Notices::retryRequested);
+    connect(&notifier_, &Notifier::actionChosen, this, [this] {
+        if (shownFile_.isEmpty()) {
+            Q_EMIT retryRequested();
+        } else {
+            Q_EMIT showFileRequested(shownFile_);
+        }
+    });
 }
 
 QString Notices::batchText(int scanned, int failed) {
@@ -71,26 +75,79 @@ void Notices::offerRetry(int receipts) {
     tellWhenAllowed();
 }
 
+void Notices::tellSaved(const QString &path) {
+    savedFile_ = path;
+    tellWhenAllowed();
+}
+
+void Notices::tellNotSaved(const QString &path, const QString &reason) {
+    //: %1 is a file's name, %2 the reason.
+    tellFailure(tr("Couldn't save %1: %2").arg(lastPathComponent(path), reason));
+}
+
+void Notices::tellInTray() {
+    isInTray_ = true;
+    tellWhenAllowed();
+}
+
+void Notices::tellFolderMissing(const QString &folder) {
+    missingFolder_ = folder;
+    tellWhenAllowed();
+}
+
+void Notices::tellFolderFound() {
+    missingFolder_.clear();
+    if (std::exchange(isMissingFolderShown_, false)) {
+        notifier_.close();
+    }
+}
+
+// What is to be told besides a batch.
+QStringList Notices::takeMessages() {
+    QStringList messages;
+    if (!failure_.isEmpty()) {
+        messages.append(std::exchange(failure_, {}));
+    }
+    if (!savedFile_.isEmpty()) {
+        //: %1 is a file's name.
+        messages.append(tr("Saved %1").arg(displayText(lastPathComponent(savedFile_))));
+    }
+    if (!missingFolder_.isEmpty()) {
+        messages.append(tr("The watched folder is missing: %1").arg(displayText(missingFolder_)));
+    }
+    if (std::exchange(isInTray_, false)) {
+        messages.append(tr("Fennick keeps reading in the tray"));
+    }
+    if (retries_ > 0) {
+        messages.append(offerText(retries_));
+    }
+    return messages;
+}
+
 void Notices::tellWhenAllowed() {
     if (!pause_.isActive()) {
         tell();
     }
 }
 
-// The failure is reported even while the window is in front, because the window does not show it.
+// The messages are shown even while the window is in front, because the window does not show them.
 void Notices::tell() {
     if (isWindowInFront_()) {
         scanned_ = 0;
         failed_ = 0;
     }
     const QString batch = batchText(std::exchange(scanned_, 0), std::exchange(failed_, 0));
-    QStringList texts{std::exchange(failure_, {}), offerText(std::exchange(retries_, 0))};
-    const QString offer = texts.last().isEmpty() ? QString() : tr("Retry");
-    texts.removeAll(QString());
-    if (batch.isEmpty() && texts.isEmpty()) {
+    const QStringList messages = takeMessages();
+    if (batch.isEmpty() && messages.isEmpty()) {
         return;
     }
-    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, texts.join(u'\n'), offer);
+    shownFile_ = std::exchange(savedFile_, {});
+    isMissingFolderShown_ =
+        !std::exchange(missingFolder_, {}).isEmpty() && batch.isEmpty() && messages.size() == 1;
+    const bool isRetryOffered = std::exchange(retries_, 0) > 0;
+    //: A button: shows the file that was saved in the desktop's file manager.
+    const QString button = !shownFile_.isEmpty() ? tr("Show") : (isRetryOffered ? tr("Retry") : QString());
+    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, messages.join(u'\n'), button);
     pause_.start();
 }
 

@@ -10,8 +10,8 @@
 namespace fennick {
 
 // Shows desktop notifications for what the user cannot see in the window: batches that finish while it is
-// out of sight, and failures that no row shows. Never more than one notification in ten seconds; what
-// happens in between is combined. Owned by the shell; main thread.
+// out of sight, failures that no row shows, and what became of an export. Never more than one notification in
+// ten seconds; what happens in between is combined. Owned by the shell; main thread.
 class Notices : public QObject {
     Q_OBJECT
 
@@ -24,6 +24,16 @@ public:
 
     // Offers to retry that many receipts, which failed because there was no valid API key.
     void offerRetry(int receipts);
+    // With a button that asks to show the file.
+    void tellSaved(const QString &path);
+    void tellNotSaved(const QString &path, const QString &reason);
+
+    // That the window has gone into the tray, and nothing has ended.
+    void tellInTray();
+
+    // Until it is back: then the notice goes.
+    void tellFolderMissing(const QString &folder);
+    void tellFolderFound();
 
     // "3 receipts scanned, 1 failed".
     static QString batchText(int scanned, int failed);
@@ -31,11 +41,14 @@ public:
 Q_SIGNALS:
     // The user clicked a notification.
     void activated();
+    // The user wants to see the file of the notice.
+    void showFileRequested(const QString &path);
 
     // The user takes the offer to retry.
     void retryRequested();
 
 private:
+    QStringList takeMessages();
     void tellWhenAllowed();
     void tell();
 
@@ -46,6 +59,11 @@ private:
     int failed_ = 0;
     QString failure_;
     int retries_ = 0; // offered
+    QString savedFile_;
+    QString missingFolder_;
+    bool isInTray_ = false;
+    QString shownFile_;                 // of the notice that was shown last
+    bool isMissingFolderShown_ = false; // by that notice, alone
 };
 
 } // namespace fennick

@@ -22,6 +22,12 @@ void ElidedLabel::showValue(const QString &text, bool isSet) {
     elide();
 }
 
+void ElidedLabel::setNote(const QString &note) {
+    note_ = note;
+    setAccessibleDescription(note);
+    elide();
+}
+
 QSize ElidedLabel::minimumSizeHint() const {
     return {fontMetrics().horizontalAdvance(u'x') * 8, QLabel::minimumSizeHint().height()};
 }
@@ -48,7 +54,14 @@ void ElidedLabel::changeEvent(QEvent *event) {
 void ElidedLabel::elide() {
     const QString shown = fontMetrics().elidedText(fullText_, Qt::ElideMiddle, width());
     setText(shown);
-    setToolTip(shown == fullText_ ? QString() : plainToolTip(fullText_));
+    QStringList lines;
+    if (shown != fullText_ || !note_.isEmpty()) {
+        lines.append(plainToolTip(fullText_));
+    }
+    if (!note_.isEmpty()) {
+        lines.append(plainToolTip(note_));
+    }
+    setToolTip(lines.join(u"<br>"));
 }
 
 void ElidedLabel::applyTint() {

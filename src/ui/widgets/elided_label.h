@@ -5,7 +5,7 @@
 namespace fennick {
 
 // One line of plain text, elided in the middle if it does not fit, so that the start and the end of a path
-// stay visible. The tool tip then shows the whole text.
+// stay visible. The tool tip then shows the whole text, and a note if there is one.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -14,6 +14,9 @@ public:
 
     // Shows `text` in the tint for values that are set or missing.
     void showValue(const QString &text, bool isSet);
+
+    // What the tool tip and assistive tools tell besides; empty for nothing.
+    void setNote(const QString &note);
 
     const QString &fullText() const { return fullText_; }
 
@@ -29,6 +32,7 @@ private:
     void applyTint();
 
     QString fullText_;
+    QString note_;
     bool isSet_ = false;
 };
 
