@@ -7,6 +7,7 @@
 #include "pipeline/folder_admission.h"
 #include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
+#include "pipeline/former_archives.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
 #include "pipeline/photos_delivery.h"
@@ -135,6 +136,7 @@ private:
     FolderThreads folderThreads_;
     WatchedFolder watchedFolder_;
     RenamedPaths renamedPaths_;
+    FormerArchives formerArchives_;
     Archive archive_;
     ReceiptRenaming renaming_;
     Correction correction_;
