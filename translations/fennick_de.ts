@@ -514,6 +514,13 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::FormerArchives</name>
+    <message>
+        <source>The former archive folder could not be remembered: %1</source>
+        <translation>Der frühere Archivordner konnte nicht vermerkt werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>

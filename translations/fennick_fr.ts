@@ -514,6 +514,13 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::FormerArchives</name>
+    <message>
+        <source>The former archive folder could not be remembered: %1</source>
+        <translation>L’ancien dossier d’archives n’a pas pu être mémorisé&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>fennick::HomeView</name>
     <message>
         <source>Photos export on</source>

@@ -8,6 +8,7 @@
 #include "pipeline/folder_admission.h"
 #include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
+#include "pipeline/former_archives.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
 #include "pipeline/photos_delivery.h"
@@ -150,6 +151,7 @@ private:
     FolderThreads folderThreads_;
     WatchedFolder watchedFolder_;
     RenamedPaths renamedPaths_;
+    FormerArchives formerArchives_;
     Archive archive_;
     ReceiptRenaming renaming_;
     CorrectedReceipts corrected_;

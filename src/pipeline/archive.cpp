@@ -3,6 +3,7 @@
 #include "extraction/gemini_error.h"
 #include "model/receipt_store.h"
 #include "pipeline/archive_journal.h"
+#include "pipeline/former_archives.h"
 #include "pipeline/last_error.h"
 #include "platform/file_operations.h"
 #include "platform/file_system_answer.h"
@@ -26,9 +27,11 @@ const QString defaultArchiveName = u"Receipt Archive"_s;
 
 } // namespace
 
-Archive::Archive(ReceiptStore *store, SettingsStore *settings, LastError *lastError)
+Archive::Archive(ReceiptStore *store, SettingsStore *settings, FormerArchives *formerArchives,
+                 LastError *lastError)
     : store_(store)
     , settings_(settings)
+    , formerArchives_(formerArchives)
     , lastError_(lastError) {}
 
 std::optional<QString> Archive::root() const {
@@ -53,7 +56,8 @@ bool Archive::contains(const QString &path) const {
 
 ArchivePlaces Archive::places() const {
     const QString configured = settings_->archiveFolderPath().value_or(QString());
-    return {configured.isEmpty() ? QString() : QDir::cleanPath(configured)}; // as root()
+    return {configured.isEmpty() ? QString() : QDir::cleanPath(configured), // as root()
+            formerArchives_->folders()};
 }
 
 void Archive::archiveAndClear(ExportService::Format format) {
@@ -77,6 +81,7 @@ void Archive::archiveAndClear(ExportService::Format format) {
         lastError_->set(tr("Couldn't create archive folder: %1").arg(made.error().description()));
         return;
     }
+    formerArchives_->remember(settings_->archiveFolderPath().value_or(QString())); // once it is former
     const PendingArchive archive{
         freePath(folder, u"receipts-"_s + stamp, ExportService::fileExtension(format)), format};
     ArchiveJournal journal;

@@ -10,6 +10,7 @@
 
 namespace fennick {
 
+class FormerArchives;
 class LastError;
 class ReceiptStore;
 class SettingsStore;
@@ -21,7 +22,8 @@ class Archive {
     Q_DECLARE_TR_FUNCTIONS(fennick::Archive)
 
 public:
-    Archive(ReceiptStore *store, SettingsStore *settings, LastError *lastError);
+    Archive(ReceiptStore *store, SettingsStore *settings, FormerArchives *formerArchives,
+            LastError *lastError);
 
     // The folder of the settings, or "Receipt Archive" in the watched folder; absent without either.
     [[nodiscard]] std::optional<QString> root() const;
@@ -51,6 +53,7 @@ private:
 
     ReceiptStore *store_;
     SettingsStore *settings_;
+    FormerArchives *formerArchives_;
     LastError *lastError_;
 };
 

@@ -1,5 +1,9 @@
 #include "pipeline/folder_threads.h"
 
+#include "platform/regular_file.h"
+
+#include <QtConcurrent>
+
 #include <tuple>
 
 namespace fennick {
@@ -16,6 +20,10 @@ constexpr int patienceAtEnd = 2000; // milliseconds
 FolderThreads::FolderThreads()
     : pool_(std::make_unique<QThreadPool>()) {
     pool_->setMaxThreadCount(mostFolderThreads);
+}
+
+QFuture<void> FolderThreads::answer(const QString &path) const {
+    return QtConcurrent::run(pool_.get(), [path] { std::ignore = fileStateAt(path); });
 }
 
 void FolderThreads::end() {

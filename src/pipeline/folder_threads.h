@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFuture>
+#include <QString>
 #include <QThreadPool>
 
 #include <memory>
@@ -13,6 +15,9 @@ public:
     FolderThreads();
 
     QThreadPool *pool() const { return pool_.get(); }
+
+    // To be awaited before the main thread looks at a file: suspends until the file system answers.
+    [[nodiscard]] QFuture<void> answer(const QString &path) const;
 
     // Waits two seconds and abandons the threads that are still blocked. Nothing may be run afterwards.
     void end();

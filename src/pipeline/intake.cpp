@@ -29,7 +29,8 @@ Intake::Intake(ReceiptStore *store, WatchedFolder *watchedFolder, const RenamedP
     , folderThreads_(folderThreads)
     , scanRun_(scanRun)
     , tasks_(tasks)
-    , unreadableNames_(store, archive, folderThreads, tasks) {
+    , unreadableNames_(store, archive, folderThreads, tasks)
+    , stability_(folderThreads) {
     connect(&debounce_, &Debounce::elapsed, this,
             [this](const QString &path) { tasks_->start(processFile(path)); });
 }
@@ -115,6 +116,10 @@ QCoro::Task<> Intake::takeInOneAfterTheOther() {
     });
     while (self && !listedFiles_.isEmpty()) {
         const QString path = listedFiles_.takeFirst();
+        co_await folderThreads_->answer(path);
+        if (!self) {
+            co_return;
+        }
         const FileKind kind = store_->hasFilePath(path) ? FileKind::missing : fileStateAt(path).kind;
         if (kind == FileKind::regular || kind == FileKind::link) {
             co_await tasks_->reportFailureOf(processFile(path)); // the others are taken in all the same
@@ -142,7 +147,11 @@ QCoro::Task<> Intake::processFile(QString path) {
         co_return;
     }
     inFlight_.insert(path);
-    co_await takeInWhenStable(path, StabilityWatch::read(path));
+    const QPointer<Intake> self(this);
+    co_await folderThreads_->answer(path);
+    if (self) {
+        co_await takeInWhenStable(path, StabilityWatch::read(path));
+    }
 }
 
 QCoro::Task<> Intake::takeInWhenStable(QString path, StabilityWatch::Reading reading) {

@@ -1,5 +1,8 @@
 #include "pipeline/stability_watch.h"
 
+#include "pipeline/folder_threads.h"
+
+#include <QCoroFuture>
 #include <QCoroTimer>
 #include <QPointer>
 #include <QTimer>
@@ -40,6 +43,10 @@ QCoro::Task<std::optional<FileState>> StabilityWatch::wait(QString path, Reading
     readings_[path] = reading;
     const QPointer<StabilityWatch> self(this);
     co_await sleepUntil(reading.at + stabilityInterval);
+    if (!self) {
+        co_return FileState();
+    }
+    co_await folderThreads_->answer(path);
     if (!self) {
         co_return FileState();
     }

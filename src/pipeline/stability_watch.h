@@ -12,6 +12,8 @@
 
 namespace fennick {
 
+class FolderThreads;
+
 // Watches files until they have stayed the same for 0.5 s, so that none is read while it is being written.
 // Owned by the intake; main thread.
 class StabilityWatch : public QObject {
@@ -22,6 +24,9 @@ public:
         FileState state;
         std::chrono::steady_clock::time_point at;
     };
+
+    explicit StabilityWatch(const FolderThreads *folderThreads)
+        : folderThreads_(folderThreads) {}
 
     static Reading read(const QString &path);
 
@@ -38,6 +43,7 @@ public:
     [[nodiscard]] QCoro::Task<std::optional<FileState>> wait(QString path, Reading reading);
 
 private:
+    const FolderThreads *folderThreads_;
     QHash<QString, Reading> readings_;
 };
 
