@@ -57,8 +57,7 @@ private Q_SLOTS:
         surroundings_->session.program.start(loggingEnvironment());
         QVERIFY(hasSent("get_toplevel", 1));
         QVERIFY(hasKeyboard());
-        QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(compositorTitle), u"ctrl+w"_s));
-        QVERIFY2(hasSent("set_minimized", 1), log_.right(3000).constData());
+        QVERIFY2(isMinimisedByTheKey(), log_.right(3000).constData());
         FennickProgram second;
         second.start(environment());
         QVERIFY2(second.endsWithSuccess(), second.takeOutput().constData());
@@ -93,11 +92,28 @@ private:
     }
 
     // Waits until the program has sent the message at least `count` times.
-    bool hasSent(const QByteArray &message, qsizetype count) {
-        return surroundings_->session.waitFor([&] {
-            log_ += surroundings_->session.program.takeOutput();
-            return log_.count('.' + message + '(') >= count;
-        });
+    bool hasSent(const QByteArray &message, qsizetype count, int milliseconds = patience) {
+        return surroundings_->session.waitFor(
+            [&] {
+                log_ += surroundings_->session.program.takeOutput();
+                return log_.count('.' + message + '(') >= count;
+            },
+            milliseconds);
+    }
+
+    // The nested compositor now and then loses a key that comes while it gets the focus of the outer one: as
+    // a person does, it is pressed again.
+    bool isMinimisedByTheKey() {
+        constexpr int pressesAtMost = 20;
+        for (int press = 0; press < pressesAtMost; ++press) {
+            if (!VirtualDesktop::press(*VirtualDesktop::window(compositorTitle), u"ctrl+w"_s)) {
+                return false;
+            }
+            if (hasSent("set_minimized", 1, patience / pressesAtMost)) {
+                return true;
+            }
+        }
+        return false;
     }
 
     // Waits until the keys pressed go to the program: some time after its window is on the screen.
