@@ -2,6 +2,8 @@
 
 #include "purchase_sums.h"
 
+#include <QTimeZone>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -60,7 +62,7 @@ QDateTime momentAt(const Trade &trade, const Customs &customs, SeededRandom &ran
     const QDate last = until.isValid() ? until : QDate(2026, 6, 30);
     const QDate date = first.addDays(random.below(static_cast<int>(first.daysTo(last))));
     return {date, QTime(random.between(trade.opens, trade.closes), random.below(60), random.below(60)),
-            Qt::UTC};
+            QTimeZone::utc()};
 }
 
 double unitsOf(int digits) {

@@ -1,3 +1,4 @@
+#include "settings/settings_store.h"
 #include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/receipts.h"

@@ -1,5 +1,6 @@
 #include "clipped_texts.h"
 #include "platform/photo_permission.h"
+#include "settings/settings_store.h"
 #include "support/conditions.h"
 #include "support/private_session.h"
 #include "support/receipts.h"
