@@ -37,7 +37,7 @@ using ScanError = std::variant<GeminiError, TransportError>;
 // Whether the service wants fewer requests.
 [[nodiscard]] bool isTooManyRequests(const ScanError &error);
 
-// Whether this text, as it is stored, says that the service does not take the API key.
+// Whether this stored error means that the service refuses the API key.
 [[nodiscard]] bool isKeyRefusal(const QString &stored);
 
 // Stored with a number of megabytes, and with a reason.

@@ -238,7 +238,7 @@ private:
     milliseconds relisting_;
     Deliver deliver_;
     TellPresence tellPresence_;
-    std::optional<bool> wasThere_; // as told last
+    std::optional<bool> wasThere_; // as last reported
     int stop_;
     int mounts_; // turns readable as an exception when the table of mounted file systems changes
     bool haveMountsChanged_ = false;

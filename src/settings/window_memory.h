@@ -17,7 +17,7 @@ public:
     QByteArray geometry() const;
     QByteArray columns() const;
 
-    // Whether the user was told once that the window goes into the tray.
+    // Whether a notice has explained that the closed window stays in the tray.
     bool isTrayExplained() const;
     void setTrayExplained();
 

@@ -12,7 +12,7 @@ FoundReceipts::FoundReceipts(const ReceiptsTableModel *receipts, QAbstractProxyM
     setSourceModel(ordered);
 }
 
-// Tells of one new layout. invalidateFilter() would tell of each run of rows that comes or goes, and views
+// Reports one new layout. invalidateFilter() would report each run of rows that comes or goes, and views
 // take a time for each of them that grows with the list.
 void FoundReceipts::setQuery(const ReceiptQuery &query) {
     query_ = query;

@@ -8,7 +8,7 @@ class AppState;
 class Notices;
 class SettingsStore;
 
-// Tells once, not for each receipt, that the service does not take the API key, and offers to retry what
+// Reports once, not for each receipt, that the service refuses the API key, and offers to retry what
 // failed for want of a key once one is saved. Owned by the shell; main thread.
 class KeyNotices : public QObject {
     Q_OBJECT

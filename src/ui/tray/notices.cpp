@@ -102,7 +102,7 @@ void Notices::tellFolderFound() {
     }
 }
 
-// What is to be told besides a batch.
+// Everything to report besides a batch.
 QStringList Notices::takeMessages() {
     QStringList messages;
     if (!failure_.isEmpty()) {

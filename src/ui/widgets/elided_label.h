@@ -15,7 +15,7 @@ public:
     // Shows `text` in the tint for values that are set or missing.
     void showValue(const QString &text, bool isSet);
 
-    // What the tool tip and assistive tools tell besides; empty for nothing.
+    // Further text for the tool tip and assistive tools; empty for none.
     void setNote(const QString &note);
 
     const QString &fullText() const { return fullText_; }
