@@ -1,6 +1,7 @@
 #include "pipeline/folder_threads.h"
 
 #include "platform/regular_file.h"
+#include "text/path_text.h"
 
 #include <QtConcurrent>
 
@@ -23,7 +24,12 @@ FolderThreads::FolderThreads()
 }
 
 QFuture<void> FolderThreads::answer(const QString &path) const {
-    return QtConcurrent::run(pool_.get(), [path] { std::ignore = fileStateAt(path); });
+    asked_.removeIf([](const auto &asked) { return asked.value().isFinished(); });
+    QFuture<void> &answer = asked_[parentFolder(path)];
+    if (!answer.isValid()) {
+        answer = QtConcurrent::run(pool_.get(), [path] { std::ignore = fileStateAt(path); });
+    }
+    return answer;
 }
 
 void FolderThreads::end() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFuture>
+#include <QHash>
 #include <QString>
 #include <QThreadPool>
 
@@ -16,7 +17,8 @@ public:
 
     QThreadPool *pool() const { return pool_.get(); }
 
-    // To be awaited before the main thread looks at a file: suspends until the file system answers.
+    // To be awaited before the main thread looks at a file: finishes when the file system answers. One thread
+    // asks for all files of a folder, so that a dead one does not take all threads. Main thread.
     [[nodiscard]] QFuture<void> answer(const QString &path) const;
 
     // Waits two seconds and abandons the threads that are still blocked. Nothing may be run afterwards.
@@ -24,6 +26,7 @@ public:
 
 private:
     std::unique_ptr<QThreadPool> pool_;
+    mutable QHash<QString, QFuture<void>> asked_; // by folder, not answered yet when last looked at
 };
 
 } // namespace fennick
