@@ -1,4 +1,5 @@
 #include "pipeline/archive_journal.h"
+#include "pipeline/folder_threads.h"
 #include "pipeline_under_test.h"
 #include "support/private_namespace.h"
 #include "support/receipts.h"
@@ -48,6 +49,17 @@ private Q_SLOTS:
     void cleanup() {
         pipeline_.reset();
         dead_.reset();
+    }
+
+    void itsFilesDoNotTakeTheThreadsOfOtherFolders() {
+        const FolderThreads threads;
+        for (int file = 0; file < 2 * threads.pool()->maxThreadCount(); ++file) {
+            std::ignore = threads.answer(share_ + u"/%1.pdf"_s.arg(file));
+        }
+        const QFuture<void> elsewhere = threads.answer(pipeline_->path(u"a.pdf"_s));
+        const bool isAnswered = waitUntil([&] { return elsewhere.isFinished(); });
+        dead_.reset(); // or the threads would never end
+        QVERIFY(isAnswered);
     }
 
     void retryFailsInWords() {
