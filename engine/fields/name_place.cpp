@@ -70,7 +70,12 @@ double likenessOf(const QString &text, const QString &name) {
     if (text == name) {
         return 1;
     }
-    const double likeness = name.size() < fewestLettersToBeAlike ? 0 : similarity(text, name);
+    const auto longer = static_cast<double>(std::max(text.size(), name.size()));
+    const auto shorter = static_cast<double>(std::min(text.size(), name.size()));
+    if (name.size() < fewestLettersToBeAlike || shorter < likeSpelling * longer) {
+        return 0;
+    }
+    const double likeness = similarity(text, name);
     return likeness < likeSpelling ? 0 : likeness;
 }
 

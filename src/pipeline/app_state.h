@@ -1,10 +1,12 @@
 #pragma once
 
 #include "export/export_service.h"
+#include "extraction/on_device_engine.h"
 #include "pipeline/archive.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
+#include "pipeline/evidence_search.h"
 #include "pipeline/folder_admission.h"
 #include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
@@ -108,6 +110,9 @@ public:
     // The pages of the receipt that is being looked at.
     ReceiptPages *pages() { return &pages_; }
 
+    // Where the values of that receipt stand on them.
+    EvidenceSearch *evidence() { return &evidence_; }
+
     // Photos delivery -------------------------------------------------------------------------------------
 
     // Adds the receipt to the photo library, also if it was added before. Does nothing while the preference
@@ -157,6 +162,8 @@ private:
     CorrectedReceipts corrected_;
     Correction correction_;
     ReceiptPages pages_;
+    OnDeviceEngine engine_;
+    EvidenceSearch evidence_;
     PhotosDelivery delivery_;
     ScanRun scanRun_;
     RetryAll retryAll_;
