@@ -784,6 +784,11 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>The page could not be read</source>
         <translation>Die Seite konnte nicht gelesen werden</translation>
     </message>
+    <message>
+        <source>Marked: %1</source>
+        <extracomment>For screen readers. %1 are names of fields, such as &quot;Date, Amount&quot;.</extracomment>
+        <translation>Markiert: %1</translation>
+    </message>
 </context>
 <context>
     <name>fennick::PhotosDelivery</name>
@@ -851,6 +856,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Summary</source>
         <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>Not found on the page</source>
+        <translation>Nicht auf der Seite gefunden</translation>
     </message>
 </context>
 <context>

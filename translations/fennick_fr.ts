@@ -784,6 +784,11 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>The page could not be read</source>
         <translation>La page n’a pas pu être lue</translation>
     </message>
+    <message>
+        <source>Marked: %1</source>
+        <extracomment>For screen readers. %1 are names of fields, such as &quot;Date, Amount&quot;.</extracomment>
+        <translation>Marqués : %1</translation>
+    </message>
 </context>
 <context>
     <name>fennick::PhotosDelivery</name>
@@ -851,6 +856,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Summary</source>
         <translation>Résumé</translation>
+    </message>
+    <message>
+        <source>Not found on the page</source>
+        <translation>Introuvable sur la page</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "extraction/gemini_error.h"
 #include "pipeline/app_state.h"
 #include "text/display_text.h"
+#include "ui/details/evidence_marks.h"
 #include "ui/details/page_view.h"
 #include "ui/details/receipt_form.h"
 
@@ -70,6 +71,7 @@ DetailsWindow::DetailsWindow(ReceiptStore *store, AppState *appState)
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(halves);
+    new EvidenceMarks(appState->evidence(), form_, pages_, this);
     addShortcuts();
     for (QWidget *const widget : std::initializer_list<QWidget *>{save_, revert_, previousPage_, nextPage_}) {
         widget->installEventFilter(this);
@@ -204,7 +206,9 @@ void DetailsWindow::showReceipt(const std::optional<Receipt> &receipt) {
     }
     // What others have changed meanwhile is shown beside what was typed.
     showFields(isAnother ? drafts_.value(id) : form_->typed());
-    if (isAnother && isVisible()) {
+    if (!isAnother) {
+        lookForEvidence();
+    } else if (isVisible()) {
         appState_->pages()->show(*receipt);
     }
 }
@@ -231,6 +235,7 @@ void DetailsWindow::showFacts(const Receipt &receipt) {
 
 void DetailsWindow::showPages() {
     const ReceiptPages *const pages = appState_->pages();
+    appState_->evidence()->clear(); // it was for other pages
     switch (pages->state()) {
     case ReceiptPages::State::none:
         return;
@@ -239,10 +244,19 @@ void DetailsWindow::showPages() {
         return;
     case ReceiptPages::State::ready:
         pages_->showPages(pages->files());
+        lookForEvidence();
         return;
     case ReceiptPages::State::failed:
         pages_->showMessage(pages->failure());
         return;
+    }
+}
+
+// The pages are ready only while the window is open.
+void DetailsWindow::lookForEvidence() {
+    const ReceiptPages *const pages = appState_->pages();
+    if (const auto receipt = current(); receipt && pages->state() == ReceiptPages::State::ready) {
+        appState_->evidence()->show(*receipt, pages->files().size());
     }
 }
 

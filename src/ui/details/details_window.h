@@ -55,6 +55,7 @@ private:
     void showFields(const TypedFields &typed);
     void showFacts(const Receipt &receipt);
     void showPages();
+    void lookForEvidence();
     void showPageNumber();
     void askForFileName();
     void showFileName();
