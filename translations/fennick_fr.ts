@@ -310,6 +310,11 @@
         <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
         <translation>sans photo</translation>
     </message>
+    <message>
+        <source>duplicate</source>
+        <extracomment>Typed to find receipts that may be in the list twice.</extracomment>
+        <translation>doublon</translation>
+    </message>
 </context>
 <context>
     <name>TransportError</name>
@@ -443,6 +448,11 @@
         <source>Page %1 of %2</source>
         <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
         <translation>Page %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Possible duplicate of</source>
+        <extracomment>Follows: the name of another receipt&apos;s file, as a link.</extracomment>
+        <translation>Doublon possible de</translation>
     </message>
 </context>
 <context>
@@ -753,6 +763,18 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Show</source>
         <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
         <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>1 may be a duplicate</source>
+        <extracomment>Receipts; follows &quot;12 receipts scanned&quot;.</extracomment>
+        <translation>1 est peut-être un doublon</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n may be duplicates</source>
+        <translation>
+            <numerusform>%Ln est peut-être un doublon</numerusform>
+            <numerusform>%Ln sont peut-être des doublons</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,20 @@ std::optional<QString> PossibleDuplicates::otherOf(const QString &id) const {
     return other == others_.constEnd() ? std::nullopt : std::optional(*other);
 }
 
+int PossibleDuplicates::repeatsAmong(const QStringList &ids) const {
+    const QSet<QString> batch(ids.begin(), ids.end());
+    QSet<QString> before;
+    int repeats = 0;
+    for (const QString &id : ids) {
+        const auto other = otherOf(id);
+        if (other && (before.contains(*other) || !batch.contains(*other))) {
+            ++repeats;
+        }
+        before.insert(id);
+    }
+    return repeats;
+}
+
 std::optional<PossibleDuplicates::Entry> PossibleDuplicates::entryOf(const Receipt &receipt) {
     const QString merchant = merchantKey(receipt.location.value_or(QString()));
     if (receipt.status != ReceiptStatus::done || !receipt.date || !receipt.amount || merchant.isEmpty()) {

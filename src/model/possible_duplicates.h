@@ -29,6 +29,9 @@ public:
     // The receipt that this one may be a duplicate of: of several, one that was there before.
     [[nodiscard]] std::optional<QString> otherOf(const QString &id) const;
 
+    // How many of these receipts, which came in this order, may be duplicates of one that was there before.
+    int repeatsAmong(const QStringList &ids) const;
+
 Q_SIGNALS:
     // What was told of these receipts is told no more, or something else is.
     void changed(const QSet<QString> &ids);

@@ -16,6 +16,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     : QObject(parent)
     , store_(store)
     , settings_(settings)
+    , duplicates_(store)
     , tasks_(&lastError_)
     , formerArchives_(settings, &lastError_)
     , archive_(store, settings, &formerArchives_, &lastError_)

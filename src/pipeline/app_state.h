@@ -2,6 +2,7 @@
 
 #include "export/export_service.h"
 #include "extraction/on_device_engine.h"
+#include "model/possible_duplicates.h"
 #include "pipeline/archive.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
@@ -113,6 +114,9 @@ public:
     // Where the values of that receipt stand on them.
     EvidenceSearch *evidence() { return &evidence_; }
 
+    // Which listed receipts may be one purchase twice.
+    const PossibleDuplicates *duplicates() const { return &duplicates_; }
+
     // Photos delivery -------------------------------------------------------------------------------------
 
     // Adds the receipt to the photo library, also if it was added before. Does nothing while the preference
@@ -151,6 +155,7 @@ Q_SIGNALS:
 private:
     ReceiptStore *store_;
     SettingsStore *settings_;
+    PossibleDuplicates duplicates_;
     LastError lastError_;
     Tasks tasks_;
     FolderThreads folderThreads_;

@@ -112,6 +112,16 @@ private Q_SLOTS:
         QVERIFY(!duplicates_->contains(third.id));
     }
 
+    void onlyTheLaterOnesOfABatchAreRepeats() {
+        const Receipt first = add(u"a"_s);
+        const Receipt second = add(u"b"_s);
+        const Receipt third = add(u"c"_s);
+        QCOMPARE(duplicates_->repeatsAmong({first.id, second.id}), 1);
+        QCOMPARE(duplicates_->repeatsAmong({first.id, second.id, third.id}), 2);
+        QCOMPARE(duplicates_->repeatsAmong({third.id}), 1); // of one that was there before
+        QCOMPARE(duplicates_->repeatsAmong({}), 0);
+    }
+
     void nothingIsRemovedByItself() {
         add(u"a"_s);
         add(u"b"_s);

@@ -8,6 +8,7 @@
 #include "ui/details/receipt_form.h"
 
 #include <QDateTime>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -32,6 +33,17 @@ constexpr QSize leastDetailsSize(640, 420);
 constexpr int detailsMargin = 16;
 constexpr int fieldSideWidth = 360;
 constexpr int factSpacing = 6;
+
+// A link in it has the focus as soon as the label has, not only after another press of the key.
+class LinkLabel : public QLabel {
+protected:
+    void focusInEvent(QFocusEvent *event) override {
+        QLabel::focusInEvent(event);
+        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+            focusNextPrevChild(true);
+        }
+    }
+};
 
 QString statusInWords(ReceiptStatus status) {
     switch (status) {
@@ -128,6 +140,11 @@ QWidget *DetailsWindow::makeFieldSide() {
     form_ = new ReceiptForm(formats_);
     status_ = makeFact(u"status"_s);
     error_ = makeFact(u"error"_s);
+    duplicate_ = new LinkLabel;
+    duplicate_->setObjectName(u"duplicate"_s);
+    duplicate_->setTextFormat(Qt::RichText);
+    duplicate_->setWordWrap(true);
+    duplicate_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     fileName_ = makeFact(u"fileNameAfter"_s);
     photos_ = makeFact(u"photos"_s);
     scannedAt_ = makeFact(u"scannedAt"_s);
@@ -136,6 +153,8 @@ QWidget *DetailsWindow::makeFieldSide() {
     facts_->setLabelAlignment(Qt::AlignLeading | Qt::AlignTop);
     facts_->addRow(tr("Status"), status_);
     facts_->addRow(tr("Reason"), error_);
+    //: Follows: the name of another receipt's file, as a link.
+    facts_->addRow(tr("Possible duplicate of"), duplicate_);
     facts_->addRow(tr("File name"), fileName_);
     facts_->addRow(tr("Photos"), photos_);
     facts_->addRow(tr("Scanned"), scannedAt_);
@@ -156,6 +175,8 @@ QWidget *DetailsWindow::makeFieldSide() {
     layout->addLayout(buttons);
     layout->addLayout(facts_);
     layout->addStretch();
+    connect(duplicate_, &QLabel::linkActivated, this, &DetailsWindow::receiptRequested);
+    connect(appState_->duplicates(), &PossibleDuplicates::changed, this, &DetailsWindow::showDuplicate);
     connect(form_, &ReceiptForm::edited, this, &DetailsWindow::keepDraft);
     connect(save_, &QPushButton::clicked, this, &DetailsWindow::save);
     connect(revert_, &QPushButton::clicked, this, &DetailsWindow::revert);
@@ -231,6 +252,15 @@ void DetailsWindow::showFacts(const Receipt &receipt) {
     facts_->setRowVisible(error_, !error.isEmpty());
     photos_->setText(receipt.addedToPhotos ? tr("Added to Photos") : tr("Not added to Photos"));
     scannedAt_->setText(momentInWords(receipt.scannedAt));
+    showDuplicate();
+}
+
+void DetailsWindow::showDuplicate() {
+    const auto other = store_->receipt(appState_->duplicates()->otherOf(id_).value_or(QString()));
+    facts_->setRowVisible(duplicate_, other.has_value());
+    duplicate_->setText(other ? u"<a href=\"%1\">%2</a>"_s.arg(other->id.toHtmlEscaped(),
+                                                               displayText(other->fileName).toHtmlEscaped())
+                              : QString());
 }
 
 void DetailsWindow::showPages() {
