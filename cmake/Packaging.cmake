@@ -1,12 +1,12 @@
 # What is installed where, and the Debian package made of it. The programs lie together in a folder of their own,
-# where Fennick looks for the two that it starts; links make them commands.
+# where Fennick looks for the three that it starts; links make them commands.
 if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
   set(CMAKE_INSTALL_PREFIX /usr CACHE PATH "Where the programs are installed" FORCE)
 endif()
 include(GNUInstallDirs)
 
 set(FENNICK_PROGRAMS ${CMAKE_INSTALL_LIBEXECDIR}/fennick)
-install(TARGETS fennick fennick-engine convert_receipt RUNTIME DESTINATION ${FENNICK_PROGRAMS})
+install(TARGETS fennick fennick-engine convert_receipt make_report RUNTIME DESTINATION ${FENNICK_PROGRAMS})
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/links)
 foreach(program fennick fennick-engine)
   file(CREATE_LINK ../${FENNICK_PROGRAMS}/${program} ${CMAKE_BINARY_DIR}/links/${program} SYMBOLIC)

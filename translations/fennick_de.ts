@@ -317,6 +317,114 @@
     </message>
 </context>
 <context>
+    <name>Report</name>
+    <message>
+        <source>No. %1</source>
+        <translation>Nr. %1</translation>
+    </message>
+    <message>
+        <source>Without a currency</source>
+        <translation>Ohne Währung</translation>
+    </message>
+    <message>
+        <source>The document is protected by a password.</source>
+        <translation>Das Dokument ist durch ein Passwort geschützt.</translation>
+    </message>
+    <message>
+        <source>The file is damaged or no receipt.</source>
+        <translation>Die Datei ist beschädigt oder kein Beleg.</translation>
+    </message>
+    <message>
+        <source>The document has no pages.</source>
+        <translation>Das Dokument hat keine Seiten.</translation>
+    </message>
+    <message>
+        <source>The document takes too much memory or has too many pages.</source>
+        <translation>Das Dokument braucht zu viel Speicher oder hat zu viele Seiten.</translation>
+    </message>
+    <message>
+        <source>The file is a link.</source>
+        <translation>Die Datei ist eine Verknüpfung.</translation>
+    </message>
+    <message>
+        <source>The file was changed while it was read.</source>
+        <translation>Die Datei wurde geändert, während sie gelesen wurde.</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The code of the language of this translation.</extracomment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>Receipts</source>
+        <translation>Belege</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>Nr.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Totals</source>
+        <translation>Summen</translation>
+    </message>
+    <message>
+        <source>This receipt could not be opened.</source>
+        <translation>Dieser Beleg konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The program that makes it could not be started: %1</source>
+        <translation>Das Programm, das ihn erstellt, konnte nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>There is a link of this name.</source>
+        <translation>Es gibt eine Verknüpfung mit diesem Namen.</translation>
+    </message>
+    <message>
+        <source>The file could not be written. Is the disk full?</source>
+        <translation>Die Datei konnte nicht geschrieben werden. Ist der Datenträger voll?</translation>
+    </message>
+    <message>
+        <source>The program that makes it ended unexpectedly.</source>
+        <translation>Das Programm, das ihn erstellt, wurde unerwartet beendet.</translation>
+    </message>
+    <message>
+        <source>The program that makes it ended unexpectedly at this receipt: %1</source>
+        <extracomment>%1 is a receipt&apos;s number, date, place and amount.</extracomment>
+        <translation>Das Programm, das ihn erstellt, wurde bei diesem Beleg unerwartet beendet: %1</translation>
+    </message>
+    <message>
+        <source>1 receipt</source>
+        <translation>1 Beleg</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts</source>
+        <translation>
+            <numerusform>%Ln Beleg</numerusform>
+            <numerusform>%Ln Belege</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>TransportError</name>
     <message>
         <source>The answer is larger than %1 MB.</source>

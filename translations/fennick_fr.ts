@@ -317,6 +317,114 @@
     </message>
 </context>
 <context>
+    <name>Report</name>
+    <message>
+        <source>No. %1</source>
+        <translation>N° %1</translation>
+    </message>
+    <message>
+        <source>Without a currency</source>
+        <translation>Sans devise</translation>
+    </message>
+    <message>
+        <source>The document is protected by a password.</source>
+        <translation>Le document est protégé par un mot de passe.</translation>
+    </message>
+    <message>
+        <source>The file is damaged or no receipt.</source>
+        <translation>Le fichier est endommagé ou n’est pas un reçu.</translation>
+    </message>
+    <message>
+        <source>The document has no pages.</source>
+        <translation>Le document n’a pas de pages.</translation>
+    </message>
+    <message>
+        <source>The document takes too much memory or has too many pages.</source>
+        <translation>Le document demande trop de mémoire ou a trop de pages.</translation>
+    </message>
+    <message>
+        <source>The file is a link.</source>
+        <translation>Le fichier est un lien.</translation>
+    </message>
+    <message>
+        <source>The file was changed while it was read.</source>
+        <translation>Le fichier a été modifié pendant sa lecture.</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The code of the language of this translation.</extracomment>
+        <translation>fr</translation>
+    </message>
+    <message>
+        <source>Receipts</source>
+        <translation>Reçus</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>Num.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Lieu</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Catégorie</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Résumé</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Montant</translation>
+    </message>
+    <message>
+        <source>Totals</source>
+        <translation>Totaux</translation>
+    </message>
+    <message>
+        <source>This receipt could not be opened.</source>
+        <translation>Ce reçu n’a pas pu être ouvert.</translation>
+    </message>
+    <message>
+        <source>The program that makes it could not be started: %1</source>
+        <translation>Le programme qui le crée n’a pas pu être lancé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>There is a link of this name.</source>
+        <translation>Il existe un lien de ce nom.</translation>
+    </message>
+    <message>
+        <source>The file could not be written. Is the disk full?</source>
+        <translation>Le fichier n’a pas pu être écrit. Le disque est-il plein&#xa0;?</translation>
+    </message>
+    <message>
+        <source>The program that makes it ended unexpectedly.</source>
+        <translation>Le programme qui le crée s’est arrêté de façon inattendue.</translation>
+    </message>
+    <message>
+        <source>The program that makes it ended unexpectedly at this receipt: %1</source>
+        <extracomment>%1 is a receipt&apos;s number, date, place and amount.</extracomment>
+        <translation>Le programme qui le crée s’est arrêté de façon inattendue à ce reçu&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>1 receipt</source>
+        <translation>1 reçu</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts</source>
+        <translation>
+            <numerusform>%Ln reçu</numerusform>
+            <numerusform>%Ln reçus</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>TransportError</name>
     <message>
         <source>The answer is larger than %1 MB.</source>

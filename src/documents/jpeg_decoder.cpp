@@ -239,4 +239,22 @@ std::expected<StoredPicture, DocumentError> decodedJpeg(const QByteArray &file, 
     return result;
 }
 
+std::optional<JpegFacts> jpegFacts(const QByteArray &file) {
+    Decompressor decompressor(file);
+    if (!decompressor.readHeader()) {
+        return std::nullopt;
+    }
+    const jpeg_decompress_struct &codec = decompressor.codec();
+    JpegFacts facts;
+    facts.width = static_cast<int>(codec.image_width);
+    facts.height = static_cast<int>(codec.image_height);
+    facts.channels = codec.num_components;
+    facts.orientation = decompressor.orientation();
+    facts.iccProfile = iccProfileOf(decompressor);
+    facts.isRgb = codec.jpeg_color_space == JCS_RGB;
+    facts.hasAdobeMark = codec.saw_Adobe_marker != 0;
+    facts.isArithmetic = codec.arith_code != 0;
+    return facts;
+}
+
 } // namespace fennick

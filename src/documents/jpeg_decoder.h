@@ -7,6 +7,7 @@
 #include <QByteArray>
 
 #include <expected>
+#include <optional>
 
 namespace fennick {
 
@@ -15,5 +16,20 @@ namespace fennick {
 // that is damaged or cut off anywhere in the picture itself is unreadable.
 [[nodiscard]] std::expected<StoredPicture, DocumentError> decodedJpeg(const QByteArray &file,
                                                                       const PictureLimits &limits);
+
+// What a JPEG file states of itself, for a program that passes it on as it is.
+struct JpegFacts {
+    int width = 0;
+    int height = 0;
+    int channels = 0;
+    int orientation = 1; // EXIF
+    QByteArray iccProfile;
+    bool isRgb = false;        // three channels that are red, green and blue
+    bool hasAdobeMark = false; // four channels are inverted inks then
+    bool isArithmetic = false; // coded in a way that few programs read
+};
+
+// Reads the header alone. Nothing if it is no header of a JPEG file.
+[[nodiscard]] std::optional<JpegFacts> jpegFacts(const QByteArray &file);
 
 } // namespace fennick

@@ -2,6 +2,7 @@
 
 #include "documents/colour_profile.h"
 #include "documents/exif_orientation.h"
+#include "kinds/document_kind.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -47,9 +48,9 @@ bool fitsInto(const PictureLimits &limits, const QImageReader &reader) {
            qint64(size.width()) * size.height() * bits / 8 <= limits.memory;
 }
 
-std::expected<StoredPicture, DocumentError> decoded(const QByteArray &file, const char *format,
-                                                    const PictureLimits &limits, UsefulSize usefulSize,
-                                                    int orientation) {
+// In sRGB; opaque ones have the format RGB32, others ARGB32.
+std::expected<QImage, DocumentError> decodedImage(const QByteArray &file, const char *format,
+                                                  const PictureLimits &limits, UsefulSize usefulSize) {
     raiseAllocationLimit();
     QBuffer buffer;
     buffer.setData(file);
@@ -77,11 +78,43 @@ std::expected<StoredPicture, DocumentError> decoded(const QByteArray &file, cons
     if (image.colorSpace() != QColorSpace(QColorSpace::SRgb)) {
         convertToSrgb(image, profileFromIcc(image.colorSpace().iccProfile()));
     }
-    std::optional<YuvPicture> picture = isOpaque ? yuvPicture(image) : yuvPictureOnWhite(std::move(image));
+    return image;
+}
+
+std::expected<StoredPicture, DocumentError> decoded(const QByteArray &file, const char *format,
+                                                    const PictureLimits &limits, UsefulSize usefulSize,
+                                                    int orientation) {
+    auto image = decodedImage(file, format, limits, usefulSize);
+    if (!image) {
+        return std::unexpected(image.error());
+    }
+    std::optional<YuvPicture> picture =
+        image->hasAlphaChannel() ? yuvPictureOnWhite(*std::move(image)) : yuvPicture(*image);
     if (!picture) {
         return std::unexpected(DocumentError::unreadableImage);
     }
     return StoredPicture{std::move(*picture), orientation, {}};
+}
+
+struct LosslessKind {
+    const char *format;
+    int orientation;
+};
+
+std::optional<LosslessKind> losslessKind(const QByteArray &file) {
+    constexpr int upright = 1;
+    switch (kindOfContent(file).value_or(DocumentKind::pdf)) {
+    case DocumentKind::png:
+        return LosslessKind{"png", pngOrientation(file)};
+    case DocumentKind::webp:
+        return LosslessKind{"webp", webpOrientation(file)};
+    case DocumentKind::gif:
+        return LosslessKind{"gif", upright};
+    case DocumentKind::bmp:
+        return LosslessKind{"bmp", upright};
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -105,6 +138,23 @@ std::expected<StoredPicture, DocumentError> decodedPlain(const QByteArray &file,
                                                          const PictureLimits &limits) {
     constexpr int upright = 1;
     return decoded(file, format, limits, nullptr, upright);
+}
+
+std::expected<LosslessPicture, DocumentError> decodedLossless(const QByteArray &file,
+                                                              const PictureLimits &limits) {
+    const auto kind = losslessKind(file);
+    if (!kind) {
+        return std::unexpected(DocumentError::unreadableImage);
+    }
+    auto image = decodedImage(file, kind->format, limits, nullptr);
+    if (!image) {
+        return std::unexpected(image.error());
+    }
+    if (image->hasAlphaChannel()) {
+        blendOntoWhite(*image);
+        image->reinterpretAsFormat(QImage::Format_RGB32);
+    }
+    return LosslessPicture{*std::move(image), kind->orientation};
 }
 
 } // namespace fennick

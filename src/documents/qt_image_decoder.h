@@ -22,6 +22,16 @@ decodedWebp(const QByteArray &file, const PictureLimits &limits, UsefulSize usef
 [[nodiscard]] std::expected<StoredPicture, DocumentError>
 decodedPlain(const QByteArray &file, const char *format, const PictureLimits &limits);
 
+// All the colours of a picture, which the planes of a YuvPicture do not keep.
+struct LosslessPicture {
+    QImage image; // in sRGB on white; RGB32
+    int orientation = 1;
+};
+
+// Decodes a whole PNG, WebP, GIF or BMP file; its first bytes show which.
+[[nodiscard]] std::expected<LosslessPicture, DocumentError> decodedLossless(const QByteArray &file,
+                                                                            const PictureLimits &limits);
+
 // The last steps of every decoder to packed pixels. `image` has the format ARGB32 and is in sRGB. Empty if
 // the conversion fails.
 [[nodiscard]] std::optional<YuvPicture> yuvPictureOnWhite(QImage image);
