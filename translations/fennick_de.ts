@@ -753,6 +753,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Find…</source>
         <translation>Suchen&#xa0;…</translation>
     </message>
+    <message>
+        <source>Export as PDF Report…</source>
+        <translation>Als PDF-Bericht exportieren&#xa0;…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -1060,6 +1064,22 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>The scan was interrupted. Retry to scan this receipt again.</source>
         <translation>Der Scan wurde unterbrochen. Versuchen Sie es erneut, um diesen Beleg noch einmal zu scannen.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReportCommand</name>
+    <message>
+        <source>PDF Report</source>
+        <translation>PDF-Bericht</translation>
+    </message>
+    <message>
+        <source>Name on the report:</source>
+        <translation>Name auf dem Bericht:</translation>
+    </message>
+    <message>
+        <source>Receipt %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Beleg %1 von %2</translation>
     </message>
 </context>
 <context>

@@ -753,6 +753,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Find…</source>
         <translation>Rechercher…</translation>
     </message>
+    <message>
+        <source>Export as PDF Report…</source>
+        <translation>Exporter en rapport PDF…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -1060,6 +1064,22 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>The scan was interrupted. Retry to scan this receipt again.</source>
         <translation>La numérisation a été interrompue. Réessayez pour numériser à nouveau ce reçu.</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ReportCommand</name>
+    <message>
+        <source>PDF Report</source>
+        <translation>Rapport PDF</translation>
+    </message>
+    <message>
+        <source>Name on the report:</source>
+        <translation>Nom sur le rapport&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Receipt %1 of %2</source>
+        <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
+        <translation>Reçu %1 sur %2</translation>
     </message>
 </context>
 <context>

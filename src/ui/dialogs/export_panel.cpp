@@ -33,25 +33,35 @@ bool mayReplace(QWidget *parent, const QString &path) {
 
 } // namespace
 
-std::optional<ExportedLedger> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
-                                           ExportService::Format format) {
-    const QList<Receipt> listed = receipts; // as they are now, whatever arrives while the panel is open
-    const QString extension = ExportService::fileExtension(format);
+std::optional<QString> chooseExportFile(QWidget *parent, const ExportFile &file) {
     QFileDialog panel(parent, QCoreApplication::translate("ExportPanel", "Export Receipts"));
     panel.setObjectName(u"exportPanel"_s);
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setFileMode(QFileDialog::AnyFile);
-    panel.setMimeTypeFilters({format == ExportService::Format::csv ? u"text/csv"_s : u"text/html"_s});
-    panel.setDefaultSuffix(extension);
-    panel.selectFile(ExportService::proposedFileName(format));
+    panel.setMimeTypeFilters({file.mimeType});
+    panel.setDefaultSuffix(file.extension);
+    panel.selectFile(file.proposedName);
     while (panel.exec() == QDialog::Accepted && !panel.selectedFiles().isEmpty()) {
         const QString chosen = panel.selectedFiles().first();
-        const QString path = withExtension(chosen, extension);
+        const QString path = withExtension(chosen, file.extension);
         if (path == chosen || !isTaken(path) || mayReplace(parent, path)) {
-            return ExportedLedger{path, ExportService::writeLedger(listed, format, path)};
+            return path;
         }
     }
     return std::nullopt;
+}
+
+std::optional<ExportedLedger> exportLedger(QWidget *parent, const QList<Receipt> &receipts,
+                                           ExportService::Format format) {
+    const QList<Receipt> listed = receipts; // as they are now, whatever arrives while the panel is open
+    const auto path = chooseExportFile(
+        parent, {.proposedName = ExportService::proposedFileName(format),
+                 .extension = ExportService::fileExtension(format),
+                 .mimeType = format == ExportService::Format::csv ? u"text/csv"_s : u"text/html"_s});
+    if (!path) {
+        return std::nullopt;
+    }
+    return ExportedLedger{*path, ExportService::writeLedger(listed, format, *path)};
 }
 
 } // namespace fennick

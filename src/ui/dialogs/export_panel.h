@@ -11,6 +11,16 @@
 
 namespace fennick {
 
+struct ExportFile {
+    QString proposedName;
+    QString extension;
+    QString mimeType;
+};
+
+// Asks with the desktop's save panel for a path, which always ends with the extension. Returns nothing if the
+// user cancels. Blocks until the panel is closed.
+std::optional<QString> chooseExportFile(QWidget *parent, const ExportFile &file);
+
 // A file that the user has chosen for a ledger, and whether the ledger could be written to it.
 struct ExportedLedger {
     QString path;

@@ -29,6 +29,8 @@ MainActions::MainActions(QObject *owner)
     , exportCsv(make(owner, "exportCsv", tr("Export as CSV…"), QKeySequence(Qt::CTRL | Qt::Key_E)))
     , exportHtml(
           make(owner, "exportHtml", tr("Export as HTML…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)))
+    , exportReport(make(owner, "exportReport", tr("Export as PDF Report…"),
+                        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)))
     , archiveCsv(make(owner, "archiveCsv", tr("Export CSV, Archive && Clear")))
     , archiveHtml(make(owner, "archiveHtml", tr("Export HTML, Archive && Clear")))
     , clearAll(withSymbol(make(owner, "clearAll", tr("Clear All")), Symbol::clear))

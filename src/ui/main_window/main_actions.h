@@ -18,6 +18,7 @@ public:
     QAction *chooseFolder;
     QAction *exportCsv;
     QAction *exportHtml;
+    QAction *exportReport;
     QAction *archiveCsv;
     QAction *archiveHtml;
     QAction *clearAll;

@@ -8,6 +8,7 @@
 #include "ui/main_window/read_with_menu.h"
 #include "ui/main_window/receipt_commands.h"
 #include "ui/main_window/receipts_table.h"
+#include "ui/main_window/report_command.h"
 #include "ui/widgets/focus_frame.h"
 #include "ui/widgets/symbols.h"
 
@@ -115,7 +116,7 @@ QToolButton *MainWindow::makeMenuButton(const QString &objectName, const QString
 
 void MainWindow::buildMenuBar() {
     QMenu *const file = menuBar()->addMenu(tr("&File"));
-    file->addActions({actions_.chooseFolder, actions_.exportCsv, actions_.exportHtml});
+    file->addActions({actions_.chooseFolder, actions_.exportCsv, actions_.exportHtml, actions_.exportReport});
     file->addSeparator();
     file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
     file->addSeparator();
@@ -145,6 +146,9 @@ void MainWindow::connectActions() {
     connect(home_, &HomeView::chooseFolderRequested, this, &MainWindow::chooseFolder);
     connect(actions_.exportCsv, &QAction::triggered, this, [this] { exportList(Format::csv); });
     connect(actions_.exportHtml, &QAction::triggered, this, [this] { exportList(Format::html); });
+    auto *const report = new ReportCommand(actions_.exportReport, store_, settings_, this);
+    connect(report, &ReportCommand::saved, this, &MainWindow::ledgerSaved);
+    connect(report, &ReportCommand::notSaved, this, &MainWindow::ledgerNotSaved);
     connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
     connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
