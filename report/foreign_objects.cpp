@@ -47,6 +47,11 @@ bool staysBehind(const std::string &key) {
     return keys.contains(key);
 }
 
+// A name with its special characters as numbers.
+std::string written(const std::string &name) {
+    return QPDFObjectHandle::newName(name).unparse();
+}
+
 bool isPartOfNoPicture(QPDFObjectHandle object) {
     static const std::set<std::string> types{"/Action", "/Annot",      "/Catalog",       "/EmbeddedFile",
                                              "/F",      "/Filespec",   "/Page",          "/Pages",
@@ -68,7 +73,7 @@ std::map<std::string, QByteArray> ForeignObjects::copiedEntries(QPDFObjectHandle
     for (const std::string &key : dictionary.getKeys()) {
         QPDFObjectHandle value = dictionary.getKey(key);
         const bool isKind = hasFreeKeysBelow(key) && value.isDictionary();
-        entries.emplace(key, isKind ? copiedDictionary(value, 1, true) : copied(value, 1));
+        entries.emplace(written(key), isKind ? copiedDictionary(value, 1, true) : copied(value, 1));
     }
     return entries;
 }
@@ -113,7 +118,7 @@ QByteArray ForeignObjects::copiedDictionary(QPDFObjectHandle dictionary, int dep
         QPDFObjectHandle value = dictionary.getKey(key);
         const bool isKind = !hasFreeKeys && hasFreeKeysBelow(key) && value.isDictionary();
         const QByteArray copy = isKind ? copiedDictionary(value, depth + 1, true) : copied(value, depth + 1);
-        text += QByteArray::fromStdString(QPDFObjectHandle::newName(key).unparse()) + ' ' + copy;
+        text += QByteArray::fromStdString(written(key)) + ' ' + copy;
     }
     return text + ">>";
 }

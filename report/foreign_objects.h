@@ -22,7 +22,7 @@ public:
     // The object as it stands in the report. Throws for one that is nested too deep to be real.
     [[nodiscard]] QByteArray copied(QPDFObjectHandle object) { return copied(object, 0); }
 
-    // The entries of a dictionary, of a page's resources or one of their kinds, by key.
+    // The entries of a dictionary, of a page's resources or one of their kinds, by key as it is written.
     [[nodiscard]] std::map<std::string, QByteArray> copiedEntries(QPDFObjectHandle dictionary);
 
     // Writes all that was referred to.

@@ -1,24 +1,24 @@
 #pragma once
 
-#include "report/foreign_objects.h"
-
 #include <QByteArray>
 #include <QSizeF>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFPageObjectHelper.hh>
 
 #include <map>
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace fennick {
+
+class PdfOutput;
 
 // The pages that Qt has drawn, on their way into the report. Throws what libqpdf throws.
 class PaintedSource {
 public:
-    PaintedSource(QByteArray pdf, PdfOutput *output);
+    PaintedSource(const QByteArray &pdf, PdfOutput *output);
+    ~PaintedSource();
+    Q_DISABLE_COPY_MOVE(PaintedSource)
 
-    int pageCount() const { return static_cast<int>(pages_.size()); }
+    int pageCount() const;
 
     // References to the page's drawing instructions.
     [[nodiscard]] QByteArray contents(int page);
@@ -27,13 +27,12 @@ public:
     // Writes the page as a form of this size in points, to be drawn on other pages; returns its number.
     [[nodiscard]] int writeForm(int page, QSizeF size);
 
-    void finish() { objects_.finish(); }
+    void finish();
 
 private:
-    QByteArray bytes_;
-    QPDF document_;
-    std::vector<QPDFPageObjectHelper> pages_;
-    ForeignObjects objects_;
+    struct Document; // keeps libqpdf's headers out of ours
+
+    std::unique_ptr<Document> document_;
     PdfOutput *output_;
 };
 

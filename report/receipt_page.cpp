@@ -16,7 +16,7 @@ QByteArray box(const QRectF &place) {
 QByteArray dictionary(const std::map<std::string, QByteArray> &entries) {
     QByteArray text = QByteArrayLiteral("<<");
     for (const auto &[key, value] : entries) {
-        text += QByteArray::fromStdString(QPDFObjectHandle::newName(key).unparse()) + ' ' + value;
+        text += QByteArray::fromStdString(key) + ' ' + value;
     }
     return text + ">>";
 }
@@ -43,7 +43,7 @@ ReceiptPageWriter::ReceiptPageWriter(PdfOutput *output, int pageTree, QStringLis
     , lines_(std::move(lines))
     , rows_(std::move(rows))
     , lineWidths_(std::move(strips.widths))
-    , strips_(std::move(strips.pdf), output)
+    , strips_(strips.pdf, output)
     , forms_(static_cast<std::size_t>(lines_.size())) {}
 
 int ReceiptPageWriter::write(const ReceiptPage &page, int receipt) {
