@@ -156,11 +156,11 @@ std::optional<FoundBrand> brandOf(const QList<ReadingFacts> &facts) {
 }
 
 std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts, const Origin &origin) {
-    QList<QList<LabelledAmount>> amounts;
+    QList<AmountScores> scores;
     for (const ReadingFacts &reading : facts) {
-        amounts.append(amountsIn(reading, origin.currency));
+        scores.append(amountScoresIn(reading, origin.currency));
     }
-    std::optional<FoundAmount> found = readAmount(amounts);
+    std::optional<FoundAmount> found = readAmount(scores);
     const auto refunds = std::ranges::count_if(facts, &ReadingFacts::isRefund);
     if (found && 2 * refunds > facts.size()) {
         found->amount = -found->amount;

@@ -1,4 +1,4 @@
-#include "engine/fields/amount_arithmetic.h"
+#include "engine/fields/receipt_sums.h"
 #include "support/test_program.h"
 
 using namespace fennick;
@@ -13,7 +13,7 @@ LabelledAmount amount(AmountRole role, qint64 cents, qsizetype line = 0) {
 
 } // namespace
 
-class AmountArithmeticTest : public QObject {
+class ReceiptSumsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -50,36 +50,37 @@ private Q_SLOTS:
         QFETCH(QList<LabelledAmount>, amounts);
         QFETCH(qint64, supported);
         QFETCH(qint64, unsupported);
-        QVERIFY(arithmeticSupport(supported, amounts) > 0);
-        QCOMPARE(arithmeticSupport(unsupported, amounts), 0.0);
+        const ReceiptSums sums(amounts);
+        QVERIFY(sums.supportFor(supported) > 0);
+        QCOMPARE(sums.supportFor(unsupported), 0.0);
     }
 
     void trustsChangeMoreThanExactCash() {
-        const double withChange =
-            arithmeticSupport(7500, {amount(AmountRole::Tendered, 1000), amount(AmountRole::Change, 250)});
-        const double exact =
-            arithmeticSupport(7500, {amount(AmountRole::Tendered, 750), amount(AmountRole::Change, 0)});
+        const ReceiptSums change({amount(AmountRole::Tendered, 1000), amount(AmountRole::Change, 250)});
+        const ReceiptSums noChange({amount(AmountRole::Tendered, 750), amount(AmountRole::Change, 0)});
+        const double withChange = change.supportFor(7500);
+        const double exact = noChange.supportFor(7500);
         QVERIFY(withChange > exact);
         QVERIFY(exact > 0);
     }
 
     void derivesTotals() {
-        const QList<qint64> totals =
-            derivedTotals({amount(AmountRole::SubTotal, 1000), amount(AmountRole::Tax, 60),
-                           amount(AmountRole::Tendered, 2000), amount(AmountRole::Change, 940)});
-        QCOMPARE(totals, (QList<qint64>{10600}));
-        QVERIFY(derivedTotals({}).isEmpty());
-        QVERIFY(derivedTotals({amount(AmountRole::Tendered, 2000)}).isEmpty());
+        const ReceiptSums sums({amount(AmountRole::SubTotal, 1000), amount(AmountRole::Tax, 60),
+                                amount(AmountRole::Tendered, 2000), amount(AmountRole::Change, 940)});
+        QCOMPARE(sums.totals(), QSet<qint64>{10600});
+        QVERIFY(ReceiptSums({}).totals().isEmpty());
+        QVERIFY(ReceiptSums({amount(AmountRole::Tendered, 2000)}).totals().isEmpty());
     }
 
     void doubtsWhatWasHardlyRead() {
         LabelledAmount faint = amount(AmountRole::Tendered, 5000);
         faint.weight = 0.1;
-        QCOMPARE(arithmeticSupport(37500, {faint, amount(AmountRole::Change, 1250)}), 0.0);
+        const ReceiptSums sums({faint, amount(AmountRole::Change, 1250)});
+        QCOMPARE(sums.supportFor(37500), 0.0);
     }
 };
 
-int amount_arithmetic_test(int argc, char **argv) {
-    return fennick::test::runTestWithoutApplication<AmountArithmeticTest>(argc, argv);
+int receipt_sums_test(int argc, char **argv) {
+    return fennick::test::runTestWithoutApplication<ReceiptSumsTest>(argc, argv);
 }
-#include "amount_arithmetic_test.moc"
+#include "receipt_sums_test.moc"
