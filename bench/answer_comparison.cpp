@@ -16,12 +16,12 @@ constexpr double halfACent = 0.005;
 
 Verdict verdict(bool isStated, bool isGiven, bool isRight) {
     if (!isStated) {
-        return Verdict::Unknown;
+        return Verdict::unknown;
     }
     if (!isGiven) {
-        return Verdict::Absent;
+        return Verdict::absent;
     }
-    return isRight ? Verdict::Right : Verdict::Wrong;
+    return isRight ? Verdict::right : Verdict::wrong;
 }
 
 QString lettersAndDigits(const QString &text) {

@@ -71,15 +71,15 @@ bool writeBytes(const QString &path, const QByteArray &bytes) {
 } // namespace
 
 QString extensionOf(Rendering rendering) {
-    return rendering == Rendering::TextPdf ? u"pdf"_s : rendering == Rendering::Clean ? u"png"_s : u"jpg"_s;
+    return rendering == Rendering::textPdf ? u"pdf"_s : rendering == Rendering::clean ? u"png"_s : u"jpg"_s;
 }
 
 bool writeReceipt(const QString &path, const ReceiptSheet &sheet, Rendering rendering, SeededRandom &random) {
-    if (rendering == Rendering::TextPdf) {
+    if (rendering == Rendering::textPdf) {
         return writeBytes(path, documentOf(sheet, random));
     }
     const QImage picture = pictureOf(sheet, rendering, random);
-    return rendering == Rendering::Clean ? picture.save(path, "PNG")
+    return rendering == Rendering::clean ? picture.save(path, "PNG")
                                          : picture.save(path, "JPG", random.between(70, 90));
 }
 

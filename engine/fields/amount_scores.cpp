@@ -19,18 +19,18 @@ constexpr double repeatedAmountShare = 0.3;
 
 double labelScore(AmountRole role) {
     switch (role) {
-    case AmountRole::FinalTotal:
+    case AmountRole::finalTotal:
         return 5;
-    case AmountRole::Total:
+    case AmountRole::total:
         return 4;
-    case AmountRole::Card:
+    case AmountRole::card:
         return 2;
-    case AmountRole::Mention:
+    case AmountRole::mention:
         return 1.6;
-    case AmountRole::SubTotal:
-    case AmountRole::Tendered:
+    case AmountRole::subtotal:
+    case AmountRole::tendered:
         return 1.2;
-    case AmountRole::Rounding: // only some tills' "Rounding" above the coins' step: see below
+    case AmountRole::rounding: // only some tills' "Rounding" above the coins' step: see below
         return 3;
     default:
         return 0;
@@ -44,7 +44,7 @@ bool isCandidate(const LabelledAmount &amount) {
     if (amount.thousandths <= 0 || labelScore(amount.role) <= 0) {
         return false;
     }
-    return amount.role != AmountRole::Rounding || amount.thousandths >= leastRoundedTotal;
+    return amount.role != AmountRole::rounding || amount.thousandths >= leastRoundedTotal;
 }
 
 bool differsInOneDigit(qint64 left, qint64 right) {
@@ -62,7 +62,7 @@ bool differsInOneDigit(qint64 left, qint64 right) {
 
 bool isPrinted(qint64 thousandths, const QList<LabelledAmount> &amounts) {
     return std::ranges::any_of(amounts, [thousandths](const LabelledAmount &amount) {
-        return amount.thousandths == thousandths && amount.role != AmountRole::Taxed;
+        return amount.thousandths == thousandths && amount.role != AmountRole::taxed;
     });
 }
 
@@ -132,7 +132,7 @@ QMap<qint64, double> scoredCandidates(const QList<LabelledAmount> &amounts) {
 qint64 largestUnnamedWithCurrency(const QList<LabelledAmount> &amounts) {
     qint64 largest = 0;
     for (const LabelledAmount &amount : amounts) {
-        if (amount.role == AmountRole::Unnamed && amount.hasCurrency) {
+        if (amount.role == AmountRole::unnamed && amount.hasCurrency) {
             largest = std::max(largest, amount.thousandths);
         }
     }

@@ -214,7 +214,7 @@ bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today) {
 bool showNothing(const QList<ReadingFacts> &facts, QDate today) {
     const auto showsSomething = [](const ReadingFacts &reading) {
         const bool hasAmount = std::ranges::any_of(reading.amounts, [](const LabelledAmount &amount) {
-            return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::Unnamed;
+            return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::unnamed;
         });
         return hasAmount || !reading.brands.isEmpty() || !reading.languages.isEmpty() ||
                !reading.countries.isEmpty();

@@ -38,7 +38,7 @@ int roundness(qint64 thousandths) {
 }
 
 bool isTotal(const LabelledAmount &amount) {
-    return amount.role == AmountRole::Total || amount.role == AmountRole::FinalTotal;
+    return amount.role == AmountRole::total || amount.role == AmountRole::finalTotal;
 }
 
 // The last amount of each line without a label above the first total, from the lowest line up.
@@ -46,7 +46,7 @@ QList<qint64> itemPrices(const QList<LabelledAmount> &amounts) {
     QList<qint64> prices;
     qsizetype line = -1;
     for (const LabelledAmount &amount : amounts) {
-        if (amount.role != AmountRole::Unnamed) {
+        if (amount.role != AmountRole::unnamed) {
             break;
         }
         if (amount.line == line) {
@@ -81,7 +81,7 @@ ReceiptSums::ReceiptSums(const QList<LabelledAmount> &amounts) {
 // The roundings that `total` may have, with either sign: that is easily lost.
 QList<qint64> ReceiptSums::roundings(qint64 total) const {
     QList<qint64> steps;
-    for (const qint64 step : amountsOf(AmountRole::Rounding)) {
+    for (const qint64 step : amountsOf(AmountRole::rounding)) {
         if (step > 0 && (step <= largestRounding || step * leastShareOfTotal <= total)) {
             steps << step << -step;
         }
@@ -103,9 +103,9 @@ QList<qint64> ReceiptSums::rounded(qint64 thousandths) const {
 // Every choice of one tax, charge and discount, or none of it.
 QList<qint64> ReceiptSums::additions() const {
     QList<qint64> choices;
-    for (const qint64 tax : optional(amountsOf(AmountRole::Tax))) {
-        for (const qint64 charge : optional(amountsOf(AmountRole::Charge))) {
-            for (const qint64 discount : optional(amountsOf(AmountRole::Discount))) {
+    for (const qint64 tax : optional(amountsOf(AmountRole::tax))) {
+        for (const qint64 charge : optional(amountsOf(AmountRole::charge))) {
+            for (const qint64 discount : optional(amountsOf(AmountRole::discount))) {
                 choices.append(tax + charge - discount);
             }
         }
@@ -117,7 +117,7 @@ QList<qint64> ReceiptSums::additions() const {
 QSet<qint64> ReceiptSums::subtotalsWithAdditions() const {
     QSet<qint64> found;
     const QList<qint64> choices = additions();
-    for (const qint64 base : amountsOf(AmountRole::SubTotal)) {
+    for (const qint64 base : amountsOf(AmountRole::subtotal)) {
         for (const qint64 addition : choices) {
             const QList<qint64> results = rounded(base + addition);
             found.unite(QSet<qint64>(results.cbegin(), results.cend()));
@@ -131,8 +131,8 @@ QSet<qint64> ReceiptSums::subtotalsWithAdditions() const {
 
 QMap<qint64, double> ReceiptSums::payments() const {
     QMap<qint64, double> paid;
-    for (const qint64 cash : amountsOf(AmountRole::Tendered)) {
-        for (const qint64 change : amountsOf(AmountRole::Change)) {
+    for (const qint64 cash : amountsOf(AmountRole::tendered)) {
+        for (const qint64 change : amountsOf(AmountRole::change)) {
             if (cash > change) {
                 double &proof = paid[cash - change];
                 proof = std::max(proof, change > 0 ? cashProof : exactCashProof);
@@ -145,7 +145,7 @@ QMap<qint64, double> ReceiptSums::payments() const {
 // What the table of taxes comes to, and what that is rounded to.
 QSet<qint64> ReceiptSums::taxedTotals() const {
     QSet<qint64> totals;
-    for (const qint64 total : amountsOf(AmountRole::Taxed)) {
+    for (const qint64 total : amountsOf(AmountRole::taxed)) {
         const QList<qint64> results = rounded(total);
         totals.unite(QSet<qint64>(results.cbegin(), results.cend()));
         totals.insert(total);
@@ -178,7 +178,7 @@ double ReceiptSums::paymentSupport(qint64 thousandths) const {
 // "Total 12.39", further down "Total 12.40": rounded to what coins can pay, whether the difference is read
 // or not.
 bool ReceiptSums::isRoundedFromAbove(qint64 thousandths) const {
-    const QList<qint64> totals = amountsOf(AmountRole::Total);
+    const QList<qint64> totals = amountsOf(AmountRole::total);
     const qsizetype own = totals.indexOf(thousandths);
     if (own <= 0 || thousandths % smallestCoin != 0) {
         return false;
@@ -198,8 +198,8 @@ double ReceiptSums::roundingSupport(qint64 thousandths) const {
 
 // "Total 900.00, deposit paid 300.00, balance due 600.00".
 bool ReceiptSums::isRestOfTotal(qint64 thousandths) const {
-    const QList<qint64> totals = amountsOf(AmountRole::Total) + amountsOf(AmountRole::FinalTotal);
-    for (const qint64 before : amountsOf(AmountRole::PaidBefore)) {
+    const QList<qint64> totals = amountsOf(AmountRole::total) + amountsOf(AmountRole::finalTotal);
+    for (const qint64 before : amountsOf(AmountRole::paidBefore)) {
         if (before > 0 && totals.contains(thousandths + before)) {
             return true;
         }
@@ -208,7 +208,7 @@ bool ReceiptSums::isRestOfTotal(qint64 thousandths) const {
 }
 
 bool ReceiptSums::isRoundedResult(qint64 thousandths) const {
-    for (const AmountRole role : {AmountRole::Total, AmountRole::FinalTotal, AmountRole::SubTotal}) {
+    for (const AmountRole role : {AmountRole::total, AmountRole::finalTotal, AmountRole::subtotal}) {
         for (const qint64 total : amountsOf(role)) {
             if (roundness(thousandths) > roundness(total) && rounded(total).contains(thousandths)) {
                 return true;
@@ -234,7 +234,7 @@ double ReceiptSums::supportFor(qint64 thousandths) const {
     if (taxed_.contains(thousandths)) {
         support += taxTableProof;
     }
-    if (amountsOf(AmountRole::Card).contains(thousandths)) {
+    if (amountsOf(AmountRole::card).contains(thousandths)) {
         support += cardProof;
     }
     if (items_.contains(thousandths)) {

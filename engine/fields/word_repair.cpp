@@ -9,6 +9,8 @@
 
 namespace fennick::engine {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool hasLetter(const QString &word) {
@@ -80,7 +82,7 @@ QString repaired(const QString &word, const QSet<QString> &vocabulary) {
 } // namespace
 
 QString repairedWords(const QString &words, const QSet<QString> &vocabulary) {
-    QString result = QStringLiteral(" ");
+    QString result = u" "_s;
     const QStringList parts = words.split(u' ', Qt::SkipEmptyParts);
     for (const QString &word : parts) {
         result += repaired(word, vocabulary) + u' ';

@@ -58,7 +58,7 @@ std::expected<QList<PdfPage>, ReadError> pagesOf(const QByteArray &bytes, int pa
 
 Answer answerTo(QByteArray body, const QString &model, const std::stop_token &stop) {
     if (stop.stop_requested()) {
-        return refusal(serviceError(ReadError::Abandoned));
+        return refusal(serviceError(ReadError::abandoned));
     }
     const std::expected<QByteArray, ServiceError> document = unpacked(std::move(body));
     if (!document) {

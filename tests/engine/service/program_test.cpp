@@ -81,7 +81,7 @@ private Q_SLOTS:
         QVERIFY(fennick::test::waitUntil([&] {
             answer = engine_->answerTo("POST", engine_->generatePath(), requestForSample(file));
             return answer.body.value("error"_L1).toObject().value("message"_L1).toString() !=
-                   readErrorText(ReadError::TookTooMuch);
+                   readErrorText(ReadError::tookTooMuch);
         }));
         QCOMPARE(answer.status, 200);
         QCOMPARE(answer.body.value("modelVersion"_L1).toString(), u"gemini-2.5-flash"_s);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QVERIFY(fennick::test::waitUntil([&] {
             answer = engine_->answerTo("POST", engine_->generatePath(), requestForSample(u"scan0004.png"_s));
             return answer.body.value("error"_L1).toObject().value("message"_L1).toString() !=
-                   readErrorText(ReadError::TookTooMuch);
+                   readErrorText(ReadError::tookTooMuch);
         }));
         QCOMPARE(answer.status, 400);
         QCOMPARE(answer.body.value("error"_L1).toObject().value("message"_L1).toString(),
