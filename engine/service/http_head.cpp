@@ -2,6 +2,8 @@
 
 #include <QList>
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace fennick::engine {
@@ -30,14 +32,25 @@ bool setOnce(std::optional<QByteArray> &value, const QByteArray &told) {
     return !std::exchange(value, told).has_value();
 }
 
+// The characters of a header's name (RFC 9110, 5.6.2).
+bool isToken(const QByteArray &name) {
+    return !name.isEmpty() && std::ranges::all_of(name, [](char character) {
+        const auto code = static_cast<unsigned char>(character);
+        return code > ' ' && code < 127 && !std::strchr("\"(),/:;<=>?@[\\]{}", character);
+    });
+}
+
 // 0 if the header is fine, else the status to refuse the request with.
 int readHeader(const QByteArray &line, HttpHead &head, Told &told) {
     const qsizetype colon = line.indexOf(':');
-    if (colon <= 0) {
-        return 400;
+    if (colon < 0 || !isToken(line.first(colon))) {
+        return 400; // also for a line that goes on with the one before, which nobody may send any more
     }
     const QByteArray name = line.first(colon).toLower();
     const QByteArray value = line.sliced(colon + 1).trimmed();
+    if (value.contains('\r') || value.contains('\0')) {
+        return 400;
+    }
     if (name == "content-length") {
         told.length = lengthIn(value, told.length);
         return told.length ? 0 : 400;
@@ -75,7 +88,8 @@ std::expected<HttpHead, int> parsedHead(const QByteArray &text) {
     HttpHead head{.method = words[0], .target = QUrl::fromEncoded(words[1])};
     Told told;
     for (const QByteArray &line : std::as_const(lines)) {
-        if (const int status = readHeader(line.trimmed(), head, told)) {
+        const QByteArray header = line.endsWith('\r') ? line.chopped(1) : line;
+        if (const int status = readHeader(header, head, told)) {
             return std::unexpected(status);
         }
     }
