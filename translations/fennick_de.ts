@@ -310,6 +310,11 @@
         <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
         <translation>kein foto</translation>
     </message>
+    <message>
+        <source>duplicate</source>
+        <extracomment>Typed to find receipts that may be in the list twice.</extracomment>
+        <translation>duplikat</translation>
+    </message>
 </context>
 <context>
     <name>TransportError</name>
@@ -443,6 +448,11 @@
         <source>Page %1 of %2</source>
         <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
         <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>Possible duplicate of</source>
+        <extracomment>Follows: the name of another receipt&apos;s file, as a link.</extracomment>
+        <translation>Mögliches Duplikat von</translation>
     </message>
 </context>
 <context>
@@ -754,6 +764,18 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
         <translation>Zeigen</translation>
     </message>
+    <message>
+        <source>1 may be a duplicate</source>
+        <extracomment>Receipts; follows &quot;12 receipts scanned&quot;.</extracomment>
+        <translation>1 ist vielleicht ein Duplikat</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n may be duplicates</source>
+        <translation>
+            <numerusform>%Ln ist vielleicht ein Duplikat</numerusform>
+            <numerusform>%Ln sind vielleicht Duplikate</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>fennick::Notifier</name>
@@ -783,6 +805,11 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>The page could not be read</source>
         <translation>Die Seite konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Marked: %1</source>
+        <extracomment>For screen readers. %1 are names of fields, such as &quot;Date, Amount&quot;.</extracomment>
+        <translation>Markiert: %1</translation>
     </message>
 </context>
 <context>
@@ -851,6 +878,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Summary</source>
         <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>Not found on the page</source>
+        <translation>Nicht auf der Seite gefunden</translation>
     </message>
 </context>
 <context>

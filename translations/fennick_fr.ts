@@ -310,6 +310,11 @@
         <extracomment>Typed to find receipts that were not added to the photo library.</extracomment>
         <translation>sans photo</translation>
     </message>
+    <message>
+        <source>duplicate</source>
+        <extracomment>Typed to find receipts that may be in the list twice.</extracomment>
+        <translation>doublon</translation>
+    </message>
 </context>
 <context>
     <name>TransportError</name>
@@ -443,6 +448,11 @@
         <source>Page %1 of %2</source>
         <extracomment>%1 is the number of the page on the screen, %2 how many there are.</extracomment>
         <translation>Page %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Possible duplicate of</source>
+        <extracomment>Follows: the name of another receipt&apos;s file, as a link.</extracomment>
+        <translation>Doublon possible de</translation>
     </message>
 </context>
 <context>
@@ -754,6 +764,18 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
         <translation>Afficher</translation>
     </message>
+    <message>
+        <source>1 may be a duplicate</source>
+        <extracomment>Receipts; follows &quot;12 receipts scanned&quot;.</extracomment>
+        <translation>1 est peut-être un doublon</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n may be duplicates</source>
+        <translation>
+            <numerusform>%Ln est peut-être un doublon</numerusform>
+            <numerusform>%Ln sont peut-être des doublons</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>fennick::Notifier</name>
@@ -783,6 +805,11 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>The page could not be read</source>
         <translation>La page n’a pas pu être lue</translation>
+    </message>
+    <message>
+        <source>Marked: %1</source>
+        <extracomment>For screen readers. %1 are names of fields, such as &quot;Date, Amount&quot;.</extracomment>
+        <translation>Marqués : %1</translation>
     </message>
 </context>
 <context>
@@ -851,6 +878,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Summary</source>
         <translation>Résumé</translation>
+    </message>
+    <message>
+        <source>Not found on the page</source>
+        <translation>Introuvable sur la page</translation>
     </message>
 </context>
 <context>

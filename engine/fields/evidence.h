@@ -22,6 +22,8 @@ struct ReceiptEvidence {
     std::optional<Evidence> total;
     std::optional<Evidence> currency;
     std::optional<Evidence> merchant;
+    std::optional<Evidence> category; // only if its word is printed
+    std::optional<Evidence> summary;  // only if it is printed word for word
 };
 
 } // namespace fennick::engine

@@ -1,22 +1,25 @@
 #include "engine/fields/evidence_finder.h"
 
+#include "engine/fields/amount_pattern.h"
 #include "engine/fields/date_repair.h"
-#include "engine/fields/edit_distance.h"
+#include "engine/fields/name_place.h"
 #include "engine/fields/number_reader.h"
 #include "engine/fields/time_reader.h"
 #include "engine/knowledge/currency_table.h"
-#include "engine/knowledge/words.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace fennick::engine {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// Of its 0 to 1: how alike a line and a name are at least.
-constexpr double likeName = 0.6;
-constexpr double wholeName = 1.5;
+// Of two lines whose texts follow one another, a name that was broken.
+constexpr double brokenName = 0.8;
+// Of an amount that stands there without a role.
+constexpr double unnamedAmount = 0.5;
 
 struct Span {
     qsizetype start = 0;
@@ -47,6 +50,22 @@ std::optional<Evidence> evidenceAt(const TextLine &line, Span span) {
     }
     return Evidence{
         .page = line.page, .place = place, .text = line.text.mid(span.start, span.length).trimmed()};
+}
+
+// A line and the one below it as one line; empty if they stand on different pages.
+TextLine joinedLines(const TextLine &upper, const TextLine &lower) {
+    if (upper.page != lower.page) {
+        return {};
+    }
+    TextLine both = upper;
+    both.text += u' ';
+    for (TextPiece piece : lower.pieces) {
+        piece.start += both.text.size();
+        both.pieces.append(piece);
+    }
+    both.text += lower.text;
+    both.confidence = std::min(upper.confidence, lower.confidence);
+    return both;
 }
 
 // The best of what the readings show of one value.
@@ -130,6 +149,12 @@ double worthOf(AmountRole role) {
     }
 }
 
+// A bare whole number counts something else where amounts have decimals: "3 items".
+bool isPrice(const LabelledAmount &amount, const PriceStyle &style) {
+    return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::unnamed ||
+           style.decimals == 0;
+}
+
 // The digits of `thousandths` in a line; the whole line if they were put right.
 Span spanOfAmount(const QString &line, qint64 thousandths, const PriceStyle &style) {
     for (const PrintedNumber &number : printedNumbers(line, style)) {
@@ -144,14 +169,20 @@ std::optional<Evidence> evidenceOfTotal(double amount, const std::optional<QStri
                                         const QList<ReadingFacts> &facts) {
     const PriceStyle style = priceStyle(currency);
     const qint64 thousandths = std::llround(std::abs(amount) * 1000);
+    const QRegularExpression pattern = amountPattern(thousandths);
     BestPlace best;
     for (const ReadingFacts &reading : facts) {
         for (const LabelledAmount &found : amountsIn(reading, currency)) {
-            if (found.thousandths == thousandths && found.line < reading.lines.size()) {
+            if (found.thousandths == thousandths && found.line < reading.lines.size() &&
+                isPrice(found, style)) {
                 const TextLine &line = reading.lines[found.line];
                 best.offer(line, spanOfAmount(line.text, thousandths, style),
                            worthOf(found.role) * found.weight);
             }
+        }
+        for (const TextLine &line : reading.lines) {
+            const QRegularExpressionMatch match = pattern.match(line.text);
+            best.offer(line, {match.capturedStart(), match.capturedLength()}, unnamedAmount);
         }
     }
     return best.evidence();
@@ -175,24 +206,38 @@ std::optional<Evidence> evidenceOfCurrency(const QString &currency, const std::o
     return best.evidence();
 }
 
-// Where a name stands in a line: its letters, or the whole line if that is much like it.
-void offerName(BestPlace &best, const TextLine &line, const QString &name) {
-    const qsizetype at = line.text.indexOf(name, 0, Qt::CaseInsensitive);
-    if (at >= 0) {
-        best.offer(line, {at, name.size()}, wholeName);
-        return;
-    }
-    const double likeness = similarity(wordsOf(line.text), wordsOf(name));
-    if (likeness >= likeName) {
-        best.offer(line, wholeOf(line.text), likeness);
-    }
-}
-
-std::optional<Evidence> evidenceOfMerchant(const QString &name, const QList<ReadingFacts> &facts) {
+std::optional<Evidence> evidenceOfName(const QString &name, const QList<ReadingFacts> &facts) {
     BestPlace best;
     for (const ReadingFacts &reading : facts) {
         for (const TextLine &line : reading.lines) {
-            offerName(best, line, name);
+            if (const auto place = placeOfName(line.text, name)) {
+                best.offer(line, {place->start, place->length}, place->likeness);
+            }
+        }
+        for (qsizetype index = 1; index < reading.lines.size(); ++index) {
+            const TextLine pair = joinedLines(reading.lines[index - 1], reading.lines[index]);
+            const auto place = placeOfName(pair.text, name);
+            if (place && place->likeness > brokenName) {
+                best.offer(pair, {place->start, place->length}, place->likeness * brokenName);
+            }
+        }
+    }
+    return best.evidence();
+}
+
+// A text of the program's own stands on a page by chance only, so it must stand there word for word.
+std::optional<Evidence> evidenceOfText(const QString &text, const QList<ReadingFacts> &facts) {
+    BestPlace best;
+    if (text.isEmpty()) {
+        return std::nullopt;
+    }
+    const QRegularExpression pattern(
+        uR"((?<!\p{L}))"_s + QRegularExpression::escape(text) + uR"((?!\p{L}))"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+    for (const ReadingFacts &reading : facts) {
+        for (const TextLine &line : reading.lines) {
+            const QRegularExpressionMatch match = pattern.match(line.text);
+            best.offer(line, {match.capturedStart(), match.capturedLength()}, 1);
         }
     }
     return best.evidence();
@@ -215,8 +260,10 @@ ReceiptEvidence findEvidence(const ReceiptFields &fields, const QList<ReadingFac
         evidence.currency = evidenceOfCurrency(*fields.currency, evidence.total, facts);
     }
     if (fields.location) {
-        evidence.merchant = evidenceOfMerchant(*fields.location, facts);
+        evidence.merchant = evidenceOfName(*fields.location, facts);
     }
+    evidence.category = evidenceOfText(fields.category, facts);
+    evidence.summary = evidenceOfText(fields.summary, facts);
     return evidence;
 }
 

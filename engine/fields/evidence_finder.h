@@ -9,7 +9,7 @@
 namespace fennick::engine {
 
 // Where the values of `fields` stand, according to the reading that shows each of them best. It does not
-// matter who found the values.
+// matter who found the values: another service or a person may have.
 [[nodiscard]] ReceiptEvidence findEvidence(const ReceiptFields &fields, const QList<ReadingFacts> &facts);
 
 } // namespace fennick::engine

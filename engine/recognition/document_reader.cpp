@@ -20,7 +20,7 @@ std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, c
         return std::unexpected(ReadError::abandoned);
     }
     if (kindOfContent(bytes) == DocumentKind::pdf) {
-        const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, mostPages, stop);
+        const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, {.pageLimit = mostPages}, stop);
         if (!pages) {
             return std::unexpected(pages.error());
         }

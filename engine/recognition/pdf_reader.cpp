@@ -138,9 +138,9 @@ PdfPage pageContent(PdfPages &pages, int page) {
 
 } // namespace
 
-std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
+std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, const PdfUse &use,
                                                  const std::stop_token &stop) {
-    const auto opened = PdfPages::open(bytes, {.pageLimit = pageLimit});
+    const auto opened = PdfPages::open(bytes, use);
     if (!opened) {
         return std::unexpected(readErrorOf(opened.error()));
     }

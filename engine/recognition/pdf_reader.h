@@ -1,5 +1,6 @@
 #pragma once
 
+#include "documents/pdf_checker.h"
 #include "engine/recognition/read_error.h"
 #include "engine/recognition/text_line.h"
 
@@ -20,13 +21,13 @@ struct PdfPage {
     QImage picture;
 };
 
-// Reads the first `pageLimit` pages. Callable from any thread; one document is read at a time, because PDFium
-// supports only one thread. Ends after the current page if `stop` is requested.
-[[nodiscard]] std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, int pageLimit,
+// Reads as many pages, and as much of each, as `use` wants. Callable from any thread; one document is read at
+// a time, because PDFium supports only one thread. Ends after the current page if `stop` is requested.
+[[nodiscard]] std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, const PdfUse &use,
                                                                const std::stop_token &stop = {});
 
 // A way to read a PDF: as above, or in a process of its own.
 using PdfReading = std::function<std::expected<QList<PdfPage>, ReadError>(
-    const QByteArray &bytes, int pageLimit, const std::stop_token &stop)>;
+    const QByteArray &bytes, const PdfUse &use, const std::stop_token &stop)>;
 
 } // namespace fennick::engine

@@ -2,8 +2,10 @@
 
 #include "engine/service/http_connection.h"
 #include "engine/service/pdf_process.h"
+#include "engine/service/places_request.h"
 #include "engine/service/receipt_reader.h"
 #include "engine/service/service_answer.h"
+#include "engine/service/value_locator.h"
 #include "platform/connection_owner.h"
 #include "platform/listening_socket.h"
 
@@ -30,37 +32,34 @@ constexpr int mostStrangers = 8;
 // Requests of usual size enter by the dozen, the largest ones one at a time.
 constexpr qsizetype largestAdmitted = largestRequest;
 
-// What goes back: plain data, so that the readers' threads touch no part of the server.
-struct Answer {
-    int status = 200;
-    QByteArray json;
-};
-
-Answer answerOf(int status, const QJsonObject &body) {
+ServiceAnswer answerOf(int status, const QJsonObject &body) {
     return {status, QJsonDocument(body).toJson(QJsonDocument::Compact)};
 }
 
-Answer refusal(const ServiceError &error) {
+ServiceAnswer refusal(const ServiceError &error) {
     return answerOf(error.code, errorAnswer(error));
 }
 
 // A large body takes three times its size while it is unpacked: one at a time.
-std::expected<QByteArray, ServiceError> unpacked(QByteArray body) {
-    static std::mutex mutex;
-    const std::lock_guard lock(mutex);
+std::mutex unpacking;
+
+std::expected<QList<PdfPage>, ReadError> pagesOf(const QByteArray &bytes, const PdfUse &use,
+                                                 const std::stop_token &stop) {
+    return readPdfApart(QCoreApplication::applicationFilePath(), bytes, use, stop);
+}
+
+std::expected<QByteArray, ServiceError> unpackedDocument(QByteArray body) {
+    const std::lock_guard lock(unpacking);
     return inlineDocument(std::move(body));
 }
 
-std::expected<QList<PdfPage>, ReadError> pagesOf(const QByteArray &bytes, int pageLimit,
-                                                 const std::stop_token &stop) {
-    return readPdfApart(QCoreApplication::applicationFilePath(), bytes, pageLimit, stop);
+std::expected<PlacesRequest, ServiceError> unpackedPlaces(QByteArray body) {
+    const std::lock_guard lock(unpacking);
+    return placesRequest(std::move(body));
 }
 
-Answer answerTo(QByteArray body, const QString &model, const std::stop_token &stop) {
-    if (stop.stop_requested()) {
-        return refusal(serviceError(ReadError::abandoned));
-    }
-    const std::expected<QByteArray, ServiceError> document = unpacked(std::move(body));
+ServiceAnswer readDocument(QByteArray body, const QString &model, const std::stop_token &stop) {
+    const std::expected<QByteArray, ServiceError> document = unpackedDocument(std::move(body));
     if (!document) {
         return refusal(document.error());
     }
@@ -72,16 +71,39 @@ Answer answerTo(QByteArray body, const QString &model, const std::stop_token &st
     return answerOf(200, generateAnswer(*fields, model));
 }
 
-std::expected<QString, ServiceError> acceptedModel(const QByteArray &method, const QUrl &target) {
+ServiceAnswer findPlaces(QByteArray body, const std::stop_token &stop) {
+    const std::expected<PlacesRequest, ServiceError> request = unpackedPlaces(std::move(body));
+    if (!request) {
+        return refusal(request.error());
+    }
+    const std::expected<LocatedValues, ReadError> located =
+        locateValues(request->document, request->values, stop, pagesOf);
+    if (!located) {
+        return refusal(serviceError(located.error()));
+    }
+    return answerOf(200, placesAnswer(*located));
+}
+
+ServiceAnswer answerTo(QByteArray body, const Answering &answering, const std::stop_token &stop) {
+    return stop.stop_requested() ? refusal(serviceError(ReadError::abandoned))
+                                 : answering(std::move(body), stop);
+}
+
+std::expected<Answering, ServiceError> requestedAnswering(const QByteArray &method, const QUrl &target) {
+    if (method == "POST" && target.path() == placesPath) {
+        return findPlaces;
+    }
     const std::expected<QString, ServiceError> model = requestedModel(method, target.path());
     if (!model) {
-        return model;
+        return std::unexpected(model.error());
     }
     const std::expected<void, ServiceError> valid = checkedKey(QUrlQuery(target).queryItemValue(u"key"_s));
     if (!valid) {
         return std::unexpected(valid.error());
     }
-    return model;
+    return [name = *model](QByteArray body, const std::stop_token &stop) {
+        return readDocument(std::move(body), name, stop);
+    };
 }
 
 } // namespace
@@ -140,12 +162,12 @@ void ExtractionServer::serve(HttpConnection *connection) {
     connect(
         connection, &HttpConnection::received, this,
         [this, connection, request](const QByteArray &method, const QUrl &target, const QByteArray &body) {
-            const std::expected<QString, ServiceError> model = acceptedModel(method, target);
-            if (model) {
-                startReading(connection, request, body, *model);
+            const std::expected<Answering, ServiceError> answering = requestedAnswering(method, target);
+            if (answering) {
+                startReading(connection, request, body, *answering);
                 return;
             }
-            const Answer answer = refusal(model.error());
+            const ServiceAnswer answer = refusal(answering.error());
             connection->answer(answer.status, answer.json);
         });
     connect(connection, &QObject::destroyed, this, [this, request] {
@@ -174,7 +196,7 @@ void ExtractionServer::refuseStranger(QTcpSocket *socket) {
 
 void ExtractionServer::answerRefusal(HttpConnection *connection) {
     connect(connection, &HttpConnection::refused, this, [connection](int status) {
-        const Answer answer = refusal(transportError(status));
+        const ServiceAnswer answer = refusal(transportError(status));
         connection->answer(answer.status, answer.json);
     });
 }
@@ -199,10 +221,10 @@ void ExtractionServer::forget(Request &request) {
 }
 
 void ExtractionServer::startReading(HttpConnection *connection, const std::shared_ptr<Request> &request,
-                                    const QByteArray &body, const QString &model) {
+                                    const QByteArray &body, const Answering &answering) {
     request->isBeingRead = true;
-    QtConcurrent::run(&readers_, answerTo, body, model, request->caller.get_token())
-        .then(this, [this, request, caller = QPointer(connection)](const Answer &answer) {
+    QtConcurrent::run(&readers_, answerTo, body, answering, request->caller.get_token())
+        .then(this, [this, request, caller = QPointer(connection)](const ServiceAnswer &answer) {
             request->isBeingRead = false;
             forget(*request);
             if (caller) {

@@ -6,6 +6,7 @@
 #include <QThreadPool>
 
 #include <expected>
+#include <functional>
 #include <memory>
 #include <stop_token>
 
@@ -13,10 +14,20 @@ namespace fennick::engine {
 
 class HttpConnection;
 
-// Answers generateContent requests with what the engine reads in their document. Lives on the main thread;
-// documents are read on a pool of its own, one thread per processor. However many callers there are, a
-// bounded number is connected and a bounded size of requests is held; the others wait in their turn. Only
-// programs of this user are served: whoever else is on the machine can reach the port as well.
+// What goes back: plain data, so that the readers' threads touch no part of the server.
+struct ServiceAnswer {
+    int status = 200;
+    QByteArray json;
+};
+
+// Makes the answer to a request with this body. Called on a thread of the readers.
+using Answering = std::function<ServiceAnswer(QByteArray body, const std::stop_token &stop)>;
+
+// Answers generateContent requests with what the engine reads in their document, and requests for the places
+// of values with where these stand. Lives on the main thread; documents are read on a pool of its own, one
+// thread per processor. However many callers there are, a bounded number is connected and a bounded size of
+// requests is held; the others wait in their turn. Only programs of this user are served: whoever else is on
+// the machine can reach the port as well.
 class ExtractionServer : public QObject {
     Q_OBJECT
 
@@ -50,7 +61,7 @@ private:
     void admitWaiting();
     void forget(Request &request);
     void startReading(HttpConnection *connection, const std::shared_ptr<Request> &request,
-                      const QByteArray &body, const QString &model);
+                      const QByteArray &body, const Answering &answering);
 
     QTcpServer listener_;
     int connections_ = 0;

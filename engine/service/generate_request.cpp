@@ -16,10 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-ServiceError invalidArgument(const QString &message) {
-    return {.code = 400, .status = u"INVALID_ARGUMENT"_s, .message = message, .reason = {}};
-}
-
 QJsonValue member(const QJsonObject &object, QLatin1StringView camelCase, QLatin1StringView snakeCase) {
     return object.contains(camelCase) ? object.value(camelCase) : object.value(snakeCase);
 }
@@ -39,6 +35,10 @@ std::optional<QJsonObject> firstInlineData(const QJsonObject &request) {
 }
 
 } // namespace
+
+ServiceError invalidArgument(const QString &message) {
+    return {.code = 400, .status = u"INVALID_ARGUMENT"_s, .message = message, .reason = {}};
+}
 
 std::expected<QString, ServiceError> requestedModel(const QByteArray &method, const QString &path) {
     static const QRegularExpression pattern(uR"(^/v1beta/models/([^/]+):generateContent$)"_s);
@@ -77,13 +77,26 @@ std::expected<void, ServiceError> checkedKey(const QString &key) {
     return std::unexpected(error);
 }
 
-std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body) {
-    QJsonDocument json = QJsonDocument::fromJson(body);
-    body = {};
+std::expected<QJsonObject, ServiceError> requestObject(const QByteArray &body) {
+    const QJsonDocument json = QJsonDocument::fromJson(body);
     if (!json.isObject()) {
         return std::unexpected(invalidArgument(u"The request body is not a JSON object."_s));
     }
-    std::optional<QJsonObject> data = firstInlineData(json.object());
+    return json.object();
+}
+
+std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body) {
+    std::expected<QJsonObject, ServiceError> request = requestObject(body);
+    body = {};
+    if (!request) {
+        return std::unexpected(std::move(request.error()));
+    }
+    return inlineDocument(*std::move(request));
+}
+
+std::expected<QByteArray, ServiceError> inlineDocument(QJsonObject request) {
+    std::optional<QJsonObject> data = firstInlineData(request);
+    request = {};
     if (!data) {
         return std::unexpected(invalidArgument(u"The request has no part with inline data."_s));
     }
@@ -93,7 +106,6 @@ std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body) {
         return std::unexpected(invalidArgument(u"Unsupported MIME type: "_s + mimeType.left(100)));
     }
     QString text = data->value("data"_L1).toString();
-    json = {};
     data.reset();
     // Both conversions use the place of what they convert.
     auto decoded =

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 
 #include <expected>
@@ -31,5 +32,14 @@ std::expected<void, ServiceError> checkedKey(const QString &key);
 // with "inlineData" or "inline_data". Its type must be one the engine reads; the bytes themselves are not
 // looked at. Takes up to three times the size of the body, which is given up on the way.
 std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body);
+
+// The same from the request as an object, which is given up.
+std::expected<QByteArray, ServiceError> inlineDocument(QJsonObject request);
+
+// Why a request is refused whose arguments are not understood.
+ServiceError invalidArgument(const QString &message);
+
+// The object that a request's body is.
+std::expected<QJsonObject, ServiceError> requestObject(const QByteArray &body);
 
 } // namespace fennick::engine

@@ -41,7 +41,7 @@ int main(int argc, char *argv[]) {
         return 0;
     }
     if (application.arguments().value(1) == fennick::engine::readPdfArgument) {
-        return fennick::engine::serveReadPdfApart(application.arguments().value(2).toInt());
+        return fennick::engine::serveReadPdfApart(application.arguments().mid(1));
     }
     const std::expected<fennick::engine::ListeningPlace, QString> place =
         fennick::engine::requestedPlace(application.arguments().mid(1));

@@ -23,6 +23,9 @@ namespace {
 constexpr ChildLimits share{.memory = 1LL << 30, .processorTime = std::chrono::seconds(15)};
 // For a process that waits instead of working, or gets no processor.
 constexpr std::chrono::seconds longestTime{50};
+// Follow the number of pages.
+const QString wholeMediaBoxesArgument = QStringLiteral("--whole-media-boxes");
+const QString annotationsArgument = QStringLiteral("--annotations");
 constexpr int lookInterval = 50; // milliseconds
 constexpr int sizeDigits = 12;
 constexpr int standardInput = 0;
@@ -136,6 +139,23 @@ std::optional<QByteArray> receivedDocument(QFile &input) {
     return document ? std::optional(*document) : std::nullopt;
 }
 
+QStringList argumentsFor(const PdfUse &use) {
+    QStringList arguments{readPdfArgument, QString::number(use.pageLimit)};
+    if (use.wholeMediaBoxes) {
+        arguments.append(wholeMediaBoxesArgument);
+    }
+    if (use.annotations) {
+        arguments.append(annotationsArgument);
+    }
+    return arguments;
+}
+
+PdfUse useIn(const QStringList &arguments) {
+    return {.pageLimit = arguments.value(1).toInt(),
+            .wholeMediaBoxes = arguments.contains(wholeMediaBoxesArgument),
+            .annotations = arguments.contains(annotationsArgument)};
+}
+
 void end(QProcess &process) {
     process.kill();
     process.waitForFinished();
@@ -144,11 +164,11 @@ void end(QProcess &process) {
 } // namespace
 
 std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, const QByteArray &bytes,
-                                                      int pageLimit, const std::stop_token &stop) {
+                                                      const PdfUse &use, const std::stop_token &stop) {
     QProcess process;
     endWithThisProgram(process, share);
     process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(program, {readPdfArgument, QString::number(pageLimit)});
+    process.start(program, argumentsFor(use));
     process.write(sizeField(bytes.size())); // the channel stays open: the process ends when it closes
     process.write(bytes);
     const QDeadlineTimer deadline(longestTime);
@@ -165,7 +185,7 @@ std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, co
     return pages ? *std::move(pages) : std::unexpected(ReadError::tookTooMuch);
 }
 
-int serveReadPdfApart(int pageLimit) {
+int serveReadPdfApart(const QStringList &arguments) {
     QFile input;
     QFile output;
     if (!input.open(standardInput, QIODevice::ReadOnly | QIODevice::Unbuffered) ||
@@ -177,7 +197,7 @@ int serveReadPdfApart(int pageLimit) {
         return 1;
     }
     endWithStandardInput();
-    const QByteArray answer = encoded(readPdf(*document, pageLimit));
+    const QByteArray answer = encoded(readPdf(*document, useIn(arguments)));
     return output.write(answer) == answer.size() && output.flush() ? 0 : 1;
 }
 

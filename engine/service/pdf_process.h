@@ -2,7 +2,7 @@
 
 #include "engine/recognition/pdf_reader.h"
 
-#include <QString>
+#include <QStringList>
 
 namespace fennick::engine {
 
@@ -11,13 +11,13 @@ namespace fennick::engine {
 // memory and processor time; a document that takes more is given up with TookTooMuch. `program`: the engine's
 // file. Callable from any thread, which waits.
 std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, const QByteArray &bytes,
-                                                      int pageLimit, const std::stop_token &stop);
+                                                      const PdfUse &use, const std::stop_token &stop);
 
 // The other side: reads the document that comes in on standard input and writes what it holds to standard
-// output. Returns the exit code.
-int serveReadPdfApart(int pageLimit);
+// output. Returns the exit code. `arguments`: those of the process, without the program's name.
+int serveReadPdfApart(const QStringList &arguments);
 
-// The argument by which the engine is asked to be that side; the number of pages follows.
+// The first argument by which the engine is asked to be that side.
 extern const QString readPdfArgument;
 
 } // namespace fennick::engine

@@ -2,16 +2,11 @@
 
 #include "engine/fields/reading_facts.h"
 #include "engine/recognition/document_reader.h"
-
-#include <QSemaphore>
+#include "engine/service/documents_at_once.h"
 
 namespace fennick::engine {
 
 namespace {
-
-// A scan of 35 megapixels takes 140 MB while it is decoded: more of them at once would crowd out other
-// programs.
-QSemaphore documentsAtOnce(2);
 
 // Readings are only added to; what was found in the earlier ones stays as it is.
 void addFacts(QList<ReadingFacts> &facts, const QList<Reading> &readings) {

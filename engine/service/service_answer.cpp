@@ -36,6 +36,8 @@ double rounded(double length) {
     return std::round(length * 10'000) / 10'000;
 }
 
+} // namespace
+
 void insertEvidence(QJsonObject &members, const QString &name, const std::optional<Evidence> &evidence) {
     if (!evidence) {
         return;
@@ -58,8 +60,6 @@ QJsonObject evidenceMembers(const ReceiptEvidence &evidence) {
     insertEvidence(members, u"merchant"_s, evidence.merchant);
     return members;
 }
-
-} // namespace
 
 QJsonObject generateAnswer(const ReceiptFields &fields, const QString &model) {
     const QJsonObject content{

@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <optional>
+
 // Answers in the shape of the generateContent service.
 namespace fennick::engine {
 
@@ -15,6 +17,12 @@ namespace fennick::engine {
 // on the document is known: "page" (from 1), "x", "y", "width" and "height" (0 to 1, from the top left corner
 // of the page as it is shown) and "text", what is printed there, at most 200 characters of it.
 QJsonObject generateAnswer(const ReceiptFields &fields, const QString &model);
+
+// The objects of "evidence" by their names.
+QJsonObject evidenceMembers(const ReceiptEvidence &evidence);
+
+// Adds one of them if its place is known.
+void insertEvidence(QJsonObject &members, const QString &name, const std::optional<Evidence> &evidence);
 
 // {"error": {...}} as the service words its failures.
 QJsonObject errorAnswer(const ServiceError &error);

@@ -4,19 +4,17 @@
 #include "extraction/gemini_answer.h"
 #include "extraction/gemini_request.h"
 #include "extraction/key_removal.h"
+#include "extraction/network_owners.h"
 #include "extraction/unpacked_body.h"
 
 #include <QCoreApplication>
 #include <QCoroFuture>
 #include <QCoroNetworkReply>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QSslSocket>
 #include <QtConcurrent>
 
 #include <chrono>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -32,13 +30,6 @@ constexpr std::chrono::milliseconds timeOut = std::chrono::seconds(60);
 
 // A service that sends on for longer goes in circles.
 constexpr int mostRedirections = 20;
-
-// A reply resumes the task from inside one of its own signals, so neither it nor its session may go at once.
-struct DeleteLater {
-    void operator()(QObject *object) const { object->deleteLater(); }
-};
-using SessionPointer = std::unique_ptr<QNetworkAccessManager, DeleteLater>;
-using ReplyPointer = std::unique_ptr<QNetworkReply, DeleteLater>;
 
 Result failure(Kind kind, const QString &text) {
     return std::unexpected(ScanError(GeminiError{kind, 0, text}));

@@ -1,5 +1,6 @@
 #include "extraction/gemini_request.h"
 
+#include "extraction/request_document.h"
 #include "extraction/valid_categories.h"
 #include "kinds/document_kind.h"
 
@@ -78,20 +79,6 @@ QByteArray compactJson(const QJsonObject &object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-// Appends the file in base64. Chunks are a multiple of three bytes, so that only the last one is padded; the
-// file never lies in memory beside its encoding.
-std::expected<void, FileProblem> appendBase64(QByteArray &body, QFile &file, qint64 size) {
-    constexpr qint64 chunkSize = 3 * qint64{64} * 1024;
-    for (qint64 done = 0; done < size; done += chunkSize) {
-        const auto chunk = readExactly(file, qMin(chunkSize, size - done));
-        if (!chunk) {
-            return std::unexpected(chunk.error());
-        }
-        body.append(chunk->toBase64());
-    }
-    return expectEnd(file);
-}
-
 } // namespace
 
 QString mimeType(const QString &filePath) {
@@ -100,25 +87,13 @@ QString mimeType(const QString &filePath) {
 }
 
 std::expected<QByteArray, FileProblem> requestBody(const FileToRead &wanted) {
-    const OpenedFile file = openRegularFile(wanted);
-    if (!file) {
-        return std::unexpected(file.error());
-    }
     // Only the small parts go through a JSON library: it would copy a large document several times over.
     const QByteArray head = "{\"generationConfig\":" + compactJson(generationConfig()) +
                             ",\"contents\":[{\"parts\":[" + compactJson({{u"text"_s, instruction}}) +
                             ",{\"inlineData\":{\"mimeType\":\"" + mimeType(wanted.path).toLatin1() +
                             "\",\"data\":\"";
     const QByteArray tail = "\"}}]}]}";
-    QByteArray body;
-    const qint64 size = (*file)->size();
-    body.reserve(head.size() + (size + 2) / 3 * 4 + tail.size());
-    body.append(head);
-    if (const auto appended = appendBase64(body, **file, size); !appended) {
-        return std::unexpected(appended.error());
-    }
-    body.append(tail);
-    return body;
+    return bodyWithDocument(head, wanted, tail);
 }
 
 } // namespace fennick::GeminiClient

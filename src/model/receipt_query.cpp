@@ -42,6 +42,11 @@ constexpr Keyword keywords[] = {
      [](const SearchableReceipt &receipt) {
          return !receipt.addedToPhotos;
      }},
+    //: Typed to find receipts that may be in the list twice.
+    {QT_TRANSLATE_NOOP("ReceiptQuery", "duplicate"),
+     [](const SearchableReceipt &receipt) {
+         return receipt.mayBeDuplicate;
+     }},
 };
 
 QList<Token> tokensOf(const QString &typed) {

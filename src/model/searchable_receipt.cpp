@@ -34,13 +34,14 @@ QString plainAmount(double amount) {
 
 } // namespace
 
-SearchableReceipt::SearchableReceipt(const Receipt &receipt)
+SearchableReceipt::SearchableReceipt(const Receipt &receipt, bool isPossibleDuplicate)
     : words(searchText(joinedTexts(receipt)))
     , amountText(receipt.amount ? plainAmount(*receipt.amount) : QString())
     , amount(receipt.amount)
     , currency(receipt.currency.value_or(QString()).toLower())
     , status(receipt.status)
-    , addedToPhotos(receipt.addedToPhotos) {
+    , addedToPhotos(receipt.addedToPhotos)
+    , mayBeDuplicate(isPossibleDuplicate) {
     const QString date = receipt.date.value_or(QString());
     if (date.size() == 10 && date[4] == u'-' && date[7] == u'-') { // ISO 8601, as extraction writes it
         year = QStringView(date).first(4).toInt();

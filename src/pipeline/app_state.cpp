@@ -4,21 +4,29 @@
 #include "model/receipt_store.h"
 #include "platform/free_path.h"
 #include "settings/settings_store.h"
+#include "text/path_text.h"
+
+#include <QCoreApplication>
 
 namespace fennick {
+
+using namespace Qt::StringLiterals;
 
 AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent)
     : QObject(parent)
     , store_(store)
     , settings_(settings)
+    , duplicates_(store)
     , tasks_(&lastError_)
     , formerArchives_(settings, &lastError_)
     , archive_(store, settings, &formerArchives_, &lastError_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
     , correction_(store, &renaming_, &corrected_, &folderThreads_)
     , pages_(&watchedFolder_, &folderThreads_, &tasks_)
+    , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s))
+    , evidence_(&watchedFolder_, &folderThreads_, &engine_, &tasks_)
     , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
-    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &tasks_)
+    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &engine_, &tasks_)
     , retryAll_(
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
     , recovery_(store, &archive_, &folderThreads_, &tasks_)

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "export/export_service.h"
+#include "extraction/on_device_engine.h"
+#include "model/possible_duplicates.h"
 #include "pipeline/archive.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
+#include "pipeline/evidence_search.h"
 #include "pipeline/folder_admission.h"
 #include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
@@ -108,6 +111,12 @@ public:
     // The pages of the receipt that is being looked at.
     ReceiptPages *pages() { return &pages_; }
 
+    // Where the values of that receipt stand on them.
+    EvidenceSearch *evidence() { return &evidence_; }
+
+    // Which listed receipts may be one purchase twice.
+    const PossibleDuplicates *duplicates() const { return &duplicates_; }
+
     // Photos delivery -------------------------------------------------------------------------------------
 
     // Adds the receipt to the photo library, also if it was added before. Does nothing while the preference
@@ -146,6 +155,7 @@ Q_SIGNALS:
 private:
     ReceiptStore *store_;
     SettingsStore *settings_;
+    PossibleDuplicates duplicates_;
     LastError lastError_;
     Tasks tasks_;
     FolderThreads folderThreads_;
@@ -157,6 +167,8 @@ private:
     CorrectedReceipts corrected_;
     Correction correction_;
     ReceiptPages pages_;
+    OnDeviceEngine engine_;
+    EvidenceSearch evidence_;
     PhotosDelivery delivery_;
     ScanRun scanRun_;
     RetryAll retryAll_;

@@ -1,6 +1,7 @@
 #include "pipeline/scan_run.h"
 
 #include "extraction/gemini_client.h"
+#include "extraction/on_device_engine.h"
 #include "extraction/service_address.h"
 #include "model/receipt_store.h"
 #include "pipeline/corrected_receipts.h"
@@ -11,9 +12,7 @@
 #include "pipeline/watched_folder.h"
 #include "platform/file_system_answer.h"
 #include "settings/settings_store.h"
-#include "text/path_text.h"
 
-#include <QCoreApplication>
 #include <QCoroFuture>
 #include <QPointer>
 
@@ -41,15 +40,15 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 
 ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
                  ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
-                 Tasks *tasks)
+                 OnDeviceEngine *engine, Tasks *tasks)
     : store_(store)
     , settings_(settings)
     , watchedFolder_(watchedFolder)
     , renaming_(renaming)
     , corrected_(corrected)
     , delivery_(delivery)
-    , tasks_(tasks)
-    , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s)) {}
+    , engine_(engine)
+    , tasks_(tasks) {}
 
 void ScanRun::prepare() {
     GeminiClient::prepare();
@@ -129,13 +128,13 @@ QCoro::Task<ScanRun::Extracted> ScanRun::send(FileToRead file, QString key, QStr
     if (!isOnDevice(address)) {
         co_return co_await GeminiClient::scan(file, key, settings_->model(), address);
     }
-    const auto use = co_await engine_.use();
+    const auto use = co_await engine_->use();
     if (!use) {
-        const QString reason = QString::fromUtf8(engineNotStartedText).arg(engine_.failure());
+        const QString reason = QString::fromUtf8(engineNotStartedText).arg(engine_->failure());
         co_return std::unexpected(ScanError(TransportError{reason}));
     }
-    co_return co_await GeminiClient::scan(file, OnDeviceEngine::key, settings_->model(), engine_.address(),
-                                          engine_.engineEnd());
+    co_return co_await GeminiClient::scan(file, OnDeviceEngine::key, settings_->model(), engine_->address(),
+                                          engine_->engineEnd());
 }
 
 void ScanRun::retry(const Receipt &receipt) {

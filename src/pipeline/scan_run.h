@@ -2,7 +2,6 @@
 
 #include "extraction/gemini_error.h"
 #include "extraction/gemini_receipt_data.h"
-#include "extraction/on_device_engine.h"
 #include "model/receipt.h"
 #include "pipeline/scan_outcome.h"
 #include "platform/regular_file.h"
@@ -16,6 +15,7 @@
 namespace fennick {
 
 class CorrectedReceipts;
+class OnDeviceEngine;
 class PhotosDelivery;
 class ReceiptRenaming;
 class ReceiptStore;
@@ -30,7 +30,8 @@ class ScanRun : public QObject {
 
 public:
     ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
-            ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery, Tasks *tasks);
+            ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
+            OnDeviceEngine *engine, Tasks *tasks);
 
     // Makes the first request as prompt as the others.
     static void prepare();
@@ -68,8 +69,8 @@ private:
     ReceiptRenaming *renaming_;
     CorrectedReceipts *corrected_;
     PhotosDelivery *delivery_;
+    OnDeviceEngine *engine_;
     Tasks *tasks_;
-    OnDeviceEngine engine_;
 };
 
 } // namespace fennick

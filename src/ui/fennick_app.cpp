@@ -93,7 +93,10 @@ void FennickApp::buildTrayIcon() {
 
 void FennickApp::connectNotices() {
     connect(&progress_, &BatchProgress::changed, this, &FennickApp::showProgress);
-    connect(&progress_, &BatchProgress::ended, &notices_, &Notices::tellBatch);
+    connect(&progress_, &BatchProgress::ended, &notices_, [this](int scanned, int failed) {
+        notices_.tellBatch(scanned, failed,
+                           appState_.duplicates()->repeatsAmong(progress_.scannedReceipts()));
+    });
     connect(&progress_, &BatchProgress::ended, &keyNotices_, &KeyNotices::noteBatch);
     connect(appState_.retryAll(), &RetryAll::changed, this, &FennickApp::followRetries);
     connect(&appState_, &AppState::lastErrorChanged, &notices_,
@@ -217,6 +220,7 @@ void FennickApp::showDetails() {
         };
         connect(&window_, &MainWindow::selectedReceiptChanged, details_.get(), follow);
         connect(details_.get(), &DetailsWindow::stepRequested, &window_, &MainWindow::selectFurther);
+        connect(details_.get(), &DetailsWindow::receiptRequested, &window_, &MainWindow::selectReceipt);
         follow();
     }
     details_->show();

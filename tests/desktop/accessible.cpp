@@ -138,11 +138,19 @@ QList<Accessible> AccessibilityBus::children(const QString &service, const QStri
 Accessible AccessibilityBus::describe(const QString &service, const QString &path) const {
     const QDBusReply<QString> role =
         bus_->call(QDBusMessage::createMethodCall(service, path, accessibleInterface, u"GetRoleName"_s));
+    return {service, path, role.value(), property(service, path, u"Name"_s)};
+}
+
+QString AccessibilityBus::description(const Accessible &element) const {
+    return property(element.service, element.path, u"Description"_s);
+}
+
+QString AccessibilityBus::property(const QString &service, const QString &path, const QString &name) const {
     QDBusMessage ask =
         QDBusMessage::createMethodCall(service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    ask.setArguments({accessibleInterface, u"Name"_s});
-    const QDBusReply<QDBusVariant> name = bus_->call(ask);
-    return {service, path, role.value(), name.value().variant().toString()};
+    ask.setArguments({accessibleInterface, name});
+    const QDBusReply<QDBusVariant> value = bus_->call(ask);
+    return value.value().variant().toString();
 }
 
 } // namespace fennick::test

@@ -38,9 +38,13 @@ public:
     bool hasFocus(const Accessible &element) const;
     QRect extents(const Accessible &element) const;
 
+    // What is said of the element besides its name.
+    QString description(const Accessible &element) const;
+
 private:
     QList<Accessible> children(const QString &service, const QString &path) const;
     bool hasState(const Accessible &element, int state) const;
+    QString property(const QString &service, const QString &path, const QString &name) const;
     Accessible describe(const QString &service, const QString &path) const;
     void collect(const Accessible &element, QList<Accessible> &found) const;
 

@@ -157,6 +157,8 @@ private Q_SLOTS:
         Receipt receipt = finishedReceipt(u"/w/a.pdf"_s);
         QVERIFY(!finds(u"failed"_s, receipt));
         QVERIFY(finds(u"no photo"_s, receipt));
+        QVERIFY(!finds(u"duplicate"_s, receipt));
+        QVERIFY(ReceiptQuery(u"duplicate"_s).matches(SearchableReceipt(receipt, true)));
         QVERIFY(finds(u"mario No Photo"_s, receipt));
         receipt.addedToPhotos = true;
         receipt.status = ReceiptStatus::error;

@@ -50,6 +50,20 @@ private Q_SLOTS:
         QCOMPARE(progress_->totalCount(), 0);
     }
 
+    void scannedReceiptsAreKnownUntilTheEndWasReported() {
+        QStringList known;
+        connect(progress_.get(), &BatchProgress::ended, this, [&] { known = progress_->scannedReceipts(); });
+        Receipt first = add("a.pdf");
+        Receipt second = add("b.pdf");
+        Receipt third = add("c.pdf");
+        finish(second, ReceiptStatus::done);
+        finish(third, ReceiptStatus::error);
+        finish(first, ReceiptStatus::done);
+        QVERIFY(waitUntil([&] { return !known.isEmpty(); }));
+        QCOMPARE(known, (QStringList{second.id, first.id}));
+        QVERIFY(progress_->scannedReceipts().isEmpty());
+    }
+
     void changesAfterTheScanDoNotCountAgain() {
         Receipt receipt = add("a.pdf");
         finish(receipt, ReceiptStatus::done);

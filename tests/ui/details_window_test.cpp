@@ -242,6 +242,22 @@ private Q_SLOTS:
         QCOMPARE(pages()->widget()->width(), room);
     }
 
+    void possibleDuplicateLeadsToTheOther() {
+        auto *const link = find<QLabel>(u"duplicate"_s);
+        QVERIFY(link->isVisible());
+        QVERIFY(link->text().contains(u">b.pdf<"_s));
+        QSignalSpy requests(window_.get(), &DetailsWindow::receiptRequested);
+        link->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(link, Qt::Key_Return);
+        QCOMPARE(requests.size(), 1);
+        QCOMPARE(requests.first().first().toString(), ids_.last());
+
+        Receipt other = *store_->receipt(ids_.last());
+        other.amount = 9;
+        store_->update(other);
+        QVERIFY(!link->isVisible());
+    }
+
     void receiptThatCannotBeOpenedIsSaid() {
         writeFile(receipt().filePath, "no PDF");
         select(1);

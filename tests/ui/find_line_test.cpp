@@ -58,6 +58,32 @@ private Q_SLOTS:
         QCOMPARE(shown(), QStringList{u"b.pdf"_s});
     }
 
+    void duplicateNarrowsTheListAlsoWhenOneComes() {
+        const Receipt first = finishedReceipt(u"/w/first.pdf"_s);
+        under_.store->add(first);
+        openByKey();
+        type(u"duplicate"_s);
+        QCOMPARE(shown(), QStringList());
+        Receipt second = finishedReceipt(u"/w/second.pdf"_s);
+        under_.store->add(second);
+        QVERIFY(waitUntil([this] { return shown().size() == 2; }));
+        second.amount = 9;
+        under_.store->update(second);
+        QVERIFY(waitUntil([this] { return shown().isEmpty(); }));
+    }
+
+    void receiptThatIsAskedForIsShownAlsoIfItWasNotFound() {
+        openByKey();
+        type(u"hotel"_s);
+        const Receipt hidden =
+            *std::find_if(under_.store->receipts().begin(), under_.store->receipts().end(),
+                          [](const Receipt &receipt) { return receipt.fileName == u"a.pdf"; });
+        under_.window->selectReceipt(hidden.id);
+        QCOMPARE(under_.table()->selectedReceipt()->id, hidden.id);
+        QCOMPARE(shown().size(), 3);
+        QVERIFY(line()->isHidden());
+    }
+
     void downLeadsToWhatWasFound() {
         openByKey();
         type(u"hotel"_s);

@@ -49,6 +49,13 @@ private Q_SLOTS:
         QCOMPARE(service_->notices().first().icon, u"org.fennick.Fennick"_s);
     }
 
+    void possibleDuplicatesOfABatchAreTold() {
+        QCOMPARE(Notices::batchText(12, 0, 1), u"12 receipts scanned, 1 may be a duplicate"_s);
+        notices_->tellBatch(12, 2, 3);
+        QVERIFY(waitForNotices(1));
+        QCOMPARE(service_->notices().first().title, u"12 receipts scanned, 3 may be duplicates, 2 failed"_s);
+    }
+
     void windowInFrontTellsByItself() {
         isInFront_ = true;
         notices_->tellBatch(3, 1);

@@ -3,10 +3,12 @@
 #include "extraction/gemini_error.h"
 #include "pipeline/app_state.h"
 #include "text/display_text.h"
+#include "ui/details/evidence_marks.h"
 #include "ui/details/page_view.h"
 #include "ui/details/receipt_form.h"
 
 #include <QDateTime>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -31,6 +33,17 @@ constexpr QSize leastDetailsSize(640, 420);
 constexpr int detailsMargin = 16;
 constexpr int fieldSideWidth = 360;
 constexpr int factSpacing = 6;
+
+// A link in it has the focus as soon as the label has, not only after another press of the key.
+class LinkLabel : public QLabel {
+protected:
+    void focusInEvent(QFocusEvent *event) override {
+        QLabel::focusInEvent(event);
+        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+            focusNextPrevChild(true);
+        }
+    }
+};
 
 QString statusInWords(ReceiptStatus status) {
     switch (status) {
@@ -70,6 +83,7 @@ DetailsWindow::DetailsWindow(ReceiptStore *store, AppState *appState)
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(halves);
+    new EvidenceMarks(appState->evidence(), form_, pages_, this);
     addShortcuts();
     for (QWidget *const widget : std::initializer_list<QWidget *>{save_, revert_, previousPage_, nextPage_}) {
         widget->installEventFilter(this);
@@ -126,6 +140,11 @@ QWidget *DetailsWindow::makeFieldSide() {
     form_ = new ReceiptForm(formats_);
     status_ = makeFact(u"status"_s);
     error_ = makeFact(u"error"_s);
+    duplicate_ = new LinkLabel;
+    duplicate_->setObjectName(u"duplicate"_s);
+    duplicate_->setTextFormat(Qt::RichText);
+    duplicate_->setWordWrap(true);
+    duplicate_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     fileName_ = makeFact(u"fileNameAfter"_s);
     photos_ = makeFact(u"photos"_s);
     scannedAt_ = makeFact(u"scannedAt"_s);
@@ -134,6 +153,8 @@ QWidget *DetailsWindow::makeFieldSide() {
     facts_->setLabelAlignment(Qt::AlignLeading | Qt::AlignTop);
     facts_->addRow(tr("Status"), status_);
     facts_->addRow(tr("Reason"), error_);
+    //: Follows: the name of another receipt's file, as a link.
+    facts_->addRow(tr("Possible duplicate of"), duplicate_);
     facts_->addRow(tr("File name"), fileName_);
     facts_->addRow(tr("Photos"), photos_);
     facts_->addRow(tr("Scanned"), scannedAt_);
@@ -154,6 +175,8 @@ QWidget *DetailsWindow::makeFieldSide() {
     layout->addLayout(buttons);
     layout->addLayout(facts_);
     layout->addStretch();
+    connect(duplicate_, &QLabel::linkActivated, this, &DetailsWindow::receiptRequested);
+    connect(appState_->duplicates(), &PossibleDuplicates::changed, this, &DetailsWindow::showDuplicate);
     connect(form_, &ReceiptForm::edited, this, &DetailsWindow::keepDraft);
     connect(save_, &QPushButton::clicked, this, &DetailsWindow::save);
     connect(revert_, &QPushButton::clicked, this, &DetailsWindow::revert);
@@ -204,7 +227,9 @@ void DetailsWindow::showReceipt(const std::optional<Receipt> &receipt) {
     }
     // What others have changed meanwhile is shown beside what was typed.
     showFields(isAnother ? drafts_.value(id) : form_->typed());
-    if (isAnother && isVisible()) {
+    if (!isAnother) {
+        lookForEvidence();
+    } else if (isVisible()) {
         appState_->pages()->show(*receipt);
     }
 }
@@ -227,10 +252,20 @@ void DetailsWindow::showFacts(const Receipt &receipt) {
     facts_->setRowVisible(error_, !error.isEmpty());
     photos_->setText(receipt.addedToPhotos ? tr("Added to Photos") : tr("Not added to Photos"));
     scannedAt_->setText(momentInWords(receipt.scannedAt));
+    showDuplicate();
+}
+
+void DetailsWindow::showDuplicate() {
+    const auto other = store_->receipt(appState_->duplicates()->otherOf(id_).value_or(QString()));
+    facts_->setRowVisible(duplicate_, other.has_value());
+    duplicate_->setText(other ? u"<a href=\"%1\">%2</a>"_s.arg(other->id.toHtmlEscaped(),
+                                                               displayText(other->fileName).toHtmlEscaped())
+                              : QString());
 }
 
 void DetailsWindow::showPages() {
     const ReceiptPages *const pages = appState_->pages();
+    appState_->evidence()->clear(); // it was for other pages
     switch (pages->state()) {
     case ReceiptPages::State::none:
         return;
@@ -239,10 +274,19 @@ void DetailsWindow::showPages() {
         return;
     case ReceiptPages::State::ready:
         pages_->showPages(pages->files());
+        lookForEvidence();
         return;
     case ReceiptPages::State::failed:
         pages_->showMessage(pages->failure());
         return;
+    }
+}
+
+// The pages are ready only while the window is open.
+void DetailsWindow::lookForEvidence() {
+    const ReceiptPages *const pages = appState_->pages();
+    if (const auto receipt = current(); receipt && pages->state() == ReceiptPages::State::ready) {
+        appState_->evidence()->show(*receipt, pages->files().size());
     }
 }
 

@@ -40,6 +40,9 @@ Q_SIGNALS:
     // The user wants the receipt that many rows further down the list.
     void stepRequested(int rows);
 
+    // The user wants to see this receipt.
+    void receiptRequested(const QString &id);
+
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
@@ -54,7 +57,9 @@ private:
     std::optional<Receipt> current() const { return store_->receipt(id_); }
     void showFields(const TypedFields &typed);
     void showFacts(const Receipt &receipt);
+    void showDuplicate();
     void showPages();
+    void lookForEvidence();
     void showPageNumber();
     void askForFileName();
     void showFileName();
@@ -77,6 +82,7 @@ private:
     QFormLayout *facts_ = nullptr;
     QLabel *status_ = nullptr;
     QLabel *error_ = nullptr;
+    QLabel *duplicate_ = nullptr;
     QLabel *fileName_ = nullptr;
     QLabel *photos_ = nullptr;
     QLabel *scannedAt_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include "platform/regular_file.h"
 #include "text/display_text.h"
+#include "ui/details/field_name.h"
 #include "ui/details/page_canvas.h"
 
 #include <QBuffer>
@@ -60,11 +61,13 @@ PageView::PageView(QWidget *parent)
     message_->setWordWrap(true);
     auto *const layout = new QVBoxLayout(viewport());
     layout->addWidget(message_);
+    connect(canvas_, &PageCanvas::markClicked, this, &PageView::markClicked);
     showMessage(QString());
 }
 
 void PageView::showPages(const QStringList &files) {
     files_ = files;
+    emphasised_.reset();
     zoom_ = 1;
     page_ = -1;
     showPage(0);
@@ -92,7 +95,49 @@ void PageView::showPage(qsizetype page) {
     message_->setVisible(!isReadable);
     layOutPage();
     verticalScrollBar()->setValue(0);
+    showMarksOfPage();
     Q_EMIT pageChanged();
+}
+
+void PageView::showMarks(const std::map<ReceiptField, PlaceOnPage> &places) {
+    const bool isNew = emphasised_ && !places_.contains(*emphasised_);
+    places_ = places;
+    showMarksOfPage();
+    if (isNew) {
+        showEmphasised();
+    }
+}
+
+void PageView::emphasise(ReceiptField field) {
+    emphasised_ = field;
+    showMarksOfPage();
+    showEmphasised();
+}
+
+void PageView::showMarksOfPage() {
+    QList<PageMark> marks;
+    QStringList names;
+    for (const auto &[field, place] : places_) {
+        if (place.page == page_) {
+            marks.append({field, place.area});
+            names.append(fieldName(field));
+        }
+    }
+    canvas_->showMarks(marks, emphasised_);
+    //: For screen readers. %1 are names of fields, such as "Date, Amount".
+    setAccessibleDescription(names.isEmpty() ? QString() : tr("Marked: %1").arg(names.join(u", "_s)));
+}
+
+void PageView::showEmphasised() {
+    const auto place = emphasised_ ? places_.find(*emphasised_) : places_.end();
+    if (place == places_.end() || place->second.page >= files_.size()) {
+        return;
+    }
+    showPage(place->second.page);
+    constexpr int surroundings = 40; // pixels
+    const QRect frame = PageMark{place->first, place->second.area}.frameOn(canvas_->size()).toRect();
+    ensureVisible(frame.center().x(), frame.center().y(), frame.width() / 2 + surroundings,
+                  frame.height() / 2 + surroundings);
 }
 
 void PageView::zoomIn() {

@@ -1,7 +1,13 @@
 #pragma once
 
+#include "extraction/value_places.h"
+#include "pipeline/typed_fields.h"
+
 #include <QScrollArea>
 #include <QStringList>
+
+#include <map>
+#include <optional>
 
 class QLabel;
 
@@ -23,6 +29,9 @@ public:
     // Shows a sentence in place of pages.
     void showMessage(const QString &text);
 
+    // Marks the places of values on the pages.
+    void showMarks(const std::map<ReceiptField, PlaceOnPage> &places);
+
     qsizetype pageCount() const { return files_.size(); }
     qsizetype page() const { return page_; } // from 0
 
@@ -33,7 +42,12 @@ public Q_SLOTS:
     void zoomOut();
     void fitWidth();
 
+    // Draws the mark of this field more strongly and brings it into view, as soon as there is one.
+    void emphasise(ReceiptField field);
+
 Q_SIGNALS:
+    void markClicked(ReceiptField field);
+
     // Another page, or other pages, are shown.
     void pageChanged();
 
@@ -45,6 +59,8 @@ protected:
 
 private:
     void showPage(qsizetype page);
+    void showMarksOfPage();
+    void showEmphasised();
     void zoomTo(double zoom);
     void layOutPage();
     QSize fittedPage() const;
@@ -52,6 +68,8 @@ private:
     PageCanvas *canvas_;
     QLabel *message_;
     QStringList files_;
+    std::map<ReceiptField, PlaceOnPage> places_;
+    std::optional<ReceiptField> emphasised_;
     qsizetype page_ = 0;
     double zoom_ = 1; // of the page that is as wide as the view
 };

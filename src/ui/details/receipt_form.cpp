@@ -3,9 +3,11 @@
 #include "extraction/valid_categories.h"
 #include "files/file_renamer.h"
 #include "ui/details/currency_box.h"
+#include "ui/details/field_name.h"
 #include "ui/widgets/caption_label.h"
 #include "ui/widgets/named_combo_box.h"
 
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -51,30 +53,38 @@ void ReceiptForm::buildFields() {
     }
     summary_->setTabChangesFocus(true);
     summary_->setFixedHeight(heightOfLines(summary_, summaryLines));
-    addRow(ReceiptField::date, new QLineEdit, u"dateField"_s, tr("Date"));
-    addRow(ReceiptField::time, new QLineEdit, u"timeField"_s, tr("Time"));
-    addRow(ReceiptField::amount, new QLineEdit, u"amountField"_s, tr("Amount"));
-    addRow(ReceiptField::currency, currency_, u"currencyField"_s, tr("Currency"));
-    currency_->lineEdit()->setAccessibleName(tr("Currency"));
-    addRow(ReceiptField::location, new QLineEdit, u"locationField"_s, tr("Location"));
-    addRow(ReceiptField::category, category_, u"categoryField"_s, tr("Category"));
-    addRow(ReceiptField::summary, summary_, u"summaryField"_s, tr("Summary"));
+    addRow(ReceiptField::date, new QLineEdit, u"dateField"_s);
+    addRow(ReceiptField::time, new QLineEdit, u"timeField"_s);
+    addRow(ReceiptField::amount, new QLineEdit, u"amountField"_s);
+    addRow(ReceiptField::currency, currency_, u"currencyField"_s);
+    currency_->lineEdit()->setAccessibleName(fieldName(ReceiptField::currency));
+    watch(currency_->lineEdit(), ReceiptField::currency);
+    addRow(ReceiptField::location, new QLineEdit, u"locationField"_s);
+    addRow(ReceiptField::category, category_, u"categoryField"_s);
+    addRow(ReceiptField::summary, summary_, u"summaryField"_s);
+    watch(summary_->viewport(), ReceiptField::summary);
 }
 
-void ReceiptForm::addRow(ReceiptField field, QWidget *widget, const QString &objectName,
-                         const QString &name) {
+void ReceiptForm::addRow(ReceiptField field, QWidget *widget, const QString &objectName) {
+    const QString name = fieldName(field);
     widget->setObjectName(objectName);
     widget->setAccessibleName(name);
     auto *const problem = new CaptionLabel(QString(), Tint::failure);
     problem->setObjectName(objectName + u"Problem"_s);
     problem->setWordWrap(true);
     problem->hide();
+    auto *const missing = new CaptionLabel(tr("Not found on the page"), Tint::secondary);
+    missing->setObjectName(objectName + u"Missing"_s);
+    missing->setWordWrap(true);
+    missing->hide();
     auto *const column = new QVBoxLayout;
     column->setSpacing(2);
     column->addWidget(widget);
     column->addWidget(problem);
+    column->addWidget(missing);
     layout_->addRow(name, column);
-    rows_.emplace(field, Row{widget, problem});
+    rows_.emplace(field, Row{widget, problem, missing});
+    watch(widget, field);
 }
 
 void ReceiptForm::connectFields() {
@@ -122,6 +132,7 @@ void ReceiptForm::showReceipt(const Receipt &receipt, const TypedFields &typed) 
             showProblem(field, QString());
         }
     }
+    Q_EMIT shown();
 }
 
 TypedFields ReceiptForm::typed() const {
@@ -147,7 +158,44 @@ void ReceiptForm::showProblem(ReceiptField field, const QString &text) {
     const Row &row = rows_.at(field);
     row.problem->setText(text);
     row.problem->setVisible(!text.isEmpty());
-    row.field->setAccessibleDescription(text);
+    describe(row);
+}
+
+void ReceiptForm::showMissing(const std::set<ReceiptField> &fields) {
+    for (const auto &[field, row] : rows_) {
+        row.missing->setVisible(fields.contains(field));
+        describe(row);
+    }
+}
+
+// What is wrong is more urgent than what is not on the page.
+void ReceiptForm::describe(const Row &row) {
+    const bool isMissing = row.missing->isVisibleTo(this) && row.problem->text().isEmpty();
+    row.field->setAccessibleDescription(isMissing ? row.missing->text() : row.problem->text());
+}
+
+void ReceiptForm::focusField(ReceiptField field) {
+    rows_.at(field).field->setFocus(Qt::MouseFocusReason);
+}
+
+void ReceiptForm::watch(QWidget *widget, ReceiptField field) {
+    watched_.insert(widget, field);
+    widget->installEventFilter(this);
+}
+
+// A window that becomes active, or a closing list, gives the focus back to the field that had it.
+bool ReceiptForm::eventFilter(QObject *watched, QEvent *event) {
+    const auto field = watched_.constFind(watched);
+    if (field != watched_.constEnd() && event->type() == QEvent::MouseButtonPress) {
+        Q_EMIT fieldEntered(*field);
+    }
+    if (field != watched_.constEnd() && event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+            Q_EMIT fieldEntered(*field);
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 // A list of another hand may have a category that is none of the program's: it stays until another is chosen.

@@ -24,6 +24,9 @@ public:
     // How many receipts match, of how many.
     void showCount(int found, int all);
 
+    // Hides the line; everything is shown again.
+    void close();
+
 Q_SIGNALS:
     void opened();
     void queryChanged(const ReceiptQuery &query);
@@ -37,7 +40,6 @@ protected:
 
 private:
     void tellQuery();
-    void close();
 
     QLocale language_; // of the windows
     QLineEdit *text_;

@@ -15,6 +15,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <tuple>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
@@ -112,6 +114,14 @@ void HomeView::connectFindLine() {
 
 void HomeView::find() {
     findLine_->open();
+}
+
+void HomeView::selectReceipt(const QString &id) {
+    if (table_->selectReceipt(id)) {
+        return;
+    }
+    findLine_->close();
+    std::ignore = table_->selectReceipt(id); // it may have left the list meanwhile
 }
 
 void HomeView::showFound() {

@@ -28,6 +28,9 @@ public:
     // Opens the line in which the user types what to find.
     void find();
 
+    // Selects this receipt in the list, which then shows all receipts if it did not show this one.
+    void selectReceipt(const QString &id);
+
     // Whether the watched folder is missing.
     void showFolderMissing(bool isMissing);
 

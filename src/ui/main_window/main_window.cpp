@@ -59,6 +59,7 @@ MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *a
     setObjectName(u"main"_s);
     setWindowTitle(u"Fennick"_s);
     home_->setMinimumSize(minimumContentSize);
+    home_->table()->setDuplicates(appState->duplicates());
     setCentralWidget(home_);
     setAcceptDrops(true);
     setContextMenuPolicy(Qt::NoContextMenu); // the toolbar cannot be hidden by accident
@@ -172,6 +173,10 @@ std::optional<Receipt> MainWindow::selectedReceipt() const {
 
 void MainWindow::selectFurther(int rows) {
     home_->table()->selectFurther(rows);
+}
+
+void MainWindow::selectReceipt(const QString &id) {
+    home_->selectReceipt(id);
 }
 
 void MainWindow::chooseFolder() {

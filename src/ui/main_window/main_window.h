@@ -30,6 +30,8 @@ public:
     // Selects the receipt that many rows further down the list, as far as there are any.
     void selectFurther(int rows);
 
+    void selectReceipt(const QString &id);
+
 Q_SIGNALS:
     // The window is shown: at the start and whenever it was hidden.
     void appeared();

@@ -221,6 +221,20 @@ void ReceiptsTable::selectFurther(int rows) {
     }
 }
 
+bool ReceiptsTable::selectReceipt(const QString &id) {
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        if (receipt(row).id == id) {
+            selectOnly(row);
+            return true;
+        }
+    }
+    return false;
+}
+
+void ReceiptsTable::setDuplicates(const PossibleDuplicates *duplicates) {
+    model_->setDuplicates(duplicates);
+}
+
 int ReceiptsTable::firstSelectedRow() const {
     return selectedRows().value(0, -1);
 }

@@ -12,6 +12,8 @@
 
 namespace fennick {
 
+class PossibleDuplicates;
+
 class FoundReceipts;
 class ReceiptColumns;
 class ReceiptQuery;
@@ -44,6 +46,12 @@ public:
     // Selects the row that many rows further down, as far as there are any; without a selection, the first on
     // the screen.
     void selectFurther(int rows);
+
+    // Selects this receipt alone. Fails if no row shows it.
+    [[nodiscard]] bool selectReceipt(const QString &id);
+
+    // Lets searches know which receipts may be duplicates.
+    void setDuplicates(const PossibleDuplicates *duplicates);
 
     // -1 if no row is selected.
     [[nodiscard]] int firstSelectedRow() const;

@@ -1,6 +1,7 @@
 #include "ui/main_window/receipts_table_model.h"
 
 #include "extraction/gemini_error.h"
+#include "model/possible_duplicates.h"
 #include "text/display_text.h"
 #include "ui/widgets/plain_tool_tip.h"
 #include "ui/widgets/symbols.h"
@@ -213,9 +214,29 @@ const SearchableReceipt &ReceiptsTableModel::searchable(int row) const {
     searchables_.resize(store_->receipts().size()); // all of them are empty before the first search
     auto &prepared = searchables_[row];
     if (!prepared) {
-        prepared = std::make_unique<const SearchableReceipt>(receipt(row));
+        const bool mayBeDuplicate = duplicates_ != nullptr && duplicates_->contains(receipt(row).id);
+        prepared = std::make_unique<const SearchableReceipt>(receipt(row), mayBeDuplicate);
     }
     return *prepared;
+}
+
+// Queued: the list may be in the middle of the change that is behind it.
+void ReceiptsTableModel::setDuplicates(const PossibleDuplicates *duplicates) {
+    duplicates_ = duplicates;
+    connect(duplicates, &PossibleDuplicates::changed, this, &ReceiptsTableModel::refreshDuplicates,
+            Qt::QueuedConnection);
+}
+
+void ReceiptsTableModel::refreshDuplicates(const QSet<QString> &ids) {
+    if (searchables_.empty()) {
+        return; // nobody searches
+    }
+    for (int row = 0; row < rowCount(); ++row) {
+        if (ids.contains(receipt(row).id)) {
+            searchables_.at(static_cast<size_t>(row)).reset();
+            Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+        }
+    }
 }
 
 void ReceiptsTableModel::followWithSearchables(const ReceiptsChange &change) {

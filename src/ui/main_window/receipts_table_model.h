@@ -11,6 +11,8 @@
 
 namespace fennick {
 
+class PossibleDuplicates;
+
 // The store's receipts as the rows of a table, in the store's order. Passes changes on row by row, so that
 // views redraw only what has changed. Owned by the view that shows it; main thread.
 class ReceiptsTableModel : public QAbstractTableModel {
@@ -37,6 +39,9 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+    // Lets searches know which receipts may be duplicates. Borrows it.
+    void setDuplicates(const PossibleDuplicates *duplicates);
+
     // The receipt of a row, as it is now.
     const Receipt &receipt(int row) const { return store_->receipts().at(row); }
 
@@ -46,11 +51,13 @@ public:
     void forgetSearchables() { searchables_.clear(); }
 
 private:
+    void refreshDuplicates(const QSet<QString> &ids);
     void beginChange(const ReceiptsChange &change);
     void endChange(const ReceiptsChange &change);
     void followWithSearchables(const ReceiptsChange &change);
 
     const ReceiptStore *store_;
+    const PossibleDuplicates *duplicates_ = nullptr;
     mutable AmountFormatter amounts_{
         FractionDigits::ofCurrency}; // which keeps what it needs for each currency
     mutable std::vector<std::unique_ptr<const SearchableReceipt>> searchables_; // by row, or none at all

@@ -34,6 +34,8 @@ void BatchProgress::follow(const ReceiptsChange &change) {
             return; // a change after its scan
         } else if (receipt.status == ReceiptStatus::done) {
             ++scanned_;
+            scannedReceipts_.removeOne(receipt.id);
+            scannedReceipts_.append(receipt.id);
         } else {
             failed_.insert(receipt.id);
         }
@@ -63,6 +65,7 @@ void BatchProgress::end() {
     if (scanned + failed > 0) {
         Q_EMIT ended(scanned, failed);
     }
+    scannedReceipts_.clear();
 }
 
 } // namespace fennick

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QSet>
+#include <QStringList>
 #include <QTimer>
 
 namespace fennick {
@@ -22,6 +23,9 @@ public:
     int totalCount() const { return finishedCount() + static_cast<int>(underWay_.size()); }
     bool isUnderWay() const { return !underWay_.isEmpty(); }
 
+    // The receipts of the batch that were scanned, in this order; also while its end is reported.
+    const QStringList &scannedReceipts() const { return scannedReceipts_; }
+
     // While more receipts are to be scanned after a pause, the batch does not end.
     void setMoreToCome(bool isMoreToCome);
 
@@ -37,7 +41,8 @@ private:
     const ReceiptStore *store_;
     QSet<QString> underWay_; // identifiers
     int scanned_ = 0;
-    QSet<QString> failed_; // identifiers: one that is retried in the same batch counts once
+    QStringList scannedReceipts_; // identifiers; one that is read again counts once
+    QSet<QString> failed_;        // identifiers: one that is retried in the same batch counts once
     bool isMoreToCome_ = false;
     QTimer quiet_;
 };

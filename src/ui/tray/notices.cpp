@@ -43,10 +43,15 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
     });
 }
 
-QString Notices::batchText(int scanned, int failed) {
+QString Notices::batchText(int scanned, int failed, int repeats) {
     QStringList parts;
     if (scanned > 0) {
         parts.append(scanned == 1 ? tr("1 receipt scanned") : tr("%n receipts scanned", nullptr, scanned));
+    }
+    if (repeats > 0) {
+        //: Receipts; follows "12 receipts scanned".
+        parts.append(repeats == 1 ? tr("1 may be a duplicate")
+                                  : tr("%n may be duplicates", nullptr, repeats));
     }
     if (failed > 0) {
         //: Receipts; follows "3 receipts scanned".
@@ -56,12 +61,13 @@ QString Notices::batchText(int scanned, int failed) {
     return parts.join(tr(", "));
 }
 
-void Notices::tellBatch(int scanned, int failed) {
+void Notices::tellBatch(int scanned, int failed, int repeats) {
     if (isWindowInFront_()) {
         return;
     }
     scanned_ += scanned;
     failed_ += failed;
+    repeats_ += repeats;
     tellWhenAllowed();
 }
 
@@ -135,8 +141,10 @@ void Notices::tell() {
     if (isWindowInFront_()) {
         scanned_ = 0;
         failed_ = 0;
+        repeats_ = 0;
     }
-    const QString batch = batchText(std::exchange(scanned_, 0), std::exchange(failed_, 0));
+    const QString batch =
+        batchText(std::exchange(scanned_, 0), std::exchange(failed_, 0), std::exchange(repeats_, 0));
     const QStringList messages = takeMessages();
     if (batch.isEmpty() && messages.isEmpty()) {
         return;

@@ -19,7 +19,8 @@ public:
     // `isWindowInFront` is called whenever there is something to show.
     explicit Notices(std::function<bool()> isWindowInFront, QObject *parent = nullptr);
 
-    void tellBatch(int scanned, int failed);
+    // `repeats`: how many of the scanned receipts may be duplicates of others.
+    void tellBatch(int scanned, int failed, int repeats = 0);
     void tellFailure(const QString &failure);
 
     // Offers to retry that many receipts, which failed because there was no valid API key.
@@ -35,8 +36,8 @@ public:
     void tellFolderMissing(const QString &folder);
     void tellFolderFound();
 
-    // "3 receipts scanned, 1 failed".
-    static QString batchText(int scanned, int failed);
+    // "3 receipts scanned, 1 may be a duplicate, 1 failed".
+    static QString batchText(int scanned, int failed, int repeats = 0);
 
 Q_SIGNALS:
     // The user clicked a notification.
@@ -57,6 +58,7 @@ private:
     QTimer pause_;
     int scanned_ = 0;
     int failed_ = 0;
+    int repeats_ = 0;
     QString failure_;
     int retries_ = 0; // offered
     QString savedFile_;

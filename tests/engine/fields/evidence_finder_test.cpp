@@ -102,6 +102,58 @@ private Q_SLOTS:
         QVERIFY(evidenceIn({placedLines({u"Total -12.50"_s})}, fields).total);
     }
 
+    void findsValuesThatAnotherServiceRead() {
+        ReceiptFields fields;
+        fields.amount = 1284.17;
+        fields.currency = u"USD"_s;
+        fields.location = u"Corner Shop, 12 High Street, Bristol"_s;
+        const ReceiptEvidence evidence =
+            evidenceIn({placedLines({u"CORNER SHOP"_s, u"Thank you"_s, u"$ 1 284.17"_s})}, fields);
+        QCOMPARE(evidence.total->text, u"1 284.17"_s);
+        QCOMPARE(evidence.currency->text, u"$"_s);
+        QCOMPARE(evidence.merchant->text, u"CORNER SHOP"_s);
+    }
+
+    void findsADateInEveryForm() {
+        ReceiptFields fields;
+        fields.date = QDate(2024, 5, 14);
+        for (const QString &printed :
+             {u"2024-05-14"_s, u"14.05.2024"_s, u"14/05/24"_s, u"05/14/2024"_s, u"14 May 2024"_s,
+              u"May 14, 2024"_s, u"2O24-05-14"_s, u"2024年5月14日"_s}) {
+            const auto date = evidenceIn({placedLines({u"Date: "_s + printed})}, fields).date;
+            QVERIFY2(date, qPrintable(printed));
+        }
+        QVERIFY(
+            evidenceIn({placedLines({u"Summe EUR 9,50"_s, u"inkl. MwSt 19%"_s, u"14. Mai 2024"_s})}, fields)
+                .date);
+    }
+
+    void countOfThingsIsNoAmount() {
+        ReceiptFields fields;
+        fields.amount = 5;
+        QVERIFY(!evidenceIn({placedLines({u"5 items"_s, u"Total 12.50"_s})}, fields).total);
+        QVERIFY(evidenceIn({placedLines({u"5 items"_s, u"Total 5.00"_s})}, fields).total);
+    }
+
+    void nameOnTwoLinesIsMarkedOnBoth() {
+        ReceiptFields fields;
+        fields.location = u"Restaurant Zur Post"_s;
+        const auto merchant = evidenceIn({placedLines({u"RESTAURANT"_s, u"ZUR POST"_s})}, fields).merchant;
+        QVERIFY(merchant);
+        QCOMPARE(merchant->place, QRectF(0, 0, 0.10, 0.2));
+    }
+
+    void wordsOfTheProgramAreFoundWhereTheyArePrintedOnly() {
+        ReceiptFields fields;
+        fields.category = u"lunch"_s;
+        fields.summary = u"Lunch at the Corner Shop"_s;
+        const ReceiptEvidence evidence =
+            evidenceIn({placedLines({u"Corner Shop"_s, u"Lunchbox 4.00"_s, u"1 Lunch 8.50"_s})}, fields);
+        QCOMPARE(evidence.category->text, u"Lunch"_s);
+        QCOMPARE(evidence.category->place.top(), 0.2);
+        QVERIFY(!evidence.summary);
+    }
+
     void findsAMisreadName() {
         ReceiptFields fields;
         fields.location = u"Corner Shop"_s;

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int pageLimit = 5;
+constexpr PdfUse pageLimit{.pageLimit = 5};
 
 // A4 pages, each with the given texts drawn in that order at (x, y) in points. A scaled painter places every
 // letter by itself.
@@ -131,8 +131,8 @@ private Q_SLOTS:
     void readsNoMoreThanTheLimit() {
         const auto pages = readPdf(pdfWith(QList<QList<DrawnText>>(8, someText)), pageLimit);
         QVERIFY(pages);
-        QCOMPARE(pages->size(), pageLimit);
-        QCOMPARE(pages->last().lines.first().page, pageLimit - 1);
+        QCOMPARE(pages->size(), pageLimit.pageLimit);
+        QCOMPARE(pages->last().lines.first().page, pageLimit.pageLimit - 1);
     }
 
     void opensWhatIsLockedWithoutAPassword() {

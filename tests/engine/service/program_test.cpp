@@ -101,6 +101,33 @@ private Q_SLOTS:
         QCOMPARE(found, facts);
     }
 
+    void findsThePlacesOfValuesWithoutAKey() {
+        QJsonObject request = QJsonDocument::fromJson(requestForSample(u"receipt.png"_s)).object();
+        const QJsonObject values{{u"amount"_s, 34.48}, {u"date"_s, u"2023-01-01"_s}};
+        request.insert(u"values"_s, values);
+        const QByteArray body = QJsonDocument(request).toJson(QJsonDocument::Compact);
+        HttpAnswer answer;
+        // A busy machine may leave too little time to recognise the whole page: then nothing is claimed.
+        QVERIFY(fennick::test::waitUntil([&] {
+            answer = engine_->answerTo("POST", u"/fennick/v1/places"_s, body);
+            return !answer.body.value("missing"_L1).toArray().isEmpty();
+        }));
+        QCOMPARE(answer.status, 200);
+        QCOMPARE(answer.body.value("missing"_L1).toArray(), QJsonArray{u"date"_s});
+        QCOMPARE(answer.body.value("pages"_L1).toInt(), 1);
+        const QJsonObject total = answer.body.value("evidence"_L1).toObject().value("total"_L1).toObject();
+        QCOMPARE(total.value("page"_L1).toInt(), 1);
+        QVERIFY(total.value("y"_L1).toDouble() > 0.2); // below the heading
+        QVERIFY(total.value("width"_L1).toDouble() < 0.5);
+    }
+
+    void refusesToLookForWhatDoesNotFit() {
+        const HttpAnswer answer =
+            engine_->answerTo("POST", u"/fennick/v1/places"_s, requestForSample(u"parking.png"_s));
+        QCOMPARE(answer.status, 400);
+        QCOMPARE(engine_->answerTo("GET", u"/fennick/v1/places"_s, {}).status, 404);
+    }
+
     void saysInWordsThatAPageIsNoReceipt() {
         const HttpAnswer answer =
             engine_->answerTo("POST", engine_->generatePath(), requestFor(blankPage(), u"image/png"_s));

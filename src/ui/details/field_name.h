@@ -1,0 +1,12 @@
+#pragma once
+
+#include "pipeline/typed_fields.h"
+
+#include <QString>
+
+namespace fennick {
+
+// The field's name in the user's language.
+QString fieldName(ReceiptField field);
+
+} // namespace fennick
