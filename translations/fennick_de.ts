@@ -339,6 +339,65 @@
     </message>
 </context>
 <context>
+    <name>UndoProblem</name>
+    <message>
+        <source>It is no longer in the list.</source>
+        <translation>Er ist nicht mehr in der Liste.</translation>
+    </message>
+    <message>
+        <source>The list has this file already.</source>
+        <translation>Die Liste enthält diese Datei schon.</translation>
+    </message>
+    <message>
+        <source>It is being read.</source>
+        <translation>Er wird gerade gelesen.</translation>
+    </message>
+    <message>
+        <source>Fields that have changed since stay as they are.</source>
+        <translation>Seither geänderte Felder bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>The file is no longer there.</source>
+        <translation>Die Datei ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>Another file has this name; it is now “%1”.</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>Eine andere Datei hat diesen Namen; sie heißt jetzt „%1“.</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: %1</source>
+        <extracomment>%1 is the reason.</extracomment>
+        <translation>Die Datei bleibt, wo sie ist: %1</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: it was not in the watched folder.</source>
+        <translation>Die Datei bleibt, wo sie ist: Sie war nicht im überwachten Ordner.</translation>
+    </message>
+    <message>
+        <source>It could not be moved to the trash.</source>
+        <translation>Sie konnte nicht in den Papierkorb gelegt werden.</translation>
+    </message>
+    <message>
+        <source>The folder does not respond.</source>
+        <translation>Der Ordner antwortet nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoReport</name>
+    <message numerus="yes">
+        <source>… and %n more</source>
+        <translation>
+            <numerusform>… und %Ln weitere Zeile</numerusform>
+            <numerusform>… und %Ln weitere Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not everything could be done.</source>
+        <translation>Nicht alles war möglich.</translation>
+    </message>
+</context>
+<context>
     <name>WatchFolderChooser</name>
     <message>
         <source>Watch This Folder</source>
@@ -365,6 +424,14 @@
     <message>
         <source>Nothing was archived: %1</source>
         <translation>Es wurde nichts archiviert: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::CorrectionDeed</name>
+    <message>
+        <source>Correction of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Korrektur von „%1“</translation>
     </message>
 </context>
 <context>
@@ -634,6 +701,14 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Find…</source>
         <translation>Suchen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
     </message>
 </context>
 <context>
@@ -924,6 +999,14 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::RemovalDeed</name>
+    <message>
+        <source>Remove from List</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+</context>
+<context>
     <name>fennick::RetryEntries</name>
     <message>
         <source>Stop Retrying</source>
@@ -1089,6 +1172,27 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Archive Here</source>
         <translation>Hier archivieren</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::UndoCommands</name>
+    <message>
+        <source>Undo %1</source>
+        <extracomment>%1 is what was done, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <extracomment>%1 is what was undone, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
     </message>
 </context>
 <context>

@@ -339,6 +339,65 @@
     </message>
 </context>
 <context>
+    <name>UndoProblem</name>
+    <message>
+        <source>It is no longer in the list.</source>
+        <translation>Il n’est plus dans la liste.</translation>
+    </message>
+    <message>
+        <source>The list has this file already.</source>
+        <translation>La liste contient déjà ce fichier.</translation>
+    </message>
+    <message>
+        <source>It is being read.</source>
+        <translation>Il est en cours de lecture.</translation>
+    </message>
+    <message>
+        <source>Fields that have changed since stay as they are.</source>
+        <translation>Les champs modifiés depuis restent tels quels.</translation>
+    </message>
+    <message>
+        <source>The file is no longer there.</source>
+        <translation>Le fichier n’est plus là.</translation>
+    </message>
+    <message>
+        <source>Another file has this name; it is now “%1”.</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>Un autre fichier porte ce nom&#xa0;; il s’appelle maintenant «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: %1</source>
+        <extracomment>%1 is the reason.</extracomment>
+        <translation>Le fichier reste où il est&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: it was not in the watched folder.</source>
+        <translation>Le fichier reste où il est&#xa0;: il n’était pas dans le dossier surveillé.</translation>
+    </message>
+    <message>
+        <source>It could not be moved to the trash.</source>
+        <translation>Il n’a pas pu être mis à la corbeille.</translation>
+    </message>
+    <message>
+        <source>The folder does not respond.</source>
+        <translation>Le dossier ne répond pas.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoReport</name>
+    <message numerus="yes">
+        <source>… and %n more</source>
+        <translation>
+            <numerusform>… et %Ln autre ligne</numerusform>
+            <numerusform>… et %Ln autres lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not everything could be done.</source>
+        <translation>Tout n’a pas pu être fait.</translation>
+    </message>
+</context>
+<context>
     <name>WatchFolderChooser</name>
     <message>
         <source>Watch This Folder</source>
@@ -365,6 +424,14 @@
     <message>
         <source>Nothing was archived: %1</source>
         <translation>Rien n’a été archivé&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::CorrectionDeed</name>
+    <message>
+        <source>Correction of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Correction de «&#xa0;%1&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -634,6 +701,14 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Find…</source>
         <translation>Rechercher…</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
     </message>
 </context>
 <context>
@@ -924,6 +999,14 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::RemovalDeed</name>
+    <message>
+        <source>Remove from List</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Retirer de la liste</translation>
+    </message>
+</context>
+<context>
     <name>fennick::RetryEntries</name>
     <message>
         <source>Stop Retrying</source>
@@ -1089,6 +1172,27 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Archive Here</source>
         <translation>Archiver ici</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::UndoCommands</name>
+    <message>
+        <source>Undo %1</source>
+        <extracomment>%1 is what was done, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Annuler&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <extracomment>%1 is what was undone, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Rétablir&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
     </message>
 </context>
 <context>

@@ -21,7 +21,8 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &tasks_)
     , retryAll_(
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
-    , recovery_(store, &archive_, &folderThreads_, &tasks_)
+    , history_(store, &correction_, &corrected_, &scanRun_, &watchedFolder_, &renamedPaths_)
+    , recovery_(store, &archive_, &history_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
     , admission_(store, settings, &archive_, &folderThreads_, &lastError_, &tasks_)
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
@@ -89,7 +90,7 @@ bool AppState::canCorrect(const QString &id) const {
 
 std::expected<void, FieldProblems> AppState::correct(const QString &id, const TypedFields &typed,
                                                      const FieldFormats &formats) {
-    return correction_.correct(id, typed, formats);
+    return history_.correct(id, typed, formats);
 }
 
 QFuture<QString> AppState::fileNameAfterCorrection(const QString &id, const TypedFields &typed,

@@ -19,6 +19,7 @@
 #include "pipeline/retry_all.h"
 #include "pipeline/scan_run.h"
 #include "pipeline/tasks.h"
+#include "pipeline/undo/undo_history.h"
 #include "pipeline/watched_folder.h"
 
 #include <QDateTime>
@@ -88,13 +89,18 @@ public:
     // The listed receipts that failed because there was no API key, or none that the service takes.
     QStringList receiptsWithoutKey() const;
 
+    // Undo ------------------------------------------------------------------------------------------------
+
+    // What the user has done and can take back. Corrections and removals are done through it.
+    UndoHistory *history() { return &history_; }
+
     // Correction ------------------------------------------------------------------------------------------
 
     // Whether the receipt is listed and is not being scanned.
     bool canCorrect(const QString &id) const;
 
     // Puts the typed fields in place of the receipt's own and renames its file by the rules of a scan. If a
-    // field cannot be understood, nothing changes.
+    // field cannot be understood, nothing changes. Can be undone.
     [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
                                                              const FieldFormats &formats);
 
@@ -160,6 +166,7 @@ private:
     PhotosDelivery delivery_;
     ScanRun scanRun_;
     RetryAll retryAll_;
+    UndoHistory history_;
     Recovery recovery_;
     DroppedFiles droppedFiles_;
     FolderAdmission admission_;

@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QCoroFuture>
 #include <QPointer>
+#include <QScopeGuard>
 
 namespace fennick {
 
@@ -59,6 +60,12 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
                                       std::optional<Receipt> read) {
     const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
+    underWay_.append(id);
+    const auto end = qScopeGuard([self, id] {
+        if (self) {
+            self->underWay_.removeOne(id);
+        }
+    });
     const QString address = settings_->serviceAddress();
     QString key;
     if (!isOnDevice(address)) {

@@ -9,6 +9,7 @@
 
 #include <QCoroTask>
 #include <QObject>
+#include <QStringList>
 
 #include <expected>
 #include <optional>
@@ -46,6 +47,9 @@ public:
     // The same, to be awaited.
     [[nodiscard]] QCoro::Task<ScanOutcome> again(QString id);
 
+    // Whether a scan of this receipt is under way that would still give it its result.
+    bool isUnderWay(const QString &id) const { return underWay_.contains(id); }
+
     // Whether the receipt failed because there was no API key, or none that the service takes.
     [[nodiscard]] static bool lacksKey(const Receipt &receipt);
 
@@ -70,6 +74,7 @@ private:
     PhotosDelivery *delivery_;
     Tasks *tasks_;
     OnDeviceEngine engine_;
+    QStringList underWay_; // the receipts' identifiers, one for each scan
 };
 
 } // namespace fennick

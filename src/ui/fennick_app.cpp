@@ -217,6 +217,7 @@ void FennickApp::showDetails() {
         };
         connect(&window_, &MainWindow::selectedReceiptChanged, details_.get(), follow);
         connect(details_.get(), &DetailsWindow::stepRequested, &window_, &MainWindow::selectFurther);
+        details_->addActions({window_.actions().undo, window_.actions().redo}); // for its corrections
         follow();
     }
     details_->show();

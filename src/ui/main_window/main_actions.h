@@ -37,6 +37,8 @@ public:
     QAction *retryAll;
     QAction *stopRetrying;
 
+    QAction *undo;
+    QAction *redo;
     QAction *find;
 
     // The program.

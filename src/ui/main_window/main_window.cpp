@@ -8,6 +8,7 @@
 #include "ui/main_window/read_with_menu.h"
 #include "ui/main_window/receipt_commands.h"
 #include "ui/main_window/receipts_table.h"
+#include "ui/main_window/undo_commands.h"
 #include "ui/widgets/focus_frame.h"
 #include "ui/widgets/symbols.h"
 
@@ -67,6 +68,7 @@ MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *a
     buildContextMenu();
     connectActions();
     new ReceiptCommands(&actions_, home_->table(), store, settings, appState, this);
+    new UndoCommands(&actions_, appState->history(), this);
     enableActions();
 
     resize(defaultSize);
@@ -122,6 +124,8 @@ void MainWindow::buildMenuBar() {
     file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addActions({actions_.undo, actions_.redo});
+    edit->addSeparator();
     edit->addActions({actions_.copy, actions_.find});
     edit->addSeparator();
     edit->addAction(actions_.settings);

@@ -48,6 +48,7 @@ public:
 private:
     void beginChange(const ReceiptsChange &change);
     void endChange(const ReceiptsChange &change);
+    void makeRoomForSearchables(qsizetype first, qsizetype count);
     void followWithSearchables(const ReceiptsChange &change);
 
     const ReceiptStore *store_;

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "pipeline/typed_fields.h"
+#include "pipeline/undo/receipt_exchange.h"
+#include "pipeline/undo/returning_receipts.h"
+
+#include <QObject>
+#include <QSet>
+#include <QUndoStack>
+
+#include <expected>
+
+namespace fennick {
+
+class CorrectedReceipts;
+class Correction;
+class UndoableDeed;
+
+// Carries out what the user can take back, and takes it back. What the program does by itself, such as a
+// scan, is no deed: it stays. Owned by AppState; main thread.
+class UndoHistory : public QObject {
+    Q_OBJECT
+
+public:
+    UndoHistory(ReceiptStore *store, Correction *correction, CorrectedReceipts *corrected,
+                const ScanRun *scanRun, const WatchedFolder *watchedFolder, RenamedPaths *renamedPaths);
+
+    // As in Correction.
+    [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
+                                                             const FieldFormats &formats);
+
+    // As in ReceiptStore.
+    void removeFromList(const QSet<QString> &ids);
+
+    // Take the last deed back, and do the one again that was taken back last.
+    void undo();
+    void redo();
+
+    // For what can be undone and redone, and the texts of both.
+    const QUndoStack *stack() const { return &stack_; }
+
+    // Completes what was interrupted in the middle of an undo.
+    void resume();
+
+Q_SIGNALS:
+    // Only a part could be done. The problems are lines for the user.
+    void undoneInPart(const QStringList &problems);
+
+private:
+    void push(UndoableDeed *deed);
+    void report();
+
+    ReceiptStore *store_;
+    Correction *correction_;
+    CorrectedReceipts *corrected_;
+    QList<UndoProblem> problems_; // of the undo or redo under way
+    ReturningReceipts returning_;
+    ReceiptExchange exchange_;
+    QUndoStack stack_; // last, for its deeds use the others
+};
+
+} // namespace fennick
