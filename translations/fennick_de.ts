@@ -427,6 +427,14 @@
     </message>
 </context>
 <context>
+    <name>fennick::ClearDeed</name>
+    <message>
+        <source>Clear All</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Liste leeren</translation>
+    </message>
+</context>
+<context>
     <name>fennick::CorrectionDeed</name>
     <message>
         <source>Correction of “%1”</source>

@@ -2,9 +2,13 @@
 
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
+#include "pipeline/undo/clear_deed.h"
 #include "pipeline/undo/correction_deed.h"
 #include "pipeline/undo/removal_deed.h"
 
+#include <QUuid>
+
+#include <algorithm>
 #include <utility>
 
 namespace fennick {
@@ -47,23 +51,72 @@ void UndoHistory::removeFromList(const QSet<QString> &ids) {
     push(new RemovalDeed(std::move(removed), store_, &returning_));
 }
 
+// The record is made before the list changes: a program that is killed in between can put everything right.
+void UndoHistory::clearAll() {
+    if (store_->receipts().isEmpty()) {
+        return;
+    }
+    RecordedDeed deed;
+    deed.id = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    deed.removed = store_->beforeRemovalOfAll();
+    record_.insert(deed);
+    store_->clearAll();
+    push(new ClearDeed(std::move(deed), store_, &returning_, &record_));
+}
+
 void UndoHistory::undo() {
     stack_.undo();
+    keepRecord();
     report();
 }
 
 void UndoHistory::redo() {
     stack_.redo();
+    keepRecord();
     report();
 }
 
 void UndoHistory::resume() {
     exchange_.resume();
+    const QList<RecordedDeed> deeds = record_.deeds(); // a copy: it changes meanwhile
+    for (const RecordedDeed &deed : deeds) {
+        resumeDeed(deed);
+    }
+    keepRecord();
     report();
+}
+
+// A list that still has the receipts was not cleared: the program was killed before that, or after it had
+// taken the deed back. What is ignored is put right in either case.
+void UndoHistory::resumeDeed(const RecordedDeed &deed) {
+    if (deed.isBeingUndone || isAnyListed(deed)) {
+        returning_.putBack(deed.removed);
+    } else {
+        stack_.push(new ClearDeed(deed, store_, &returning_, &record_));
+    }
+}
+
+bool UndoHistory::isAnyListed(const RecordedDeed &deed) const {
+    const QSet<QString> ids = receiptIds(deed);
+    return std::ranges::any_of(store_->receipts(),
+                               [&ids](const Receipt &receipt) { return ids.contains(receipt.id); });
+}
+
+// The last deed of each kind that can be undone.
+void UndoHistory::keepRecord() {
+    QList<RecordedDeed> kept;
+    for (int index = stack_.index() - 1; index >= 0; --index) {
+        const auto *const deed = static_cast<const UndoableDeed *>(stack_.command(index))->recorded();
+        if (deed != nullptr && std::ranges::find(kept, deed->kind, &RecordedDeed::kind) == kept.end()) {
+            kept.prepend(*deed);
+        }
+    }
+    record_.keep(kept);
 }
 
 void UndoHistory::push(UndoableDeed *deed) {
     stack_.push(deed);
+    keepRecord();
 }
 
 void UndoHistory::report() {

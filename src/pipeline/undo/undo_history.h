@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pipeline/typed_fields.h"
+#include "pipeline/undo/deed_record.h"
 #include "pipeline/undo/receipt_exchange.h"
 #include "pipeline/undo/returning_receipts.h"
 
@@ -32,6 +33,8 @@ public:
     // As in ReceiptStore.
     void removeFromList(const QSet<QString> &ids);
 
+    void clearAll();
+
     // Take the last deed back, and do the one again that was taken back last.
     void undo();
     void redo();
@@ -39,7 +42,8 @@ public:
     // For what can be undone and redone, and the texts of both.
     const QUndoStack *stack() const { return &stack_; }
 
-    // Completes what was interrupted in the middle of an undo.
+    // Completes what was interrupted in the middle of an undo, and knows again what can still be undone after
+    // a restart. Call once, at the start.
     void resume();
 
 Q_SIGNALS:
@@ -48,6 +52,9 @@ Q_SIGNALS:
 
 private:
     void push(UndoableDeed *deed);
+    void resumeDeed(const RecordedDeed &deed);
+    bool isAnyListed(const RecordedDeed &deed) const;
+    void keepRecord();
     void report();
 
     ReceiptStore *store_;
@@ -56,6 +63,7 @@ private:
     QList<UndoProblem> problems_; // of the undo or redo under way
     ReturningReceipts returning_;
     ReceiptExchange exchange_;
+    DeedRecord record_;
     QUndoStack stack_; // last, for its deeds use the others
 };
 

@@ -4,6 +4,8 @@
 
 namespace fennick {
 
+struct RecordedDeed;
+
 // Something the user has done that can be taken back. It is put on the stack after it was done, stores what
 // taking it back needs, and looks at list and files anew each time, for they may have changed. Owned by the
 // stack of UndoHistory; main thread.
@@ -16,6 +18,9 @@ public:
         }
         isDone_ = true;
     }
+
+    // What is kept of it so that it can be taken back after a restart; none of most deeds.
+    virtual const RecordedDeed *recorded() const { return nullptr; }
 
 protected:
     virtual void doAgain() = 0;

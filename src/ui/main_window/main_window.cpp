@@ -203,7 +203,7 @@ void MainWindow::archive(Format format) {
 
 void MainWindow::clearAll() {
     if (Confirmations::confirmClear(this)) {
-        store_->clearAll();
+        appState_->history()->clearAll();
     }
 }
 
