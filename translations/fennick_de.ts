@@ -1015,6 +1015,21 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::RetryDeed</name>
+    <message>
+        <source>Retry of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Neuer Versuch mit „%1“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Retry of %n Receipts</source>
+        <translation>
+            <numerusform>Neuer Versuch mit %Ln Beleg</numerusform>
+            <numerusform>Neuer Versuch mit %Ln Belegen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>fennick::RetryEntries</name>
     <message>
         <source>Stop Retrying</source>

@@ -1015,6 +1015,21 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::RetryDeed</name>
+    <message>
+        <source>Retry of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Nouvel essai de «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message numerus="yes">
+        <source>Retry of %n Receipts</source>
+        <translation>
+            <numerusform>Nouvel essai de %Ln reçu</numerusform>
+            <numerusform>Nouvel essai de %Ln reçus</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>fennick::RetryEntries</name>
     <message>
         <source>Stop Retrying</source>

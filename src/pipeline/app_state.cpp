@@ -21,7 +21,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &tasks_)
     , retryAll_(
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
-    , history_(store, &correction_, &corrected_, &scanRun_, &watchedFolder_, &renamedPaths_)
+    , history_(store, &correction_, &corrected_, &scanRun_, &retryAll_, &watchedFolder_, &renamedPaths_)
     , recovery_(store, &archive_, &history_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
     , admission_(store, settings, &archive_, &folderThreads_, &lastError_, &tasks_)
@@ -71,7 +71,7 @@ bool AppState::isSupported(const QString &path) {
 }
 
 void AppState::retry(const Receipt &receipt) {
-    scanRun_.retry(receipt);
+    history_.retry(receipt);
 }
 
 QStringList AppState::receiptsWithoutKey() const {

@@ -80,7 +80,7 @@ public:
 
     // Scan run --------------------------------------------------------------------------------------------
 
-    // Scans a listed receipt once more, by its present path.
+    // Scans a listed receipt once more, by its present path. Can be undone.
     void retry(const Receipt &receipt);
 
     // Scans many listed receipts once more.

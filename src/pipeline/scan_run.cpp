@@ -64,13 +64,14 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
     const auto end = qScopeGuard([self, id] {
         if (self) {
             self->underWay_.removeOne(id);
+            self->disregarded_.removeOne(id);
         }
     });
     const QString address = settings_->serviceAddress();
     QString key;
     if (!isOnDevice(address)) {
         key = (co_await settings_->storedAPIKey()).value_or(QString());
-        if (!self) {
+        if (!self || disregarded_.contains(id)) {
             co_return ScanOutcome::failed;
         }
         if (key.isEmpty()) {
@@ -82,7 +83,7 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
     wanted.folder = watchedFolder_->path;
     wanted.identity = file;
     const auto result = co_await extract(wanted, key, address);
-    if (!self) {
+    if (!self || disregarded_.contains(id)) {
         co_return ScanOutcome::failed;
     }
     if (!result) {
@@ -94,6 +95,12 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
         co_await delivery_->deliver(*scanned, file);
     }
     co_return ScanOutcome::done;
+}
+
+void ScanRun::disregard(const QString &id) {
+    if (underWay_.count(id) > disregarded_.count(id)) {
+        disregarded_.append(id);
+    }
 }
 
 ScanOutcome ScanRun::takeFailure(const QString &id, const ScanError &error) {

@@ -14,8 +14,6 @@ namespace fennick {
 
 namespace {
 
-using Kind = UndoProblem::Kind;
-
 // Takes fields over one by one.
 class FieldExchange {
 public:
@@ -72,15 +70,15 @@ ReceiptExchange::ReceiptExchange(ReceiptStore *store, const WatchedFolder *watch
 void ReceiptExchange::exchange(const Receipt &from, const Receipt &to) {
     auto receipt = store_->receipt(from.id);
     if (!receipt) {
-        problems_->append({Kind::notListed, from.fileName});
+        problems_->append({UndoProblem::Kind::notListed, from.fileName});
         return;
     }
     if (receipt->status == ReceiptStatus::processing) {
-        problems_->append({Kind::beingRead, receipt->fileName});
+        problems_->append({UndoProblem::Kind::beingRead, receipt->fileName});
         return;
     }
     if (!exchangeFields(*receipt, from, to)) {
-        problems_->append({Kind::changed, receipt->fileName});
+        problems_->append({UndoProblem::Kind::changed, receipt->fileName});
     }
     if (from.fileName == to.fileName || receipt->fileName == to.fileName) {
         store_->update(*receipt);
@@ -91,18 +89,18 @@ void ReceiptExchange::exchange(const Receipt &from, const Receipt &to) {
 
 void ReceiptExchange::rename(Receipt receipt, const QString &name) {
     if (!fileSystemAnswers(receipt.filePath)) {
-        problems_->append({Kind::noAnswer, receipt.fileName});
+        problems_->append({UndoProblem::Kind::noAnswer, receipt.fileName});
         store_->update(receipt);
         return;
     }
     if (!isTaken(receipt.filePath)) {
-        problems_->append({Kind::fileMissing, receipt.fileName});
+        problems_->append({UndoProblem::Kind::fileMissing, receipt.fileName});
         store_->update(receipt);
         return;
     }
     const QString target = freePath(parentFolder(receipt.filePath), name);
     if (const QString free = lastPathComponent(target); free != name) {
-        problems_->append({Kind::nameTaken, name, free});
+        problems_->append({UndoProblem::Kind::nameTaken, name, free});
     }
     journal_.begin({receipt.id, receipt.filePath, target});
     store_->update(receipt);
@@ -113,7 +111,8 @@ void ReceiptExchange::rename(Receipt receipt, const QString &name) {
 void ReceiptExchange::move(Receipt receipt, const QString &target) {
     const auto moved = FileOperations::moveWithoutReplacing(receipt.filePath, target, watchedFolder_->path);
     if (!moved) {
-        problems_->append({Kind::notMoved, receipt.fileName, inUsersLanguage(moved.error().description())});
+        problems_->append(
+            {UndoProblem::Kind::notMoved, receipt.fileName, inUsersLanguage(moved.error().description())});
         return;
     }
     renamedPaths_->insert(target, std::chrono::steady_clock::now());

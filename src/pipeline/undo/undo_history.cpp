@@ -2,9 +2,12 @@
 
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
+#include "pipeline/retry_all.h"
+#include "pipeline/scan_run.h"
 #include "pipeline/undo/clear_deed.h"
 #include "pipeline/undo/correction_deed.h"
 #include "pipeline/undo/removal_deed.h"
+#include "pipeline/undo/retry_deed.h"
 
 #include <QUuid>
 
@@ -20,14 +23,17 @@ constexpr int mostDeeds = 100;
 } // namespace
 
 UndoHistory::UndoHistory(ReceiptStore *store, Correction *correction, CorrectedReceipts *corrected,
-                         const ScanRun *scanRun, const WatchedFolder *watchedFolder,
+                         ScanRun *scanRun, RetryAll *retryAll, const WatchedFolder *watchedFolder,
                          RenamedPaths *renamedPaths)
     : store_(store)
     , correction_(correction)
     , corrected_(corrected)
+    , scanRun_(scanRun)
+    , retryAll_(retryAll)
     , returning_(store, scanRun, &problems_)
     , exchange_(store, watchedFolder, renamedPaths, &problems_) {
     stack_.setUndoLimit(mostDeeds);
+    connect(retryAll, &RetryAll::added, this, &UndoHistory::noteRetry);
 }
 
 std::expected<void, FieldProblems> UndoHistory::correct(const QString &id, const TypedFields &typed,
@@ -64,14 +70,32 @@ void UndoHistory::clearAll() {
     push(new ClearDeed(std::move(deed), store_, &returning_, &record_));
 }
 
+// On the stack before the scan begins, which may end at once.
+void UndoHistory::retry(const Receipt &receipt) {
+    if (const auto before = store_->receipt(receipt.id)) {
+        noteRetry({*before});
+        scanRun_->retry(*before);
+    }
+}
+
+void UndoHistory::noteRetry(const QList<Receipt> &receipts) {
+    if (!isUndoing_) { // a retry that is done again is on the stack already
+        push(new RetryDeed(receipts, store_, scanRun_, retryAll_, corrected_, &exchange_));
+    }
+}
+
 void UndoHistory::undo() {
+    isUndoing_ = true;
     stack_.undo();
+    isUndoing_ = false;
     keepRecord();
     report();
 }
 
 void UndoHistory::redo() {
+    isUndoing_ = true;
     stack_.redo();
+    isUndoing_ = false;
     keepRecord();
     report();
 }

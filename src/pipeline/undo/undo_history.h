@@ -15,6 +15,7 @@ namespace fennick {
 
 class CorrectedReceipts;
 class Correction;
+class RetryAll;
 class UndoableDeed;
 
 // Carries out what the user can take back, and takes it back. What the program does by itself, such as a
@@ -23,8 +24,8 @@ class UndoHistory : public QObject {
     Q_OBJECT
 
 public:
-    UndoHistory(ReceiptStore *store, Correction *correction, CorrectedReceipts *corrected,
-                const ScanRun *scanRun, const WatchedFolder *watchedFolder, RenamedPaths *renamedPaths);
+    UndoHistory(ReceiptStore *store, Correction *correction, CorrectedReceipts *corrected, ScanRun *scanRun,
+                RetryAll *retryAll, const WatchedFolder *watchedFolder, RenamedPaths *renamedPaths);
 
     // As in Correction.
     [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
@@ -34,6 +35,9 @@ public:
     void removeFromList(const QSet<QString> &ids);
 
     void clearAll();
+
+    // As in ScanRun. Retries by RetryAll are followed.
+    void retry(const Receipt &receipt);
 
     // Take the last deed back, and do the one again that was taken back last.
     void undo();
@@ -51,6 +55,7 @@ Q_SIGNALS:
     void undoneInPart(const QStringList &problems);
 
 private:
+    void noteRetry(const QList<Receipt> &receipts);
     void push(UndoableDeed *deed);
     void resumeDeed(const RecordedDeed &deed);
     bool isAnyListed(const RecordedDeed &deed) const;
@@ -60,6 +65,9 @@ private:
     ReceiptStore *store_;
     Correction *correction_;
     CorrectedReceipts *corrected_;
+    ScanRun *scanRun_;
+    RetryAll *retryAll_;
+    bool isUndoing_ = false;      // or doing again
     QList<UndoProblem> problems_; // of the undo or redo under way
     ReturningReceipts returning_;
     ReceiptExchange exchange_;

@@ -6,6 +6,8 @@
 
 namespace fennick {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Each follows a file's name and a colon.
@@ -44,7 +46,7 @@ QString reasonOf(const UndoProblem &problem) {
 } // namespace
 
 QString UndoProblem::description() const {
-    return displayText(fileName) + QStringLiteral(": ") + reasonOf(*this);
+    return displayText(fileName) + u": "_s + reasonOf(*this);
 }
 
 } // namespace fennick
