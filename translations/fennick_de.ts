@@ -427,6 +427,14 @@
     </message>
 </context>
 <context>
+    <name>fennick::ArchiveDeed</name>
+    <message>
+        <source>Archive &amp; Clear</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Archivieren &amp; leeren</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ClearDeed</name>
     <message>
         <source>Clear All</source>

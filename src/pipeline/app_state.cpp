@@ -13,7 +13,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , settings_(settings)
     , tasks_(&lastError_)
     , formerArchives_(settings, &lastError_)
-    , archive_(store, settings, &formerArchives_, &lastError_)
+    , archive_(store, settings, &formerArchives_, &record_, &lastError_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
     , correction_(store, &renaming_, &corrected_, &folderThreads_)
     , pages_(&watchedFolder_, &folderThreads_, &tasks_)
@@ -21,7 +21,8 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &tasks_)
     , retryAll_(
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
-    , history_(store, &correction_, &corrected_, &scanRun_, &retryAll_, &watchedFolder_, &renamedPaths_)
+    , history_(store, settings, &archive_, &record_, &correction_, &corrected_, &scanRun_, &retryAll_,
+               &watchedFolder_, &renamedPaths_)
     , recovery_(store, &archive_, &history_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
     , admission_(store, settings, &archive_, &folderThreads_, &lastError_, &tasks_)
@@ -123,7 +124,7 @@ QString AppState::uniquePath(const QString &folder, const QString &base, const Q
 }
 
 void AppState::archiveAndClear(ExportService::Format format) {
-    archive_.archiveAndClear(format);
+    history_.archiveAndClear(format);
 }
 
 } // namespace fennick

@@ -139,7 +139,7 @@ public:
     static QString uniquePath(const QString &folder, const QString &base, const QString &extension);
 
     // Writes a ledger of the whole list into today's archive folder, moves the receipt files there, whatever
-    // their status, and empties the list. Does not change the photo library.
+    // their status, and empties the list. Does not change the photo library. Can be undone.
     void archiveAndClear(ExportService::Format format);
 
 Q_SIGNALS:
@@ -158,6 +158,7 @@ private:
     WatchedFolder watchedFolder_;
     RenamedPaths renamedPaths_;
     FormerArchives formerArchives_;
+    DeedRecord record_;
     Archive archive_;
     ReceiptRenaming renaming_;
     CorrectedReceipts corrected_;

@@ -188,7 +188,7 @@ private Q_SLOTS:
         appState_->archiveAndClear(Format::csv);
         QVERIFY(!ArchiveJournal().pending());
         QCOMPARE(QDir(surroundings_.home.path(u"data/Fennick"_s)).entryList(QDir::Files),
-                 (QStringList{u"ignored.json"_s, u"receipts.json"_s}));
+                 (QStringList{u"ignored.json"_s, u"receipts.json"_s, u"undo.json"_s}));
     }
 
 private:

@@ -1,9 +1,12 @@
 #include "pipeline/undo/undo_history.h"
 
+#include "pipeline/archive.h"
+#include "pipeline/archive_journal.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
 #include "pipeline/retry_all.h"
 #include "pipeline/scan_run.h"
+#include "pipeline/undo/archive_deed.h"
 #include "pipeline/undo/clear_deed.h"
 #include "pipeline/undo/correction_deed.h"
 #include "pipeline/undo/removal_deed.h"
@@ -22,16 +25,20 @@ constexpr int mostDeeds = 100;
 
 } // namespace
 
-UndoHistory::UndoHistory(ReceiptStore *store, Correction *correction, CorrectedReceipts *corrected,
+UndoHistory::UndoHistory(ReceiptStore *store, const SettingsStore *settings, Archive *archive,
+                         DeedRecord *record, Correction *correction, CorrectedReceipts *corrected,
                          ScanRun *scanRun, RetryAll *retryAll, const WatchedFolder *watchedFolder,
                          RenamedPaths *renamedPaths)
     : store_(store)
+    , archive_(archive)
+    , record_(record)
     , correction_(correction)
     , corrected_(corrected)
     , scanRun_(scanRun)
     , retryAll_(retryAll)
     , returning_(store, scanRun, &problems_)
-    , exchange_(store, watchedFolder, renamedPaths, &problems_) {
+    , exchange_(store, watchedFolder, renamedPaths, &problems_)
+    , reversal_(store, settings, archive, &returning_, record, renamedPaths, &problems_) {
     stack_.setUndoLimit(mostDeeds);
     connect(retryAll, &RetryAll::added, this, &UndoHistory::noteRetry);
 }
@@ -65,9 +72,16 @@ void UndoHistory::clearAll() {
     RecordedDeed deed;
     deed.id = QUuid::createUuid().toString(QUuid::WithoutBraces);
     deed.removed = store_->beforeRemovalOfAll();
-    record_.insert(deed);
+    record_->insert(deed);
     store_->clearAll();
-    push(new ClearDeed(std::move(deed), store_, &returning_, &record_));
+    push(new ClearDeed(std::move(deed), store_, &returning_, record_));
+}
+
+void UndoHistory::archiveAndClear(ExportService::Format format) {
+    using Source = ArchiveReversal::Source;
+    if (auto deed = archive_->archive(format, store_->beforeRemovalOfAll())) {
+        push(new ArchiveDeed(*std::move(deed), Source::thisRun, store_, archive_, &reversal_));
+    }
 }
 
 // On the stack before the scan begins, which may end at once.
@@ -85,24 +99,37 @@ void UndoHistory::noteRetry(const QList<Receipt> &receipts) {
 }
 
 void UndoHistory::undo() {
-    isUndoing_ = true;
-    stack_.undo();
-    isUndoing_ = false;
-    keepRecord();
+    if (isPossible(stack_.index() - 1)) {
+        isUndoing_ = true;
+        stack_.undo();
+        isUndoing_ = false;
+        keepRecord();
+    }
     report();
 }
 
 void UndoHistory::redo() {
-    isUndoing_ = true;
-    stack_.redo();
-    isUndoing_ = false;
-    keepRecord();
+    if (isPossible(stack_.index())) {
+        isUndoing_ = true;
+        stack_.redo();
+        isUndoing_ = false;
+        keepRecord();
+    }
     report();
+}
+
+bool UndoHistory::isPossible(int index) {
+    const auto *const deed = static_cast<const UndoableDeed *>(stack_.command(index));
+    if (deed != nullptr && !deed->isPossible()) {
+        problems_.append({UndoProblem::Kind::noAnswer, deed->text()});
+        return false;
+    }
+    return deed != nullptr;
 }
 
 void UndoHistory::resume() {
     exchange_.resume();
-    const QList<RecordedDeed> deeds = record_.deeds(); // a copy: it changes meanwhile
+    const QList<RecordedDeed> deeds = record_->deeds(); // a copy: it changes meanwhile
     for (const RecordedDeed &deed : deeds) {
         resumeDeed(deed);
     }
@@ -111,12 +138,22 @@ void UndoHistory::resume() {
 }
 
 // A list that still has the receipts was not cleared: the program was killed before that, or after it had
-// taken the deed back. What is ignored is put right in either case.
+// taken the deed back. What is ignored is put right in either case. An archive that waits for its folders
+// stays as it is.
 void UndoHistory::resumeDeed(const RecordedDeed &deed) {
-    if (deed.isBeingUndone || isAnyListed(deed)) {
+    using Source = ArchiveReversal::Source;
+    const bool isArchive = deed.kind == RecordedDeed::Kind::archive;
+    const bool isWaiting = isArchive && (ArchiveJournal().pending() || !reversal_.isPossible(deed));
+    if (isWaiting && (deed.isBeingUndone || isAnyListed(deed))) {
+        postponed_.append(deed);
+    } else if (isArchive && deed.isBeingUndone) {
+        reversal_.takeBack(deed, Source::disk);
+    } else if (deed.isBeingUndone || isAnyListed(deed)) {
         returning_.putBack(deed.removed);
+    } else if (isArchive) {
+        stack_.push(new ArchiveDeed(deed, Source::disk, store_, archive_, &reversal_));
     } else {
-        stack_.push(new ClearDeed(deed, store_, &returning_, &record_));
+        stack_.push(new ClearDeed(deed, store_, &returning_, record_));
     }
 }
 
@@ -128,14 +165,14 @@ bool UndoHistory::isAnyListed(const RecordedDeed &deed) const {
 
 // The last deed of each kind that can be undone.
 void UndoHistory::keepRecord() {
-    QList<RecordedDeed> kept;
+    QList<RecordedDeed> kept = postponed_;
     for (int index = stack_.index() - 1; index >= 0; --index) {
         const auto *const deed = static_cast<const UndoableDeed *>(stack_.command(index))->recorded();
         if (deed != nullptr && std::ranges::find(kept, deed->kind, &RecordedDeed::kind) == kept.end()) {
             kept.prepend(*deed);
         }
     }
-    record_.keep(kept);
+    record_->keep(kept);
 }
 
 void UndoHistory::push(UndoableDeed *deed) {

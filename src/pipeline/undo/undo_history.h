@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pipeline/typed_fields.h"
+#include "pipeline/undo/archive_reversal.h"
 #include "pipeline/undo/deed_record.h"
 #include "pipeline/undo/receipt_exchange.h"
 #include "pipeline/undo/returning_receipts.h"
@@ -24,8 +25,9 @@ class UndoHistory : public QObject {
     Q_OBJECT
 
 public:
-    UndoHistory(ReceiptStore *store, Correction *correction, CorrectedReceipts *corrected, ScanRun *scanRun,
-                RetryAll *retryAll, const WatchedFolder *watchedFolder, RenamedPaths *renamedPaths);
+    UndoHistory(ReceiptStore *store, const SettingsStore *settings, Archive *archive, DeedRecord *record,
+                Correction *correction, CorrectedReceipts *corrected, ScanRun *scanRun, RetryAll *retryAll,
+                const WatchedFolder *watchedFolder, RenamedPaths *renamedPaths);
 
     // As in Correction.
     [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
@@ -35,6 +37,9 @@ public:
     void removeFromList(const QSet<QString> &ids);
 
     void clearAll();
+
+    // As in Archive, of the whole list.
+    void archiveAndClear(ExportService::Format format);
 
     // As in ScanRun. Retries by RetryAll are followed.
     void retry(const Receipt &receipt);
@@ -59,19 +64,23 @@ private:
     void push(UndoableDeed *deed);
     void resumeDeed(const RecordedDeed &deed);
     bool isAnyListed(const RecordedDeed &deed) const;
+    bool isPossible(int index);
     void keepRecord();
     void report();
 
     ReceiptStore *store_;
+    Archive *archive_;
+    DeedRecord *record_;
     Correction *correction_;
     CorrectedReceipts *corrected_;
     ScanRun *scanRun_;
     RetryAll *retryAll_;
-    bool isUndoing_ = false;      // or doing again
-    QList<UndoProblem> problems_; // of the undo or redo under way
+    QList<RecordedDeed> postponed_; // to be taken back once their folders respond, at the next start
+    bool isUndoing_ = false;        // or doing again
+    QList<UndoProblem> problems_;   // of the undo or redo under way
     ReturningReceipts returning_;
     ReceiptExchange exchange_;
-    DeedRecord record_;
+    ArchiveReversal reversal_;
     QUndoStack stack_; // last, for its deeds use the others
 };
 

@@ -19,6 +19,9 @@ public:
         isDone_ = true;
     }
 
+    // Whether taking it back may be begun. It is not while a folder does not respond that it needs.
+    virtual bool isPossible() const { return true; }
+
     // What is kept of it so that it can be taken back after a restart; none of most deeds.
     virtual const RecordedDeed *recorded() const { return nullptr; }
 

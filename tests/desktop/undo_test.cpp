@@ -1,0 +1,130 @@
+#include "desktop_surroundings.h"
+#include "desktop_user.h"
+#include "support/test_program.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+
+using namespace fennick::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString secondName = u"2024-05-01 Lunch - Dockside Deli $23.50 (2).pdf"_s;
+
+} // namespace
+
+// Somebody takes back what was done to the list, in the built program.
+class UndoTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() {
+        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
+            QSKIP(reason.constData());
+        }
+        surroundings_ = std::make_unique<DesktopSurroundings>();
+        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
+            return session().waitFor(condition);
+        });
+    }
+
+    void cleanupTestCase() { surroundings_.reset(); }
+
+    void init() {
+        session().renew();
+        startProgram();
+        for (const QString &name : {u"a.pdf"_s, u"b.pdf"_s}) {
+            session().drop(name, "receipt " + name.toUtf8());
+            QVERIFY(session().waitFor(
+                [&] { return session().sentDocuments().contains("receipt " + name.toUtf8()); }));
+        }
+        QVERIFY(session().waitForRows(2, u"done"_s));
+        QVERIFY(session().waitFor(
+            [this] { return session().files().size() == 2 && session().files().contains(lunchName); }));
+    }
+
+    void cleanup() { session().program.kill(); }
+
+    void removalIsUndoneAndDoneAgainByKeys() {
+        const auto before = session().rows();
+        user_->clickCell(mainTitle, u"Dockside Deli"_s, 0, 5);
+        user_->press(mainTitle, u"Delete"_s);
+        QVERIFY(waitForRows(1));
+        user_->press(mainTitle, u"ctrl+z"_s);
+        QVERIFY(session().waitFor([&] { return session().rows() == before; }));
+        user_->press(mainTitle, u"ctrl+shift+z"_s);
+        QVERIFY(waitForRows(1));
+        QCOMPARE(session().files().size(), 2);
+    }
+
+    void menuNamesWhatItUndoes() {
+        clear();
+        user_->press(mainTitle, u"alt+e"_s);
+        QVERIFY(session().waitFor([] { return VirtualDesktop::isMenuOpen(); }));
+        user_->waitToSee(mainTitle, u"menu item"_s, u"Undo Clear All"_s);
+        VirtualDesktop::pressForMenu({u"Return"_s}); // the first entry
+        QVERIFY(waitForRows(2));
+    }
+
+    void clearedListReturnsAfterARestart() {
+        const auto before = session().rows();
+        clear();
+        QVERIFY(session().end());
+        startProgram();
+        QVERIFY(session().rows().isEmpty());
+        user_->press(mainTitle, u"ctrl+z"_s);
+        QVERIFY(session().waitFor([&] { return session().rows() == before; }));
+        verifyNothingIsReadAgain();
+    }
+
+    void archivedFilesReturnAndAreNotReadAgain() {
+        const auto before = session().rows();
+        const auto files = session().files();
+        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        QVERIFY(waitForRows(0));
+        user_->press(mainTitle, u"ctrl+z"_s);
+        QVERIFY(session().waitFor([&] { return session().rows() == before; }));
+        QVERIFY(session().waitFor([&] { return session().files() == files; })); // the ledger is gone
+        verifyNothingIsReadAgain();
+        QVERIFY(session().end());
+        startProgram();
+        verifyNothingIsReadAgain();
+        QCOMPARE(session().rows(), before);
+    }
+
+private:
+    UserSession &session() const { return surroundings_->session; }
+
+    void startProgram() const {
+        session().program.start();
+        user_->waitForWindow(mainTitle);
+        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
+    }
+
+    bool waitForRows(qsizetype count) const {
+        return session().waitFor([&] { return session().rows().size() == count; });
+    }
+
+    void clear() const {
+        user_->click(mainTitle, u"push button"_s, u"Clear All"_s);
+        QVERIFY(session().waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
+        VirtualDesktop::pressForMenu({u"Tab"_s, u"Return"_s});
+        QVERIFY(waitForRows(0));
+        user_->waitForWindow(mainTitle);
+    }
+
+    void verifyNothingIsReadAgain() const {
+        QVERIFY(!session().waitFor([this] { return session().server.requests().size() != 2; }, 1500));
+    }
+
+    std::unique_ptr<DesktopSurroundings> surroundings_;
+    std::unique_ptr<DesktopUser> user_;
+};
+
+int undo_test(int argc, char **argv) {
+    return runTest<QCoreApplication, UndoTest>(argc, argv);
+}
+#include "undo_test.moc"
