@@ -2,6 +2,22 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ArchiveFolderCommand</name>
+    <message>
+        <source>There is neither an archive folder nor a watched folder yet.</source>
+        <translation>Es gibt noch weder einen Archivordner noch einen überwachten Ordner.</translation>
+    </message>
+    <message>
+        <source>Nothing was archived yet: “%1” does not exist.</source>
+        <extracomment>%1 is a folder.</extracomment>
+        <translation>Es wurde noch nichts archiviert: „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The archive folder cannot be opened.</source>
+        <translation>Der Archivordner kann nicht geöffnet werden.</translation>
+    </message>
+</context>
+<context>
     <name>Confirmations</name>
     <message>
         <source>Cancel</source>
@@ -726,6 +742,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <source>Open Archive Folder</source>
+        <translation>Archivordner öffnen</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -844,6 +864,26 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Show</source>
         <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
         <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>1 receipt archived</source>
+        <translation>1 Beleg archiviert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts archived</source>
+        <translation>
+            <numerusform>%Ln Beleg archiviert</numerusform>
+            <numerusform>%Ln Belege archiviert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <extracomment>Buttons: take the archive back, and show its folder in the desktop&apos;s file manager.</extracomment>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
     </message>
 </context>
 <context>

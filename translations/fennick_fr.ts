@@ -2,6 +2,22 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>ArchiveFolderCommand</name>
+    <message>
+        <source>There is neither an archive folder nor a watched folder yet.</source>
+        <translation>Il n’y a encore ni dossier d’archives ni dossier surveillé.</translation>
+    </message>
+    <message>
+        <source>Nothing was archived yet: “%1” does not exist.</source>
+        <extracomment>%1 is a folder.</extracomment>
+        <translation>Rien n’a encore été archivé&#xa0;: «&#xa0;%1&#xa0;» n’existe pas.</translation>
+    </message>
+    <message>
+        <source>The archive folder cannot be opened.</source>
+        <translation>Le dossier d’archives ne peut pas être ouvert.</translation>
+    </message>
+</context>
+<context>
     <name>Confirmations</name>
     <message>
         <source>Cancel</source>
@@ -726,6 +742,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Redo</source>
         <translation>Rétablir</translation>
     </message>
+    <message>
+        <source>Open Archive Folder</source>
+        <translation>Ouvrir le dossier d’archives</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -844,6 +864,26 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Show</source>
         <extracomment>A button: shows the file that was saved in the desktop&apos;s file manager.</extracomment>
         <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>1 receipt archived</source>
+        <translation>1 reçu archivé</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts archived</source>
+        <translation>
+            <numerusform>%Ln reçu archivé</numerusform>
+            <numerusform>%Ln reçus archivés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <extracomment>Buttons: take the archive back, and show its folder in the desktop&apos;s file manager.</extracomment>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ouvrir le dossier</translation>
     </message>
 </context>
 <context>

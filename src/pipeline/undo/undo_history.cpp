@@ -11,6 +11,7 @@
 #include "pipeline/undo/correction_deed.h"
 #include "pipeline/undo/removal_deed.h"
 #include "pipeline/undo/retry_deed.h"
+#include "text/path_text.h"
 
 #include <QUuid>
 
@@ -80,8 +81,17 @@ void UndoHistory::clearAll() {
 void UndoHistory::archiveAndClear(ExportService::Format format) {
     using Source = ArchiveReversal::Source;
     if (auto deed = archive_->archive(format, store_->beforeRemovalOfAll())) {
+        const QString id = deed->id;
+        const QString folder = parentFolder(deed->ledgerPath);
+        const int receipts = static_cast<int>(deed->removed.rows.size());
         push(new ArchiveDeed(*std::move(deed), Source::thisRun, store_, archive_, &reversal_));
+        Q_EMIT archived(id, receipts, folder);
     }
+}
+
+bool UndoHistory::isLast(const QString &deedId) const {
+    const auto *const last = static_cast<const UndoableDeed *>(stack_.command(stack_.index() - 1));
+    return last != nullptr && last->recorded() != nullptr && last->recorded()->id == deedId;
 }
 
 // On the stack before the scan begins, which may end at once.

@@ -48,6 +48,9 @@ public:
     void undo();
     void redo();
 
+    // Whether the deed with this identifier is what undo() would take back.
+    bool isLast(const QString &deedId) const;
+
     // For what can be undone and redone, and the texts of both.
     const QUndoStack *stack() const { return &stack_; }
 
@@ -56,6 +59,9 @@ public:
     void resume();
 
 Q_SIGNALS:
+    // The list was archived into `folder`.
+    void archived(const QString &deedId, int receipts, const QString &folder);
+
     // Only a part could be done. The problems are lines for the user.
     void undoneInPart(const QStringList &problems);
 

@@ -32,6 +32,7 @@ MainActions::MainActions(QObject *owner)
     , archiveCsv(make(owner, "archiveCsv", tr("Export CSV, Archive && Clear")))
     , archiveHtml(make(owner, "archiveHtml", tr("Export HTML, Archive && Clear")))
     , clearAll(withSymbol(make(owner, "clearAll", tr("Clear All")), Symbol::clear))
+    , openArchiveFolder(make(owner, "openArchiveFolder", tr("Open Archive Folder")))
     , open(make(owner, "open", tr("Open")))
     //: Shows the file in the desktop's file manager.
     , reveal(withSymbol(

@@ -21,6 +21,7 @@ public:
     QAction *archiveCsv;
     QAction *archiveHtml;
     QAction *clearAll;
+    QAction *openArchiveFolder;
 
     // The selected receipts.
     QAction *open;

@@ -4,6 +4,7 @@
 #include "ui/dialogs/confirmations.h"
 #include "ui/dialogs/export_panel.h"
 #include "ui/dialogs/watch_folder_chooser.h"
+#include "ui/main_window/archive_folder_command.h"
 #include "ui/main_window/home_view.h"
 #include "ui/main_window/read_with_menu.h"
 #include "ui/main_window/receipt_commands.h"
@@ -120,6 +121,8 @@ void MainWindow::buildMenuBar() {
     file->addSeparator();
     file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
     file->addSeparator();
+    file->addAction(actions_.openArchiveFolder);
+    file->addSeparator();
     file->addMenu(new ReadWithMenu(settings_, file));
     file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
@@ -151,6 +154,8 @@ void MainWindow::connectActions() {
     connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
     connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
+    connect(actions_.openArchiveFolder, &QAction::triggered, this,
+            [this] { openArchiveFolder(this, appState_); });
     connect(actions_.find, &QAction::triggered, home_, &HomeView::find);
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
