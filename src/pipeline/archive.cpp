@@ -128,10 +128,13 @@ void Archive::carryOut(RecordedDeed &deed) {
         }
         std::ignore = ExportService::writeLedger(receipts, deed.format, deed.ledgerPath);
     }
+    const QList<MovedFile> planned = deed.files;
     for (MovedFile &file : deed.files) {
         moveIntoArchive(file);
     }
-    record_->insert(deed); // a file may have got another name than planned
+    if (deed.files != planned) {
+        record_->insert(deed);
+    }
     const QSet<QString> ids = receiptIds(deed);
     if (ids.size() == store_->receipts().size()) {
         store_->clearAll();
@@ -160,6 +163,7 @@ void Archive::resume() {
         FileOperations::settlePartsOfMoves(folder, sources);
         RecordedDeed deed = interruptedDeed(archive->ledgerPath, archive->format);
         if (!deed.removed.rows.isEmpty()) {
+            record_->insert(deed);
             carryOut(deed);
         }
     }

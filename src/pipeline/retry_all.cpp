@@ -50,14 +50,14 @@ void RetryAll::add(const QStringList &ids) {
 }
 
 void RetryAll::scanLater(const QList<Receipt> &receipts) {
-    QList<Receipt> added;
+    QList<Receipt> appended;
     for (const Receipt &receipt : receipts) {
         if (append(receipt)) {
-            added.append(receipt);
+            appended.append(receipt);
         }
     }
-    if (!added.isEmpty()) {
-        Q_EMIT this->added(added);
+    if (!appended.isEmpty()) {
+        Q_EMIT added(appended);
     }
     goOn();
 }

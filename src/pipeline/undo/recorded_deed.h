@@ -16,6 +16,7 @@ struct MovedFile {
     QString receiptId;
     QString from;
     QString to;
+    bool operator==(const MovedFile &other) const = default;
 };
 
 // That the list was cleared or archived, with everything that taking it back needs, also after a restart.

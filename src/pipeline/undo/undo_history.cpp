@@ -147,23 +147,30 @@ void UndoHistory::resume() {
     report();
 }
 
-// A list that still has the receipts was not cleared: the program was killed before that, or after it had
-// taken the deed back. What is ignored is put right in either case. An archive that waits for its folders
-// stays as it is.
+// No file is looked at for a deed that has come to its end: its folders may not respond.
 void UndoHistory::resumeDeed(const RecordedDeed &deed) {
     using Source = ArchiveReversal::Source;
     const bool isArchive = deed.kind == RecordedDeed::Kind::archive;
-    const bool isWaiting = isArchive && (ArchiveJournal().pending() || !reversal_.isPossible(deed));
-    if (isWaiting && (deed.isBeingUndone || isAnyListed(deed))) {
-        postponed_.append(deed);
-    } else if (isArchive && deed.isBeingUndone) {
-        reversal_.takeBack(deed, Source::disk);
-    } else if (deed.isBeingUndone || isAnyListed(deed)) {
-        returning_.putBack(deed.removed);
+    if (deed.isBeingUndone || isAnyListed(deed)) {
+        complete(deed);
     } else if (isArchive) {
         stack_.push(new ArchiveDeed(deed, Source::disk, store_, archive_, &reversal_));
     } else {
         stack_.push(new ClearDeed(deed, store_, &returning_, record_));
+    }
+}
+
+// A list that still has the receipts was not cleared: the program was killed before that, or after it had
+// taken the deed back. What is ignored is put right in either case. An archive whose folders do not respond
+// waits for the next start.
+void UndoHistory::complete(const RecordedDeed &deed) {
+    const bool isArchive = deed.kind == RecordedDeed::Kind::archive;
+    if (isArchive && (ArchiveJournal().pending() || !reversal_.isPossible(deed))) {
+        postponed_.append(deed);
+    } else if (isArchive && deed.isBeingUndone) {
+        reversal_.takeBack(deed, ArchiveReversal::Source::disk);
+    } else {
+        returning_.putBack(deed.removed);
     }
 }
 

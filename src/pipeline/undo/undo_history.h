@@ -69,6 +69,7 @@ private:
     void noteRetry(const QList<Receipt> &receipts);
     void push(UndoableDeed *deed);
     void resumeDeed(const RecordedDeed &deed);
+    void complete(const RecordedDeed &deed);
     bool isAnyListed(const RecordedDeed &deed) const;
     bool isPossible(int index);
     void keepRecord();
