@@ -640,6 +640,30 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::IgnoredFilesDialog</name>
+    <message>
+        <source>Restore</source>
+        <extracomment>A button: lets the selected files be read again.</extracomment>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Ignored Files</source>
+        <translation>Ignorierte Dateien</translation>
+    </message>
+    <message>
+        <source>Fennick does not read these files, because they have left the list. Files that you restore are read again if they lie in the watched folder.</source>
+        <translation>Fennick liest diese Dateien nicht, weil sie die Liste verlassen haben. Dateien, die Sie wiederherstellen, werden wieder gelesen, wenn sie im überwachten Ordner liegen.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Ignored Since</source>
+        <translation>Ignoriert seit</translation>
+    </message>
+</context>
+<context>
     <name>fennick::KeyNotices</name>
     <message>
         <source>The service does not accept the API key. Save a valid one in the settings.</source>
@@ -745,6 +769,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Open Archive Folder</source>
         <translation>Archivordner öffnen</translation>
+    </message>
+    <message>
+        <source>Restore Ignored Files…</source>
+        <translation>Ignorierte Dateien wiederherstellen&#xa0;…</translation>
     </message>
 </context>
 <context>

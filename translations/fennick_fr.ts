@@ -640,6 +640,30 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::IgnoredFilesDialog</name>
+    <message>
+        <source>Restore</source>
+        <extracomment>A button: lets the selected files be read again.</extracomment>
+        <translation>Restaurer</translation>
+    </message>
+    <message>
+        <source>Ignored Files</source>
+        <translation>Fichiers ignorés</translation>
+    </message>
+    <message>
+        <source>Fennick does not read these files, because they have left the list. Files that you restore are read again if they lie in the watched folder.</source>
+        <translation>Fennick ne lit pas ces fichiers, car ils ont quitté la liste. Les fichiers que vous restaurez sont lus de nouveau s’ils se trouvent dans le dossier surveillé.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Ignored Since</source>
+        <translation>Ignoré depuis</translation>
+    </message>
+</context>
+<context>
     <name>fennick::KeyNotices</name>
     <message>
         <source>The service does not accept the API key. Save a valid one in the settings.</source>
@@ -745,6 +769,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Open Archive Folder</source>
         <translation>Ouvrir le dossier d’archives</translation>
+    </message>
+    <message>
+        <source>Restore Ignored Files…</source>
+        <translation>Restaurer les fichiers ignorés…</translation>
     </message>
 </context>
 <context>

@@ -13,6 +13,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , settings_(settings)
     , tasks_(&lastError_)
     , formerArchives_(settings, &lastError_)
+    , ignoredDates_(store)
     , archive_(store, settings, &formerArchives_, &record_, &lastError_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
     , correction_(store, &renaming_, &corrected_, &folderThreads_)
@@ -65,6 +66,11 @@ void AppState::admitFolder(const QString &path, ExistingFiles existing) {
 
 void AppState::copyIntoWatchFolder(const QStringList &paths) {
     droppedFiles_.copyIntoWatchFolder(paths);
+}
+
+void AppState::restoreIgnored(const QStringList &paths) {
+    store_->stopIgnoring(paths);
+    intake_.takeIn(paths);
 }
 
 bool AppState::isSupported(const QString &path) {

@@ -9,6 +9,7 @@
 #include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/former_archives.h"
+#include "pipeline/ignored_dates.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
 #include "pipeline/photos_delivery.h"
@@ -74,6 +75,12 @@ public:
     // Copies receipt files from elsewhere into the watched folder, where they are then taken in. Never
     // replaces an existing file and ignores other kinds of files.
     void copyIntoWatchFolder(const QStringList &paths);
+
+    // Since when files are ignored.
+    const IgnoredDates &ignoredDates() const { return ignoredDates_; }
+
+    // No longer ignores these files, and takes in those that lie in the watched folder.
+    void restoreIgnored(const QStringList &paths);
 
     // Whether a file of this name is taken in, by its extension.
     static bool isSupported(const QString &path);
@@ -158,6 +165,7 @@ private:
     WatchedFolder watchedFolder_;
     RenamedPaths renamedPaths_;
     FormerArchives formerArchives_;
+    IgnoredDates ignoredDates_;
     DeedRecord record_;
     Archive archive_;
     ReceiptRenaming renaming_;

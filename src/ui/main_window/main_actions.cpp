@@ -33,6 +33,7 @@ MainActions::MainActions(QObject *owner)
     , archiveHtml(make(owner, "archiveHtml", tr("Export HTML, Archive && Clear")))
     , clearAll(withSymbol(make(owner, "clearAll", tr("Clear All")), Symbol::clear))
     , openArchiveFolder(make(owner, "openArchiveFolder", tr("Open Archive Folder")))
+    , restoreIgnored(make(owner, "restoreIgnored", tr("Restore Ignored Files…")))
     , open(make(owner, "open", tr("Open")))
     //: Shows the file in the desktop's file manager.
     , reveal(withSymbol(

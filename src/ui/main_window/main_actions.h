@@ -22,6 +22,7 @@ public:
     QAction *archiveHtml;
     QAction *clearAll;
     QAction *openArchiveFolder;
+    QAction *restoreIgnored;
 
     // The selected receipts.
     QAction *open;

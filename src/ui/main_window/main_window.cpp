@@ -3,6 +3,7 @@
 #include "settings/window_memory.h"
 #include "ui/dialogs/confirmations.h"
 #include "ui/dialogs/export_panel.h"
+#include "ui/dialogs/ignored_files_dialog.h"
 #include "ui/dialogs/watch_folder_chooser.h"
 #include "ui/main_window/archive_folder_command.h"
 #include "ui/main_window/home_view.h"
@@ -121,7 +122,7 @@ void MainWindow::buildMenuBar() {
     file->addSeparator();
     file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
     file->addSeparator();
-    file->addAction(actions_.openArchiveFolder);
+    file->addActions({actions_.openArchiveFolder, actions_.restoreIgnored});
     file->addSeparator();
     file->addMenu(new ReadWithMenu(settings_, file));
     file->addSeparator();
@@ -156,6 +157,11 @@ void MainWindow::connectActions() {
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
     connect(actions_.openArchiveFolder, &QAction::triggered, this,
             [this] { openArchiveFolder(this, appState_); });
+    connect(actions_.restoreIgnored, &QAction::triggered, this, [this] {
+        auto *const dialog = new IgnoredFilesDialog(store_, appState_, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
     connect(actions_.find, &QAction::triggered, home_, &HomeView::find);
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
