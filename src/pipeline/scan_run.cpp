@@ -15,6 +15,7 @@
 
 #include <QCoroFuture>
 #include <QPointer>
+#include <QScopeGuard>
 
 namespace fennick {
 
@@ -58,11 +59,18 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
                                       std::optional<Receipt> read) {
     const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
+    underWay_.append(id);
+    const auto end = qScopeGuard([self, id] {
+        if (self) {
+            self->underWay_.removeOne(id);
+            self->disregarded_.removeOne(id);
+        }
+    });
     const QString address = settings_->serviceAddress();
     QString key;
     if (!isOnDevice(address)) {
         key = (co_await settings_->storedAPIKey()).value_or(QString());
-        if (!self) {
+        if (!self || disregarded_.contains(id)) {
             co_return ScanOutcome::failed;
         }
         if (key.isEmpty()) {
@@ -74,7 +82,7 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
     wanted.folder = watchedFolder_->path;
     wanted.identity = file;
     const auto result = co_await extract(wanted, key, address);
-    if (!self) {
+    if (!self || disregarded_.contains(id)) {
         co_return ScanOutcome::failed;
     }
     if (!result) {
@@ -86,6 +94,12 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
         co_await delivery_->deliver(*scanned, file);
     }
     co_return ScanOutcome::done;
+}
+
+void ScanRun::disregard(const QString &id) {
+    if (underWay_.count(id) > disregarded_.count(id)) {
+        disregarded_.append(id);
+    }
 }
 
 ScanOutcome ScanRun::takeFailure(const QString &id, const ScanError &error) {

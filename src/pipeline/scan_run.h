@@ -8,6 +8,7 @@
 
 #include <QCoroTask>
 #include <QObject>
+#include <QStringList>
 
 #include <expected>
 #include <optional>
@@ -47,6 +48,12 @@ public:
     // The same, to be awaited.
     [[nodiscard]] QCoro::Task<ScanOutcome> again(QString id);
 
+    // Whether a scan of this receipt is under way that would still give it its result.
+    bool isUnderWay(const QString &id) const { return underWay_.count(id) > disregarded_.count(id); }
+
+    // Lets the scan of this receipt that is under way end without a result.
+    void disregard(const QString &id);
+
     // Whether the receipt failed because there was no API key, or none that the service takes.
     [[nodiscard]] static bool lacksKey(const Receipt &receipt);
 
@@ -71,6 +78,8 @@ private:
     PhotosDelivery *delivery_;
     OnDeviceEngine *engine_;
     Tasks *tasks_;
+    QStringList underWay_; // the receipts' identifiers, one for each scan
+    QStringList disregarded_;
 };
 
 } // namespace fennick

@@ -38,6 +38,22 @@ private Q_SLOTS:
         QVERIFY(service_->notices().last().actions.contains(u"Show"_s));
     }
 
+    void archiveIsToldWithAButtonThatTakesItBack() {
+        QVERIFY(session().start());
+        user_->waitForWindow(mainTitle);
+        session().drop(u"a.pdf"_s);
+        QVERIFY(session().waitFor([this] { return !session().row(lunchName).isEmpty(); }));
+        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        QVERIFY(waitForNotice(u"1 receipt archived"_s));
+        QVERIFY(service_->notices().last().actions.contains(u"Open Folder"_s));
+        QVERIFY(session().waitFor([this] {
+            service_->click(u"button"_s); // the answer to the notice may still be on its way
+            return !session().row(lunchName).isEmpty();
+        }));
+        QVERIFY(session().waitFor([this] { return session().files().keys() == QStringList{lunchName}; }));
+    }
+
     void firstCloseIntoTheTrayIsExplainedOnceEver() {
         desktop().startTray();
         QVERIFY(session().start());

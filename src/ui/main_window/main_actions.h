@@ -21,6 +21,8 @@ public:
     QAction *archiveCsv;
     QAction *archiveHtml;
     QAction *clearAll;
+    QAction *openArchiveFolder;
+    QAction *restoreIgnored;
 
     // The selected receipts.
     QAction *open;
@@ -37,6 +39,8 @@ public:
     QAction *retryAll;
     QAction *stopRetrying;
 
+    QAction *undo;
+    QAction *redo;
     QAction *find;
 
     // The program.
