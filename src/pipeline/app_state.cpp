@@ -27,7 +27,8 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s))
     , evidence_(&watchedFolder_, &folderThreads_, &engine_, &tasks_)
     , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
-    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &engine_, &tasks_)
+    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &engine_,
+               &folderThreads_, &tasks_)
     , retryAll_(
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
     , history_(store, settings, &archive_, &record_, &correction_, &corrected_, &scanRun_, &retryAll_,

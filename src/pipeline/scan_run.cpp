@@ -6,11 +6,11 @@
 #include "model/receipt_store.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/exception_text.h"
+#include "pipeline/folder_threads.h"
 #include "pipeline/photos_delivery.h"
 #include "pipeline/receipt_renaming.h"
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
-#include "platform/file_system_answer.h"
 #include "settings/settings_store.h"
 
 #include <QCoroFuture>
@@ -41,7 +41,7 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 
 ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
                  ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
-                 OnDeviceEngine *engine, Tasks *tasks)
+                 OnDeviceEngine *engine, const FolderThreads *folderThreads, Tasks *tasks)
     : store_(store)
     , settings_(settings)
     , watchedFolder_(watchedFolder)
@@ -49,6 +49,7 @@ ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFold
     , corrected_(corrected)
     , delivery_(delivery)
     , engine_(engine)
+    , folderThreads_(folderThreads)
     , tasks_(tasks) {}
 
 void ScanRun::prepare() {
@@ -164,7 +165,7 @@ QCoro::Task<ScanOutcome> ScanRun::again(QString id) {
     if (!receipt) {
         co_return ScanOutcome::failed;
     }
-    if (!fileSystemAnswers(receipt->filePath)) {
+    if (!folderThreads_->answersSoon(receipt->filePath)) {
         store_->setError(id, FileProblem{FileProblem::Kind::noAnswer, {}}.description());
         co_return ScanOutcome::failed;
     }

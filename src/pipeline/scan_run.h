@@ -16,6 +16,7 @@
 namespace fennick {
 
 class CorrectedReceipts;
+class FolderThreads;
 class OnDeviceEngine;
 class PhotosDelivery;
 class ReceiptRenaming;
@@ -32,7 +33,7 @@ class ScanRun : public QObject {
 public:
     ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
             ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
-            OnDeviceEngine *engine, Tasks *tasks);
+            OnDeviceEngine *engine, const FolderThreads *folderThreads, Tasks *tasks);
 
     // Makes the first request as prompt as the others.
     static void prepare();
@@ -77,6 +78,7 @@ private:
     CorrectedReceipts *corrected_;
     PhotosDelivery *delivery_;
     OnDeviceEngine *engine_;
+    const FolderThreads *folderThreads_;
     Tasks *tasks_;
     QStringList underWay_; // the receipts' identifiers, one for each scan
     QStringList disregarded_;

@@ -40,11 +40,11 @@ private Q_SLOTS:
 
     void archiveIsToldWithAButtonThatTakesItBack() {
         QVERIFY(session().start());
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         session().drop(u"a.pdf"_s);
         QVERIFY(session().waitFor([this] { return !session().row(lunchName).isEmpty(); }));
-        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
-        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        user().chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user().click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
         QVERIFY(waitForNotice(u"1 receipt archived"_s));
         QVERIFY(service_->notices().last().actions.contains(u"Open Folder"_s));
         QVERIFY(session().waitFor([this] {

@@ -63,6 +63,19 @@ private Q_SLOTS:
         QVERIFY(isAnswered);
     }
 
+    // Hundreds of them are retried at once: if each waited by itself, that would take longer than a test may.
+    void itIsWaitedForOnceOnly() {
+        const FolderThreads threads;
+        for (int file = 0; file < 1000; ++file) {
+            QVERIFY(!threads.answersSoon(share_ + u"/%1.pdf"_s.arg(file)));
+        }
+        QVERIFY(threads.answersSoon(pipeline_->path(u"a.pdf"_s)));
+        const QFuture<void> answer = threads.answer(share_ + u"/a.pdf"_s);
+        dead_.reset();
+        QVERIFY(waitUntil([&] { return answer.isFinished(); }));
+        QVERIFY(threads.answersSoon(share_ + u"/a.pdf"_s));
+    }
+
     void retryFailsInWords() {
         pipeline_->appState->retry(receipt_);
         QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::error);
