@@ -27,7 +27,8 @@ double dots(double millimetres) {
 // Qt writes into a PDF when it was made and a number of its own.
 QByteArray withoutTraces(QByteArray document) {
     static const QRegularExpression traces(
-        u"(?<=\\(D:)[0-9]{14}|(?<=<)[0-9a-fA-F]{32}(?=>)"
+        u"(?<=\\(D:)[0-9]{14}|(?<=\")[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
+        u"|/ID \\[ ?<\\K[0-9a-fA-F]+> ?<[0-9a-fA-F]+(?=>)"
         u"|[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}"_s);
     const QString text = QString::fromLatin1(document);
     for (auto matches = traces.globalMatch(text); matches.hasNext();) {
