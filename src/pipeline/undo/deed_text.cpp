@@ -1,5 +1,6 @@
 #include "pipeline/undo/deed_text.h"
 
+#include "text/characters.h"
 #include "text/display_text.h"
 
 namespace fennick {
@@ -13,7 +14,8 @@ constexpr qsizetype longestName = 40; // characters
 QString shortNameOf(const Receipt &receipt) {
     const QString location = receipt.location.value_or(QString());
     const QString name = displayText(location.isEmpty() ? receipt.fileName : location);
-    return name.size() <= longestName ? name : name.left(longestName - 1) + u'…';
+    const QString start = firstCharacters(name, longestName);
+    return start == name ? name : start + u'…';
 }
 
 } // namespace fennick
