@@ -1,6 +1,5 @@
 #include "main_window_under_test.h"
 #include "next_dialog.h"
-#include "settings/settings_store.h"
 #include "support/receipts.h"
 #include "support/test_program.h"
 
