@@ -1,6 +1,6 @@
 #include "engine/fields/word_repair.h"
 
-#include "engine/fields/edit_distance.h"
+#include "text/edit_distance.h"
 
 #include <QStringList>
 

@@ -10,7 +10,7 @@ enum class Strokes {
     darkened,  // faint print and thin strokes gain contrast
     smoothed,  // darkened after the dots of needle and thermal print have run together
     thickened, // broken letters join up
-    outlined,  // pure black on white, told apart from the paper right around them
+    outlined,  // pure black on white, by contrast with the paper right around them
 };
 
 // `picture` on even, light paper: shadows, creases and tinted paper vanish, print stays.

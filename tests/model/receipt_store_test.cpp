@@ -259,56 +259,6 @@ private Q_SLOTS:
         QVERIFY(ReceiptStore().hasFilePath(u"/w/a.pdf"_s));
     }
 
-    void removedReceiptsReturnToTheirPlaces() {
-        ReceiptStore store;
-        for (const char *const name :
-             {"a", "b", "c", "d", "e"}) { // of one second: only the place orders them
-            store.add(receiptTakenInAt(name, "2025-03-04T17:05:09Z"));
-        }
-        const QList<Receipt> before = store.receipts();
-        const QSet<QString> ids{before[1].id, before[2].id, before[4].id};
-        const RemovedReceipts removed = store.beforeRemoval(ids);
-        store.remove(ids);
-        store.add(receiptTakenInAt("newer", "2025-03-04T17:05:10Z"));
-        QSignalSpy changes(&store, &ReceiptStore::receiptsChanged);
-        store.putBack(removed);
-        QCOMPARE(names(store.receipts()), list({"newer", "a", "b", "c", "d", "e"}));
-        QCOMPARE(changes.size(), 2); // neighbours in one
-        QCOMPARE(store.receipts().last(), before.last());
-        QCOMPARE(ReceiptStore().receipts(), store.receipts());
-        QVERIFY(store.ignoredPaths().isEmpty());
-        QVERIFY(ReceiptStore().ignoredPaths().isEmpty());
-    }
-
-    void wholeListReturnsInOneChange() {
-        ReceiptStore store;
-        for (const char *const name : {"a", "b", "c"}) {
-            store.add(receiptTakenInAt(name, "2025-03-04T17:05:09Z"));
-        }
-        const QList<Receipt> before = store.receipts();
-        const RemovedReceipts removed = store.beforeRemovalOfAll();
-        store.clearAll();
-        QSignalSpy changes(&store, &ReceiptStore::receiptsChanged);
-        store.putBack(removed);
-        QCOMPARE(store.receipts(), before);
-        QCOMPARE(changes.size(), 1);
-        store.putBack(removed); // listed already
-        QCOMPARE(store.receipts(), before);
-    }
-
-    void pathThatWasIgnoredBeforeStaysIgnored() {
-        ReceiptStore store;
-        QVERIFY(store.ignore({u"/w/a.pdf"_s}));
-        store.add(freshReceipt(u"/w/a.pdf"_s));
-        store.add(freshReceipt(u"/w/b.pdf"_s));
-        const RemovedReceipts removed = store.beforeRemovalOfAll();
-        store.clearAll();
-        store.putBack(removed);
-        QCOMPARE(store.ignoredPaths(), QSet<QString>{u"/w/a.pdf"_s});
-        store.stopIgnoring({u"/w/a.pdf"_s});
-        QVERIFY(ReceiptStore().ignoredPaths().isEmpty());
-    }
-
     void unknownStatusLoadsAsEmptyListAndIsReplacedByTheNextAdd() {
         writeFile(home_->receiptsFile(),
                   R"([{"id": "A", "fileName": "a", "filePath": "/a", "scannedAt": "s",)"

@@ -31,7 +31,7 @@ void ArchiveDeed::doAgain() {
         deed_ = *std::move(deed);
         source_ = ArchiveReversal::Source::thisRun;
     } else {
-        setObsolete(true); // nothing was archived, and the reason is told
+        setObsolete(true); // nothing was archived, and Archive has reported why
     }
 }
 

@@ -10,7 +10,7 @@ ArchiveNotices::ArchiveNotices(UndoHistory *history, Notices *notices, QObject *
     : QObject(parent)
     , history_(history)
     , notices_(notices) {
-    connect(history, &UndoHistory::archived, this, &ArchiveNotices::tell);
+    connect(history, &UndoHistory::archived, this, &ArchiveNotices::show);
     connect(history->stack(), &QUndoStack::indexChanged, this, [this] {
         if (!history_->isLast(deedId_)) {
             notices_->withdrawArchive();
@@ -21,7 +21,7 @@ ArchiveNotices::ArchiveNotices(UndoHistory *history, Notices *notices, QObject *
             [](const QString &folder) { FileManager::open(folder); });
 }
 
-void ArchiveNotices::tell(const QString &deedId, int receipts, const QString &folder) {
+void ArchiveNotices::show(const QString &deedId, int receipts, const QString &folder) {
     deedId_ = deedId;
     notices_->tellArchived(receipts, folder);
 }

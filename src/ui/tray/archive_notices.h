@@ -21,7 +21,7 @@ Q_SIGNALS:
     void undoMissed();
 
 private:
-    void tell(const QString &deedId, int receipts, const QString &folder);
+    void show(const QString &deedId, int receipts, const QString &folder);
     void undo();
 
     UndoHistory *history_;
