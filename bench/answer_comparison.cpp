@@ -1,7 +1,7 @@
 #include "answer_comparison.h"
 
-#include "engine/fields/edit_distance.h"
 #include "engine/knowledge/words.h"
+#include "text/edit_distance.h"
 
 #include <cmath>
 
@@ -16,12 +16,12 @@ constexpr double halfACent = 0.005;
 
 Verdict verdict(bool isStated, bool isGiven, bool isRight) {
     if (!isStated) {
-        return Verdict::Unknown;
+        return Verdict::unknown;
     }
     if (!isGiven) {
-        return Verdict::Absent;
+        return Verdict::absent;
     }
-    return isRight ? Verdict::Right : Verdict::Wrong;
+    return isRight ? Verdict::right : Verdict::wrong;
 }
 
 QString lettersAndDigits(const QString &text) {
@@ -32,7 +32,7 @@ bool isSameMerchant(const QString &given, const Truth &truth) {
     if (truth.isPartOfMerchant) {
         return lettersAndDigits(given).contains(lettersAndDigits(truth.merchant));
     }
-    return engine::similarity(engine::wordsOf(given).trimmed(), engine::wordsOf(truth.merchant).trimmed()) >=
+    return similarity(engine::wordsOf(given).trimmed(), engine::wordsOf(truth.merchant).trimmed()) >=
            leastSimilarity;
 }
 

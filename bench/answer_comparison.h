@@ -9,10 +9,10 @@ namespace fennick {
 
 // How an answer's field compares with the truth.
 enum class Verdict {
-    Right,
-    Wrong,
-    Absent,  // the answer leaves it open
-    Unknown, // the truth is not stated
+    right,
+    wrong,
+    absent,  // the answer leaves it open
+    unknown, // the truth is not stated
 };
 
 [[nodiscard]] Verdict dateVerdict(const engine::ReceiptFields &fields, const Truth &truth);

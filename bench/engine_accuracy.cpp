@@ -105,7 +105,7 @@ const char *sign(Verdict verdict) {
 }
 
 void printField(const char *name, Verdict verdict, const QString &given, const QString &truth) {
-    if (verdict != Verdict::Unknown) {
+    if (verdict != Verdict::unknown) {
         std::printf("  %-8s %-5s %s (%s)\n", name, sign(verdict), qPrintable(given), qPrintable(truth));
     }
 }

@@ -70,8 +70,8 @@ std::optional<Options> optionsFrom(QStringList arguments) {
 }
 
 Rendering mixedRendering(SeededRandom &random) {
-    static const QList<Rendering> renderings = {Rendering::TextPdf, Rendering::Clean, Rendering::Faint,
-                                                Rendering::Warped,  Rendering::Page,  Rendering::Photo};
+    static const QList<Rendering> renderings = {Rendering::textPdf, Rendering::clean, Rendering::faint,
+                                                Rendering::warped,  Rendering::page,  Rendering::photo};
     return renderings[random.below(static_cast<int>(renderings.size()))];
 }
 

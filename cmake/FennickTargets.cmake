@@ -131,14 +131,15 @@ function(fennick_test_library name)
 endfunction()
 
 # fennick_tests(<room> UNITS <unit>... [PREFIX <text>] [SOURCES <file>...] LINKS <target>... [SLOW <unit>...]
-#               [UNSANITIZED <unit>...])
+#               [UNSANITIZED <unit>...] [RECOGNISING <unit>...])
 # One program for the tests of a room, tests/<room>_tests in the build folder. Each unit is a file <unit>_test.cpp and,
 # for CTest, a test <prefix><unit>_test in a process of its own, offscreen, so that no display is needed.
-# SLOW ones begin first. UNSANITIZED ones gain nothing from the sanitizers: they hardly enter our own code, or only what
+# SLOW ones begin first. RECOGNISING ones read large pages, for which the engine has 25 seconds: beside each run fewer
+# others. UNSANITIZED ones gain nothing from the sanitizers: they hardly enter our own code, or only what
 # another test enters as well.
 # Test code is not optimised: that saves more building than running.
 function(fennick_tests room)
-  cmake_parse_arguments(TESTS "" "PREFIX" "UNITS;SOURCES;LINKS;SLOW;UNSANITIZED" ${ARGN})
+  cmake_parse_arguments(TESTS "" "PREFIX" "UNITS;SOURCES;LINKS;SLOW;UNSANITIZED;RECOGNISING" ${ARGN})
   set(program ${room}_tests)
   set(files ${TESTS_UNITS})
   list(TRANSFORM files APPEND _test.cpp)
@@ -173,6 +174,9 @@ function(fennick_tests room)
     )
     if(unit IN_LIST TESTS_SLOW)
       set_tests_properties(${name} PROPERTIES COST 100)
+    endif()
+    if(unit IN_LIST TESTS_RECOGNISING)
+      set_tests_properties(${name} PROPERTIES PROCESSORS 3)
     endif()
     if(unit IN_LIST TESTS_UNSANITIZED)
       set_tests_properties(${name} PROPERTIES LABELS unsanitized)

@@ -2,6 +2,22 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ArchiveFolderCommand</name>
+    <message>
+        <source>There is neither an archive folder nor a watched folder yet.</source>
+        <translation>Es gibt noch weder einen Archivordner noch einen überwachten Ordner.</translation>
+    </message>
+    <message>
+        <source>Nothing was archived yet: “%1” does not exist.</source>
+        <extracomment>%1 is a folder.</extracomment>
+        <translation>Es wurde noch nichts archiviert: „%1“ gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The archive folder cannot be opened.</source>
+        <translation>Der Archivordner kann nicht geöffnet werden.</translation>
+    </message>
+</context>
+<context>
     <name>Confirmations</name>
     <message>
         <source>Cancel</source>
@@ -452,6 +468,65 @@
     </message>
 </context>
 <context>
+    <name>UndoProblem</name>
+    <message>
+        <source>It is no longer in the list.</source>
+        <translation>Er ist nicht mehr in der Liste.</translation>
+    </message>
+    <message>
+        <source>The list has this file already.</source>
+        <translation>Die Liste enthält diese Datei schon.</translation>
+    </message>
+    <message>
+        <source>It is being read.</source>
+        <translation>Er wird gerade gelesen.</translation>
+    </message>
+    <message>
+        <source>Fields that have changed since stay as they are.</source>
+        <translation>Seither geänderte Felder bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>The file is no longer there.</source>
+        <translation>Die Datei ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>Another file has this name; it is now “%1”.</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>Eine andere Datei hat diesen Namen; sie heißt jetzt „%1“.</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: %1</source>
+        <extracomment>%1 is the reason.</extracomment>
+        <translation>Die Datei bleibt, wo sie ist: %1</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: it was not in the watched folder.</source>
+        <translation>Die Datei bleibt, wo sie ist: Sie war nicht im überwachten Ordner.</translation>
+    </message>
+    <message>
+        <source>It could not be moved to the trash.</source>
+        <translation>Sie konnte nicht in den Papierkorb gelegt werden.</translation>
+    </message>
+    <message>
+        <source>The folder does not respond.</source>
+        <translation>Der Ordner antwortet nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoReport</name>
+    <message numerus="yes">
+        <source>… and %n more</source>
+        <translation>
+            <numerusform>… und %Ln weitere Zeile</numerusform>
+            <numerusform>… und %Ln weitere Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not everything could be done.</source>
+        <translation>Nicht alles war möglich.</translation>
+    </message>
+</context>
+<context>
     <name>WatchFolderChooser</name>
     <message>
         <source>Watch This Folder</source>
@@ -478,6 +553,30 @@
     <message>
         <source>Nothing was archived: %1</source>
         <translation>Es wurde nichts archiviert: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ArchiveDeed</name>
+    <message>
+        <source>Archive &amp; Clear</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Archivieren &amp; leeren</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ClearDeed</name>
+    <message>
+        <source>Clear All</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Liste leeren</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::CorrectionDeed</name>
+    <message>
+        <source>Correction of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Korrektur von „%1“</translation>
     </message>
 </context>
 <context>
@@ -659,6 +758,30 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::IgnoredFilesDialog</name>
+    <message>
+        <source>Restore</source>
+        <extracomment>A button: lets the selected files be read again.</extracomment>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Ignored Files</source>
+        <translation>Ignorierte Dateien</translation>
+    </message>
+    <message>
+        <source>Fennick does not read these files, because they have left the list. Files that you restore are read again if they lie in the watched folder.</source>
+        <translation>Fennick liest diese Dateien nicht, weil sie die Liste verlassen haben. Dateien, die Sie wiederherstellen, werden wieder gelesen, wenn sie im überwachten Ordner liegen.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Ignored Since</source>
+        <translation>Ignoriert seit</translation>
+    </message>
+</context>
+<context>
     <name>fennick::KeyNotices</name>
     <message>
         <source>The service does not accept the API key. Save a valid one in the settings.</source>
@@ -756,6 +879,22 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Export as PDF Report…</source>
         <translation>Als PDF-Bericht exportieren&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Open Archive Folder</source>
+        <translation>Archivordner öffnen</translation>
+    </message>
+    <message>
+        <source>Restore Ignored Files…</source>
+        <translation>Ignorierte Dateien wiederherstellen&#xa0;…</translation>
     </message>
 </context>
 <context>
@@ -887,6 +1026,26 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
             <numerusform>%Ln ist vielleicht ein Duplikat</numerusform>
             <numerusform>%Ln sind vielleicht Duplikate</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>1 receipt archived</source>
+        <translation>1 Beleg archiviert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts archived</source>
+        <translation>
+            <numerusform>%Ln Beleg archiviert</numerusform>
+            <numerusform>%Ln Belege archiviert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <extracomment>Buttons: take the archive back, and show its folder in the desktop&apos;s file manager.</extracomment>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
     </message>
 </context>
 <context>
@@ -1067,6 +1226,14 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     </message>
 </context>
 <context>
+    <name>fennick::RemovalDeed</name>
+    <message>
+        <source>Remove from List</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Aus der Liste entfernen</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ReportCommand</name>
     <message>
         <source>PDF Report</source>
@@ -1080,6 +1247,21 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Receipt %1 of %2</source>
         <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
         <translation>Beleg %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RetryDeed</name>
+    <message>
+        <source>Retry of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Neuer Versuch mit „%1“</translation>
+    </message>
+    <message numerus="yes">
+        <source>Retry of %n Receipts</source>
+        <translation>
+            <numerusform>Neuer Versuch mit %Ln Beleg</numerusform>
+            <numerusform>Neuer Versuch mit %Ln Belegen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1248,6 +1430,27 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Archive Here</source>
         <translation>Hier archivieren</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::UndoCommands</name>
+    <message>
+        <source>Undo %1</source>
+        <extracomment>%1 is what was done, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <extracomment>%1 is what was undone, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
     </message>
 </context>
 <context>

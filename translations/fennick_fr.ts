@@ -2,6 +2,22 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>ArchiveFolderCommand</name>
+    <message>
+        <source>There is neither an archive folder nor a watched folder yet.</source>
+        <translation>Il n’y a encore ni dossier d’archives ni dossier surveillé.</translation>
+    </message>
+    <message>
+        <source>Nothing was archived yet: “%1” does not exist.</source>
+        <extracomment>%1 is a folder.</extracomment>
+        <translation>Rien n’a encore été archivé&#xa0;: «&#xa0;%1&#xa0;» n’existe pas.</translation>
+    </message>
+    <message>
+        <source>The archive folder cannot be opened.</source>
+        <translation>Le dossier d’archives ne peut pas être ouvert.</translation>
+    </message>
+</context>
+<context>
     <name>Confirmations</name>
     <message>
         <source>Cancel</source>
@@ -452,6 +468,65 @@
     </message>
 </context>
 <context>
+    <name>UndoProblem</name>
+    <message>
+        <source>It is no longer in the list.</source>
+        <translation>Il n’est plus dans la liste.</translation>
+    </message>
+    <message>
+        <source>The list has this file already.</source>
+        <translation>La liste contient déjà ce fichier.</translation>
+    </message>
+    <message>
+        <source>It is being read.</source>
+        <translation>Il est en cours de lecture.</translation>
+    </message>
+    <message>
+        <source>Fields that have changed since stay as they are.</source>
+        <translation>Les champs modifiés depuis restent tels quels.</translation>
+    </message>
+    <message>
+        <source>The file is no longer there.</source>
+        <translation>Le fichier n’est plus là.</translation>
+    </message>
+    <message>
+        <source>Another file has this name; it is now “%1”.</source>
+        <extracomment>%1 is a file&apos;s name.</extracomment>
+        <translation>Un autre fichier porte ce nom&#xa0;; il s’appelle maintenant «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: %1</source>
+        <extracomment>%1 is the reason.</extracomment>
+        <translation>Le fichier reste où il est&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file stays where it is: it was not in the watched folder.</source>
+        <translation>Le fichier reste où il est&#xa0;: il n’était pas dans le dossier surveillé.</translation>
+    </message>
+    <message>
+        <source>It could not be moved to the trash.</source>
+        <translation>Il n’a pas pu être mis à la corbeille.</translation>
+    </message>
+    <message>
+        <source>The folder does not respond.</source>
+        <translation>Le dossier ne répond pas.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoReport</name>
+    <message numerus="yes">
+        <source>… and %n more</source>
+        <translation>
+            <numerusform>… et %Ln autre ligne</numerusform>
+            <numerusform>… et %Ln autres lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not everything could be done.</source>
+        <translation>Tout n’a pas pu être fait.</translation>
+    </message>
+</context>
+<context>
     <name>WatchFolderChooser</name>
     <message>
         <source>Watch This Folder</source>
@@ -478,6 +553,30 @@
     <message>
         <source>Nothing was archived: %1</source>
         <translation>Rien n’a été archivé&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ArchiveDeed</name>
+    <message>
+        <source>Archive &amp; Clear</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Archiver et vider</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::ClearDeed</name>
+    <message>
+        <source>Clear All</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Vider la liste</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::CorrectionDeed</name>
+    <message>
+        <source>Correction of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Correction de «&#xa0;%1&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -659,6 +758,30 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::IgnoredFilesDialog</name>
+    <message>
+        <source>Restore</source>
+        <extracomment>A button: lets the selected files be read again.</extracomment>
+        <translation>Restaurer</translation>
+    </message>
+    <message>
+        <source>Ignored Files</source>
+        <translation>Fichiers ignorés</translation>
+    </message>
+    <message>
+        <source>Fennick does not read these files, because they have left the list. Files that you restore are read again if they lie in the watched folder.</source>
+        <translation>Fennick ne lit pas ces fichiers, car ils ont quitté la liste. Les fichiers que vous restaurez sont lus de nouveau s’ils se trouvent dans le dossier surveillé.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Ignored Since</source>
+        <translation>Ignoré depuis</translation>
+    </message>
+</context>
+<context>
     <name>fennick::KeyNotices</name>
     <message>
         <source>The service does not accept the API key. Save a valid one in the settings.</source>
@@ -756,6 +879,22 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Export as PDF Report…</source>
         <translation>Exporter en rapport PDF…</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Open Archive Folder</source>
+        <translation>Ouvrir le dossier d’archives</translation>
+    </message>
+    <message>
+        <source>Restore Ignored Files…</source>
+        <translation>Restaurer les fichiers ignorés…</translation>
     </message>
 </context>
 <context>
@@ -887,6 +1026,26 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
             <numerusform>%Ln est peut-être un doublon</numerusform>
             <numerusform>%Ln sont peut-être des doublons</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>1 receipt archived</source>
+        <translation>1 reçu archivé</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n receipts archived</source>
+        <translation>
+            <numerusform>%Ln reçu archivé</numerusform>
+            <numerusform>%Ln reçus archivés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <extracomment>Buttons: take the archive back, and show its folder in the desktop&apos;s file manager.</extracomment>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ouvrir le dossier</translation>
     </message>
 </context>
 <context>
@@ -1067,6 +1226,14 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     </message>
 </context>
 <context>
+    <name>fennick::RemovalDeed</name>
+    <message>
+        <source>Remove from List</source>
+        <extracomment>What the menu&apos;s Undo takes back.</extracomment>
+        <translation>Retirer de la liste</translation>
+    </message>
+</context>
+<context>
     <name>fennick::ReportCommand</name>
     <message>
         <source>PDF Report</source>
@@ -1080,6 +1247,21 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Receipt %1 of %2</source>
         <extracomment>%1 is the number of the receipt under way, %2 how many there are.</extracomment>
         <translation>Reçu %1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::RetryDeed</name>
+    <message>
+        <source>Retry of “%1”</source>
+        <extracomment>What the menu&apos;s Undo takes back. %1 is a place or a file&apos;s name.</extracomment>
+        <translation>Nouvel essai de «&#xa0;%1&#xa0;»</translation>
+    </message>
+    <message numerus="yes">
+        <source>Retry of %n Receipts</source>
+        <translation>
+            <numerusform>Nouvel essai de %Ln reçu</numerusform>
+            <numerusform>Nouvel essai de %Ln reçus</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1248,6 +1430,27 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Archive Here</source>
         <translation>Archiver ici</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::UndoCommands</name>
+    <message>
+        <source>Undo %1</source>
+        <extracomment>%1 is what was done, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Annuler&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <extracomment>%1 is what was undone, such as &quot;Clear All&quot;.</extracomment>
+        <translation>Rétablir&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
     </message>
 </context>
 <context>

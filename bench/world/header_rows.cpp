@@ -68,7 +68,7 @@ void addHeading(const ReceiptParts &parts, QList<SheetRow> &rows) {
     const QString key = parts.purchase.isRefund ? u"refund"_s : u"heading"_s;
     if (parts.customs.has(key) && (parts.purchase.isRefund || parts.random.chance(0.45))) {
         rows.append(
-            {.kind = RowKind::Centred, .cells = {parts.word(key)}, .isBold = parts.random.chance(0.5)});
+            {.kind = RowKind::centred, .cells = {parts.word(key)}, .isBold = parts.random.chance(0.5)});
     }
 }
 
@@ -93,7 +93,7 @@ QList<SheetRow> headerRows(const ReceiptParts &parts) {
     addIfCustomary(parts, rows, u"tax id"_s, 0.75);
     addIfCustomary(parts, rows, u"hours"_s,
                    parts.purchase.trade == u"taxi" || parts.purchase.trade == u"rail" ? 0 : 0.15);
-    rows.append({.kind = RowKind::Gap});
+    rows.append({.kind = RowKind::gap});
     addHeading(parts, rows);
     return rows;
 }

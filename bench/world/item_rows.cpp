@@ -49,23 +49,23 @@ QString itemName(const ReceiptParts &parts, const PurchaseLine &line) {
 }
 
 void addSingle(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
-    const bool isNumbered = parts.style.quantity == QuantityPlace::BeforeName && !line.isExtra;
+    const bool isNumbered = parts.style.quantity == QuantityPlace::beforeName && !line.isExtra;
     rows.append(textRow((isNumbered ? u"1 "_s : QString()) + itemName(parts, line), amountOf(parts, line)));
 }
 
 void addSeveral(const ReceiptParts &parts, const PurchaseLine &line, QList<SheetRow> &rows) {
     const QString amount = amountOf(parts, line);
     const bool isFuel = parts.purchase.trade == u"fuel";
-    switch (isFuel ? QuantityPlace::BelowItem : parts.style.quantity) {
-    case QuantityPlace::BeforeName:
+    switch (isFuel ? QuantityPlace::belowItem : parts.style.quantity) {
+    case QuantityPlace::beforeName:
         rows.append(textRow(quantityText(parts, line) + u' ' + itemName(parts, line), amount));
         break;
-    case QuantityPlace::AboveItem:
+    case QuantityPlace::aboveItem:
         rows.append(textRow(u"  "_s + multiplication(parts, line)));
         rows.append(textRow(itemName(parts, line), amount));
         break;
-    case QuantityPlace::BelowItem:
-    case QuantityPlace::Column:
+    case QuantityPlace::belowItem:
+    case QuantityPlace::column:
         rows.append(textRow(itemName(parts, line)));
         rows.append(textRow(u"  "_s + multiplication(parts, line), amount));
         break;
@@ -78,7 +78,7 @@ void addInColumns(const ReceiptParts &parts, const PurchaseLine &line, QList<She
 }
 
 bool isInColumns(const ReceiptParts &parts) {
-    return parts.style.quantity == QuantityPlace::Column && parts.purchase.trade != u"fuel";
+    return parts.style.quantity == QuantityPlace::column && parts.purchase.trade != u"fuel";
 }
 
 bool isShop(const QString &trade) {

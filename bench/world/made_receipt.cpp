@@ -28,13 +28,13 @@ QList<SheetRow> allRows(const ReceiptParts &parts) {
     const QList<SheetRow> date = dateRows(parts);
     const QList<SheetRow> end = {ruleRow(parts)};
     switch (parts.style.datePlace) {
-    case DatePlace::Top:
+    case DatePlace::top:
         rows = header + date + end + itemRows(parts);
         break;
-    case DatePlace::BeforeItems:
+    case DatePlace::beforeItems:
         rows = header + end + date + end + itemRows(parts);
         break;
-    case DatePlace::Bottom:
+    case DatePlace::bottom:
         rows = header + end + itemRows(parts);
         break;
     }
@@ -43,7 +43,7 @@ QList<SheetRow> allRows(const ReceiptParts &parts) {
     rows += paymentRows(parts);
     rows += taxRows(parts);
     rows += cardSlipRows(parts);
-    if (parts.style.datePlace == DatePlace::Bottom) {
+    if (parts.style.datePlace == DatePlace::bottom) {
         rows += end;
         rows += date;
     }
@@ -51,7 +51,7 @@ QList<SheetRow> allRows(const ReceiptParts &parts) {
 }
 
 bool isRule(const SheetRow &row) {
-    return row.kind == RowKind::Rule;
+    return row.kind == RowKind::rule;
 }
 
 // Parts may be empty, and end with a rule of their own.

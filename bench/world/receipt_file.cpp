@@ -27,7 +27,8 @@ double dots(double millimetres) {
 // Qt writes into a PDF when it was made and a number of its own.
 QByteArray withoutTraces(QByteArray document) {
     static const QRegularExpression traces(
-        u"(?<=\\(D:)[0-9]{14}|(?<=<)[0-9a-fA-F]{32}(?=>)"
+        u"(?<=\\(D:)[0-9]{14}|(?<=\")[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
+        u"|/ID \\[ ?<\\K[0-9a-fA-F]+> ?<[0-9a-fA-F]+(?=>)"
         u"|[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}"_s);
     const QString text = QString::fromLatin1(document);
     for (auto matches = traces.globalMatch(text); matches.hasNext();) {
@@ -71,15 +72,15 @@ bool writeBytes(const QString &path, const QByteArray &bytes) {
 } // namespace
 
 QString extensionOf(Rendering rendering) {
-    return rendering == Rendering::TextPdf ? u"pdf"_s : rendering == Rendering::Clean ? u"png"_s : u"jpg"_s;
+    return rendering == Rendering::textPdf ? u"pdf"_s : rendering == Rendering::clean ? u"png"_s : u"jpg"_s;
 }
 
 bool writeReceipt(const QString &path, const ReceiptSheet &sheet, Rendering rendering, SeededRandom &random) {
-    if (rendering == Rendering::TextPdf) {
+    if (rendering == Rendering::textPdf) {
         return writeBytes(path, documentOf(sheet, random));
     }
     const QImage picture = pictureOf(sheet, rendering, random);
-    return rendering == Rendering::Clean ? picture.save(path, "PNG")
+    return rendering == Rendering::clean ? picture.save(path, "PNG")
                                          : picture.save(path, "JPG", random.between(70, 90));
 }
 

@@ -28,15 +28,15 @@ QString ReceiptParts::dateAndTime() const {
 }
 
 SheetRow ruleRow(const ReceiptParts &parts) {
-    return {.kind = RowKind::Rule, .cells = {parts.style.rule}};
+    return {.kind = RowKind::rule, .cells = {parts.style.rule}};
 }
 
 SheetRow textRow(const QString &left, const QString &right) {
-    return {.kind = RowKind::Text, .cells = {left, right}};
+    return {.kind = RowKind::text, .cells = {left, right}};
 }
 
 SheetRow lineRow(const ReceiptParts &parts, const QString &text) {
-    return {.kind = parts.style.isCentred ? RowKind::Centred : RowKind::Text, .cells = {text}};
+    return {.kind = parts.style.isCentred ? RowKind::centred : RowKind::text, .cells = {text}};
 }
 
 } // namespace fennick

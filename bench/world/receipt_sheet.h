@@ -6,16 +6,16 @@
 namespace fennick {
 
 enum class RowKind {
-    Text,    // cells from left to right, the first at the left margin and the last at the right one
-    Centred, // one cell
-    Rule,    // the first cell's character all over, or a drawn line if there is none
-    Gap,
-    Barcode,
-    QrCode,
+    text,    // cells from left to right, the first at the left margin and the last at the right one
+    centred, // one cell
+    rule,    // the first cell's character all over, or a drawn line if there is none
+    gap,
+    barcode,
+    qrCode,
 };
 
 struct SheetRow {
-    RowKind kind = RowKind::Text;
+    RowKind kind = RowKind::text;
     QStringList cells = {};
     double scale = 1;
     bool isBold = false;

@@ -25,9 +25,9 @@ struct NamedRendering {
 };
 
 constexpr std::array namedRenderings = {
-    NamedRendering{"text-pdf", Rendering::TextPdf}, NamedRendering{"clean", Rendering::Clean},
-    NamedRendering{"faint", Rendering::Faint},      NamedRendering{"warped", Rendering::Warped},
-    NamedRendering{"page", Rendering::Page},        NamedRendering{"photo", Rendering::Photo},
+    NamedRendering{"text-pdf", Rendering::textPdf}, NamedRendering{"clean", Rendering::clean},
+    NamedRendering{"faint", Rendering::faint},      NamedRendering{"warped", Rendering::warped},
+    NamedRendering{"page", Rendering::page},        NamedRendering{"photo", Rendering::photo},
 };
 
 // The strip of paper, `width` pixels wide.
@@ -240,16 +240,16 @@ QString nameOf(Rendering rendering) {
 
 QImage pictureOf(const ReceiptSheet &sheet, Rendering rendering, SeededRandom &random) {
     switch (rendering) {
-    case Rendering::Faint:
+    case Rendering::faint:
         return faint(sheet, random);
-    case Rendering::Warped:
+    case Rendering::warped:
         return warped(sheet, random);
-    case Rendering::Page:
+    case Rendering::page:
         return page(sheet, random);
-    case Rendering::Photo:
+    case Rendering::photo:
         return photo(sheet, random);
-    case Rendering::TextPdf:
-    case Rendering::Clean:
+    case Rendering::textPdf:
+    case Rendering::clean:
         break;
     }
     return clean(sheet, random);

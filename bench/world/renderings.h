@@ -10,12 +10,12 @@
 namespace fennick {
 
 enum class Rendering {
-    TextPdf, // a PDF with a layer of text
-    Clean,   // sharp and straight
-    Faint,   // little ink, or a matrix of dots
-    Warped,  // bent, folded and lit from one side
-    Page,    // scanned with a page or the dark lid around it, sometimes sideways or upside down
-    Photo,   // small print on a table
+    textPdf, // a PDF with a layer of text
+    clean,   // sharp and straight
+    faint,   // little ink, or a matrix of dots
+    warped,  // bent, folded and lit from one side
+    page,    // scanned with a page or the dark lid around it, sometimes sideways or upside down
+    photo,   // small print on a table
 };
 
 // Nothing if there is no such rendering.

@@ -31,15 +31,15 @@ double letterHeightFor(const ReceiptSheet &sheet, const SheetLook &look, double 
 
 double rowHeight(const SheetRow &row, const SheetLook &look, double letterHeight) {
     switch (row.kind) {
-    case RowKind::Rule:
-    case RowKind::Gap:
+    case RowKind::rule:
+    case RowKind::gap:
         return letterHeight * look.rowHeight * 0.8;
-    case RowKind::Barcode:
+    case RowKind::barcode:
         return letterHeight * 4;
-    case RowKind::QrCode:
+    case RowKind::qrCode:
         return letterHeight * 7;
-    case RowKind::Text:
-    case RowKind::Centred:
+    case RowKind::text:
+    case RowKind::centred:
         break;
     }
     return letterHeight * look.rowHeight * row.scale;
@@ -108,7 +108,7 @@ void drawText(QPainter &painter, const SheetRow &row, const QRectF &box) {
         painter.fillRect(box, pen.color());
         painter.setPen(Qt::white);
     }
-    if (row.kind == RowKind::Centred) {
+    if (row.kind == RowKind::centred) {
         painter.drawText(box, Qt::AlignHCenter | Qt::AlignVCenter, row.cells.first());
     } else {
         drawCells(painter, row, box);
@@ -118,19 +118,19 @@ void drawText(QPainter &painter, const SheetRow &row, const QRectF &box) {
 
 void drawRow(QPainter &painter, const SheetRow &row, const QRectF &box) {
     switch (row.kind) {
-    case RowKind::Gap:
+    case RowKind::gap:
         break;
-    case RowKind::Rule:
+    case RowKind::rule:
         drawRule(painter, row, box);
         break;
-    case RowKind::Barcode:
+    case RowKind::barcode:
         drawBarcode(painter, row, box);
         break;
-    case RowKind::QrCode:
+    case RowKind::qrCode:
         drawQrCode(painter, row, box);
         break;
-    case RowKind::Text:
-    case RowKind::Centred:
+    case RowKind::text:
+    case RowKind::centred:
         drawText(painter, row, box);
         break;
     }

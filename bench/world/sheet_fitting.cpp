@@ -82,7 +82,7 @@ ReceiptSheet fitted(const ReceiptSheet &sheet) {
     ReceiptSheet result{.rows = {}, .columns = sheet.columns};
     for (SheetRow row : sheet.rows) {
         shrink(row, sheet.columns);
-        const bool isText = row.kind == RowKind::Text || row.kind == RowKind::Centred;
+        const bool isText = row.kind == RowKind::text || row.kind == RowKind::centred;
         if (!isText) {
             result.rows.append(row);
         } else if (row.cells.size() == 1) {

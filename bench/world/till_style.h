@@ -8,16 +8,16 @@
 namespace fennick {
 
 enum class QuantityPlace {
-    BelowItem,
-    AboveItem,
-    BeforeName,
-    Column,
+    belowItem,
+    aboveItem,
+    beforeName,
+    column,
 };
 
 enum class DatePlace {
-    Top,
-    BeforeItems,
-    Bottom,
+    top,
+    beforeItems,
+    bottom,
 };
 
 // How one till prints: chosen once for each receipt, from what the customs allow.
@@ -32,8 +32,8 @@ struct TillStyle {
     bool numbersItems = false;
     bool hasBarcodes = false; // the numbers of goods above their names
     QString rule;             // empty for a drawn line
-    QuantityPlace quantity = QuantityPlace::BelowItem;
-    DatePlace datePlace = DatePlace::Top;
+    QuantityPlace quantity = QuantityPlace::belowItem;
+    DatePlace datePlace = DatePlace::top;
     QString date;
     QString time;
     AmountShape amount;

@@ -33,9 +33,9 @@ SheetRow finalRow(const ReceiptParts &parts, const QString &key, int64_t amount)
 
 // "Tip: ______" for the guest to fill in.
 void addBlankTip(const ReceiptParts &parts, QList<SheetRow> &rows) {
-    rows.append({.kind = RowKind::Gap});
+    rows.append({.kind = RowKind::gap});
     rows.append(textRow(parts.word(u"tip"_s) + u':', u"____________"_s));
-    rows.append({.kind = RowKind::Gap});
+    rows.append({.kind = RowKind::gap});
     rows.append(textRow(parts.word(u"total"_s) + u':', u"____________"_s));
 }
 

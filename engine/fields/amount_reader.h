@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/fields/labelled_amounts.h"
+#include "engine/fields/amount_scores.h"
 
 #include <QList>
 
@@ -14,10 +14,8 @@ struct FoundAmount {
     bool isCertain = false; // the readings agree and the receipt's sums come out at it
 };
 
-// The total paid. Every amount that a reading names a total, payment or subtotal is a candidate; the surer
-// its label, the better it agrees with the receipt's other amounts and the more readings have it, the more it
-// counts. None when no candidate counts enough. Without any label in any reading, the largest number next to
-// a currency sign.
-[[nodiscard]] std::optional<FoundAmount> readAmount(const QList<QList<LabelledAmount>> &readings);
+// The total paid: the candidate that counts most in the readings together. None when no candidate counts
+// enough. Without any candidate in any reading, the largest number next to a currency sign.
+[[nodiscard]] std::optional<FoundAmount> readAmount(const QList<AmountScores> &readings);
 
 } // namespace fennick::engine

@@ -27,18 +27,18 @@ AmountRoles::AmountRoles(const Languages &languages) {
         return amountWords().phrases(meaning, languages);
     };
     inOrder_ = {
-        {AmountRole::FinalTotal, phrases(u"regional total"_s)},
-        {AmountRole::SubTotal, phrases(u"subtotal"_s)},
-        {AmountRole::PaidBefore, phrases(u"paid before"_s)},
-        {AmountRole::Other, phrases(u"other"_s)},
-        {AmountRole::FinalTotal, phrases(u"final total"_s)},
-        {AmountRole::Rounding, phrases(u"rounding"_s)},
-        {AmountRole::Change, phrases(u"change"_s)},
-        {AmountRole::Discount, phrases(u"discount"_s)},
-        {AmountRole::Charge, phrases(u"charge"_s)},
-        {AmountRole::Total, phrases(u"due"_s)},
-        {AmountRole::Tendered, phrases(u"tendered"_s)},
-        {AmountRole::Card, phrases(u"card"_s)},
+        {AmountRole::finalTotal, phrases(u"regional total"_s)},
+        {AmountRole::subtotal, phrases(u"subtotal"_s)},
+        {AmountRole::paidBefore, phrases(u"paid before"_s)},
+        {AmountRole::other, phrases(u"other"_s)},
+        {AmountRole::finalTotal, phrases(u"final total"_s)},
+        {AmountRole::rounding, phrases(u"rounding"_s)},
+        {AmountRole::change, phrases(u"change"_s)},
+        {AmountRole::discount, phrases(u"discount"_s)},
+        {AmountRole::charge, phrases(u"charge"_s)},
+        {AmountRole::total, phrases(u"due"_s)},
+        {AmountRole::tendered, phrases(u"tendered"_s)},
+        {AmountRole::card, phrases(u"card"_s)},
     };
     total_ = phrases(u"total"_s);
     totalAlone_ = phrases(u"total alone"_s);
@@ -85,45 +85,45 @@ bool AmountRoles::isTotalAlone(QString words) const {
 
 AmountRole AmountRoles::totalRole(const QString &words) const {
     if (containsAnyPhrase(words, exclusive_)) {
-        return AmountRole::SubTotal;
+        return AmountRole::subtotal;
     }
     const bool isTax = containsAnyPhrase(words, tax_) && !containsAnyPhrase(words, inclusive_);
-    return isTax || namesTaxWithin(words) ? AmountRole::Tax : AmountRole::Total;
+    return isTax || namesTaxWithin(words) ? AmountRole::tax : AmountRole::total;
 }
 
 AmountRole AmountRoles::role(const QString &label) const {
     const QString words = repairedLabel(label);
     const bool isTotal = containsAnyPhrase(words, total_) || isTotalAlone(words);
     if (isTotal && containsAnyPhrase(words, partOfTotal_)) {
-        return AmountRole::SubTotal;
+        return AmountRole::subtotal;
     }
     for (const Meaning &meaning : inOrder_) {
         if (!containsAnyPhrase(words, meaning.phrases)) {
             continue;
         }
-        if (meaning.role == AmountRole::FinalTotal) {
-            return containsAnyPhrase(words, exclusive_) ? AmountRole::SubTotal : meaning.role;
+        if (meaning.role == AmountRole::finalTotal) {
+            return containsAnyPhrase(words, exclusive_) ? AmountRole::subtotal : meaning.role;
         }
         // "Total (after discount)", "Total incl. service charge".
         const bool describesTotal =
-            isTotal && (meaning.role == AmountRole::Discount || meaning.role == AmountRole::Charge);
-        return describesTotal ? AmountRole::Total : meaning.role;
+            isTotal && (meaning.role == AmountRole::discount || meaning.role == AmountRole::charge);
+        return describesTotal ? AmountRole::total : meaning.role;
     }
     if (isTotal) {
         return totalRole(words);
     }
     if (containsAnyPhrase(words, exclusive_)) {
-        return AmountRole::SubTotal;
+        return AmountRole::subtotal;
     }
     const bool isTax = containsAnyPhrase(words, tax_);
     if (containsAnyPhrase(words, mention_)) {
-        return isTax && !containsAnyPhrase(words, inclusive_) ? AmountRole::Tax : AmountRole::Mention;
+        return isTax && !containsAnyPhrase(words, inclusive_) ? AmountRole::tax : AmountRole::mention;
     }
     if (!isTax) {
-        return AmountRole::Unnamed;
+        return AmountRole::unnamed;
     }
     // "GST included 0.38": nothing that is added to a subtotal.
-    return containsAnyPhrase(words, within_) ? AmountRole::Other : AmountRole::Tax;
+    return containsAnyPhrase(words, within_) ? AmountRole::other : AmountRole::tax;
 }
 
 bool AmountRoles::startsTaxTable(const QString &line) const {

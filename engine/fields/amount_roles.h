@@ -11,21 +11,21 @@ namespace fennick::engine {
 
 // What an amount on a receipt is, as its label tells.
 enum class AmountRole {
-    FinalTotal, // what is to be paid and nothing else: "Grand total", "Amount due", "Total rounded"
-    Total,      // "Total", which some tills also print before tax or rounding
-    SubTotal,   // before tax, charges or rounding
-    Tax,
-    Charge, // service charge, tip
-    Discount,
-    Rounding,
-    Tendered, // cash handed over, or the sum paid
-    Card,     // taken from a card
-    Change,
-    PaidBefore, // a deposit or advance that leaves less to pay
-    Mention,    // "Amount", "Sum": as a last resort
-    Other,      // counts, points, savings: never what was paid
-    Taxed,      // what a row of the table of taxes comes to with its tax, printed or not
-    Unnamed,    // no label that is known: items
+    finalTotal, // what is to be paid and nothing else: "Grand total", "Amount due", "Total rounded"
+    total,      // "Total", which some tills also print before tax or rounding
+    subtotal,   // before tax, charges or rounding
+    tax,
+    charge, // service charge, tip
+    discount,
+    rounding,
+    tendered, // cash handed over, or the sum paid
+    card,     // taken from a card
+    change,
+    paidBefore, // a deposit or advance that leaves less to pay
+    mention,    // "Amount", "Sum": as a last resort
+    other,      // counts, points, savings: never what was paid
+    taxed,      // what a row of the table of taxes comes to with its tax, printed or not
+    unnamed,    // no label that is known: items
 };
 
 // What labels mean in English and some other languages. Made once for each reading; used on one thread.

@@ -1,11 +1,11 @@
 #include "engine/fields/brand_reader.h"
 
-#include "engine/fields/edit_distance.h"
 #include "engine/fields/number_reader.h"
 #include "engine/knowledge/brand_table.h"
 #include "engine/knowledge/country_table.h"
 #include "engine/knowledge/word_table.h"
 #include "engine/knowledge/words.h"
+#include "text/edit_distance.h"
 
 #include <QRegularExpression>
 #include <QSet>

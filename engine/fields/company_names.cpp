@@ -1,6 +1,6 @@
 #include "engine/fields/company_names.h"
 
-#include "engine/fields/edit_distance.h"
+#include "text/edit_distance.h"
 
 #include <QRegularExpression>
 

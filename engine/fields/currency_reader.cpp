@@ -73,13 +73,13 @@ std::optional<QString> readCurrency(const Reading &lines, const CountryScores &c
         if (count == 0) {
             continue;
         }
-        const bool needsCountry = sign.kind == SignKind::Faint || sign.currencies.size() > 1;
+        const bool needsCountry = sign.kind == SignKind::faint || sign.currencies.size() > 1;
         for (const QString &code : sign.currencies) {
             if (needsCountry && byCountry.value(code) < leastForSharedSign) {
                 continue;
             }
             printed.insert(code);
-            scores[code] += count * (sign.kind == SignKind::Certain ? perCertainSign : perPlainSign);
+            scores[code] += count * (sign.kind == SignKind::certain ? perCertainSign : perPlainSign);
         }
     }
     std::optional<QString> best;

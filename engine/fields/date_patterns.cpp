@@ -33,7 +33,7 @@ QDate fromTwoNumbers(int first, int second, int year, QChar separator, DateOrder
         return dayFirst.isValid() ? dayFirst : monthFirst;
     }
     // Points are written between numbers only where the day comes first.
-    return order != DateOrder::MonthFirst || separator == u'.' ? dayFirst : monthFirst;
+    return order != DateOrder::monthFirst || separator == u'.' ? dayFirst : monthFirst;
 }
 
 struct Pattern {
@@ -49,7 +49,7 @@ QDate numbersOnly(const QRegularExpressionMatch &match, const DateStyle &style) 
     const QString last = match.captured(4);
     const int first = match.captured(1).toInt();
     const int second = match.captured(3).toInt();
-    if (style.order == DateOrder::YearFirst && last.size() == 2) {
+    if (style.order == DateOrder::yearFirst && last.size() == 2) {
         const QDate date(2000 + first, second, last.toInt());
         if (date.isValid()) {
             return date;

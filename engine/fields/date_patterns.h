@@ -11,7 +11,7 @@ namespace fennick::engine {
 
 // How dates are written where a receipt comes from.
 struct DateStyle {
-    DateOrder order = DateOrder::DayFirst;
+    DateOrder order = DateOrder::dayFirst;
     Languages languages = {};      // of the names of months, besides English
     bool hasBuddhistYears = false; // short ones too: 67 is 2024
 };

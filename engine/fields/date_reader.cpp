@@ -78,7 +78,7 @@ public:
         : words_(wordsIn(style.languages))
         , today_(today) {
         DateStyle other = style;
-        other.order = style.order == DateOrder::MonthFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
+        other.order = style.order == DateOrder::monthFirst ? DateOrder::dayFirst : DateOrder::monthFirst;
         for (qsizetype index = 0; index < reading.size(); ++index) {
             const TextLine &line = reading[index];
             add(line, index, printedDates(line.text, style), 1);
@@ -204,7 +204,7 @@ DateOrder printedOrder(const QList<Reading> &readings, const DateStyle &style) {
     if (dayFirst == monthFirst) {
         return style.order;
     }
-    return dayFirst > monthFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
+    return dayFirst > monthFirst ? DateOrder::dayFirst : DateOrder::monthFirst;
 }
 
 } // namespace fennick::engine

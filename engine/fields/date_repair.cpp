@@ -24,7 +24,7 @@ QString withDigits(const QString &line) {
 }
 
 QDate dateOf(int first, int second, int year, DateOrder order) {
-    if (order == DateOrder::MonthFirst) {
+    if (order == DateOrder::monthFirst) {
         std::swap(first, second);
     }
     return QDate(year, second, first);

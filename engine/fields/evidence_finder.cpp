@@ -98,7 +98,7 @@ std::optional<Evidence> evidenceOfDate(QDate date, const QList<ReadingFacts> &fa
     for (const ReadingFacts &reading : facts) {
         for (const TextLine &line : reading.lines) {
             const double besideTime = printedTimes(line.text).isEmpty() ? 1 : 2;
-            for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
+            for (const DateOrder order : {DateOrder::dayFirst, DateOrder::monthFirst, DateOrder::yearFirst}) {
                 const DateStyle style{
                     .order = order, .languages = reading.languages, .hasBuddhistYears = true};
                 for (const PrintedDate &printed : printedDates(line.text, style)) {
@@ -135,14 +135,14 @@ std::optional<Evidence> evidenceOfTime(QTime time, const std::optional<Evidence>
 
 double worthOf(AmountRole role) {
     switch (role) {
-    case AmountRole::FinalTotal:
+    case AmountRole::finalTotal:
         return 4;
-    case AmountRole::Total:
+    case AmountRole::total:
         return 3;
-    case AmountRole::Card:
-    case AmountRole::Mention:
-    case AmountRole::Tendered:
-    case AmountRole::SubTotal:
+    case AmountRole::card:
+    case AmountRole::mention:
+    case AmountRole::tendered:
+    case AmountRole::subtotal:
         return 2;
     default:
         return 1;
@@ -151,7 +151,7 @@ double worthOf(AmountRole role) {
 
 // A bare whole number counts something else where amounts have decimals: "3 items".
 bool isPrice(const LabelledAmount &amount, const PriceStyle &style) {
-    return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::Unnamed ||
+    return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::unnamed ||
            style.decimals == 0;
 }
 

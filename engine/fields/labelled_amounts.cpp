@@ -44,8 +44,8 @@ public:
         , roles_(roles) {
         text_ = style.decimals == 2 ? repairedPrices(line) : line;
         const AmountRole role = roles_.role(text_);
-        if (role == AmountRole::Tendered || role == AmountRole::Card || role == AmountRole::Rounding ||
-            role == AmountRole::Discount) {
+        if (role == AmountRole::tendered || role == AmountRole::card || role == AmountRole::rounding ||
+            role == AmountRole::discount) {
             text_ = withoutMinus(text_);
         }
         numbers_ = printedNumbers(text_, style);
@@ -112,8 +112,8 @@ QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles 
         if (amount.hasDecimals || amount.hasCurrency) {
             continue;
         }
-        const bool isPayable = amount.role == AmountRole::Total || amount.role == AmountRole::FinalTotal ||
-                               amount.role == AmountRole::Tendered;
+        const bool isPayable = amount.role == AmountRole::total || amount.role == AmountRole::finalTotal ||
+                               amount.role == AmountRole::tendered;
         const bool lacksDecimalSign =
             hasPrices && isPayable && !amount.hasGroups && amount.thousandths >= leastWithoutSign * 100;
         if (lacksDecimalSign) {
@@ -124,7 +124,7 @@ QList<LabelledAmount> labelledAmounts(const Reading &reading, const AmountRoles 
     }
     for (const qint64 total : taxTableTotals(reading, roles, style, usualTaxRates)) {
         all.append(
-            {.thousandths = total, .role = AmountRole::Taxed, .hasDecimals = true, .line = reading.size()});
+            {.thousandths = total, .role = AmountRole::taxed, .hasDecimals = true, .line = reading.size()});
     }
     return all;
 }

@@ -11,7 +11,7 @@ namespace fennick::engine {
 // An amount and what it is said to be.
 struct LabelledAmount {
     qint64 thousandths = 0; // of the currency's unit: some have three decimals
-    AmountRole role = AmountRole::Unnamed;
+    AmountRole role = AmountRole::unnamed;
     // 0 to 1: how surely this is the amount that the label means. Less for one of several behind a label, for
     // whole numbers, in a table of taxes, and where recognition was unsure.
     double weight = 1;

@@ -1,10 +1,10 @@
 #include "engine/fields/merchant_reader.h"
 
 #include "engine/fields/company_names.h"
-#include "engine/fields/edit_distance.h"
 #include "engine/fields/number_reader.h"
 #include "engine/fields/text_vote.h"
 #include "engine/knowledge/words.h"
+#include "text/edit_distance.h"
 
 #include <QRegularExpression>
 #include <QSet>

@@ -1,7 +1,7 @@
 #include "engine/fields/name_place.h"
 
-#include "engine/fields/edit_distance.h"
 #include "engine/knowledge/words.h"
+#include "text/edit_distance.h"
 
 #include <QList>
 #include <QRegularExpression>

@@ -25,6 +25,7 @@ ReadingFacts factsOf(const Reading &lines) {
     const AmountRoles roles(facts.languages);
     facts.isRefund = isRefund(lines, roles);
     facts.amounts = labelled(facts, roles, priceStyle(facts.currency));
+    facts.amountScores = amountScores(facts.amounts);
     return facts;
 }
 
@@ -32,6 +33,11 @@ QList<LabelledAmount> amountsIn(const ReadingFacts &facts, const std::optional<Q
     const PriceStyle style = priceStyle(currency);
     return style == priceStyle(facts.currency) ? facts.amounts
                                                : labelled(facts, AmountRoles(facts.languages), style);
+}
+
+AmountScores amountScoresIn(const ReadingFacts &facts, const std::optional<QString> &currency) {
+    return priceStyle(currency) == priceStyle(facts.currency) ? facts.amountScores
+                                                              : amountScores(amountsIn(facts, currency));
 }
 
 } // namespace fennick::engine

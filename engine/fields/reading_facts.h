@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/fields/amount_scores.h"
 #include "engine/fields/brand_reader.h"
 #include "engine/fields/country_evidence.h"
 #include "engine/fields/labelled_amounts.h"
@@ -21,6 +22,7 @@ struct ReadingFacts {
     Languages languages;
     std::optional<QString> currency; // without what the brand says of the country
     QList<LabelledAmount> amounts;
+    AmountScores amountScores;
     bool isRefund = false; // the amounts were given back
 };
 
@@ -30,5 +32,8 @@ struct ReadingFacts {
 // together show more than it does by itself.
 [[nodiscard]] QList<LabelledAmount> amountsIn(const ReadingFacts &facts,
                                               const std::optional<QString> &currency);
+
+// What these amounts say of the total.
+[[nodiscard]] AmountScores amountScoresIn(const ReadingFacts &facts, const std::optional<QString> &currency);
 
 } // namespace fennick::engine

@@ -156,11 +156,11 @@ std::optional<FoundBrand> brandOf(const QList<ReadingFacts> &facts) {
 }
 
 std::optional<FoundAmount> amountOf(const QList<ReadingFacts> &facts, const Origin &origin) {
-    QList<QList<LabelledAmount>> amounts;
+    QList<AmountScores> scores;
     for (const ReadingFacts &reading : facts) {
-        amounts.append(amountsIn(reading, origin.currency));
+        scores.append(amountScoresIn(reading, origin.currency));
     }
-    std::optional<FoundAmount> found = readAmount(amounts);
+    std::optional<FoundAmount> found = readAmount(scores);
     const auto refunds = std::ranges::count_if(facts, &ReadingFacts::isRefund);
     if (found && 2 * refunds > facts.size()) {
         found->amount = -found->amount;
@@ -214,7 +214,7 @@ bool isBeyondDoubt(const QList<ReadingFacts> &facts, QDate today) {
 bool showNothing(const QList<ReadingFacts> &facts, QDate today) {
     const auto showsSomething = [](const ReadingFacts &reading) {
         const bool hasAmount = std::ranges::any_of(reading.amounts, [](const LabelledAmount &amount) {
-            return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::Unnamed;
+            return amount.hasDecimals || amount.hasCurrency || amount.role != AmountRole::unnamed;
         });
         return hasAmount || !reading.brands.isEmpty() || !reading.languages.isEmpty() ||
                !reading.countries.isEmpty();

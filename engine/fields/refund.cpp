@@ -27,7 +27,7 @@ const QRegularExpression &minusBehind() {
 
 bool isTotal(const QString &line, const AmountRoles &roles) {
     const AmountRole role = roles.role(line);
-    return role == AmountRole::Total || role == AmountRole::FinalTotal;
+    return role == AmountRole::total || role == AmountRole::finalTotal;
 }
 
 bool hasMinus(const QString &line) {

@@ -89,7 +89,7 @@ QList<qint64> pricesOf(const QString &text, const PriceStyle &style) {
 // "10 % discount  45.00  4.50" has the same shape.
 bool isReduction(const QString &text, const AmountRoles &roles) {
     const AmountRole role = roles.role(text);
-    return role == AmountRole::Discount || role == AmountRole::Charge;
+    return role == AmountRole::discount || role == AmountRole::charge;
 }
 
 // "SR  6.00  50.00  3.00": one of the numbers is the rate of the others.

@@ -1,6 +1,6 @@
 #include "engine/fields/word_repair.h"
 
-#include "engine/fields/edit_distance.h"
+#include "text/edit_distance.h"
 
 #include <QStringList>
 
@@ -8,6 +8,8 @@
 #include <cstdlib>
 
 namespace fennick::engine {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -80,7 +82,7 @@ QString repaired(const QString &word, const QSet<QString> &vocabulary) {
 } // namespace
 
 QString repairedWords(const QString &words, const QSet<QString> &vocabulary) {
-    QString result = QStringLiteral(" ");
+    QString result = u" "_s;
     const QStringList parts = words.split(u' ', Qt::SkipEmptyParts);
     for (const QString &word : parts) {
         result += repaired(word, vocabulary) + u' ';

@@ -33,7 +33,7 @@ void set(Country &country, const QString &kind, const QString &value) {
             country.taxRates.append(rate.toDouble());
         }
     } else if (kind == u"order") {
-        country.dateOrder = value == u"month first" ? DateOrder::MonthFirst : DateOrder::YearFirst;
+        country.dateOrder = value == u"month first" ? DateOrder::monthFirst : DateOrder::yearFirst;
     } else if (kind == u"calendar") {
         country.hasBuddhistYears = value == u"buddhist";
     } else if (kind == u"languages") {

@@ -12,9 +12,9 @@ namespace fennick::engine {
 
 // How to read 03/04/05 if nothing in it shows which number is the day, the month or the year.
 enum class DateOrder {
-    DayFirst,
-    MonthFirst,
-    YearFirst,
+    dayFirst,
+    monthFirst,
+    yearFirst,
 };
 
 // What on a receipt points to one country. Phrases are words without accents, as wordsOf() gives them.
@@ -22,7 +22,7 @@ struct Country {
     QString code;           // ISO 3166-1
     QString currency;       // ISO 4217
     QList<double> taxRates; // per cent
-    DateOrder dateOrder = DateOrder::DayFirst;
+    DateOrder dateOrder = DateOrder::dayFirst;
     bool hasBuddhistYears = false;
     Languages languages; // besides English
     QString dialCode;    // empty if it is no evidence

@@ -14,9 +14,9 @@ namespace {
 
 SignKind kindOf(const QString &text) {
     if (text == u"plain") {
-        return SignKind::Plain;
+        return SignKind::plain;
     }
-    return text == u"faint" ? SignKind::Faint : SignKind::Certain;
+    return text == u"faint" ? SignKind::faint : SignKind::certain;
 }
 
 // Codes that are words as well stand for money only beside digits.
@@ -41,7 +41,7 @@ QList<CurrencySign> loadedSigns() {
     }
     codes.removeDuplicates();
     for (const QString &code : std::as_const(codes)) {
-        signs.append({SignKind::Certain, {code}, QRegularExpression(codePattern(code))});
+        signs.append({SignKind::certain, {code}, QRegularExpression(codePattern(code))});
     }
     return signs;
 }

@@ -9,14 +9,14 @@
 namespace fennick::engine {
 
 enum class SignKind {
-    Certain,
-    Plain,
-    Faint, // counts only if something else points to the country
+    certain,
+    plain,
+    faint, // counts only if something else points to the country
 };
 
 // How a currency is printed beside an amount.
 struct CurrencySign {
-    SignKind kind = SignKind::Certain;
+    SignKind kind = SignKind::certain;
     QStringList currencies; // ISO 4217; those that the sign may stand for
     QRegularExpression pattern;
 };

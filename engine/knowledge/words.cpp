@@ -6,8 +6,10 @@
 
 namespace fennick::engine {
 
+using namespace Qt::StringLiterals;
+
 QString wordsOf(const QString &text) {
-    QString words = QStringLiteral(" ");
+    QString words = u" "_s;
     const QString lowered = lowerCased(text);
     for (const QChar character : lowered) {
         if (character == u'\'' || character == u'\u2019') {

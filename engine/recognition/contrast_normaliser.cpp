@@ -47,16 +47,16 @@ GreyPicture onEvenPaper(GreyPicture picture) {
 }
 
 GreyPicture withStrokes(GreyPicture picture, Strokes strokes) {
-    if (!picture || strokes == Strokes::AsPrinted) {
+    if (!picture || strokes == Strokes::asPrinted) {
         return picture;
     }
-    if (strokes == Strokes::Darkened) {
+    if (strokes == Strokes::darkened) {
         return darkened(std::move(picture), 0.5F);
     }
-    if (strokes == Strokes::Outlined) {
+    if (strokes == Strokes::outlined) {
         return outlined(std::move(picture));
     }
-    if (strokes == Strokes::Smoothed) {
+    if (strokes == Strokes::smoothed) {
         Pix *smooth = pixBlockconv(picture.get(), 1, 1);
         return darkened(replaced(std::move(picture), smooth), 0.5F);
     }

@@ -6,11 +6,11 @@ namespace fennick::engine {
 
 // How the strokes of the print are made ready for recognition.
 enum class Strokes {
-    AsPrinted,
-    Darkened,  // faint print and thin strokes gain contrast
-    Smoothed,  // darkened after the dots of needle and thermal print have run together
-    Thickened, // broken letters join up
-    Outlined,  // pure black on white, told apart from the paper right around them
+    asPrinted,
+    darkened,  // faint print and thin strokes gain contrast
+    smoothed,  // darkened after the dots of needle and thermal print have run together
+    thickened, // broken letters join up
+    outlined,  // pure black on white, by contrast with the paper right around them
 };
 
 // `picture` on even, light paper: shadows, creases and tinted paper vanish, print stays.

@@ -17,7 +17,7 @@ std::expected<QList<Reading>, ReadError> readDocument(const QByteArray &bytes, c
                                                       const std::stop_token &stop,
                                                       const PdfReading &pagesOf) {
     if (stop.stop_requested()) {
-        return std::unexpected(ReadError::Abandoned);
+        return std::unexpected(ReadError::abandoned);
     }
     if (kindOfContent(bytes) == DocumentKind::pdf) {
         const std::expected<QList<PdfPage>, ReadError> pages = pagesOf(bytes, {.pageLimit = mostPages}, stop);

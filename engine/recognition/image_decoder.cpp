@@ -38,7 +38,7 @@ std::expected<QImage, ReadError> greyImageOf(StoredPicture stored) {
     }
     std::optional<YuvPicture> scaled = scaledPicture(std::move(picture), useful);
     if (!scaled) {
-        return std::unexpected(ReadError::UnreadableImage);
+        return std::unexpected(ReadError::unreadableImage);
     }
     return greyImage(uprightPicture(std::move(*scaled), stored.orientation).planes.front());
 }
@@ -47,7 +47,7 @@ std::expected<QImage, ReadError> greyImageOf(StoredPicture stored) {
 
 std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
     if (!isTakenIn(bytes)) {
-        return std::unexpected(ReadError::UnreadableImage);
+        return std::unexpected(ReadError::unreadableImage);
     }
     try {
         std::expected<StoredPicture, DocumentError> stored =
@@ -57,7 +57,7 @@ std::expected<QImage, ReadError> decodedImage(const QByteArray &bytes) {
         }
         return greyImageOf(*std::move(stored));
     } catch (const std::bad_alloc &) {
-        return std::unexpected(ReadError::TookTooMuch);
+        return std::unexpected(ReadError::tookTooMuch);
     }
 }
 

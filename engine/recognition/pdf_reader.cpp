@@ -150,7 +150,7 @@ std::expected<QList<PdfPage>, ReadError> readPdf(const QByteArray &bytes, const 
     QList<PdfPage> contents;
     for (int page = 0; page < count; ++page) {
         if (stop.stop_requested()) {
-            return std::unexpected(ReadError::Abandoned);
+            return std::unexpected(ReadError::abandoned);
         }
         contents.append(pageContent(pages, page));
     }

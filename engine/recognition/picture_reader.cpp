@@ -165,7 +165,7 @@ readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Read
     const QDeadlineTimer deadline(recognitionTime);
     std::array<PassReader, passesAtOnce> readers;
     if (!readers.front().isReady()) {
-        return std::unexpected(ReadError::RecogniserMissing);
+        return std::unexpected(ReadError::recogniserMissing);
     }
     std::vector<PreparedPage> ready = prepared(pages, stop);
     for (PreparedPage &page : ready) {
@@ -178,7 +178,7 @@ readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Read
     size_t pass = 0;
     while (pass + 1 < recognitionPasses.size()) {
         if (stop.stop_requested()) {
-            return std::unexpected(ReadError::Abandoned);
+            return std::unexpected(ReadError::abandoned);
         }
         const auto pair = readTwice(readers, pages, ready, pass, deadline, stop);
         const bool isLegible = std::ranges::any_of(
@@ -194,12 +194,12 @@ readPages(const QList<PdfPage> &pages, const std::function<bool(const QList<Read
         pass += passesAtOnce;
     }
     if (stop.stop_requested()) {
-        return std::unexpected(ReadError::Abandoned);
+        return std::unexpected(ReadError::abandoned);
     }
     const bool isAnyLegible = std::ranges::any_of(
         readings, [](const Reading &reading) { return legibility(reading) >= hardlyLegible; });
     if (deadline.hasExpired() && !isAnyLegible) {
-        return std::unexpected(ReadError::TookTooMuch);
+        return std::unexpected(ReadError::tookTooMuch);
     }
     return readings;
 }

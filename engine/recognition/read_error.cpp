@@ -7,42 +7,42 @@ using namespace Qt::StringLiterals;
 ReadError readErrorOf(DocumentError error) {
     switch (error) {
     case DocumentError::unreadableImage:
-        return ReadError::UnreadableImage;
+        return ReadError::unreadableImage;
     case DocumentError::imageTooLarge:
-        return ReadError::ImageTooLarge;
+        return ReadError::imageTooLarge;
     case DocumentError::unreadablePdf:
-        return ReadError::UnreadablePdf;
+        return ReadError::unreadablePdf;
     case DocumentError::pdfTooLarge:
-        return ReadError::PdfTooLarge;
+        return ReadError::pdfTooLarge;
     case DocumentError::lockedPdf:
-        return ReadError::LockedPdf;
+        return ReadError::lockedPdf;
     case DocumentError::emptyPdf:
-        return ReadError::EmptyPdf;
+        return ReadError::emptyPdf;
     }
-    return ReadError::UnreadablePdf;
+    return ReadError::unreadablePdf;
 }
 
 QString readErrorText(ReadError error) {
     switch (error) {
-    case ReadError::UnreadableImage:
+    case ReadError::unreadableImage:
         return u"The image cannot be decoded."_s;
-    case ReadError::ImageTooLarge:
+    case ReadError::imageTooLarge:
         return u"The image has too many pixels."_s;
-    case ReadError::UnreadablePdf:
+    case ReadError::unreadablePdf:
         return u"The document is not a readable PDF."_s;
-    case ReadError::PdfTooLarge:
+    case ReadError::pdfTooLarge:
         return u"The PDF unpacks to more than can be read."_s;
-    case ReadError::LockedPdf:
+    case ReadError::lockedPdf:
         return u"The document is protected by a password."_s;
-    case ReadError::EmptyPdf:
+    case ReadError::emptyPdf:
         return u"The document has no pages."_s;
-    case ReadError::RecogniserMissing:
+    case ReadError::recogniserMissing:
         return u"The text recogniser cannot start: its language data for English is missing."_s;
-    case ReadError::NoReceipt:
+    case ReadError::noReceipt:
         return u"No receipt was found on the page."_s;
-    case ReadError::TookTooMuch:
+    case ReadError::tookTooMuch:
         return u"The document takes too much time or memory to read."_s;
-    case ReadError::Abandoned:
+    case ReadError::abandoned:
         return u"The request was given up."_s;
     }
     return {};

@@ -8,16 +8,16 @@ namespace fennick::engine {
 
 // Why a document could not be read.
 enum class ReadError {
-    UnreadableImage,
-    ImageTooLarge,
-    UnreadablePdf,
-    PdfTooLarge,
-    LockedPdf,
-    EmptyPdf,
-    RecogniserMissing,
-    NoReceipt,
-    TookTooMuch, // memory or time
-    Abandoned,   // nobody waits for the answer any more
+    unreadableImage,
+    imageTooLarge,
+    unreadablePdf,
+    pdfTooLarge,
+    lockedPdf,
+    emptyPdf,
+    recogniserMissing,
+    noReceipt,
+    tookTooMuch, // memory or time
+    abandoned,   // nobody waits for the answer any more
 };
 
 // What an error of the room that opens documents is to the engine.

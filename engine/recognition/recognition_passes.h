@@ -18,10 +18,10 @@ struct RecognitionPass {
 
 // In the order of their worth: the first two alone read most pages.
 inline constexpr std::array recognitionPasses = {
-    RecognitionPass{23, Strokes::Smoothed},  RecognitionPass{21, Strokes::Darkened},
-    RecognitionPass{19, Strokes::AsPrinted}, RecognitionPass{25, Strokes::AsPrinted},
-    RecognitionPass{24, Strokes::Darkened},  RecognitionPass{30, Strokes::Smoothed},
-    RecognitionPass{27, Strokes::Thickened}, RecognitionPass{24, Strokes::Outlined},
+    RecognitionPass{23, Strokes::smoothed},  RecognitionPass{21, Strokes::darkened},
+    RecognitionPass{19, Strokes::asPrinted}, RecognitionPass{25, Strokes::asPrinted},
+    RecognitionPass{24, Strokes::darkened},  RecognitionPass{30, Strokes::smoothed},
+    RecognitionPass{27, Strokes::thickened}, RecognitionPass{24, Strokes::outlined},
 };
 
 // A page that is ready for its passes: even paper, level lines, cut to where its print stands.

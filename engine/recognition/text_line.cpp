@@ -4,6 +4,8 @@
 
 namespace fennick::engine {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Pieces of a row overlap by no more than letters that lean over each other.
@@ -36,7 +38,7 @@ QString gapBetween(const QRectF &left, const QRectF &right, double tallest) {
     if (gap < 0.27 * tallest) {
         return {};
     }
-    return gap < tallest ? QStringLiteral(" ") : QStringLiteral("  ");
+    return gap < tallest ? u" "_s : u"  "_s;
 }
 
 void append(TextLine &line, const QString &gap, const TextLine &next) {

@@ -85,7 +85,7 @@ ServiceAnswer findPlaces(QByteArray body, const std::stop_token &stop) {
 }
 
 ServiceAnswer answerTo(QByteArray body, const Answering &answering, const std::stop_token &stop) {
-    return stop.stop_requested() ? refusal(serviceError(ReadError::Abandoned))
+    return stop.stop_requested() ? refusal(serviceError(ReadError::abandoned))
                                  : answering(std::move(body), stop);
 }
 

@@ -56,7 +56,7 @@ HttpConnection::HttpConnection(QTcpSocket *socket, const ConnectionLimits &limit
 }
 
 void HttpConnection::takeBody() {
-    stage_ = Stage::Body;
+    stage_ = Stage::body;
     patience_.start(limits_.bodyTime);
     if (!refusal_) {
         buffer_.reserve(head_.contentLength);
@@ -77,15 +77,15 @@ void HttpConnection::answer(int status, const QByteArray &json) {
 
 void HttpConnection::readMore() {
     switch (stage_) {
-    case Stage::Head:
+    case Stage::head:
         readHead();
         return;
-    case Stage::Waiting:
+    case Stage::waiting:
         return;
-    case Stage::Body:
+    case Stage::body:
         readBody();
         return;
-    case Stage::Complete:
+    case Stage::complete:
         socket_->readAll(); // pipelined requests are not served
         return;
     }
@@ -121,7 +121,7 @@ void HttpConnection::readHead() {
         takeBody();
         return;
     }
-    stage_ = Stage::Waiting;
+    stage_ = Stage::waiting;
     patience_.stop();
     Q_EMIT announced(head_.contentLength);
 }
@@ -144,13 +144,13 @@ void HttpConnection::readBody() {
         refuse(*refusal_);
         return;
     }
-    stage_ = Stage::Complete;
+    stage_ = Stage::complete;
     patience_.stop();
     Q_EMIT received(head_.method, head_.target, std::exchange(buffer_, {}));
 }
 
 void HttpConnection::refuse(int status) {
-    stage_ = Stage::Complete;
+    stage_ = Stage::complete;
     patience_.start(limits_.answerTime);
     Q_EMIT refused(status);
 }

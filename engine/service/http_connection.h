@@ -48,7 +48,7 @@ private:
     void readBody();
     void refuse(int status);
 
-    enum class Stage { Head, Waiting, Body, Complete };
+    enum class Stage { head, waiting, body, complete };
 
     QTcpSocket *socket_;
     ConnectionLimits limits_;
@@ -57,7 +57,7 @@ private:
     HttpHead head_;
     std::optional<int> refusal_;
     qsizetype bodyReceived_ = 0;
-    Stage stage_ = Stage::Head;
+    Stage stage_ = Stage::head;
 };
 
 } // namespace fennick::engine

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int cannotListen = 1;
@@ -30,7 +32,7 @@ int main(int argc, char *argv[]) {
     std::signal(SIGTERM, endAtOnce);
     std::signal(SIGINT, endAtOnce);
     const QCoreApplication application(argc, argv);
-    if (application.arguments().mid(1) == QStringList(QStringLiteral("--help"))) {
+    if (application.arguments().mid(1) == QStringList(u"--help"_s)) {
         std::printf("Usage: fennick-engine [--port NUMBER]\n"
                     "Reads receipts on this machine, as a service on 127.0.0.1. The port is %d unless told; "
                     "0 lets the "
@@ -55,7 +57,7 @@ int main(int argc, char *argv[]) {
     const std::expected<quint16, QString> listening =
         place->socket ? server.listenOn(*place->socket) : server.listen(place->port);
     if (!listening) {
-        complain(QStringLiteral("cannot listen on 127.0.0.1:%1: %2").arg(place->port).arg(listening.error()));
+        complain(u"cannot listen on 127.0.0.1:%1: %2"_s.arg(place->port).arg(listening.error()));
         return cannotListen;
     }
     std::printf("Listening on http://127.0.0.1:%d\n", static_cast<int>(*listening));

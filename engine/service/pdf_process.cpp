@@ -13,7 +13,9 @@
 
 namespace fennick::engine {
 
-const QString readPdfArgument = QStringLiteral("--read-pdf");
+using namespace Qt::StringLiterals;
+
+const QString readPdfArgument = u"--read-pdf"_s;
 
 namespace {
 
@@ -173,14 +175,14 @@ std::expected<QList<PdfPage>, ReadError> readPdfApart(const QString &program, co
     while (!process.waitForFinished(lookInterval) && process.state() != QProcess::NotRunning) {
         if (stop.stop_requested() || deadline.hasExpired()) {
             end(process);
-            return std::unexpected(stop.stop_requested() ? ReadError::Abandoned : ReadError::TookTooMuch);
+            return std::unexpected(stop.stop_requested() ? ReadError::abandoned : ReadError::tookTooMuch);
         }
     }
     if (process.error() == QProcess::FailedToStart) {
-        return std::unexpected(ReadError::UnreadablePdf);
+        return std::unexpected(ReadError::unreadablePdf);
     }
     auto pages = decoded(process.readAllStandardOutput());
-    return pages ? *std::move(pages) : std::unexpected(ReadError::TookTooMuch);
+    return pages ? *std::move(pages) : std::unexpected(ReadError::tookTooMuch);
 }
 
 int serveReadPdfApart(const QStringList &arguments) {

@@ -34,7 +34,7 @@ std::expected<ReceiptFields, ReadError> readReceiptFile(const QByteArray &bytes,
     addFacts(facts, *readings);
     std::optional<ReceiptFields> fields = readReceipt(facts, today);
     return fields ? std::expected<ReceiptFields, ReadError>(*std::move(fields))
-                  : std::unexpected(ReadError::NoReceipt);
+                  : std::unexpected(ReadError::noReceipt);
 }
 
 } // namespace fennick::engine

@@ -86,7 +86,7 @@ QJsonObject errorAnswer(const ServiceError &error) {
 }
 
 ServiceError serviceError(ReadError error) {
-    if (error == ReadError::RecogniserMissing) {
+    if (error == ReadError::recogniserMissing) {
         return {.code = 500, .status = u"INTERNAL"_s, .message = readErrorText(error), .reason = {}};
     }
     return {.code = 400, .status = u"INVALID_ARGUMENT"_s, .message = readErrorText(error), .reason = {}};

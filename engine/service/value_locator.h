@@ -16,7 +16,7 @@ namespace fennick::engine {
 struct LocatedValues {
     ReceiptEvidence evidence;
     // The names of the members of `evidence` whose values are surely nowhere on the pages that were read.
-    // Empty if recognition did not see enough of them to tell.
+    // Empty if too little of them was legible to be sure.
     QStringList missing;
     int pages = 0; // that were read, from the first on
 };

@@ -61,7 +61,10 @@ void PossibleDuplicates::follow(const ReceiptsChange &change) {
     if (change.kind == ReceiptsChange::Kind::removed || change.kind == ReceiptsChange::Kind::cleared) {
         dropGone(touched);
     } else {
-        take(store_->receipts().at(change.to), touched);
+        const bool areSeveral = change.kind == ReceiptsChange::Kind::inserted;
+        for (qsizetype row = areSeveral ? change.from : change.to; row <= change.to; ++row) {
+            take(store_->receipts().at(row), touched);
+        }
     }
     QSet<QString> changed;
     for (const Purchase &purchase : std::as_const(touched)) {

@@ -15,8 +15,8 @@ class ReceiptStore;
 struct ReceiptsChange;
 
 // Which listed receipts may be one purchase twice: their amount, currency and date are the same, and so is
-// the merchant but for its spelling. It only tells; nothing is ever removed for it. Follows the store, whose
-// changes cost a time that grows with the receipts of one amount and day, not with the list. Owned by
+// the merchant but for its spelling. It only reports them; it never removes a receipt. Follows the store,
+// whose changes cost a time that grows with the receipts of one amount and day, not with the list. Owned by
 // AppState; main thread.
 class PossibleDuplicates : public QObject {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     int repeatsAmong(const QStringList &ids) const;
 
 Q_SIGNALS:
-    // What was told of these receipts is told no more, or something else is.
+    // These receipts have become possible duplicates, or of another receipt, or are none any more.
     void changed(const QSet<QString> &ids);
 
 private:

@@ -105,6 +105,7 @@ void ReceiptStore::remove(const QSet<QString> &ids) {
     if (receipts_.size() != before) {
         saveIgnored(); // first, as when the list is cleared
         saveReceipts();
+        Q_EMIT ignoredPathsChanged();
     }
 }
 
@@ -120,6 +121,85 @@ void ReceiptStore::removeRows(qsizetype first, qsizetype last) {
     Q_EMIT receiptsChanged(change);
 }
 
+RemovedReceipts ReceiptStore::beforeRemoval(const QSet<QString> &ids) const {
+    return beforeRemovalOf([&ids](const Receipt &receipt) { return ids.contains(receipt.id); });
+}
+
+RemovedReceipts ReceiptStore::beforeRemovalOfAll() const {
+    return beforeRemovalOf([](const Receipt &) { return true; });
+}
+
+RemovedReceipts ReceiptStore::beforeRemovalOf(const std::function<bool(const Receipt &)> &leaves) const {
+    RemovedReceipts removed;
+    for (qsizetype row = 0; row < receipts_.size(); ++row) {
+        const Receipt &receipt = receipts_[row];
+        if (!leaves(receipt)) {
+            continue;
+        }
+        removed.rows.append({receipt, receipts_.size() - 1 - row});
+        if (!ignored_.contains(receipt.filePath)) {
+            removed.newlyIgnored.append(receipt.filePath);
+        }
+    }
+    return removed;
+}
+
+// From the end on, so that the number of rows below each is the one it had. Neighbours return in one change.
+void ReceiptStore::putBack(const RemovedReceipts &removed) {
+    QSet<QString> listed;
+    for (const Receipt &receipt : std::as_const(receipts_)) {
+        listed.insert(receipt.id);
+    }
+    QList<RemovedReceipts::Row> rows = removed.rows;
+    rows.removeIf([&listed](const RemovedReceipts::Row &row) { return listed.contains(row.receipt.id); });
+    while (!rows.isEmpty()) {
+        const qsizetype first = rowForReturn(rows.last());
+        QList<Receipt> run{rows.takeLast().receipt};
+        const auto isNeighbour = [&](const RemovedReceipts::Row &row) {
+            const bool isBelowOthers = first == 0 || !isNewer(row.receipt, receipts_[first - 1]);
+            return receipts_.size() + run.size() - row.rowsBelow == first && isBelowOthers &&
+                   !isNewer(run.first(), row.receipt);
+        };
+        while (!rows.isEmpty() && isNeighbour(rows.last())) {
+            run.prepend(rows.takeLast().receipt);
+        }
+        insertRows(first, run);
+    }
+    saveReceipts(); // first, so that at no time a file is neither listed nor ignored
+    stopIgnoring(removed.newlyIgnored);
+}
+
+// Where it stood, counted from the end, for new receipts come at the top.
+qsizetype ReceiptStore::rowForReturn(const RemovedReceipts::Row &returning) const {
+    const auto [first, end] =
+        std::equal_range(receipts_.cbegin(), receipts_.cend(), returning.receipt, isNewer);
+    return std::clamp(receipts_.size() - returning.rowsBelow, first - receipts_.cbegin(),
+                      end - receipts_.cbegin());
+}
+
+void ReceiptStore::insertRows(qsizetype first, const QList<Receipt> &receipts) {
+    const ReceiptsChange change{ReceiptsChange::Kind::inserted, first, first + receipts.size() - 1};
+    Q_EMIT receiptsAboutToChange(change);
+    receipts_.insert(first, receipts.size(), Receipt());
+    std::copy(receipts.cbegin(), receipts.cend(), receipts_.begin() + first);
+    records_.insert(first, receipts.size(), QByteArray());
+    for (const Receipt &receipt : receipts) {
+        countPath(receipt.filePath, +1);
+    }
+    Q_EMIT receiptsChanged(change);
+}
+
+void ReceiptStore::stopIgnoring(const QStringList &paths) {
+    const qsizetype before = ignored_.size();
+    for (const QString &path : paths) {
+        ignored_.remove(path);
+    }
+    if (ignored_.size() != before) {
+        saveIgnored();
+        Q_EMIT ignoredPathsChanged();
+    }
+}
+
 std::expected<void, FileProblem> ReceiptStore::ignore(const QStringList &paths) {
     QSet<QString> ignored = ignored_;
     for (const QString &path : paths) {
@@ -128,6 +208,7 @@ std::expected<void, FileProblem> ReceiptStore::ignore(const QStringList &paths) 
     auto saved = ignoredFile_.rewrite(encodePaths(ignored));
     if (saved) {
         ignored_ = std::move(ignored);
+        Q_EMIT ignoredPathsChanged();
     }
     return saved;
 }
@@ -146,6 +227,7 @@ void ReceiptStore::clearAll() {
     // scan and pay for them again.
     saveIgnored();
     saveReceipts();
+    Q_EMIT ignoredPathsChanged();
 }
 
 void ReceiptStore::load() {

@@ -19,9 +19,18 @@ namespace fennick {
 struct ReceiptsChange {
     enum class Kind { inserted, updated, moved, removed, cleared };
     Kind kind;
-    qsizetype from =
-        0;            // the row before the change; for `inserted`, the new row; for `removed`, the first one
-    qsizetype to = 0; // the row after the change; for `removed`, the last row that goes
+    qsizetype from = 0; // the row before the change; for `inserted` and `removed`, the first row of them
+    qsizetype to = 0;   // the row after the change; for `inserted` and `removed`, the last row of them
+};
+
+// Receipts that leave the list, with what is needed to put them back.
+struct RemovedReceipts {
+    struct Row {
+        Receipt receipt;
+        qsizetype rowsBelow = 0; // how many receipts stood below it, those that leave with it among them
+    };
+    QList<Row> rows;          // in the order of the list
+    QStringList newlyIgnored; // the paths that are ignored only because the receipts leave
 };
 
 // Owns the list of receipts and the set of paths that are never taken in again; nothing else reads or writes
@@ -65,6 +74,21 @@ public:
     // files, which stay where they are, are never scanned again. Ignores what is not listed.
     void remove(const QSet<QString> &ids);
 
+    // What putBack needs if the receipts with these identifiers, or all of them, now leave the list.
+    RemovedReceipts beforeRemoval(const QSet<QString> &ids) const;
+    RemovedReceipts beforeRemovalOfAll() const;
+
+    // Lists removed receipts again, where they were as far as the list's order allows, and no longer ignores
+    // what was ignored only with their removal. Receipts that are listed stay as they are.
+    void putBack(const RemovedReceipts &removed);
+
+    // Whether nothing at this path is taken in although no receipt may be listed with it.
+    bool isIgnored(const QString &path) const { return ignored_.contains(path); }
+    const QSet<QString> &ignoredPaths() const { return ignored_; }
+
+    // No longer ignores these paths, on disk when it returns.
+    void stopIgnoring(const QStringList &paths);
+
     // Ignores these paths from now on, on disk when it returns. On failure, which is not reported otherwise,
     // none of them is ignored.
     [[nodiscard]] std::expected<void, FileProblem> ignore(const QStringList &paths);
@@ -76,13 +100,19 @@ Q_SIGNALS:
     void receiptsAboutToChange(const ReceiptsChange &change);
     void receiptsChanged(const ReceiptsChange &change);
 
+    // Which paths are ignored has changed.
+    void ignoredPathsChanged();
+
     // A change could not be written; `reason` is the system's description. Emitted once per reason until a
     // write succeeds.
     void saveFailed(const QString &reason);
 
 private:
     void load();
+    RemovedReceipts beforeRemovalOf(const std::function<bool(const Receipt &)> &leaves) const;
     void removeRows(qsizetype first, qsizetype last);
+    qsizetype rowForReturn(const RemovedReceipts::Row &returning) const;
+    void insertRows(qsizetype first, const QList<Receipt> &receipts);
     void saveReceipts();
     void saveIgnored();
     void save(WholeFile &file, const QByteArray &content);

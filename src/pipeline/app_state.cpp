@@ -19,17 +19,21 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , duplicates_(store)
     , tasks_(&lastError_)
     , formerArchives_(settings, &lastError_)
-    , archive_(store, settings, &formerArchives_, &lastError_)
+    , ignoredDates_(store)
+    , archive_(store, settings, &formerArchives_, &record_, &lastError_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
     , correction_(store, &renaming_, &corrected_, &folderThreads_)
     , pages_(&watchedFolder_, &folderThreads_, &tasks_)
     , engine_(joinedPath(QCoreApplication::applicationDirPath(), u"fennick-engine"_s))
     , evidence_(&watchedFolder_, &folderThreads_, &engine_, &tasks_)
     , delivery_(store, settings, &watchedFolder_, &lastError_, &tasks_)
-    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &engine_, &tasks_)
+    , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &engine_,
+               &folderThreads_, &tasks_)
     , retryAll_(
           store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
-    , recovery_(store, &archive_, &folderThreads_, &tasks_)
+    , history_(store, settings, &archive_, &record_, &correction_, &corrected_, &scanRun_, &retryAll_,
+               &watchedFolder_, &renamedPaths_)
+    , recovery_(store, &archive_, &history_, &folderThreads_, &tasks_)
     , droppedFiles_(settings, &lastError_, &tasks_)
     , admission_(store, settings, &archive_, &folderThreads_, &lastError_, &tasks_)
     , intake_(store, &watchedFolder_, &renamedPaths_, &archive_, &folderThreads_, &scanRun_, &tasks_) {
@@ -73,12 +77,17 @@ void AppState::copyIntoWatchFolder(const QStringList &paths) {
     droppedFiles_.copyIntoWatchFolder(paths);
 }
 
+void AppState::restoreIgnored(const QStringList &paths) {
+    store_->stopIgnoring(paths);
+    intake_.takeIn(paths);
+}
+
 bool AppState::isSupported(const QString &path) {
     return kindOfName(path).has_value();
 }
 
 void AppState::retry(const Receipt &receipt) {
-    scanRun_.retry(receipt);
+    history_.retry(receipt);
 }
 
 QStringList AppState::receiptsWithoutKey() const {
@@ -97,7 +106,7 @@ bool AppState::canCorrect(const QString &id) const {
 
 std::expected<void, FieldProblems> AppState::correct(const QString &id, const TypedFields &typed,
                                                      const FieldFormats &formats) {
-    return correction_.correct(id, typed, formats);
+    return history_.correct(id, typed, formats);
 }
 
 QFuture<QString> AppState::fileNameAfterCorrection(const QString &id, const TypedFields &typed,
@@ -130,7 +139,7 @@ QString AppState::uniquePath(const QString &folder, const QString &base, const Q
 }
 
 void AppState::archiveAndClear(ExportService::Format format) {
-    archive_.archiveAndClear(format);
+    history_.archiveAndClear(format);
 }
 
 } // namespace fennick

@@ -12,6 +12,7 @@
 #include "pipeline/folder_survey.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/former_archives.h"
+#include "pipeline/ignored_dates.h"
 #include "pipeline/intake.h"
 #include "pipeline/last_error.h"
 #include "pipeline/photos_delivery.h"
@@ -22,6 +23,7 @@
 #include "pipeline/retry_all.h"
 #include "pipeline/scan_run.h"
 #include "pipeline/tasks.h"
+#include "pipeline/undo/undo_history.h"
 #include "pipeline/watched_folder.h"
 
 #include <QDateTime>
@@ -77,12 +79,18 @@ public:
     // replaces an existing file and ignores other kinds of files.
     void copyIntoWatchFolder(const QStringList &paths);
 
+    // Since when files are ignored.
+    const IgnoredDates &ignoredDates() const { return ignoredDates_; }
+
+    // No longer ignores these files, and takes in those that lie in the watched folder.
+    void restoreIgnored(const QStringList &paths);
+
     // Whether a file of this name is taken in, by its extension.
     static bool isSupported(const QString &path);
 
     // Scan run --------------------------------------------------------------------------------------------
 
-    // Scans a listed receipt once more, by its present path.
+    // Scans a listed receipt once more, by its present path. Can be undone.
     void retry(const Receipt &receipt);
 
     // Scans many listed receipts once more.
@@ -91,13 +99,18 @@ public:
     // The listed receipts that failed because there was no API key, or none that the service takes.
     QStringList receiptsWithoutKey() const;
 
+    // Undo ------------------------------------------------------------------------------------------------
+
+    // What the user has done and can take back. Corrections and removals are done through it.
+    UndoHistory *history() { return &history_; }
+
     // Correction ------------------------------------------------------------------------------------------
 
     // Whether the receipt is listed and is not being scanned.
     bool canCorrect(const QString &id) const;
 
     // Puts the typed fields in place of the receipt's own and renames its file by the rules of a scan. If a
-    // field cannot be understood, nothing changes.
+    // field cannot be understood, nothing changes. Can be undone.
     [[nodiscard]] std::expected<void, FieldProblems> correct(const QString &id, const TypedFields &typed,
                                                              const FieldFormats &formats);
 
@@ -142,7 +155,7 @@ public:
     static QString uniquePath(const QString &folder, const QString &base, const QString &extension);
 
     // Writes a ledger of the whole list into today's archive folder, moves the receipt files there, whatever
-    // their status, and empties the list. Does not change the photo library.
+    // their status, and empties the list. Does not change the photo library. Can be undone.
     void archiveAndClear(ExportService::Format format);
 
 Q_SIGNALS:
@@ -162,6 +175,8 @@ private:
     WatchedFolder watchedFolder_;
     RenamedPaths renamedPaths_;
     FormerArchives formerArchives_;
+    IgnoredDates ignoredDates_;
+    DeedRecord record_;
     Archive archive_;
     ReceiptRenaming renaming_;
     CorrectedReceipts corrected_;
@@ -172,6 +187,7 @@ private:
     PhotosDelivery delivery_;
     ScanRun scanRun_;
     RetryAll retryAll_;
+    UndoHistory history_;
     Recovery recovery_;
     DroppedFiles droppedFiles_;
     FolderAdmission admission_;

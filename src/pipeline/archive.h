@@ -2,6 +2,7 @@
 
 #include "export/export_service.h"
 #include "pipeline/archive_places.h"
+#include "pipeline/undo/recorded_deed.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -10,11 +11,11 @@
 
 namespace fennick {
 
+class DeedRecord;
 class FormerArchives;
 class LastError;
 class ReceiptStore;
 class SettingsStore;
-struct PendingArchive;
 
 // Moves a batch of receipts out of the list: a ledger and the files into the archive folder of the day. Owned
 // by AppState; main thread.
@@ -22,7 +23,7 @@ class Archive {
     Q_DECLARE_TR_FUNCTIONS(fennick::Archive)
 
 public:
-    Archive(ReceiptStore *store, SettingsStore *settings, FormerArchives *formerArchives,
+    Archive(ReceiptStore *store, SettingsStore *settings, FormerArchives *formerArchives, DeedRecord *record,
             LastError *lastError);
 
     // The folder of the settings, or "Receipt Archive" in the watched folder; absent without either.
@@ -37,9 +38,10 @@ public:
     // Where archives lie now.
     ArchivePlaces places() const;
 
-    // Writes a ledger of the whole list, moves the receipt files, whatever their status, and empties the
-    // list.
-    void archiveAndClear(ExportService::Format format);
+    // Writes a ledger of these listed receipts, moves their files, whatever their status, and takes them from
+    // the list. The record has everything before the first step. Returns nothing if nothing was archived; the
+    // last error is why.
+    std::optional<RecordedDeed> archive(ExportService::Format format, const RemovedReceipts &batch);
 
     // Completes an archive that was interrupted: some of its files are no longer where the list says. If its
     // folder is out of reach, the list stays, and with it what can still be archived; on a network that is
@@ -47,13 +49,17 @@ public:
     void resume();
 
 private:
-    void carryOut(const PendingArchive &archive);
-    bool foldersAnswer(const QString &archiveFolder) const;
-    void moveIntoArchive(const QString &path, const QString &folder);
+    RecordedDeed deedOf(const QString &ledgerPath, ExportService::Format format,
+                        const RemovedReceipts &batch) const;
+    RecordedDeed interruptedDeed(const QString &ledgerPath, ExportService::Format format) const;
+    void carryOut(RecordedDeed &deed);
+    bool foldersAnswer(const QString &archiveFolder, const RemovedReceipts &batch) const;
+    void moveIntoArchive(MovedFile &file);
 
     ReceiptStore *store_;
     SettingsStore *settings_;
     FormerArchives *formerArchives_;
+    DeedRecord *record_;
     LastError *lastError_;
 };
 

@@ -5,6 +5,7 @@
 
 #include <QtConcurrent>
 
+#include <chrono>
 #include <tuple>
 
 namespace fennick {
@@ -16,6 +17,8 @@ constexpr int mostFolderThreads = 32;
 
 constexpr int patienceAtEnd = 2000; // milliseconds
 
+constexpr std::chrono::seconds longestSilence{1};
+
 } // namespace
 
 FolderThreads::FolderThreads()
@@ -23,13 +26,31 @@ FolderThreads::FolderThreads()
     pool_->setMaxThreadCount(mostFolderThreads);
 }
 
-QFuture<void> FolderThreads::answer(const QString &path) const {
-    asked_.removeIf([](const auto &asked) { return asked.value().isFinished(); });
-    QFuture<void> &answer = asked_[parentFolder(path)];
-    if (!answer.isValid()) {
-        answer = QtConcurrent::run(pool_.get(), [path] { std::ignore = fileStateAt(path); });
+const FolderThreads::Asked &FolderThreads::ask(const QString &path) const {
+    asked_.removeIf([](const auto &asked) { return asked.value().future.isFinished(); });
+    Asked &asked = asked_[parentFolder(path)];
+    if (!asked.future.isValid()) {
+        asked.answers = std::make_shared<QSemaphore>();
+        asked.patience.setRemainingTime(longestSilence);
+        asked.future = QtConcurrent::run(pool_.get(), [path, answers = asked.answers] {
+            std::ignore = fileStateAt(path);
+            answers->release();
+        });
     }
-    return answer;
+    return asked;
+}
+
+QFuture<void> FolderThreads::answer(const QString &path) const {
+    return ask(path).future;
+}
+
+bool FolderThreads::answersSoon(const QString &path) const {
+    const Asked &asked = ask(path);
+    const bool isAnswered = asked.answers->tryAcquire(1, static_cast<int>(asked.patience.remainingTime()));
+    if (isAnswered) {
+        asked.answers->release(); // for whoever asks next
+    }
+    return isAnswered;
 }
 
 void FolderThreads::end() {

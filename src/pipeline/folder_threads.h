@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QFuture>
 #include <QHash>
+#include <QSemaphore>
 #include <QString>
 #include <QThreadPool>
 
@@ -21,12 +23,24 @@ public:
     // asks for all files of a folder, so that a dead one does not take all threads. Main thread.
     [[nodiscard]] QFuture<void> answer(const QString &path) const;
 
+    // Whether the file system answers, for what cannot be suspended. Blocks for a second at most, and not
+    // again for any file of a folder that still keeps silent. Main thread.
+    [[nodiscard]] bool answersSoon(const QString &path) const;
+
     // Waits two seconds and abandons the threads that are still blocked. Nothing may be run afterwards.
     void end();
 
 private:
+    struct Asked {
+        QFuture<void> future;
+        std::shared_ptr<QSemaphore> answers; // one, once there is an answer
+        QDeadlineTimer patience;
+    };
+
+    const Asked &ask(const QString &path) const;
+
     std::unique_ptr<QThreadPool> pool_;
-    mutable QHash<QString, QFuture<void>> asked_; // by folder, not answered yet when last looked at
+    mutable QHash<QString, Asked> asked_; // by folder, not answered yet when last looked at
 };
 
 } // namespace fennick

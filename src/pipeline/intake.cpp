@@ -11,6 +11,7 @@
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
 #include "platform/unreadable_names.h"
+#include "text/path_text.h"
 
 #include <QCoroFuture>
 #include <QDir>
@@ -95,6 +96,17 @@ QCoro::Task<> Intake::scanExistingFiles(QString folder, QFuture<void> watching, 
     if (self && folder == watchedFolder_->path) {
         takeInLater(paths);
     }
+}
+
+void Intake::takeIn(const QStringList &paths) {
+    QStringList files;
+    for (const QString &path : paths) {
+        if (isLexicallyBelow(path, watchedFolder_->path) && kindOfName(path) && !archive_->contains(path)) {
+            files.append(path);
+        }
+    }
+    files.sort();
+    takeInLater(files);
 }
 
 // What lies in the folder is taken in by one rule, whether it is found at the start or later: no hidden

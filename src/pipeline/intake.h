@@ -39,6 +39,9 @@ public:
     // `ready` has finished.
     void startWatching(const QString &path, const QFuture<void> &ready);
 
+    // Takes these files in, one after the other, if they lie in the watched folder and are new.
+    void takeIn(const QStringList &paths);
+
     // Whether the watched folder is there.
     const FolderPresence *presence() const { return &presence_; }
 

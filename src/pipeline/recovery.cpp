@@ -6,6 +6,7 @@
 #include "pipeline/archive.h"
 #include "pipeline/folder_threads.h"
 #include "pipeline/tasks.h"
+#include "pipeline/undo/undo_history.h"
 #include "platform/photo_library.h"
 #include "platform/regular_file.h"
 #include "text/numbered_name.h"
@@ -53,15 +54,21 @@ QList<QStringList> possibleFilesOfAll(const QList<UnderOtherName> &receipts) {
 
 } // namespace
 
-Recovery::Recovery(ReceiptStore *store, Archive *archive, const FolderThreads *folderThreads, Tasks *tasks)
+const char *const Recovery::interruptedText =
+    QT_TRANSLATE_NOOP("fennick::Recovery", "The scan was interrupted. Retry to scan this receipt again.");
+
+Recovery::Recovery(ReceiptStore *store, Archive *archive, UndoHistory *history,
+                   const FolderThreads *folderThreads, Tasks *tasks)
     : store_(store)
     , archive_(archive)
+    , history_(history)
     , folderThreads_(folderThreads)
     , tasks_(tasks) {}
 
 QFuture<void> Recovery::recover() {
     PhotoLibrary::undoInterruptedChanges(dataFolder());
     archive_->resume();
+    history_->resume();
     failInterruptedScans();
     QPromise<void> adoption;
     adoption.start();
@@ -74,8 +81,7 @@ void Recovery::failInterruptedScans() {
     const QList<Receipt> receipts = store_->receipts(); // a copy: the list changes meanwhile
     for (const Receipt &receipt : receipts) {
         if (receipt.status == ReceiptStatus::processing) {
-            store_->setError(receipt.id, QString::fromUtf8(QT_TR_NOOP(
-                                             "The scan was interrupted. Retry to scan this receipt again.")));
+            store_->setError(receipt.id, QString::fromUtf8(interruptedText));
         }
     }
 }

@@ -14,6 +14,7 @@ class Archive;
 class FolderThreads;
 class ReceiptStore;
 class Tasks;
+class UndoHistory;
 
 // Makes list, files and photo library consistent again after the program was killed in the middle of
 // something. Owned by AppState; main thread.
@@ -21,7 +22,12 @@ class Recovery : public QObject {
     Q_OBJECT
 
 public:
-    Recovery(ReceiptStore *store, Archive *archive, const FolderThreads *folderThreads, Tasks *tasks);
+    // The error of a receipt whose scan nobody waits for any more. Stored as it stands, translated where it
+    // is shown.
+    static const char *const interruptedText;
+
+    Recovery(ReceiptStore *store, Archive *archive, UndoHistory *history, const FolderThreads *folderThreads,
+             Tasks *tasks);
 
     // Call once, before anything else. Returns `renamedFilesAdopted`.
     QFuture<void> recover();
@@ -37,6 +43,7 @@ private:
 
     ReceiptStore *store_;
     Archive *archive_;
+    UndoHistory *history_;
     const FolderThreads *folderThreads_;
     Tasks *tasks_;
     QFuture<void> adoption_;

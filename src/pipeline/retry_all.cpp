@@ -29,29 +29,53 @@ RetryAll::RetryAll(const ReceiptStore *store, Scan scan, Tasks *tasks, RetryPaus
 }
 
 void RetryAll::addAllFailed() {
+    QList<Receipt> failed;
     for (const Receipt &receipt : store_->receipts()) {
         if (receipt.status == ReceiptStatus::error) {
-            append(receipt);
+            failed.append(receipt);
         }
     }
-    goOn();
+    scanLater(failed);
 }
 
 void RetryAll::add(const QStringList &ids) {
+    QList<Receipt> receipts;
     for (const QString &id : ids) {
         const auto receipt = store_->receipt(id);
         if (receipt && receipt->status != ReceiptStatus::processing) {
-            append(*receipt);
+            receipts.append(*receipt);
         }
+    }
+    scanLater(receipts);
+}
+
+void RetryAll::scanLater(const QList<Receipt> &receipts) {
+    QList<Receipt> appended;
+    for (const Receipt &receipt : receipts) {
+        if (append(receipt)) {
+            appended.append(receipt);
+        }
+    }
+    if (!appended.isEmpty()) {
+        Q_EMIT added(appended);
     }
     goOn();
 }
 
-void RetryAll::append(const Receipt &receipt) {
+bool RetryAll::append(const Receipt &receipt) {
     isStopping_ = false;
-    if (!ids_.contains(receipt.id)) {
-        ids_.insert(receipt.id);
-        waiting_.append({receipt.id, receipt.status});
+    if (ids_.contains(receipt.id)) {
+        return false;
+    }
+    ids_.insert(receipt.id);
+    waiting_.append({receipt.id, receipt.status});
+    return true;
+}
+
+void RetryAll::leaveOut(const QString &id) {
+    if (waiting_.removeIf([&id](const Wanted &wanted) { return wanted.id == id; }) > 0) {
+        ids_.remove(id);
+        turn_.start();
     }
 }
 

@@ -43,6 +43,9 @@ public:
     // it, or scans it already.
     void add(const QStringList &ids);
 
+    // Begins no scan of this receipt that has not begun yet.
+    void leaveOut(const QString &id);
+
     // Begins no further scan. Those under way come to their end.
     void stop();
 
@@ -51,6 +54,9 @@ public:
     int totalCount() const { return finished_ + running_ + static_cast<int>(waiting_.size()); }
 
 Q_SIGNALS:
+    // These will be scanned; they are as they are before it.
+    void added(const QList<Receipt> &receipts);
+
     // Also emitted when the last one has ended.
     void changed();
 
@@ -60,7 +66,8 @@ private:
         ReceiptStatus status; // when it was added
     };
 
-    void append(const Receipt &receipt);
+    bool append(const Receipt &receipt);
+    void scanLater(const QList<Receipt> &receipts);
     void goOn();
     [[nodiscard]] QCoro::Task<> scanOne(Wanted wanted);
     void take(const Wanted &wanted, ScanOutcome outcome);

@@ -6,15 +6,16 @@
 #include "model/receipt_store.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/exception_text.h"
+#include "pipeline/folder_threads.h"
 #include "pipeline/photos_delivery.h"
 #include "pipeline/receipt_renaming.h"
 #include "pipeline/tasks.h"
 #include "pipeline/watched_folder.h"
-#include "platform/file_system_answer.h"
 #include "settings/settings_store.h"
 
 #include <QCoroFuture>
 #include <QPointer>
+#include <QScopeGuard>
 
 namespace fennick {
 
@@ -40,7 +41,7 @@ void takeFields(Receipt &receipt, const GeminiReceiptData &data) {
 
 ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
                  ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
-                 OnDeviceEngine *engine, Tasks *tasks)
+                 OnDeviceEngine *engine, const FolderThreads *folderThreads, Tasks *tasks)
     : store_(store)
     , settings_(settings)
     , watchedFolder_(watchedFolder)
@@ -48,6 +49,7 @@ ScanRun::ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFold
     , corrected_(corrected)
     , delivery_(delivery)
     , engine_(engine)
+    , folderThreads_(folderThreads)
     , tasks_(tasks) {}
 
 void ScanRun::prepare() {
@@ -58,11 +60,18 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
                                       std::optional<Receipt> read) {
     const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
+    underWay_.append(id);
+    const auto end = qScopeGuard([self, id] {
+        if (self) {
+            self->underWay_.removeOne(id);
+            self->disregarded_.removeOne(id);
+        }
+    });
     const QString address = settings_->serviceAddress();
     QString key;
     if (!isOnDevice(address)) {
         key = (co_await settings_->storedAPIKey()).value_or(QString());
-        if (!self) {
+        if (!self || disregarded_.contains(id)) {
             co_return ScanOutcome::failed;
         }
         if (key.isEmpty()) {
@@ -74,7 +83,7 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
     wanted.folder = watchedFolder_->path;
     wanted.identity = file;
     const auto result = co_await extract(wanted, key, address);
-    if (!self) {
+    if (!self || disregarded_.contains(id)) {
         co_return ScanOutcome::failed;
     }
     if (!result) {
@@ -86,6 +95,12 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
         co_await delivery_->deliver(*scanned, file);
     }
     co_return ScanOutcome::done;
+}
+
+void ScanRun::disregard(const QString &id) {
+    if (underWay_.count(id) > disregarded_.count(id)) {
+        disregarded_.append(id);
+    }
 }
 
 ScanOutcome ScanRun::takeFailure(const QString &id, const ScanError &error) {
@@ -150,7 +165,7 @@ QCoro::Task<ScanOutcome> ScanRun::again(QString id) {
     if (!receipt) {
         co_return ScanOutcome::failed;
     }
-    if (!fileSystemAnswers(receipt->filePath)) {
+    if (!folderThreads_->answersSoon(receipt->filePath)) {
         store_->setError(id, FileProblem{FileProblem::Kind::noAnswer, {}}.description());
         co_return ScanOutcome::failed;
     }

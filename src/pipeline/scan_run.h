@@ -8,6 +8,7 @@
 
 #include <QCoroTask>
 #include <QObject>
+#include <QStringList>
 
 #include <expected>
 #include <optional>
@@ -15,6 +16,7 @@
 namespace fennick {
 
 class CorrectedReceipts;
+class FolderThreads;
 class OnDeviceEngine;
 class PhotosDelivery;
 class ReceiptRenaming;
@@ -31,7 +33,7 @@ class ScanRun : public QObject {
 public:
     ScanRun(ReceiptStore *store, SettingsStore *settings, const WatchedFolder *watchedFolder,
             ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
-            OnDeviceEngine *engine, Tasks *tasks);
+            OnDeviceEngine *engine, const FolderThreads *folderThreads, Tasks *tasks);
 
     // Makes the first request as prompt as the others.
     static void prepare();
@@ -46,6 +48,12 @@ public:
 
     // The same, to be awaited.
     [[nodiscard]] QCoro::Task<ScanOutcome> again(QString id);
+
+    // Whether a scan of this receipt is under way that would still give it its result.
+    bool isUnderWay(const QString &id) const { return underWay_.count(id) > disregarded_.count(id); }
+
+    // Lets the scan of this receipt that is under way end without a result.
+    void disregard(const QString &id);
 
     // Whether the receipt failed because there was no API key, or none that the service takes.
     [[nodiscard]] static bool lacksKey(const Receipt &receipt);
@@ -70,7 +78,10 @@ private:
     CorrectedReceipts *corrected_;
     PhotosDelivery *delivery_;
     OnDeviceEngine *engine_;
+    const FolderThreads *folderThreads_;
     Tasks *tasks_;
+    QStringList underWay_; // the receipts' identifiers, one for each scan
+    QStringList disregarded_;
 };
 
 } // namespace fennick

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 namespace fennick {
 
@@ -13,9 +14,9 @@ class Notifier : public QObject {
 public:
     explicit Notifier(QObject *parent = nullptr);
 
-    // The texts are shown literally, without markup. With `actionText` the notice has a button of this name,
-    // if the desktop shows buttons.
-    void show(const QString &title, const QString &text, const QString &actionText = {});
+    // The texts are shown literally, without markup. The notice has buttons of these names, if the desktop
+    // shows buttons.
+    void show(const QString &title, const QString &text, const QStringList &buttons = {});
 
     // Takes back the notice that was shown last.
     void close();
@@ -23,17 +24,15 @@ public:
 Q_SIGNALS:
     // The user has clicked the notice.
     void activated();
-    // The user has clicked the button of the notice.
-    void actionChosen();
-
-    // The user has clicked its button.
-    void offerTaken();
+    // The user has clicked a button of the notice: the first one is number 0.
+    void buttonClicked(int number);
 
 private:
     Q_SLOT void handleAction(uint notice, const QString &action);
     void askForCapabilities();
 
     uint last_ = 0;
+    int buttonCount_ = 0; // of that notice
     bool takesMarkup_ = true;
 };
 

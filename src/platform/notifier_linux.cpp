@@ -16,8 +16,12 @@ namespace {
 const QString service = u"org.freedesktop.Notifications"_s;
 const QString serverPath = u"/org/freedesktop/Notifications"_s;
 const QString defaultAction = u"default"_s; // a click on the notice itself
-const QString buttonAction = u"button"_s;
 constexpr int usualTime = -1;
+
+// "button", "button2", "button3" ...
+QString buttonAction(int number) {
+    return number == 0 ? u"button"_s : u"button"_s + QString::number(number + 1);
+}
 
 QDBusMessage call(const QString &method) {
     return QDBusMessage::createMethodCall(service, serverPath, service, method);
@@ -42,10 +46,11 @@ void Notifier::askForCapabilities() {
     });
 }
 
-void Notifier::show(const QString &title, const QString &text, const QString &actionText) {
+void Notifier::show(const QString &title, const QString &text, const QStringList &buttons) {
+    buttonCount_ = static_cast<int>(buttons.size());
     QStringList actions{defaultAction, tr("Show Receipts")};
-    if (!actionText.isEmpty()) {
-        actions.append({buttonAction, actionText});
+    for (int number = 0; number < buttonCount_; ++number) {
+        actions.append({buttonAction(number), buttons[number]});
     }
     QDBusMessage notify = call(u"Notify"_s);
     notify.setArguments({u"Fennick"_s, last_, applicationId, title,
@@ -71,8 +76,13 @@ void Notifier::handleAction(uint notice, const QString &action) {
     }
     if (action == defaultAction) {
         Q_EMIT activated();
-    } else if (action == buttonAction) {
-        Q_EMIT actionChosen();
+        return;
+    }
+    for (int number = 0; number < buttonCount_; ++number) {
+        if (action == buttonAction(number)) {
+            Q_EMIT buttonClicked(number);
+            return;
+        }
     }
 }
 

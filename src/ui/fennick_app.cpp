@@ -34,7 +34,8 @@ FennickApp::FennickApp()
     , menu_(&store_)
     , progress_(&store_)
     , notices_([] { return QApplication::activeWindow() != nullptr; })
-    , keyNotices_(&appState_, &settings_, &notices_) {
+    , keyNotices_(&appState_, &settings_, &notices_)
+    , archiveNotices_(appState_.history(), &notices_) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
     connectNotices();
@@ -111,6 +112,7 @@ void FennickApp::connectNotices() {
     connect(&window_, &MainWindow::ledgerSaved, &notices_, &Notices::tellSaved);
     connect(&window_, &MainWindow::ledgerNotSaved, &notices_, &Notices::tellNotSaved);
     connect(&notices_, &Notices::activated, this, &FennickApp::showMainWindow);
+    connect(&archiveNotices_, &ArchiveNotices::undoMissed, this, &FennickApp::showMainWindow);
     connect(&notices_, &Notices::showFileRequested, this,
             [](const QString &path) { FileManager::reveal(path); });
 }
@@ -221,6 +223,7 @@ void FennickApp::showDetails() {
         connect(&window_, &MainWindow::selectedReceiptChanged, details_.get(), follow);
         connect(details_.get(), &DetailsWindow::stepRequested, &window_, &MainWindow::selectFurther);
         connect(details_.get(), &DetailsWindow::receiptRequested, &window_, &MainWindow::selectReceipt);
+        details_->addActions({window_.actions().undo, window_.actions().redo}); // for its corrections
         follow();
     }
     details_->show();

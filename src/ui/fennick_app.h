@@ -5,6 +5,7 @@
 #include "settings/login_item.h"
 #include "settings/settings_store.h"
 #include "ui/main_window/main_window.h"
+#include "ui/tray/archive_notices.h"
 #include "ui/tray/batch_progress.h"
 #include "ui/tray/key_notices.h"
 #include "ui/tray/menu_bar_content.h"
@@ -66,6 +67,7 @@ private:
     BatchProgress progress_;
     Notices notices_;
     KeyNotices keyNotices_;
+    ArchiveNotices archiveNotices_;
     QSystemTrayIcon trayIcon_;
     QTimer trayCheck_;
     bool isPutAway_ = false; // minimised by its close button, until it has the focus again

@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/test_program.h"
 
 #include <QBuffer>
@@ -30,26 +29,14 @@ QByteArray picture() {
 } // namespace
 
 // Somebody puts right what was read wrong, in the built program, and chooses who reads from now on.
-class CorrectTest : public QObject {
+class CorrectTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void init() {
         session().renew();
         session().program.start();
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         session().drop(u"a.png"_s, picture());
         QVERIFY(session().waitFor([this] { return !session().row(readName).isEmpty(); }));
@@ -60,24 +47,24 @@ private Q_SLOTS:
     void wrongAmountIsPutRight() {
         openDetails();
         for (const QString &field : {u"Date"_s, u"Time"_s, u"Amount"_s, u"Location"_s, u"Summary"_s}) {
-            user_->waitToSee(detailsTitle, u"text"_s, field);
+            user().waitToSee(detailsTitle, u"text"_s, field);
         }
         for (const QString &field : {u"Currency"_s, u"Category"_s}) {
-            user_->waitToSee(detailsTitle, u"combo box"_s, field);
+            user().waitToSee(detailsTitle, u"combo box"_s, field);
         }
         retype(detailsTitle, u"Amount"_s, u"32.5"_s);
-        user_->waitToSee(changedTitle, u"label"_s, correctedName);
-        user_->click(changedTitle, u"push button"_s, u"Save"_s);
+        user().waitToSee(changedTitle, u"label"_s, correctedName);
+        user().click(changedTitle, u"push button"_s, u"Save"_s);
         QVERIFY(session().waitFor([this] { return !session().row(correctedName).isEmpty(); }));
         QCOMPARE(session().row(correctedName).value(u"amount"_s).toDouble(), 32.5);
         QCOMPARE(session().files().keys(), QStringList{correctedName});
-        user_->waitForWindow(detailsTitle);
+        user().waitForWindow(detailsTitle);
 
         QVERIFY(!session().waitFor([this] { return session().rows().size() != 1; }, 1500)); // read once only
         QCOMPARE(session().sentDocuments().size(), 1);
         QVERIFY(session().end());
         session().program.start();
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         QCOMPARE(session().rows().size(), 1);
         QVERIFY(!session().row(correctedName).isEmpty());
     }
@@ -85,18 +72,18 @@ private Q_SLOTS:
     void dayThatDoesNotExistIsSaidAndNothingSaved() {
         openDetails();
         retype(detailsTitle, u"Date"_s, u"2024-02-31"_s);
-        user_->press(changedTitle, u"ctrl+s"_s);
-        user_->waitToSee(changedTitle, u"label"_s, u"There is no 31 February"_s);
+        user().press(changedTitle, u"ctrl+s"_s);
+        user().waitToSee(changedTitle, u"label"_s, u"There is no 31 February"_s);
         QCOMPARE(session().row(readName).value(u"date"_s).toString(), u"2024-05-01"_s);
-        user_->click(changedTitle, u"push button"_s, u"Revert"_s);
-        user_->waitForWindow(detailsTitle);
-        QVERIFY(!user_->sees(detailsTitle, u"label"_s, u"There is no 31 February"_s));
-        user_->press(detailsTitle, u"Escape"_s);
-        user_->waitUntilGone(detailsTitle);
+        user().click(changedTitle, u"push button"_s, u"Revert"_s);
+        user().waitForWindow(detailsTitle);
+        QVERIFY(!user().sees(detailsTitle, u"label"_s, u"There is no 31 February"_s));
+        user().press(detailsTitle, u"Escape"_s);
+        user().waitUntilGone(detailsTitle);
     }
 
     void whoReadsIsChosenInTheMenu() {
-        user_->press(mainTitle, u"alt+f"_s);
+        user().press(mainTitle, u"alt+f"_s);
         QVERIFY(session().waitFor([] { return VirtualDesktop::isMenuOpen(); }));
         VirtualDesktop::pressForMenu({u"Up"_s, u"Up"_s, u"Up"_s, u"Right"_s, u"Down"_s});
         VirtualDesktop::pressForMenu({u"Return"_s});
@@ -106,24 +93,19 @@ private Q_SLOTS:
     }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
-
     void openDetails() const {
-        user_->clickCell(mainTitle, u"Dockside Deli"_s, 0, 5);
-        user_->press(mainTitle, u"ctrl+i"_s);
-        user_->waitForWindow(detailsTitle);
+        user().clickCell(mainTitle, u"Dockside Deli"_s, 0, 5);
+        user().press(mainTitle, u"ctrl+i"_s);
+        user().waitForWindow(detailsTitle);
     }
 
     // The title shows the change with the first letter typed.
     void retype(const QString &window, const QString &field, const QString &text) const {
-        user_->click(window, u"text"_s, field);
-        user_->press(window, u"ctrl+a"_s);
-        user_->type(window, text);
-        user_->waitForWindow(changedTitle);
+        user().click(window, u"text"_s, field);
+        user().press(window, u"ctrl+a"_s);
+        user().type(window, text);
+        user().waitForWindow(changedTitle);
     }
-
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
 };
 
 int correct_test(int argc, char **argv) {

@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/private_namespace.h"
 #include "support/test_program.h"
 
@@ -20,27 +19,15 @@ bool canMount = false;
 } // namespace
 
 // The watched folder lies on a network that does not answer: whoever asks for anything in it waits for ever.
-class DeadNetworkTest : public QObject {
+class DeadNetworkTest : public DesktopTestCase {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        if (!canMount) {
-            QSKIP("Nothing can be mounted here.");
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(
-            &surroundings_->accessibility,
-            [this](const std::function<bool()> &condition) { return session().waitFor(condition); });
-    }
-    void cleanupTestCase() {
-        user_.reset();
-        surroundings_.reset();
+protected:
+    QByteArray reasonToSkip() const override {
+        return canMount ? QByteArray() : QByteArray("Nothing can be mounted here.");
     }
 
+private Q_SLOTS:
     void init() { session().renew(); }
     void cleanup() {
         session().program.kill();
@@ -82,22 +69,21 @@ private Q_SLOTS:
         writeFile(share + u"/scan.pdf"_s, "a receipt");
         session().setPreference("watchFolder", share.toUtf8());
         session().program.start();
-        QVERIFY(session().waitForRows(1, u"done"_s));
+        // Named anew: afterwards nothing in the folder is used until the user asks for it.
+        QVERIFY(session().waitFor([this] { return !session().row(lunchName).isEmpty(); }));
         QVERIFY(die(share));
-        user_->press(mainTitle, u"ctrl+o"_s);
-        user_->waitForWindow(chooserTitle);
-        user_->press(chooserTitle, u"Escape"_s);
-        user_->waitUntilGone(chooserTitle);
-        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
-        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        user().press(mainTitle, u"ctrl+o"_s);
+        user().waitForWindow(chooserTitle);
+        user().press(chooserTitle, u"Escape"_s);
+        user().waitUntilGone(chooserTitle);
+        user().chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user().click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
         QVERIFY(windowAnswers());
         QCOMPARE(session().rows().size(), 1);
         QVERIFY(quitEndsIt());
     }
 
 private:
-    UserSession &session() { return surroundings_->session; }
-
     bool die(const QString &folder) {
         dead_ = std::make_unique<DeadFileSystem>(folder);
         return dead_->isMounted();
@@ -118,8 +104,6 @@ private:
                session().program.endsWithSuccess();
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
     std::unique_ptr<DeadFileSystem> dead_;
 };
 

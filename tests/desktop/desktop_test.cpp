@@ -1,4 +1,4 @@
-#include "desktop_surroundings.h"
+#include "desktop_test_case.h"
 #include "notifier_host.h"
 #include "support/test_program.h"
 
@@ -38,28 +38,19 @@ QByteArray listOf(int count) {
 } // namespace
 
 // The program's windows, keys, task-bar entry and tray icon on a desktop.
-class DesktopTest : public QObject {
+class DesktopTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
-    void init() { surroundings_->session.renew(); }
+    void init() { session().renew(); }
 
     void cleanup() {
-        surroundings_->session.program.kill();
-        surroundings_->desktop.stopTray();
+        session().program.kill();
+        desktop().stopTray();
     }
 
     void closedWindowHidesInTheTrayAndComesBackOnASecondStart() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
         QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
@@ -67,7 +58,7 @@ private Q_SLOTS:
         QVERIFY(secondStartEndsWithSuccess());
         QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
         QCOMPARE(VirtualDesktop::windowCount(mainTitle), 1);
-        QVERIFY(surroundings_->session.program.isRunning());
+        QVERIFY(session().program.isRunning());
     }
 
     void closedWindowIsMinimisedWithoutATrayAndRestoredByASecondStart() {
@@ -83,10 +74,10 @@ private Q_SLOTS:
     }
 
     void hiddenWindowIsMinimisedWhenItsTrayVanishes() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
-        surroundings_->desktop.stopTray();
+        desktop().stopTray();
         QVERIFY(waitFor([] { return mainWindow() && VirtualDesktop::hasState(*mainWindow(), hidden); }));
     }
 
@@ -111,20 +102,20 @@ private Q_SLOTS:
     void quitKeyEndsTheProgramWithTheWindowOpen() {
         QVERIFY(startProgram());
         QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+q"_s));
-        QVERIFY(surroundings_->session.program.endsWithSuccess());
+        QVERIFY(session().program.endsWithSuccess());
     }
 
     void menuBarModeKeepsTheWindowOutOfTheTaskBar() {
-        surroundings_->session.setPreference("menuBarMode", "true");
-        surroundings_->desktop.startTray();
+        session().setPreference("menuBarMode", "true");
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
         QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
     }
 
     void menuBarModeHoldsAfterTheWindowWasHidden() {
-        surroundings_->session.setPreference("menuBarMode", "true");
-        surroundings_->desktop.startTray();
+        session().setPreference("menuBarMode", "true");
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::hasState(*mainWindow(), skipTaskBar); }));
         QVERIFY(VirtualDesktop::press(*mainWindow(), u"ctrl+w"_s));
@@ -134,7 +125,7 @@ private Q_SLOTS:
     }
 
     void menuBarModeSwitchActsAtOnceOnTheOpenWindows() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
         const QString window = *mainWindow();
@@ -156,14 +147,14 @@ private Q_SLOTS:
     }
 
     void clickOnTheTrayIconShowsTheWindow() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
         QVERIFY(clickTrayIcon(1, [] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); }));
     }
 
     void trayMenuShowsTheReceipts() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
         QVERIFY(openTrayMenu());
@@ -172,12 +163,12 @@ private Q_SLOTS:
     }
 
     void trayMenuQuitsTheProgram() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(startProgram());
         QVERIFY(hideIntoTray());
         QVERIFY(openTrayMenu());
         VirtualDesktop::pressForMenu({u"Up"_s, u"Return"_s});
-        QVERIFY(surroundings_->session.program.endsWithSuccess());
+        QVERIFY(session().program.endsWithSuccess());
     }
 
     void menuOfANotifierTrayTellsTheCount_data() {
@@ -191,7 +182,7 @@ private Q_SLOTS:
         QFETCH(int, count);
         QFETCH(QString, text);
         if (count > 0) {
-            writeFile(surroundings_->session.home.receiptsFile(), listOf(count));
+            writeFile(session().home.receiptsFile(), listOf(count));
         }
         const NotifierHost host;
         QVERIFY(startProgram());
@@ -205,7 +196,7 @@ private Q_SLOTS:
         const NotifierHost host;
         QVERIFY(startProgram());
         QVERIFY(waitFor([&host] { return host.hasIcon(); }));
-        surroundings_->session.drop(u"a.pdf"_s);
+        session().drop(u"a.pdf"_s);
         QVERIFY(waitFor([&host] { return host.menuTexts().value(1) == u"1 receipts"; }));
     }
 
@@ -220,11 +211,11 @@ private Q_SLOTS:
         QVERIFY(host.choose(u"Settings…"_s));
         QVERIFY(waitFor([] { return VirtualDesktop::window(settingsTitle).has_value(); }));
         QVERIFY(host.choose(u"Quit Fennick"_s));
-        QVERIFY(surroundings_->session.program.endsWithSuccess());
+        QVERIFY(session().program.endsWithSuccess());
     }
 
     void toolBarAndTableTellTheirRolesAndNames() {
-        writeFile(surroundings_->session.home.receiptsFile(), listOf(1));
+        writeFile(session().home.receiptsFile(), listOf(1));
         QVERIFY(startProgram());
         const QStringList told = rolesAndNames(mainTitle);
         for (const QString &each :
@@ -256,12 +247,12 @@ private:
     static std::optional<QString> mainWindow() { return VirtualDesktop::window(mainTitle); }
 
     bool waitFor(const std::function<bool()> &condition, int milliseconds = patience) const {
-        return surroundings_->session.waitFor(condition, milliseconds);
+        return session().waitFor(condition, milliseconds);
     }
 
     // Also waits for the window.
     bool startProgram() {
-        return surroundings_->session.start() &&
+        return session().start() &&
                waitFor([] { return mainWindow() && VirtualDesktop::isActive(*mainWindow()); });
     }
 
@@ -297,7 +288,7 @@ private:
     }
 
     std::optional<Accessible> element(const QString &window, const QString &role, const QString &name) {
-        const QList<Accessible> all = surroundings_->accessibility.elements(window);
+        const QList<Accessible> all = accessibility().elements(window);
         const auto found = std::find_if(all.begin(), all.end(), [&](const Accessible &each) {
             return each.role == role && each.name == name;
         });
@@ -306,7 +297,7 @@ private:
 
     QStringList rolesAndNames(const QString &window) const {
         QStringList told;
-        const QList<Accessible> all = surroundings_->accessibility.elements(window);
+        const QList<Accessible> all = accessibility().elements(window);
         for (const Accessible &each : all) {
             told.append(each.role + u": "_s + each.name);
         }
@@ -315,11 +306,9 @@ private:
 
     bool pressMenuBarModeSwitch() {
         const auto control = element(settingsTitle, u"check box"_s, u"Run in menu bar (hide Dock icon)"_s);
-        return control && surroundings_->accessibility.grabFocus(*control) &&
+        return control && accessibility().grabFocus(*control) &&
                VirtualDesktop::press(*VirtualDesktop::window(settingsTitle), u"space"_s);
     }
-
-    std::unique_ptr<DesktopSurroundings> surroundings_;
 };
 
 int desktop_test(int argc, char **argv) {

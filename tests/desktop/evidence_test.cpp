@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/process_status.h"
 #include "support/test_program.h"
 
@@ -25,27 +24,15 @@ const QByteArray answerWithWrongAmount =
 } // namespace
 
 // Somebody sees in the built program what the service has made up, and puts it right, without a mouse.
-class EvidenceTest : public QObject {
+class EvidenceTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void init() {
         session().renew();
         session().server.setScript([](const HttpRequest &) { return answering(answerWithWrongAmount); });
         session().program.start();
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         session().drop(u"ticket.pdf"_s,
                        readFile(QString::fromUtf8(FENNICK_SOURCE_DIR "/samples/receipts/ticket.pdf")));
@@ -57,40 +44,38 @@ private Q_SLOTS:
     void amountThatIsNotOnThePageIsSaidAndPutRight() {
         QVERIFY(engines().isEmpty());
         const QStringList kept = keptFiles();
-        user_->clickCell(mainTitle, u"Auberge du Marronnier"_s, 0, 5);
-        user_->press(mainTitle, u"ctrl+i"_s);
-        user_->waitForWindow(evidenceTitle);
-        user_->waitToSee(evidenceTitle, u"label"_s, notFound);
+        user().clickCell(mainTitle, u"Auberge du Marronnier"_s, 0, 5);
+        user().press(mainTitle, u"ctrl+i"_s);
+        user().waitForWindow(evidenceTitle);
+        user().waitToSee(evidenceTitle, u"label"_s, notFound);
         QCOMPARE(descriptionOf(u"Amount"_s), notFound);
         QCOMPARE(descriptionOf(u"Date"_s), QString());
         QCOMPARE(descriptionOf(u"Page"_s), u"Marked: Date, Time, Currency, Location"_s);
         QVERIFY(!engines().isEmpty());
 
         tabTo(u"Amount"_s);
-        user_->press(evidenceTitle, u"ctrl+a"_s);
-        user_->type(evidenceTitle, u"18.6"_s);
-        user_->waitForWindow(u"Receipt Details*"_s);
-        user_->press(u"Receipt Details*"_s, u"ctrl+s"_s);
-        user_->waitForWindow(evidenceTitle);
+        user().press(evidenceTitle, u"ctrl+a"_s);
+        user().type(evidenceTitle, u"18.6"_s);
+        user().waitForWindow(u"Receipt Details*"_s);
+        user().press(u"Receipt Details*"_s, u"ctrl+s"_s);
+        user().waitForWindow(evidenceTitle);
         QVERIFY(session().waitFor([this] {
             return descriptionOf(u"Page"_s) == u"Marked: Date, Time, Amount, Currency, Location"_s;
         }));
-        QVERIFY(!user_->sees(evidenceTitle, u"label"_s, notFound));
+        QVERIFY(!user().sees(evidenceTitle, u"label"_s, notFound));
         QCOMPARE(descriptionOf(u"Amount"_s), QString());
 
         QCOMPARE(session().server.requests().size(), 1); // the service was asked once, for the fields
-        user_->press(evidenceTitle, u"Escape"_s);
-        user_->waitUntilGone(evidenceTitle);
+        user().press(evidenceTitle, u"Escape"_s);
+        user().waitUntilGone(evidenceTitle);
         QStringList keptNow = keptFiles();
         keptNow.removeOne(u"corrected.json"_s);
         QCOMPARE(keptNow, kept);
     }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
-
     Accessible element(const QString &name) const {
-        const QList<Accessible> all = surroundings_->accessibility.elements(evidenceTitle);
+        const QList<Accessible> all = accessibility().elements(evidenceTitle);
         for (const Accessible &each : all) {
             if (each.name == name && each.role != u"label") {
                 return each;
@@ -98,14 +83,12 @@ private:
         }
         return {};
     }
-    QString descriptionOf(const QString &name) const {
-        return surroundings_->accessibility.description(element(name));
-    }
+    QString descriptionOf(const QString &name) const { return accessibility().description(element(name)); }
 
     QString focused() const {
-        const QList<Accessible> all = surroundings_->accessibility.elements(evidenceTitle);
+        const QList<Accessible> all = accessibility().elements(evidenceTitle);
         for (const Accessible &each : all) {
-            if (surroundings_->accessibility.hasFocus(each)) {
+            if (accessibility().hasFocus(each)) {
                 return each.name;
             }
         }
@@ -115,7 +98,7 @@ private:
     void tabTo(const QString &name) const {
         while (focused() != name) {
             const QString before = focused();
-            user_->press(evidenceTitle, u"Tab"_s);
+            user().press(evidenceTitle, u"Tab"_s);
             QVERIFY(session().waitFor([&] { return focused() != before; }));
         }
     }
@@ -126,9 +109,6 @@ private:
     QStringList keptFiles() const {
         return QDir(QFileInfo(session().home.receiptsFile()).path()).entryList(QDir::Files, QDir::Name);
     }
-
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
 };
 
 int evidence_test(int argc, char **argv) {

@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/test_program.h"
 
 #include <QCoreApplication>
@@ -17,35 +16,23 @@ const QString pushButton = u"push button"_s;
 } // namespace
 
 // Somebody presses Ctrl+O and Enter, which chooses the home with all that is in it.
-class HomeFolderTest : public QObject {
+class HomeFolderTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void homeIsNotGivenAwayByTwoKeys() {
         session().renew();
         writeFile(session().home.path(u"letters/private.pdf"_s), "private");
         session().program.start();
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
 
         chooseHome();
         VirtualDesktop::pressForMenu({u"Return"_s}); // cancels
-        QVERIFY(session().waitFor([this] { return !user_->sees(mainTitle, pushButton, u"Read All"_s); }));
+        QVERIFY(session().waitFor([this] { return !user().sees(mainTitle, pushButton, u"Read All"_s); }));
         QVERIFY(!session().waitFor([this] { return isHomeWatched(); }, 500));
 
         chooseHome();
-        user_->click(mainTitle, pushButton, u"Only New Files"_s);
+        user().click(mainTitle, pushButton, u"Only New Files"_s);
         QVERIFY(session().waitFor([this] { return isHomeWatched(); }));
         QVERIFY(session().waitFor([this] { return session().program.isWatching(home()); }));
         writeFile(session().home.path(u"letters/receipt.pdf"_s), "a receipt");
@@ -55,7 +42,6 @@ private Q_SLOTS:
     }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
     QString home() const { return session().home.path(QString()); }
 
     bool isHomeWatched() const {
@@ -64,21 +50,17 @@ private:
 
     // Until the question has the keyboard's focus.
     void chooseHome() const {
-        user_->press(mainTitle, u"ctrl+o"_s);
-        user_->answerFileDialog(u"Choose a Folder"_s, home());
-        user_->waitToSee(mainTitle, u"label"_s, u"Read everything in “%1”?"_s.arg(home()));
-        user_->waitToSee(mainTitle, pushButton, u"Read All"_s);
+        user().press(mainTitle, u"ctrl+o"_s);
+        user().answerFileDialog(u"Choose a Folder"_s, home());
+        user().waitToSee(mainTitle, u"label"_s, u"Read everything in “%1”?"_s.arg(home()));
+        user().waitToSee(mainTitle, pushButton, u"Read All"_s);
         QVERIFY(session().waitFor([this] {
-            const QList<Accessible> all = surroundings_->accessibility.elements(mainTitle);
+            const QList<Accessible> all = accessibility().elements(mainTitle);
             return std::any_of(all.begin(), all.end(), [this](const Accessible &each) {
-                return each.role == pushButton && each.name == u"Cancel"_s &&
-                       surroundings_->accessibility.hasFocus(each);
+                return each.role == pushButton && each.name == u"Cancel"_s && accessibility().hasFocus(each);
             });
         }));
     }
-
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
 };
 
 int home_folder_test(int argc, char **argv) {

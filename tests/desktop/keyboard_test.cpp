@@ -1,4 +1,4 @@
-#include "desktop_surroundings.h"
+#include "desktop_test_case.h"
 #include "support/test_program.h"
 
 #include <QCoreApplication>
@@ -31,33 +31,23 @@ QByteArray listOfOne(const QString &path) {
 } // namespace
 
 // The program in the hands of somebody without a mouse.
-class KeyboardTest : public QObject {
+class KeyboardTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void init() {
-        surroundings_->session.renew();
-        writeFile(surroundings_->session.home.receiptsFile(),
-                  listOfOne(surroundings_->session.path(u"a.pdf"_s)));
-        surroundings_->session.drop(u"a.pdf"_s);
+        session().renew();
+        writeFile(session().home.receiptsFile(), listOfOne(session().path(u"a.pdf"_s)));
+        session().drop(u"a.pdf"_s);
         installOpener();
-        surroundings_->session.program.start(environment_);
+        session().program.start(environment_);
         QVERIFY(waitFor([] {
             const auto window = VirtualDesktop::window(mainTitle);
             return window && VirtualDesktop::isActive(*window);
         }));
     }
 
-    void cleanup() { surroundings_->session.program.kill(); }
+    void cleanup() { session().program.kill(); }
 
     void tabReachesEveryControlOfTheMainWindow() {
         const QSet<QString> reached = focusedOnTheWayOfTab(mainTitle, 12);
@@ -90,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(isRowFocused());
         press(u"Return"_s);
         QVERIFY(waitFor([this] { return QFileInfo(opened_).size() > 0; })); // it is made before it is written
-        QCOMPARE(QString::fromUtf8(readFile(opened_)).trimmed(), surroundings_->session.path(u"a.pdf"_s));
+        QCOMPARE(QString::fromUtf8(readFile(opened_)).trimmed(), session().path(u"a.pdf"_s));
     }
 
     void menuBarIsOpenedByItsKey() {
@@ -112,8 +102,8 @@ private Q_SLOTS:
 private:
     // A program for files that writes down what it was asked to open.
     void installOpener() {
-        const QString folder = surroundings_->session.home.path(u"bin"_s);
-        opened_ = surroundings_->session.home.path(u"opened"_s);
+        const QString folder = session().home.path(u"bin"_s);
+        opened_ = session().home.path(u"opened"_s);
         QFile::remove(opened_);
         const QString script = folder + u"/xdg-open"_s;
         writeFile(script, "#!/bin/sh\nprintf '%s' \"$1\" | sed 's,^file://,,' >'" + opened_.toUtf8() + "'\n");
@@ -122,18 +112,16 @@ private:
         environment_.insert(u"PATH"_s, folder + u':' + environment_.value(u"PATH"_s));
     }
 
-    bool waitFor(const std::function<bool()> &condition) const {
-        return surroundings_->session.waitFor(condition);
-    }
+    bool waitFor(const std::function<bool()> &condition) const { return session().waitFor(condition); }
 
     static void press(const QString &keys) {
         QVERIFY(VirtualDesktop::press(*VirtualDesktop::window(mainTitle), keys));
     }
 
     std::optional<Accessible> focused(const QString &window) const {
-        const QList<Accessible> all = surroundings_->accessibility.elements(window);
+        const QList<Accessible> all = accessibility().elements(window);
         const auto found = std::find_if(all.begin(), all.end(), [this](const Accessible &each) {
-            return each.role != u"frame" && surroundings_->accessibility.hasFocus(each);
+            return each.role != u"frame" && accessibility().hasFocus(each);
         });
         return found == all.end() ? std::nullopt : std::optional(*found);
     }
@@ -155,7 +143,6 @@ private:
         return reached;
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
     QProcessEnvironment environment_;
     QString opened_;
 };

@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "kill_injection.h"
 #include "support/test_program.h"
 
@@ -24,28 +23,21 @@ const QStringList names = {u"one.txt"_s, u"two.txt"_s, u"three.txt"_s}; // which
 
 // The program is killed right before a system call while it archives: each file must be in the watched folder
 // or in the archive, and the next start must carry the archive through.
-class KillArchiveTest : public QObject {
+class KillArchiveTest : public DesktopTestCase {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase() {
-        const QStringList strace = canInjectKills() ? QStringList() : QStringList(u"strace"_s);
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(strace); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility,
-                                              [this](const std::function<bool()> &condition) {
-                                                  return surroundings_->session.waitFor(condition);
-                                              });
-        elsewhere_ = std::make_unique<QTemporaryDir>(u"/dev/shm/fennick-test-XXXXXX"_s);
-    }
-    void cleanupTestCase() {
-        elsewhere_.reset();
-        user_.reset();
-        surroundings_.reset();
+protected:
+    QStringList missingPrograms() const override {
+        return canInjectKills() ? QStringList() : QStringList(u"strace"_s);
     }
 
+    void prepare() override {
+        elsewhere_ = std::make_unique<QTemporaryDir>(u"/dev/shm/fennick-test-XXXXXX"_s);
+    }
+
+    void putAway() override { elsewhere_.reset(); }
+
+private Q_SLOTS:
     void archiveIsWholeAfterTheNextStart_data() {
         QTest::addColumn<QString>("calls");
         QTest::addColumn<int>("number");
@@ -90,8 +82,6 @@ private Q_SLOTS:
     }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
-
     void prepare(bool isElsewhere) {
         session().renew();
         archive_ = session().path(u"Receipt Archive"_s);
@@ -124,8 +114,8 @@ private:
         if (isGone()) {
             return;
         }
-        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
-        user_->click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        user().chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user().click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
     }
 
     // Each file's content is there, whole.
@@ -152,8 +142,6 @@ private:
         return files;
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
     std::unique_ptr<QTemporaryDir> elsewhere_;
     QString archive_;
 };

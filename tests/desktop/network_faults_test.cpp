@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "network_server.h"
 #include "support/conditions.h"
 #include "support/process_status.h"
@@ -83,35 +82,26 @@ NetworkFault gigabyte(const QByteArray &status) {
 
 // What a network and the servers on it can do to a request over TLS. Whatever it is, the receipt's row says
 // so and can be scanned again, and nobody but the service gets to see the key.
-class NetworkFaultsTest : public QObject {
+class NetworkFaultsTest : public DesktopTestCase {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
+protected:
+    void prepare() override {
         trustOnly(certificates_.trustedFolder());
         good_ = certificates_.good();
         server_ = std::make_unique<NetworkServer>(good_);
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
         session().renew();
         session().setPreference("geminiEndpoint", server_->address());
         QVERIFY(session().start());
     }
 
+    void putAway() override { server_.reset(); }
+
+private Q_SLOTS:
     void init() {
         server_->setTls(good_);
         server_->setFault(goodAnswer());
         server_->forget();
-    }
-
-    void cleanupTestCase() {
-        server_.reset();
-        surroundings_.reset();
     }
 
     void goodAnswerIsUnderstood_data() {
@@ -302,7 +292,7 @@ private Q_SLOTS:
         QVERIFY(session().program.terminate());
         QVERIFY(session().start());
         QVERIFY(!errorOf(file).isEmpty()); // interrupted
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         retry(errorOf(file));
     }
 
@@ -323,8 +313,6 @@ private Q_SLOTS:
     void keyStandsInNoOutput() { QVERIFY(session().end()); }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
-
     // A name that no file had yet.
     QString newFile() { return u"scan %1.pdf"_s.arg(++files_); }
 
@@ -355,7 +343,7 @@ private:
 
     // Presses the button of the newest row that shows the error.
     void retry(const QString &error) {
-        user_->clickCell(mainTitle, error, buttonsFromStatus, retryButton);
+        user().clickCell(mainTitle, error, buttonsFromStatus, retryButton);
         QVERIFY(waitForDone(++done_));
     }
 
@@ -363,8 +351,6 @@ private:
     TlsCertificates certificates_{folder_.path()};
     QSslConfiguration good_;
     std::unique_ptr<NetworkServer> server_;
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
     int files_ = 0;
     int done_ = 0;
 };

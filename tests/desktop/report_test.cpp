@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/notification_service.h"
 #include "support/striped_pdf.h"
 #include "support/test_program.h"
@@ -13,22 +12,10 @@ using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
 // Somebody makes a PDF report in the built program, by keyboard.
-class ReportTest : public QObject {
+class ReportTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void init() {
         session().renew();
         service_ = std::make_unique<NotificationService>();
@@ -41,31 +28,29 @@ private Q_SLOTS:
 
     void reportIsMadeByKeyboard() {
         QVERIFY(session().start());
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         session().drop(u"a.pdf"_s, stripedPdf(2));
         QVERIFY(session().waitForRows(1, u"done"_s));
         const QString first = session().home.path(u"first.pdf"_s);
-        user_->press(mainTitle, u"ctrl+shift+p"_s);
-        user_->waitToSee(questionTitle, u"text"_s, u"Name on the report:"_s);
-        user_->type(questionTitle, u"Jane Doe"_s);
-        user_->press(questionTitle, u"Return"_s);
-        user_->answerFileDialog(u"Export Receipts"_s, first);
+        user().press(mainTitle, u"ctrl+shift+p"_s);
+        user().waitToSee(questionTitle, u"text"_s, u"Name on the report:"_s);
+        user().type(questionTitle, u"Jane Doe"_s);
+        user().press(questionTitle, u"Return"_s);
+        user().answerFileDialog(u"Export Receipts"_s, first);
         QVERIFY(waitForNotice(u"Saved first.pdf"_s));
         QVERIFY(service_->notices().last().actions.contains(u"Show"_s));
         QVERIFY(readFile(first).startsWith("%PDF-1.7"));
         QVERIFY(readFile(first).contains("/Count 3/Kids")); // the table and two pages
 
         const QString second = session().home.path(u"second.pdf"_s);
-        user_->press(mainTitle, u"ctrl+shift+p"_s);
-        user_->answerFileDialog(u"Export Receipts"_s, second);
+        user().press(mainTitle, u"ctrl+shift+p"_s);
+        user().answerFileDialog(u"Export Receipts"_s, second);
         QVERIFY(waitForNotice(u"Saved second.pdf"_s));
         QVERIFY(readFile(second).startsWith("%PDF-1.7"));
     }
 
 private:
     const QString questionTitle = u"PDF Report"_s;
-
-    UserSession &session() const { return surroundings_->session; }
 
     bool waitForNotice(const QString &text) const {
         return session().waitFor([&] {
@@ -75,8 +60,6 @@ private:
         });
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
     std::unique_ptr<NotificationService> service_;
 };
 

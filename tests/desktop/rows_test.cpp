@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/test_program.h"
 
 #include <QCoreApplication>
@@ -19,26 +18,14 @@ HttpReply refusingEverything(const HttpRequest &) {
 } // namespace
 
 // Somebody goes through many rows at once, and looks for one, in the built program.
-class RowsTest : public QObject {
+class RowsTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void init() {
         session().renew();
         session().program.start();
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
     }
 
@@ -51,18 +38,18 @@ private Q_SLOTS:
         }
         QVERIFY(session().waitForRows(3, u"error"_s));
         session().server.setScript([](const HttpRequest &) { return answering(lunchAnswer); });
-        user_->press(mainTitle, u"ctrl+shift+t"_s);
+        user().press(mainTitle, u"ctrl+shift+t"_s);
         QVERIFY(session().waitForRows(3, u"done"_s));
         QCOMPARE(session().server.requests().size(), 6);
 
-        user_->clickCell(mainTitle, u"Dockside Deli"_s, 0, 5);
-        user_->press(mainTitle, u"shift+Down"_s);
-        user_->press(mainTitle, u"Delete"_s);
+        user().clickCell(mainTitle, u"Dockside Deli"_s, 0, 5);
+        user().press(mainTitle, u"shift+Down"_s);
+        user().press(mainTitle, u"Delete"_s);
         QVERIFY(session().waitFor([this] { return session().rows().size() == 1; }));
         QCOMPARE(session().files().size(), 3); // the files stay
         QVERIFY(session().end());
         session().program.start();
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         QVERIFY(
             !session().waitFor([this] { return session().rows().size() != 1; }, 1500)); // nor are read again
@@ -81,24 +68,20 @@ private Q_SLOTS:
             session().drop(name, "receipt " + name.toUtf8());
         }
         QVERIFY(session().waitForRows(3, u"done"_s));
-        user_->press(mainTitle, u"ctrl+f"_s);
-        user_->waitToSee(mainTitle, u"text"_s, u"Find"_s);
-        user_->waitToSee(mainTitle, u"push button"_s, u"Close Find"_s);
-        user_->waitToSee(mainTitle, u"label"_s, u"3 of 3 receipts found"_s);
-        user_->type(mainTitle, u"hotel >1.000 march 2024"_s);
-        user_->waitToSee(mainTitle, u"label"_s, u"1 of 3 receipts found"_s);
-        user_->waitToSee(mainTitle, u"cell"_s, u"Hotel Post"_s);
-        QVERIFY(!user_->sees(mainTitle, u"cell"_s, u"Dockside Deli"_s));
-        user_->press(mainTitle, u"Escape"_s);
-        user_->waitToSee(mainTitle, u"cell"_s, u"Dockside Deli"_s);
-        QVERIFY(!user_->sees(mainTitle, u"text"_s, u"Find"_s));
+        user().press(mainTitle, u"ctrl+f"_s);
+        user().waitToSee(mainTitle, u"text"_s, u"Find"_s);
+        user().waitToSee(mainTitle, u"push button"_s, u"Close Find"_s);
+        user().waitToSee(mainTitle, u"label"_s, u"3 of 3 receipts found"_s);
+        user().type(mainTitle, u"hotel >1.000 march 2024"_s);
+        user().waitToSee(mainTitle, u"label"_s, u"1 of 3 receipts found"_s);
+        user().waitToSee(mainTitle, u"cell"_s, u"Hotel Post"_s);
+        QVERIFY(!user().sees(mainTitle, u"cell"_s, u"Dockside Deli"_s));
+        user().press(mainTitle, u"Escape"_s);
+        user().waitToSee(mainTitle, u"cell"_s, u"Dockside Deli"_s);
+        QVERIFY(!user().sees(mainTitle, u"text"_s, u"Find"_s));
     }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
-
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
 };
 
 int rows_test(int argc, char **argv) {

@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/notification_service.h"
 #include "support/test_program.h"
 
@@ -13,22 +12,10 @@ using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
 // What would otherwise happen in silence is told by the desktop's notices.
-class SilenceTest : public QObject {
+class SilenceTest : public DesktopTestCase {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return session().waitFor(condition);
-        });
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     void init() {
         session().renew();
         service_ = std::make_unique<NotificationService>();
@@ -36,23 +23,39 @@ private Q_SLOTS:
 
     void cleanup() {
         session().program.kill();
-        surroundings_->desktop.stopTray();
+        desktop().stopTray();
         service_.reset();
     }
 
     void exportIsToldWithAButtonThatShowsTheFile() {
         QVERIFY(session().start());
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         session().drop(u"a.pdf"_s);
         QVERIFY(session().waitForRows(1, u"done"_s));
-        user_->press(mainTitle, u"ctrl+e"_s);
-        user_->answerFileDialog(u"Export Receipts"_s, session().home.path(u"ledger.csv"_s));
+        user().press(mainTitle, u"ctrl+e"_s);
+        user().answerFileDialog(u"Export Receipts"_s, session().home.path(u"ledger.csv"_s));
         QVERIFY(waitForNotice(u"Saved ledger.csv"_s));
         QVERIFY(service_->notices().last().actions.contains(u"Show"_s));
     }
 
+    void archiveIsToldWithAButtonThatTakesItBack() {
+        QVERIFY(session().start());
+        user().waitForWindow(mainTitle);
+        session().drop(u"a.pdf"_s);
+        QVERIFY(session().waitFor([this] { return !session().row(lunchName).isEmpty(); }));
+        user().chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1);
+        user().click(mainTitle, u"push button"_s, u"Export, Archive & Clear"_s);
+        QVERIFY(waitForNotice(u"1 receipt archived"_s));
+        QVERIFY(service_->notices().last().actions.contains(u"Open Folder"_s));
+        QVERIFY(session().waitFor([this] {
+            service_->click(u"button"_s); // the answer to the notice may still be on its way
+            return !session().row(lunchName).isEmpty();
+        }));
+        QVERIFY(session().waitFor([this] { return session().files().keys() == QStringList{lunchName}; }));
+    }
+
     void firstCloseIntoTheTrayIsExplainedOnceEver() {
-        surroundings_->desktop.startTray();
+        desktop().startTray();
         QVERIFY(session().start());
         hideIntoTray();
         QVERIFY(waitForNotice(u"Fennick keeps reading in the tray"_s));
@@ -73,8 +76,6 @@ private Q_SLOTS:
     }
 
 private:
-    UserSession &session() const { return surroundings_->session; }
-
     bool waitForNotice(const QString &start) const {
         return session().waitFor([&] {
             const auto &notices = service_->notices();
@@ -84,14 +85,12 @@ private:
     }
 
     void hideIntoTray() const {
-        user_->waitForWindow(mainTitle);
+        user().waitForWindow(mainTitle);
         QVERIFY(session().waitFor([] { return VirtualDesktop::trayIcon().has_value(); }));
-        user_->press(mainTitle, u"ctrl+w"_s);
-        user_->waitUntilGone(mainTitle);
+        user().press(mainTitle, u"ctrl+w"_s);
+        user().waitUntilGone(mainTitle);
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
     std::unique_ptr<NotificationService> service_;
 };
 

@@ -1,5 +1,4 @@
-#include "desktop_surroundings.h"
-#include "desktop_user.h"
+#include "desktop_test_case.h"
 #include "support/test_program.h"
 
 #include <QBuffer>
@@ -55,98 +54,84 @@ qsizetype filesBelow(const QString &folder) {
 } // namespace
 
 // An hour of a new user with the built program: from the first start to the one after everything was cleared.
-class UsersHourTest : public QObject {
+class UsersHourTest : public DesktopTestCase {
     Q_OBJECT
 
+protected:
+    void prepare() override { becomeNewUser(); }
+
 private Q_SLOTS:
-    void initTestCase() {
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
-        user_ = std::make_unique<DesktopUser>(&surroundings_->accessibility, [this](const auto &condition) {
-            return surroundings_->session.waitFor(condition);
-        });
-        becomeNewUser();
-    }
-
-    void cleanupTestCase() { surroundings_.reset(); }
-
     // The steps of the hour, each going on where the one before has ended.
 
     void firstStartSaysWhatToDo() {
         startProgram();
-        user_->waitToSee(mainTitle, u"label"_s, u"No receipts yet"_s);
-        user_->waitToSee(mainTitle, u"label"_s, u"No folder selected"_s);
-        user_->waitToSee(mainTitle, u"label"_s, warning);
+        user().waitToSee(mainTitle, u"label"_s, u"No receipts yet"_s);
+        user().waitToSee(mainTitle, u"label"_s, u"No folder selected"_s);
+        user().waitToSee(mainTitle, u"label"_s, warning);
     }
 
     void folderIsChosen() {
-        user_->click(mainTitle, button, u"Choose Folder…"_s);
-        user_->answerFileDialog(u"Choose a Folder"_s, surroundings_->session.folder());
-        QVERIFY(surroundings_->session.waitFor(
-            [this] { return surroundings_->session.program.isWatching(surroundings_->session.folder()); }));
-        user_->waitToSee(mainTitle, u"label"_s, surroundings_->session.folder());
+        user().click(mainTitle, button, u"Choose Folder…"_s);
+        user().answerFileDialog(u"Choose a Folder"_s, session().folder());
+        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
+        user().waitToSee(mainTitle, u"label"_s, session().folder());
     }
 
     void keyIsSaved() {
-        user_->press(mainTitle, u"ctrl+comma"_s);
-        user_->waitForWindow(settingsTitle);
-        user_->click(settingsTitle, u"text"_s, u"API Key"_s);
-        user_->type(settingsTitle, QString::fromLatin1(UserSession::key));
-        user_->click(settingsTitle, button, u"Save Key"_s);
-        user_->waitToSee(settingsTitle, u"label"_s, u"Key saved"_s);
-        QVERIFY(!user_->sees(mainTitle, u"label"_s, warning));
+        user().press(mainTitle, u"ctrl+comma"_s);
+        user().waitForWindow(settingsTitle);
+        user().click(settingsTitle, u"text"_s, u"API Key"_s);
+        user().type(settingsTitle, QString::fromLatin1(UserSession::key));
+        user().click(settingsTitle, button, u"Save Key"_s);
+        user().waitToSee(settingsTitle, u"label"_s, u"Key saved"_s);
+        QVERIFY(!user().sees(mainTitle, u"label"_s, warning));
         QCOMPARE(PrivateSession::lookUpKey(), UserSession::key);
-        user_->click(settingsTitle, u"check box"_s, u"Add receipts to Photos"_s); // off
-        QVERIFY(surroundings_->session.waitFor([this] {
-            return readFile(surroundings_->session.home.preferencesFile()).contains("addToPhotos=false");
-        }));
+        user().click(settingsTitle, u"check box"_s, u"Add receipts to Photos"_s); // off
+        QVERIFY(session().waitFor(
+            [this] { return readFile(session().home.preferencesFile()).contains("addToPhotos=false"); }));
         outputOf(u"wmctrl"_s, {u"-c"_s, settingsTitle});
-        user_->waitUntilGone(settingsTitle);
+        user().waitUntilGone(settingsTitle);
     }
 
     void twelveReceiptsAreReadAndOneFails() {
         for (int number = 1; number <= 12; ++number) {
-            surroundings_->session.drop(u"scan %1.png"_s.arg(number), picture(number));
+            session().drop(u"scan %1.png"_s.arg(number), picture(number));
         }
-        QVERIFY(surroundings_->session.waitFor(
-            [this] { return count(u"done"_s) == 11 && count(u"error"_s) == 1; }));
-        user_->waitToSee(mainTitle, u"cell"_s, shop(12));
-        user_->waitToSee(mainTitle, u"cell"_s, u"Gemini API error: 503"_s);
-        QCOMPARE(surroundings_->session.files().size(), 12);
+        QVERIFY(session().waitFor([this] { return count(u"done"_s) == 11 && count(u"error"_s) == 1; }));
+        user().waitToSee(mainTitle, u"cell"_s, shop(12));
+        user().waitToSee(mainTitle, u"cell"_s, u"Gemini API error: 503"_s);
+        QCOMPARE(session().files().size(), 12);
     }
 
     void failedReceiptIsRetried() {
-        user_->clickCell(mainTitle, u"Gemini API error: 503"_s, 7, secondRowButton);
-        QVERIFY(surroundings_->session.waitForRows(12, u"done"_s));
-        user_->waitToSee(mainTitle, u"cell"_s, shop(7));
-        QVERIFY(surroundings_->session.files().contains(u"2024-05-07 Lunch - Shop 7 $7.50.png"_s));
-        QCOMPARE(surroundings_->session.server.requests().size(), 13);
+        user().clickCell(mainTitle, u"Gemini API error: 503"_s, 7, secondRowButton);
+        QVERIFY(session().waitForRows(12, u"done"_s));
+        user().waitToSee(mainTitle, u"cell"_s, shop(7));
+        QVERIFY(session().files().contains(u"2024-05-07 Lunch - Shop 7 $7.50.png"_s));
+        QCOMPARE(session().server.requests().size(), 13);
     }
 
     void receiptIsAddedToPhotosByHand() {
-        user_->press(mainTitle, u"ctrl+comma"_s);
-        user_->waitForWindow(settingsTitle);
-        user_->click(settingsTitle, u"check box"_s, u"Add receipts to Photos"_s); // on
-        user_->click(u"Photos Access"_s, button, u"Allow"_s);
-        user_->waitToSee(settingsTitle, u"label"_s, u"Photos access granted"_s);
+        user().press(mainTitle, u"ctrl+comma"_s);
+        user().waitForWindow(settingsTitle);
+        user().click(settingsTitle, u"check box"_s, u"Add receipts to Photos"_s); // on
+        user().click(u"Photos Access"_s, button, u"Allow"_s);
+        user().waitToSee(settingsTitle, u"label"_s, u"Photos access granted"_s);
         outputOf(u"wmctrl"_s, {u"-c"_s, settingsTitle});
-        user_->waitUntilGone(settingsTitle);
-        user_->clickCell(mainTitle, shop(3), 4, secondRowButton);
-        QVERIFY(surroundings_->session.waitFor(
-            [this] { return filesBelow(surroundings_->session.home.photoLibrary()) > 0; }));
-        user_->waitToSee(mainTitle, u"cell"_s, u"Added to Photos"_s);
-        const QString album = surroundings_->session.home.photoLibrary() + u'/' +
-                              QDir(surroundings_->session.home.photoLibrary()).entryList(QDir::Dirs).last();
+        user().waitUntilGone(settingsTitle);
+        user().clickCell(mainTitle, shop(3), 4, secondRowButton);
+        QVERIFY(session().waitFor([this] { return filesBelow(session().home.photoLibrary()) > 0; }));
+        user().waitToSee(mainTitle, u"cell"_s, u"Added to Photos"_s);
+        const QString album = session().home.photoLibrary() + u'/' +
+                              QDir(session().home.photoLibrary()).entryList(QDir::Dirs).last();
         QVERIFY2(QFileInfo::exists(album + u"/2024-05-03 Lunch - Shop 3 $3.50.jpg"_s), qPrintable(album));
     }
 
     void ledgersAreExported() {
-        const QString csv = surroundings_->session.home.path(u"ledger.csv"_s);
-        user_->press(mainTitle, u"ctrl+e"_s);
-        user_->answerFileDialog(u"Export Receipts"_s, csv);
-        QVERIFY(surroundings_->session.waitFor([&csv] { return QFile::exists(csv); }));
+        const QString csv = session().home.path(u"ledger.csv"_s);
+        user().press(mainTitle, u"ctrl+e"_s);
+        user().answerFileDialog(u"Export Receipts"_s, csv);
+        QVERIFY(session().waitFor([&csv] { return QFile::exists(csv); }));
         const QList<QByteArray> lines = readFile(csv).split('\n');
         QCOMPARE(lines.size(), 14); // the header, 12 receipts, and nothing after the last line feed
         QCOMPARE(lines.first(), QByteArray("Date,Time,Amount,Currency,Location,Category,Summary,File Name,"
@@ -157,10 +142,10 @@ private Q_SLOTS:
                                                           "2024-05-07 Lunch - Shop 7 $7.50.png,done,");
                                }),
                  1);
-        const QString html = surroundings_->session.home.path(u"ledger.html"_s);
-        user_->press(mainTitle, u"ctrl+shift+e"_s);
-        user_->answerFileDialog(u"Export Receipts"_s, html);
-        QVERIFY(surroundings_->session.waitFor([&html] { return QFile::exists(html); }));
+        const QString html = session().home.path(u"ledger.html"_s);
+        user().press(mainTitle, u"ctrl+shift+e"_s);
+        user().answerFileDialog(u"Export Receipts"_s, html);
+        QVERIFY(session().waitFor([&html] { return QFile::exists(html); }));
         QVERIFY(readFile(html).contains("12 receipts"));
         QVERIFY(readFile(html).contains("<div class=\"total\">Total: 84.00</div>")); // 1.5 + ... + 12.5
     }
@@ -168,60 +153,59 @@ private Q_SLOTS:
     void batchIsArchivedTwiceOnOneDay() {
         archive();
         for (int number = 13; number <= 15; ++number) {
-            surroundings_->session.drop(u"scan %1.png"_s.arg(number), picture(number));
+            session().drop(u"scan %1.png"_s.arg(number), picture(number));
         }
-        QVERIFY(surroundings_->session.waitForRows(3, u"done"_s));
+        QVERIFY(session().waitForRows(3, u"done"_s));
         archive();
         const QString today = QDate::currentDate().toString(Qt::ISODate);
-        const QDir folder(surroundings_->session.folder() + u"/Receipt Archive/"_s + today);
+        const QDir folder(session().folder() + u"/Receipt Archive/"_s + today);
         QVERIFY(folder.exists(u"receipts-%1.csv"_s.arg(today)));
         QVERIFY(folder.exists(u"receipts-%1 (2).csv"_s.arg(today)));
         QCOMPARE(folder.entryList({u"*.png"_s}, QDir::Files).size(), 15);
-        QCOMPARE(filesBelow(surroundings_->session.folder()),
+        QCOMPARE(filesBelow(session().folder()),
                  17); // 15 receipts and 2 ledgers: none is anywhere else
     }
 
     void clearedListKeepsTheFiles() {
-        surroundings_->session.drop(u"scan 16.png"_s, picture(16));
-        surroundings_->session.drop(u"scan 17.png"_s, picture(17));
-        QVERIFY(surroundings_->session.waitForRows(2, u"done"_s));
-        user_->click(mainTitle, button, u"Clear All"_s);
-        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
+        session().drop(u"scan 16.png"_s, picture(16));
+        session().drop(u"scan 17.png"_s, picture(17));
+        QVERIFY(session().waitForRows(2, u"done"_s));
+        user().click(mainTitle, button, u"Clear All"_s);
+        QVERIFY(session().waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
         VirtualDesktop::pressForMenu({u"Return"_s}); // the safe answer is the default one
-        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 1; }));
-        QCOMPARE(surroundings_->session.rows().size(), 2);
-        user_->click(mainTitle, button, u"Clear All"_s);
-        QVERIFY(surroundings_->session.waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
+        QVERIFY(session().waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 1; }));
+        QCOMPARE(session().rows().size(), 2);
+        user().click(mainTitle, button, u"Clear All"_s);
+        QVERIFY(session().waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
         VirtualDesktop::pressForMenu({u"Tab"_s, u"Return"_s});
-        QVERIFY(surroundings_->session.waitForRows(0, u"done"_s));
-        user_->waitToSee(mainTitle, u"label"_s, u"No receipts yet"_s);
-        QCOMPARE(filesBelow(surroundings_->session.folder()), 19);
+        QVERIFY(session().waitForRows(0, u"done"_s));
+        user().waitToSee(mainTitle, u"label"_s, u"No receipts yet"_s);
+        QCOMPARE(filesBelow(session().folder()), 19);
     }
 
     void nothingComesBackAfterARestart() {
-        user_->press(mainTitle, u"ctrl+q"_s);
-        QVERIFY(surroundings_->session.program.endsWithSuccess());
-        const QMap<QString, QByteArray> files = surroundings_->session.files();
-        const qsizetype requests = surroundings_->session.server.requests().size();
+        user().press(mainTitle, u"ctrl+q"_s);
+        QVERIFY(session().program.endsWithSuccess());
+        const QMap<QString, QByteArray> files = session().files();
+        const qsizetype requests = session().server.requests().size();
         startProgram();
-        QVERIFY(surroundings_->session.waitFor(
-            [this] { return surroundings_->session.program.isWatching(surroundings_->session.folder()); }));
+        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         letTimePass(3000); // longer than the way of a file to its request
-        QVERIFY(surroundings_->session.rows().isEmpty());
-        QCOMPARE(surroundings_->session.server.requests().size(), requests);
-        QCOMPARE(surroundings_->session.files(), files);
-        QVERIFY(surroundings_->session.end());
+        QVERIFY(session().rows().isEmpty());
+        QCOMPARE(session().server.requests().size(), requests);
+        QCOMPARE(session().files(), files);
+        QVERIFY(session().end());
     }
 
 private:
     // Without preferences other than where the service is, without a key and without leave to use Photos.
     void becomeNewUser() {
-        surroundings_->session.renew();
-        writeFile(surroundings_->session.home.preferencesFile(),
-                  "[General]\ngeminiEndpoint=" + surroundings_->session.server.address().toUtf8() + '\n');
-        QFile::remove(surroundings_->session.home.permissionsFile());
+        session().renew();
+        writeFile(session().home.preferencesFile(),
+                  "[General]\ngeminiEndpoint=" + session().server.address().toUtf8() + '\n');
+        QFile::remove(session().home.permissionsFile());
         PrivateSession::clearKey();
-        surroundings_->session.server.setScript([this](const HttpRequest &request) {
+        session().server.setScript([this](const HttpRequest &request) {
             for (int number = 1; number <= 17; ++number) {
                 if (inlineDocument(request) != picture(number)) {
                     continue;
@@ -236,24 +220,22 @@ private:
     }
 
     void startProgram() {
-        surroundings_->session.program.start();
-        user_->waitForWindow(mainTitle);
+        session().program.start();
+        user().waitForWindow(mainTitle);
     }
 
     qsizetype count(const QString &status) const {
-        const QList<QJsonObject> rows = surroundings_->session.rows();
+        const QList<QJsonObject> rows = session().rows();
         return std::count_if(rows.begin(), rows.end(),
                              [&status](const QJsonObject &row) { return row.value(u"status") == status; });
     }
 
     void archive() {
-        user_->chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1); // with a CSV ledger
-        user_->click(mainTitle, button, u"Export, Archive & Clear"_s);
-        QVERIFY(surroundings_->session.waitForRows(0, u"done"_s));
+        user().chooseFromMenu(mainTitle, u"Archive & Clear"_s, 1); // with a CSV ledger
+        user().click(mainTitle, button, u"Export, Archive & Clear"_s);
+        QVERIFY(session().waitForRows(0, u"done"_s));
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
-    std::unique_ptr<DesktopUser> user_;
     bool hasFailed_ = false;
 };
 

@@ -1,4 +1,4 @@
-#include "desktop_surroundings.h"
+#include "desktop_test_case.h"
 #include "support/conditions.h"
 #include "support/test_program.h"
 
@@ -20,17 +20,16 @@ const QString compositorTitle = u"Weston Compositor - screen0"_s;
 
 // The program under a Wayland compositor, which lies in a window of the desktop so that keys can be pressed.
 // What the program does with its windows is read from the protocol's own log of messages.
-class WaylandTest : public QObject {
+class WaylandTest : public DesktopTestCase {
     Q_OBJECT
 
-private Q_SLOTS:
-    void initTestCase() {
+protected:
+    QStringList missingPrograms() const override {
         const bool hasWeston = !QStandardPaths::findExecutable(u"weston"_s).isEmpty();
-        const QStringList weston = hasWeston ? QStringList() : QStringList(u"weston"_s);
-        if (const QByteArray reason = DesktopSurroundings::reasonToSkip(weston); !reason.isEmpty()) {
-            QSKIP(reason.constData());
-        }
-        surroundings_ = std::make_unique<DesktopSurroundings>();
+        return hasWeston ? QStringList() : QStringList(u"weston"_s);
+    }
+
+    void prepare() override {
         compositor_.setProcessChannelMode(QProcess::MergedChannels);
         compositor_.start(u"weston"_s, {u"--backend=x11-backend.so"_s, u"--socket=fennick-test"_s,
                                         u"--width=1200"_s, u"--height=800"_s, u"--idle-time=0"_s});
@@ -40,21 +39,21 @@ private Q_SLOTS:
             compositor_.readAll().constData());
     }
 
-    void cleanupTestCase() {
+    void putAway() override {
         compositor_.terminate();
         compositor_.waitForFinished(patience);
-        surroundings_.reset();
     }
 
+private Q_SLOTS:
     void init() {
-        surroundings_->session.renew();
+        session().renew();
         log_.clear();
     }
 
-    void cleanup() { surroundings_->session.program.kill(); }
+    void cleanup() { session().program.kill(); }
 
     void closedWindowIsMinimisedAndShownAnewByASecondStart() {
-        surroundings_->session.program.start(loggingEnvironment());
+        session().program.start(loggingEnvironment());
         QVERIFY(hasSent("get_toplevel", 1));
         QVERIFY(hasKeyboard());
         QVERIFY2(isMinimisedByTheKey(), log_.right(3000).constData());
@@ -62,17 +61,17 @@ private Q_SLOTS:
         second.start(environment());
         QVERIFY2(second.endsWithSuccess(), second.takeOutput().constData());
         QVERIFY(hasSent("get_toplevel", 2));
-        QVERIFY(surroundings_->session.program.isRunning());
+        QVERIFY(session().program.isRunning());
     }
 
     void secondStartLeavesAnOpenWindowWhereItIs() {
-        surroundings_->session.program.start(loggingEnvironment());
+        session().program.start(loggingEnvironment());
         QVERIFY(hasSent("attach", 1));
         FennickProgram second;
         second.start(environment());
         QVERIFY2(second.endsWithSuccess(), second.takeOutput().constData());
-        surroundings_->session.drop(u"a.pdf"_s); // by its end, whatever the second start asked for is done
-        QVERIFY(surroundings_->session.waitForRows(1, u"done"_s));
+        session().drop(u"a.pdf"_s); // by its end, whatever the second start asked for is done
+        QVERIFY(session().waitForRows(1, u"done"_s));
         QVERIFY(hasSent("get_toplevel", 1));
         QCOMPARE(log_.count(".get_toplevel("), 1);
     }
@@ -93,9 +92,9 @@ private:
 
     // Waits until the program has sent the message at least `count` times.
     bool hasSent(const QByteArray &message, qsizetype count, int milliseconds = patience) {
-        return surroundings_->session.waitFor(
+        return session().waitFor(
             [&] {
-                log_ += surroundings_->session.program.takeOutput();
+                log_ += session().program.takeOutput();
                 return log_.count('.' + message + '(') >= count;
             },
             milliseconds);
@@ -119,13 +118,12 @@ private:
     // Waits until the keys pressed go to the program: some time after its window is on the screen.
     bool hasKeyboard() {
         static const QRegularExpression enter(uR"(wl_keyboard[@#]\d+\.enter\()"_s);
-        return surroundings_->session.waitFor([&] {
-            log_ += surroundings_->session.program.takeOutput();
+        return session().waitFor([&] {
+            log_ += session().program.takeOutput();
             return QString::fromUtf8(log_).contains(enter);
         });
     }
 
-    std::unique_ptr<DesktopSurroundings> surroundings_;
     QProcess compositor_;
     QByteArray log_;
 };

@@ -61,6 +61,19 @@ private Q_SLOTS:
         QCOMPARE(afterRestart.otherOf(second.id), first.id);
     }
 
+    void receiptsThatReturnTogetherAreAllCompared() {
+        const Receipt first = add(u"a"_s);
+        const Receipt second = add(u"b"_s);
+        const Receipt third = add(u"c"_s);
+        const RemovedReceipts removed = store_->beforeRemovalOfAll();
+        store_->clearAll();
+        QVERIFY(!duplicates_->contains(first.id));
+        store_->putBack(removed);
+        for (const Receipt &receipt : {first, second, third}) {
+            QVERIFY(duplicates_->contains(receipt.id));
+        }
+    }
+
     void otherValuesAreNoDuplicates_data() {
         QTest::addColumn<Receipt>("other");
         const auto row = [](const char *what, auto change) {

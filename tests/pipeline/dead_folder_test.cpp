@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QSignalSpy>
 
 #include <memory>
 
@@ -62,6 +63,20 @@ private Q_SLOTS:
         QVERIFY(isAnswered);
     }
 
+    // Many of them are retried at once. If each waited a second by itself, this would take longer than CTest
+    // lets a test run.
+    void itIsWaitedForOnceOnly() {
+        const FolderThreads threads;
+        for (int file = 0; file < 3000; ++file) {
+            QVERIFY(!threads.answersSoon(share_ + u"/%1.pdf"_s.arg(file)));
+        }
+        QVERIFY(threads.answersSoon(pipeline_->path(u"a.pdf"_s)));
+        const QFuture<void> answer = threads.answer(share_ + u"/a.pdf"_s);
+        dead_.reset();
+        QVERIFY(waitUntil([&] { return answer.isFinished(); }));
+        QVERIFY(threads.answersSoon(share_ + u"/a.pdf"_s));
+    }
+
     void retryFailsInWords() {
         pipeline_->appState->retry(receipt_);
         QCOMPARE(pipeline_->receipts().first().status, ReceiptStatus::error);
@@ -86,6 +101,26 @@ private Q_SLOTS:
         QCOMPARE(pipeline_->receipts().size(), 2);
         QVERIFY(QFile::exists(pipeline_->path(finalName)));
         QVERIFY(!QFile::exists(pipeline_->path(u"Receipt Archive"_s)));
+    }
+
+    void archiveIsNotUndone() {
+        dead_.reset();
+        writeFile(receipt_.filePath, "content");
+        pipeline_->appState->archiveAndClear(ExportService::Format::csv);
+        const QString archived = pipeline_->appState->archiveDestinationPath() + u"/scan.pdf"_s;
+        dead_ = std::make_unique<DeadFileSystem>(share_);
+        QVERIFY(dead_->isMounted());
+        UndoHistory &history = *pipeline_->appState->history();
+        QSignalSpy reports(&history, &UndoHistory::undoneInPart);
+        history.undo();
+        QCOMPARE(reports.first().first().toStringList(),
+                 QStringList{u"Archive & Clear: The folder does not respond."_s});
+        QVERIFY(pipeline_->receipts().isEmpty());
+        QVERIFY(QFile::exists(archived));
+        dead_.reset();
+        history.undo();
+        QCOMPARE(pipeline_->receipts(), QList<Receipt>{receipt_});
+        QCOMPARE(readFile(receipt_.filePath), "content");
     }
 
     void interruptedArchiveWaitsForTheNextStart() {

@@ -187,8 +187,9 @@ private Q_SLOTS:
         store_->add(finishedReceipt(file("first.pdf")));
         appState_->archiveAndClear(Format::csv);
         QVERIFY(!ArchiveJournal().pending());
-        QCOMPARE(QDir(surroundings_.home.path(u"data/Fennick"_s)).entryList(QDir::Files),
-                 (QStringList{u"ignored.json"_s, u"receipts.json"_s}));
+        QCOMPARE(
+            QDir(surroundings_.home.path(u"data/Fennick"_s)).entryList(QDir::Files),
+            (QStringList{u"ignored-dates.json"_s, u"ignored.json"_s, u"receipts.json"_s, u"undo.json"_s}));
     }
 
 private:

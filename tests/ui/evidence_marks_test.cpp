@@ -31,7 +31,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of WCAG 2: at least 3 for what must be told from its surroundings.
+// Of WCAG 2: at least 3 for what must stand out from its surroundings.
 double contrast(const QColor &left, const QColor &right) {
     const auto luminance = [](const QColor &colour) {
         const auto linear = [](double part) {

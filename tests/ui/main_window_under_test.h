@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settings/settings_store.h"
 #include "support/private_session.h"
 #include "support/temporary_home.h"
 #include "ui/main_window/main_window.h"

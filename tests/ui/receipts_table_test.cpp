@@ -8,7 +8,6 @@
 #include "ui/main_window/row_actions.h"
 
 #include <QApplication>
-#include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
@@ -30,87 +29,6 @@ private Q_SLOTS:
         table_ = std::make_unique<ReceiptsTable>(store_.get());
         table_->resize(900, 400);
         table_->show();
-    }
-
-    void columnsHaveTheirHeadersAndWidths() {
-        const QStringList headers = {QString(),     u"Date"_s,    u"Amount"_s, u"Location"_s,
-                                     u"Category"_s, u"Summary"_s, u"Photos"_s, QString()};
-        for (int column = 0; column < headers.size(); ++column) {
-            QCOMPARE(table_->model()->headerData(column, Qt::Horizontal).toString(), headers[column]);
-        }
-        QCOMPARE(table_->columnWidth(Model::statusColumn), 24);
-        QCOMPARE(table_->columnWidth(Model::dateColumn), 100);
-        QCOMPARE(table_->columnWidth(Model::amountColumn), 90);
-        QCOMPARE(table_->columnWidth(Model::locationColumn), 160);
-        QCOMPARE(table_->columnWidth(Model::categoryColumn), 100);
-        QCOMPARE(table_->columnWidth(Model::photosColumn), 56);
-        QCOMPARE(table_->columnWidth(Model::actionsColumn), 64);
-    }
-
-    void columnsKeepTheirMinimum() {
-        for (const auto &[column, minimum] :
-             {std::pair{Model::dateColumn, 90}, std::pair{Model::amountColumn, 80},
-              std::pair{Model::locationColumn, 120}, std::pair{Model::categoryColumn, 90}}) {
-            table_->setColumnWidth(column, 10);
-            QCOMPARE(table_->columnWidth(column), minimum);
-        }
-    }
-
-    void summaryHasItsMinimumAtEveryWidth_data() {
-        QTest::addColumn<int>("width");
-        for (const int width : {300, 700, 720, 760, 900, 1600}) {
-            QTest::addRow("%d", width) << width;
-        }
-    }
-    void summaryHasItsMinimumAtEveryWidth() {
-        QFETCH(int, width);
-        table_->resize(width, 400);
-        QVERIFY(waitUntil([this] { return table_->columnWidth(Model::summaryColumn) >= 180; }));
-        const int room = table_->viewport()->width();
-        QCOMPARE(widthOfAllColumns(), std::max(room, 704)); // 704: every column at its minimum
-        QVERIFY(table_->columnWidth(Model::dateColumn) >= 90);
-        QCOMPARE(table_->columnWidth(Model::dateColumn) == 100, room >= 774);
-    }
-
-    void chosenWidthIsKeptWhereTheOthersGiveWay() {
-        table_->setColumnWidth(Model::locationColumn, 300);
-        QCOMPARE(table_->columnWidth(Model::locationColumn), 300);
-        table_->resize(720, 400);
-        QVERIFY(waitUntil([this] { return table_->viewport()->width() <= 720; }));
-        QCOMPARE(table_->columnWidth(Model::locationColumn), 300);
-        QCOMPARE(table_->columnWidth(Model::dateColumn), 90);
-        QCOMPARE(table_->columnWidth(Model::summaryColumn), 180);
-    }
-
-    void storedWidthsObeyTheMinimaToo() {
-        QHeaderView foreign(Qt::Horizontal);
-        foreign.setModel(table_->model());
-        foreign.setMinimumSectionSize(1);
-        for (int column = 0; column < Model::columns; ++column) {
-            foreign.resizeSection(column, 7);
-        }
-        foreign.setSectionResizeMode(Model::summaryColumn, QHeaderView::Stretch);
-        table_->restoreColumnState(foreign.saveState());
-        QCOMPARE(table_->columnWidth(Model::statusColumn), 24);
-        QCOMPARE(table_->columnWidth(Model::dateColumn), 90);
-        QCOMPARE(table_->columnWidth(Model::amountColumn), 80);
-        QCOMPARE(table_->columnWidth(Model::locationColumn), 120);
-        QCOMPARE(table_->columnWidth(Model::categoryColumn), 90);
-        QVERIFY(table_->columnWidth(Model::summaryColumn) >= 180);
-        QCOMPARE(table_->columnWidth(Model::photosColumn), 56);
-        QCOMPARE(table_->columnWidth(Model::actionsColumn), 64);
-    }
-
-    void narrowWindowIsNotRemembered() {
-        const QByteArray before = table_->columnState();
-        table_->resize(704, 400);
-        QVERIFY(waitUntil([this] { return table_->columnWidth(Model::dateColumn) == 90; }));
-        ReceiptsTable again(store_.get());
-        again.resize(900, 400);
-        again.show();
-        again.restoreColumnState(table_->columnState());
-        QCOMPARE(again.columnWidth(Model::dateColumn), 100);
-        QCOMPARE(again.columnState(), before);
     }
 
     void digitsHaveOneWidthInAnyFont() {
@@ -248,81 +166,6 @@ private Q_SLOTS:
         QCOMPARE(pathsOf(table_->selectedReceipts()), QStringList{u"/w/c"_s});
     }
 
-    void clickOnAHeadSortsAsAViewOnly() {
-        addForSorting();
-        const QStringList newestFirst{u"/w/c"_s, u"/w/b"_s, u"/w/a"_s};
-        QCOMPARE(shownPaths(), newestFirst);
-        clickHead(Model::amountColumn);
-        QCOMPARE(shownPaths(), (QStringList{u"/w/a"_s, u"/w/b"_s, u"/w/c"_s})); // what has none comes last
-        clickHead(Model::amountColumn);
-        QCOMPARE(shownPaths(), (QStringList{u"/w/b"_s, u"/w/a"_s, u"/w/c"_s}));
-        clickHead(Model::amountColumn);
-        QCOMPARE(shownPaths(), newestFirst);
-        clickHead(Model::locationColumn);
-        QCOMPARE(shownPaths(), (QStringList{u"/w/b"_s, u"/w/c"_s, u"/w/a"_s}));
-        clickHead(Model::actionsColumn); // nothing to sort by
-        QCOMPARE(shownPaths(), newestFirst);
-        QCOMPARE(pathsOf(store_->receipts()), newestFirst); // all the while
-    }
-
-    void selectionStaysOnItsReceiptsWhenTheOrderChanges() {
-        addForSorting();
-        table_->selectRow(2);
-        clickHead(Model::amountColumn);
-        QCOMPARE(pathsOf(table_->selectedReceipts()), QStringList{u"/w/a"_s});
-        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/a"_s);
-        QVERIFY(waitUntil([this] { return visibleButtons(0).size() == 1 && visibleButtons(2).size() == 2; }));
-        QSignalSpy retried(table_.get(), &ReceiptsTable::retryRequested);
-        QTest::mouseClick(button(2, "retry"), Qt::LeftButton);
-        QCOMPARE(retried.first().first().value<Receipt>().filePath, u"/w/c"_s);
-    }
-
-    void newReceiptFindsItsPlaceInTheOrder() {
-        addForSorting();
-        clickHead(Model::amountColumn);
-        Receipt receipt = finishedReceipt(u"/w/d"_s);
-        receipt.amount = 7;
-        store_->add(receipt);
-        QCOMPARE(shownPaths(), (QStringList{u"/w/a"_s, u"/w/d"_s, u"/w/b"_s, u"/w/c"_s}));
-    }
-
-    void orderIsNotRemembered() {
-        addForSorting();
-        clickHead(Model::amountColumn);
-        const QByteArray state = table_->columnState();
-        ReceiptsTable again(store_.get());
-        again.restoreColumnState(state);
-        QCOMPARE(again.model()->index(0, 0).data(Model::fileNameRole).toString(), u"c"_s);
-        QVERIFY(again.horizontalHeader()->sectionsClickable());
-    }
-
-    void typedLettersLeadToPlaceOrSummary() {
-        addForSorting();
-        table_->selectRow(0);
-        const int usual = QApplication::keyboardInputInterval();
-        QApplication::setKeyboardInputInterval(patience);
-        QTest::keyClicks(table_.get(), u"zoo"_s);
-        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/a"_s);
-        endTyping();
-        table_->keyboardSearch(u"bäck"_s);
-        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/c"_s);
-        endTyping();
-        QTest::keyClicks(table_.get(), u"taxi"_s); // of the summary
-        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/b"_s);
-        QApplication::setKeyboardInputInterval(usual);
-    }
-
-    void homeAndEndLeadThroughTheList() {
-        addForSorting();
-        table_->selectRow(1);
-        QTest::keyClick(table_.get(), Qt::Key_End);
-        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/a"_s);
-        QTest::keyClick(table_.get(), Qt::Key_Home);
-        QCOMPARE(table_->selectedReceipt()->filePath, u"/w/c"_s);
-        QTest::keyClick(table_.get(), Qt::Key_End, Qt::ShiftModifier);
-        QCOMPARE(table_->selectedReceipts().size(), 3);
-    }
-
     void longListHasButtonsOnTheScreenOnly() {
         loadManyReceipts(50000);
         QVERIFY(waitUntil([&] { return rowActions() > 0; }));
@@ -341,58 +184,6 @@ private:
             paths.append(receipt.filePath);
         }
         return paths;
-    }
-
-    // From the oldest to the newest: "a" is cheap, "b" dear, "c" has failed and has no amount.
-    void addForSorting() {
-        Receipt receipt = finishedReceipt(u"/w/a"_s);
-        receipt.scannedAt = u"2025-01-01T00:00:01Z"_s;
-        receipt.amount = 5;
-        receipt.location = u"Zoo"_s;
-        store_->add(receipt);
-        receipt = finishedReceipt(u"/w/b"_s);
-        receipt.scannedAt = u"2025-01-01T00:00:02Z"_s;
-        receipt.amount = 10;
-        receipt.location = u"Airport"_s;
-        receipt.summary = u"Taxi"_s;
-        store_->add(receipt);
-        receipt = finishedReceipt(u"/w/c"_s);
-        receipt.scannedAt = u"2025-01-01T00:00:03Z"_s;
-        receipt.amount.reset();
-        receipt.location = u"Bäckerei"_s;
-        receipt.status = ReceiptStatus::error;
-        store_->add(receipt);
-    }
-
-    // The next letter begins anew, however long those before took.
-    void endTyping() const {
-        QApplication::setKeyboardInputInterval(1);
-        letTimePass(20);
-        table_->keyboardSearch(QString());
-        QApplication::setKeyboardInputInterval(patience);
-    }
-
-    void clickHead(Model::Column column) {
-        QHeaderView *const header = table_->horizontalHeader();
-        const QPoint middle(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
-                            header->height() / 2);
-        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, middle);
-    }
-
-    QStringList shownPaths() const {
-        QStringList paths;
-        for (int row = 0; row < table_->model()->rowCount(); ++row) {
-            paths.append(u"/w/"_s + table_->model()->index(row, 0).data(Model::fileNameRole).toString());
-        }
-        return paths;
-    }
-
-    int widthOfAllColumns() const {
-        int width = 0;
-        for (int column = 0; column < Model::columns; ++column) {
-            width += table_->columnWidth(column);
-        }
-        return width;
     }
 
     // The right end of the ink in the date's cell.

@@ -20,7 +20,7 @@ struct PageMark {
 };
 
 // Draws the frame of a mark over the print, which stays as legible as it was. Its colour is that of the
-// desktop's selection, so dark that it can be told from paper; a light rim sets it off from dark pictures.
+// desktop's selection, so dark that it stands out from paper; a light rim sets it off from dark pictures.
 void paintMark(QPainter &painter, const QRectF &frame, bool isEmphasised, const QPalette &palette);
 
 } // namespace fennick

@@ -34,6 +34,8 @@ MainActions::MainActions(QObject *owner)
     , archiveCsv(make(owner, "archiveCsv", tr("Export CSV, Archive && Clear")))
     , archiveHtml(make(owner, "archiveHtml", tr("Export HTML, Archive && Clear")))
     , clearAll(withSymbol(make(owner, "clearAll", tr("Clear All")), Symbol::clear))
+    , openArchiveFolder(make(owner, "openArchiveFolder", tr("Open Archive Folder")))
+    , restoreIgnored(make(owner, "restoreIgnored", tr("Restore Ignored Files…")))
     , open(make(owner, "open", tr("Open")))
     //: Shows the file in the desktop's file manager.
     , reveal(withSymbol(
@@ -53,6 +55,8 @@ MainActions::MainActions(QObject *owner)
     , retryAll(
           make(owner, "retryAll", tr("Retry All Failed"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T)))
     , stopRetrying(make(owner, "stopRetrying", tr("Stop Retrying")))
+    , undo(make(owner, "undo", tr("Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z)))
+    , redo(make(owner, "redo", tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)))
     , find(make(owner, "find", tr("Find…"), QKeySequence::Find))
     , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
     , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))

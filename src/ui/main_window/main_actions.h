@@ -22,6 +22,8 @@ public:
     QAction *archiveCsv;
     QAction *archiveHtml;
     QAction *clearAll;
+    QAction *openArchiveFolder;
+    QAction *restoreIgnored;
 
     // The selected receipts.
     QAction *open;
@@ -38,6 +40,8 @@ public:
     QAction *retryAll;
     QAction *stopRetrying;
 
+    QAction *undo;
+    QAction *redo;
     QAction *find;
 
     // The program.

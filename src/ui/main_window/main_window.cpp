@@ -3,12 +3,15 @@
 #include "settings/window_memory.h"
 #include "ui/dialogs/confirmations.h"
 #include "ui/dialogs/export_panel.h"
+#include "ui/dialogs/ignored_files_dialog.h"
 #include "ui/dialogs/watch_folder_chooser.h"
+#include "ui/main_window/archive_folder_command.h"
 #include "ui/main_window/home_view.h"
 #include "ui/main_window/read_with_menu.h"
 #include "ui/main_window/receipt_commands.h"
 #include "ui/main_window/receipts_table.h"
 #include "ui/main_window/report_command.h"
+#include "ui/main_window/undo_commands.h"
 #include "ui/widgets/focus_frame.h"
 #include "ui/widgets/symbols.h"
 
@@ -69,6 +72,7 @@ MainWindow::MainWindow(ReceiptStore *store, SettingsStore *settings, AppState *a
     buildContextMenu();
     connectActions();
     new ReceiptCommands(&actions_, home_->table(), store, settings, appState, this);
+    new UndoCommands(&actions_, appState->history(), this);
     enableActions();
 
     resize(defaultSize);
@@ -120,10 +124,14 @@ void MainWindow::buildMenuBar() {
     file->addSeparator();
     file->addActions({actions_.archiveCsv, actions_.archiveHtml, actions_.clearAll});
     file->addSeparator();
+    file->addActions({actions_.openArchiveFolder, actions_.restoreIgnored});
+    file->addSeparator();
     file->addMenu(new ReadWithMenu(settings_, file));
     file->addSeparator();
     file->addActions({actions_.closeWindow, actions_.quit});
     QMenu *const edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addActions({actions_.undo, actions_.redo});
+    edit->addSeparator();
     edit->addActions({actions_.copy, actions_.find});
     edit->addSeparator();
     edit->addAction(actions_.settings);
@@ -152,6 +160,13 @@ void MainWindow::connectActions() {
     connect(actions_.archiveCsv, &QAction::triggered, this, [this] { archive(Format::csv); });
     connect(actions_.archiveHtml, &QAction::triggered, this, [this] { archive(Format::html); });
     connect(actions_.clearAll, &QAction::triggered, this, &MainWindow::clearAll);
+    connect(actions_.openArchiveFolder, &QAction::triggered, this,
+            [this] { openArchiveFolder(this, appState_); });
+    connect(actions_.restoreIgnored, &QAction::triggered, this, [this] {
+        auto *const dialog = new IgnoredFilesDialog(store_, appState_, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
     connect(actions_.find, &QAction::triggered, home_, &HomeView::find);
     connect(actions_.closeWindow, &QAction::triggered, this, &QWidget::close);
 
@@ -208,7 +223,7 @@ void MainWindow::archive(Format format) {
 
 void MainWindow::clearAll() {
     if (Confirmations::confirmClear(this)) {
-        store_->clearAll();
+        appState_->history()->clearAll();
     }
 }
 

@@ -186,7 +186,7 @@ void ReceiptCommands::remove(const QList<Receipt> &receipts) {
         ids.insert(receipt.id);
     }
     const int place = table_->firstSelectedRow();
-    store_->remove(ids);
+    appState_->history()->removeFromList(ids);
     table_->selectNearest(place); // what has come up into it
 }
 

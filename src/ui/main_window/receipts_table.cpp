@@ -3,6 +3,7 @@
 #include "model/receipt_query.h"
 #include "text/search_text.h"
 #include "ui/main_window/found_receipts.h"
+#include "ui/main_window/receipt_columns.h"
 #include "ui/main_window/receipt_delegates.h"
 #include "ui/main_window/receipts_table_model.h"
 #include "ui/main_window/row_actions.h"
@@ -14,7 +15,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
-#include <array>
+#include <algorithm>
 
 namespace fennick {
 
@@ -23,24 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Model = ReceiptsTableModel;
-
-struct ColumnWidth {
-    Model::Column column;
-    int minimum;
-    int ideal;
-};
-
-// In pixels. The summary takes what the others leave, but never less than its minimum: before that, the
-// others give way, down to theirs.
-constexpr std::array<ColumnWidth, 4> resizableColumns = {{{Model::dateColumn, 90, 100},
-                                                          {Model::amountColumn, 80, 90},
-                                                          {Model::locationColumn, 120, 160},
-                                                          {Model::categoryColumn, 90, 100}}};
-constexpr int summaryMinimum = 180;
-constexpr int statusWidth = 24;
-constexpr int photosWidth = 56;
-constexpr int actionsWidth = 64;
-constexpr int fixedWidth = statusWidth + photosWidth + actionsWidth;
 
 constexpr qsizetype mostSelectedWhileFinding = 1000;
 
@@ -54,24 +37,10 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     setObjectName(u"receipts"_s);
     setAccessibleName(tr("Receipts"));
     setModel(found_);
-    setItemDelegate(new CellDelegate(this));
-    for (const Model::Column column : {Model::dateColumn, Model::amountColumn}) {
-        setItemDelegateForColumn(column, new TabularDigitsDelegate(this));
-    }
-    setItemDelegateForColumn(Model::statusColumn, new StatusDelegate(viewport()));
-    setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
-    setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
-    setVerticalScrollMode(ScrollPerPixel);
-    setShowGrid(false);
-    setAlternatingRowColors(true);
-    setWordWrap(false);
-    setTabKeyNavigation(false);
-    setFrameShape(NoFrame);
-    setContextMenuPolicy(Qt::ActionsContextMenu);
-    layOutColumns();
+    setUpAppearance();
+    columns_ = new ReceiptColumns(horizontalHeader(), this);
+    columns_->fitInto(viewport()->width());
+    connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &ReceiptsTable::sortBy);
 
     rowActionsUpdate_.setSingleShot(true);
     connect(&rowActionsUpdate_, &QTimer::timeout, this, &ReceiptsTable::showRowActions);
@@ -90,72 +59,27 @@ ReceiptsTable::ReceiptsTable(const ReceiptStore *store, QWidget *parent)
     scheduleRowActions();
 }
 
-void ReceiptsTable::layOutColumns() {
+void ReceiptsTable::setUpAppearance() {
+    setItemDelegate(new CellDelegate(this));
+    for (const Model::Column column : {Model::dateColumn, Model::amountColumn}) {
+        setItemDelegateForColumn(column, new TabularDigitsDelegate(this));
+    }
+    setItemDelegateForColumn(Model::statusColumn, new StatusDelegate(viewport()));
+    setItemDelegateForColumn(Model::photosColumn, new SymbolDelegate(this));
+    setItemDelegateForColumn(Model::summaryColumn, new SummaryDelegate(this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setFrameShape(NoFrame);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(SummaryDelegate::rowHeight(font()));
-    QHeaderView *const header = horizontalHeader();
-    header->setHighlightSections(false);
-    header->setMinimumSectionSize(statusWidth);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    fixColumns();
-    fitColumns();
-    connect(header, &QHeaderView::sectionResized, this,
-            [this](int column, int, int width) { takeChosenWidth(column, width); });
-    connect(header, &QHeaderView::sortIndicatorChanged, this, &ReceiptsTable::sortBy);
-}
-
-// What the user may resize, and what not. The list begins with the newest, whatever it was sorted by before.
-void ReceiptsTable::fixColumns() {
-    QHeaderView *const header = horizontalHeader();
-    header->setSectionsClickable(true);
-    header->setSortIndicatorClearable(true); // by the third click
-    header->setSortIndicator(-1, Qt::AscendingOrder);
-    header->setSectionResizeMode(QHeaderView::Interactive);
-    header->setSectionResizeMode(Model::summaryColumn, QHeaderView::Fixed);
-    for (const auto &[column, width] :
-         {std::pair{Model::statusColumn, statusWidth}, std::pair{Model::photosColumn, photosWidth},
-          std::pair{Model::actionsColumn, actionsWidth}}) {
-        header->setSectionResizeMode(column, QHeaderView::Fixed);
-        header->resizeSection(column, width);
-    }
-}
-
-void ReceiptsTable::takeChosenWidth(int column, int width) {
-    if (isFitting_) {
-        return;
-    }
-    for (const auto &[resizable, minimum, ideal] : resizableColumns) {
-        if (resizable == column) {
-            chosenWidths_[column] = std::max(width, minimum);
-        }
-    }
-    fitColumns();
-}
-
-// Columns whose width the user has chosen keep it; then a narrow window scrolls.
-void ReceiptsTable::fitColumns() {
-    int ideal = 0;
-    int least = 0;
-    for (const ColumnWidth &column : resizableColumns) {
-        ideal += chosenWidths_.value(column.column, column.ideal);
-        least += chosenWidths_.value(column.column, column.minimum);
-    }
-    const int room = viewport()->width() - fixedWidth;
-    const int missing = std::clamp(ideal + summaryMinimum - room, 0, ideal - least);
-    int used = 0;
-    isFitting_ = true;
-    for (const ColumnWidth &column : resizableColumns) {
-        int width = chosenWidths_.value(column.column, column.ideal);
-        if (missing > 0 && !chosenWidths_.contains(column.column)) {
-            const int all = ideal - least;
-            width -= ((column.ideal - column.minimum) * missing + all - 1) / all;
-        }
-        horizontalHeader()->resizeSection(column.column, width);
-        used += width;
-    }
-    horizontalHeader()->resizeSection(Model::summaryColumn, std::max(summaryMinimum, room - used));
-    isFitting_ = false;
 }
 
 void ReceiptsTable::setPhotosExportOn(bool isOn) {
@@ -321,36 +245,17 @@ void ReceiptsTable::selectNearest(int row) {
     }
 }
 
-// With the ideal width of a column that only gives way at the moment.
 QByteArray ReceiptsTable::columnState() {
-    isFitting_ = true;
-    for (const ColumnWidth &column : resizableColumns) {
-        horizontalHeader()->resizeSection(column.column, chosenWidths_.value(column.column, column.ideal));
-    }
-    const QByteArray state = horizontalHeader()->saveState();
-    isFitting_ = false;
-    fitColumns();
-    return state;
+    return columns_->state();
 }
 
-// What was stored may come from another version, or from another hand.
 void ReceiptsTable::restoreColumnState(const QByteArray &state) {
-    isFitting_ = true;
-    horizontalHeader()->restoreState(state);
-    fixColumns();
-    for (const ColumnWidth &column : resizableColumns) {
-        const int width = horizontalHeader()->sectionSize(column.column);
-        if (width != column.ideal) {
-            chosenWidths_[column.column] = std::max(width, column.minimum);
-        }
-    }
-    isFitting_ = false;
-    fitColumns();
+    columns_->restore(state);
 }
 
 void ReceiptsTable::resizeEvent(QResizeEvent *event) {
     QTableView::resizeEvent(event);
-    fitColumns();
+    columns_->fitInto(viewport()->width());
     scheduleRowActions();
 }
 

@@ -3,7 +3,6 @@
 #include "model/receipt_store.h"
 
 #include <QElapsedTimer>
-#include <QMap>
 #include <QPersistentModelIndex>
 #include <QTableView>
 #include <QTimer>
@@ -16,6 +15,7 @@ namespace fennick {
 class PossibleDuplicates;
 
 class FoundReceipts;
+class ReceiptColumns;
 class ReceiptQuery;
 class ReceiptsTableModel;
 class RowActions;
@@ -88,10 +88,7 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
-    void layOutColumns();
-    void fixColumns();
-    void takeChosenWidth(int column, int width);
-    void fitColumns();
+    void setUpAppearance();
     void scheduleRowActions();
     void showRowActions();
     void sortBy(int column, Qt::SortOrder order);
@@ -108,9 +105,8 @@ private:
     QString typed_; // to search for with keyboardSearch()
     QElapsedTimer sinceTyped_;
     QList<QPersistentModelIndex> placesWithActions_;
-    QTimer rowActionsUpdate_;     // gathers many changes into one look at the visible rows
-    QMap<int, int> chosenWidths_; // by the user, of columns
-    bool isFitting_ = false;
+    QTimer rowActionsUpdate_;           // gathers many changes into one look at the visible rows
+    ReceiptColumns *columns_ = nullptr; // made once the head has its columns
     bool isPhotosExportOn_ = false;
 };
 

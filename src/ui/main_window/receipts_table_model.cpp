@@ -8,6 +8,8 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
+
 namespace fennick {
 
 using namespace Qt::StringLiterals;
@@ -193,7 +195,7 @@ void ReceiptsTableModel::beginChange(const ReceiptsChange &change) {
     const int to = static_cast<int>(change.to);
     switch (change.kind) {
     case ReceiptsChange::Kind::inserted:
-        beginInsertRows({}, from, from);
+        beginInsertRows({}, from, to);
         break;
     case ReceiptsChange::Kind::moved:
         // Qt counts the destination as the row before which the moved one lands.
@@ -239,6 +241,13 @@ void ReceiptsTableModel::refreshDuplicates(const QSet<QString> &ids) {
     }
 }
 
+// They cannot be copied, and so not be inserted several at a time.
+void ReceiptsTableModel::makeRoomForSearchables(qsizetype first, qsizetype count) {
+    const auto oldSize = static_cast<qsizetype>(searchables_.size());
+    searchables_.resize(oldSize + count);
+    std::rotate(searchables_.begin() + first, searchables_.begin() + oldSize, searchables_.end());
+}
+
 void ReceiptsTableModel::followWithSearchables(const ReceiptsChange &change) {
     if (searchables_.empty()) {
         return;
@@ -246,7 +255,7 @@ void ReceiptsTableModel::followWithSearchables(const ReceiptsChange &change) {
     const auto begin = searchables_.begin();
     switch (change.kind) {
     case ReceiptsChange::Kind::inserted:
-        searchables_.insert(begin + change.to, nullptr);
+        makeRoomForSearchables(change.from, change.to - change.from + 1);
         return;
     case ReceiptsChange::Kind::removed:
         searchables_.erase(begin + change.from, begin + change.to + 1);

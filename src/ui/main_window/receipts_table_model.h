@@ -54,6 +54,7 @@ private:
     void refreshDuplicates(const QSet<QString> &ids);
     void beginChange(const ReceiptsChange &change);
     void endChange(const ReceiptsChange &change);
+    void makeRoomForSearchables(qsizetype first, qsizetype count);
     void followWithSearchables(const ReceiptsChange &change);
 
     const ReceiptStore *store_;

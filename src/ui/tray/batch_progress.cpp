@@ -25,23 +25,40 @@ void BatchProgress::follow(const ReceiptsChange &change) {
         underWay_.clear();
     } else if (change.kind == ReceiptsChange::Kind::removed) {
         underWay_.removeIf([this](const QString &id) { return !store_->hasReceipt(id); });
-    } else {
-        const Receipt &receipt = store_->receipts().at(change.to);
-        if (receipt.status == ReceiptStatus::processing) {
-            underWay_.insert(receipt.id);
-            failed_.remove(receipt.id);
-        } else if (!underWay_.remove(receipt.id)) {
-            return; // a change after its scan
-        } else if (receipt.status == ReceiptStatus::done) {
-            ++scanned_;
-            scannedReceipts_.removeOne(receipt.id);
-            scannedReceipts_.append(receipt.id);
-        } else {
-            failed_.insert(receipt.id);
-        }
+    } else if (!followScans(change)) {
+        return; // changes after a scan
     }
     waitForQuiet();
     Q_EMIT changed();
+}
+
+// Whether one of the receipts begins or ends its scan.
+bool BatchProgress::followScans(const ReceiptsChange &change) {
+    const bool isInsertion = change.kind == ReceiptsChange::Kind::inserted;
+    bool isScan = false;
+    for (qsizetype row = isInsertion ? change.from : change.to; row <= change.to; ++row) {
+        isScan = followScan(store_->receipts().at(row)) || isScan;
+    }
+    return isScan;
+}
+
+bool BatchProgress::followScan(const Receipt &receipt) {
+    if (receipt.status == ReceiptStatus::processing) {
+        underWay_.insert(receipt.id);
+        failed_.remove(receipt.id);
+        return true;
+    }
+    if (!underWay_.remove(receipt.id)) {
+        return false;
+    }
+    if (receipt.status == ReceiptStatus::done) {
+        ++scanned_;
+        scannedReceipts_.removeOne(receipt.id);
+        scannedReceipts_.append(receipt.id);
+    } else {
+        failed_.insert(receipt.id);
+    }
+    return true;
 }
 
 void BatchProgress::setMoreToCome(bool isMoreToCome) {

@@ -35,6 +35,8 @@ Q_SIGNALS:
 
 private:
     void follow(const ReceiptsChange &change);
+    bool followScans(const ReceiptsChange &change);
+    bool followScan(const Receipt &receipt);
     void waitForQuiet();
     void end();
 

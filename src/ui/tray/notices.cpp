@@ -34,13 +34,27 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
     pause_.setInterval(shortestPause);
     connect(&pause_, &QTimer::timeout, this, &Notices::tell);
     connect(&notifier_, &Notifier::activated, this, &Notices::activated);
-    connect(&notifier_, &Notifier::actionChosen, this, [this] {
-        if (shownFile_.isEmpty()) {
-            Q_EMIT retryRequested();
+    connect(&notifier_, &Notifier::buttonClicked, this, &Notices::handleButton);
+}
+
+void Notices::handleButton(int number) {
+    switch (shownOffer_) {
+    case Offer::none:
+        return;
+    case Offer::showFile:
+        Q_EMIT showFileRequested(shownPath_);
+        return;
+    case Offer::retry:
+        Q_EMIT retryRequested();
+        return;
+    case Offer::archive:
+        if (number == 0) {
+            Q_EMIT undoArchiveRequested();
         } else {
-            Q_EMIT showFileRequested(shownFile_);
+            Q_EMIT openFolderRequested(shownPath_);
         }
-    });
+        return;
+    }
 }
 
 QString Notices::batchText(int scanned, int failed, int repeats) {
@@ -91,6 +105,19 @@ void Notices::tellNotSaved(const QString &path, const QString &reason) {
     tellFailure(tr("Couldn't save %1: %2").arg(lastPathComponent(path), reason));
 }
 
+void Notices::tellArchived(int receipts, const QString &folder) {
+    archived_ = receipts;
+    archiveFolder_ = folder;
+    tellWhenAllowed();
+}
+
+void Notices::withdrawArchive() {
+    archived_ = 0;
+    if (std::exchange(isArchiveShown_, false)) {
+        notifier_.close();
+    }
+}
+
 void Notices::tellInTray() {
     isInTray_ = true;
     tellWhenAllowed();
@@ -118,6 +145,10 @@ QStringList Notices::takeMessages() {
         //: %1 is a file's name.
         messages.append(tr("Saved %1").arg(displayText(lastPathComponent(savedFile_))));
     }
+    if (archived_ > 0) {
+        messages.append(archived_ == 1 ? tr("1 receipt archived")
+                                       : tr("%n receipts archived", nullptr, archived_));
+    }
     if (!missingFolder_.isEmpty()) {
         messages.append(tr("The watched folder is missing: %1").arg(displayText(missingFolder_)));
     }
@@ -128,6 +159,27 @@ QStringList Notices::takeMessages() {
         messages.append(offerText(retries_));
     }
     return messages;
+}
+
+// The buttons of one matter, for a notice shows few.
+QStringList Notices::takeOffer() {
+    const QString file = std::exchange(savedFile_, {});
+    const bool isArchived = std::exchange(archived_, 0) > 0;
+    const bool isRetryOffered = std::exchange(retries_, 0) > 0;
+    if (isArchived) {
+        shownOffer_ = Offer::archive;
+        shownPath_ = archiveFolder_;
+        //: Buttons: take the archive back, and show its folder in the desktop's file manager.
+        return {tr("Undo"), tr("Open Folder")};
+    }
+    if (!file.isEmpty()) {
+        shownOffer_ = Offer::showFile;
+        shownPath_ = file;
+        //: A button: shows the file that was saved in the desktop's file manager.
+        return {tr("Show")};
+    }
+    shownOffer_ = isRetryOffered ? Offer::retry : Offer::none;
+    return isRetryOffered ? QStringList{tr("Retry")} : QStringList();
 }
 
 void Notices::tellWhenAllowed() {
@@ -149,13 +201,10 @@ void Notices::tell() {
     if (batch.isEmpty() && messages.isEmpty()) {
         return;
     }
-    shownFile_ = std::exchange(savedFile_, {});
-    isMissingFolderShown_ =
-        !std::exchange(missingFolder_, {}).isEmpty() && batch.isEmpty() && messages.size() == 1;
-    const bool isRetryOffered = std::exchange(retries_, 0) > 0;
-    //: A button: shows the file that was saved in the desktop's file manager.
-    const QString button = !shownFile_.isEmpty() ? tr("Show") : (isRetryOffered ? tr("Retry") : QString());
-    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, messages.join(u'\n'), button);
+    const bool isAlone = batch.isEmpty() && messages.size() == 1;
+    isMissingFolderShown_ = !std::exchange(missingFolder_, {}).isEmpty() && isAlone;
+    isArchiveShown_ = archived_ > 0 && isAlone;
+    notifier_.show(batch.isEmpty() ? u"Fennick"_s : batch, messages.join(u'\n'), takeOffer());
     pause_.start();
 }
 

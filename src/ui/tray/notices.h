@@ -29,6 +29,10 @@ public:
     void tellSaved(const QString &path);
     void tellNotSaved(const QString &path, const QString &reason);
 
+    // With buttons that ask to undo the archive and to open its folder, until this is withdrawn.
+    void tellArchived(int receipts, const QString &folder);
+    void withdrawArchive();
+
     // That the window has gone into the tray, and nothing has ended.
     void tellInTray();
 
@@ -48,8 +52,14 @@ Q_SIGNALS:
     // The user takes the offer to retry.
     void retryRequested();
 
+    // The user takes one of the offers after an archive.
+    void undoArchiveRequested();
+    void openFolderRequested(const QString &folder);
+
 private:
+    void handleButton(int number);
     QStringList takeMessages();
+    QStringList takeOffer();
     void tellWhenAllowed();
     void tell();
 
@@ -64,7 +74,12 @@ private:
     QString savedFile_;
     QString missingFolder_;
     bool isInTray_ = false;
-    QString shownFile_;                 // of the notice that was shown last
+    int archived_ = 0;
+    QString archiveFolder_;
+    enum class Offer { none, showFile, retry, archive };
+    Offer shownOffer_ = Offer::none;    // of the notice that was shown last
+    QString shownPath_;                 // the file or the folder of that notice
+    bool isArchiveShown_ = false;       // by that notice, alone
     bool isMissingFolderShown_ = false; // by that notice, alone
 };
 

@@ -8,8 +8,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+AmountScores amountScoresOf(const Reading &reading) {
+    return amountScores(amountsOf(reading));
+}
+
 std::optional<FoundAmount> amountIn(const QList<Reading> &readings) {
-    return readAmount(factOfEach(readings, &amountsOf));
+    return readAmount(factOfEach(readings, &amountScoresOf));
 }
 
 } // namespace

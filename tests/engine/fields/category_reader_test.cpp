@@ -52,14 +52,13 @@ private Q_SLOTS:
     void takesAMealWithoutTimeForLunch() {
         QCOMPARE(readCategory(linesOf({u"Trattoria Blu"_s, u"Pasta 12.00"_s}), std::nullopt, std::nullopt,
                               {u"it"_s}),
-                 QStringLiteral("lunch"));
+                 u"lunch"_s);
     }
 
     void trustsTheSellersNameMore() {
         const QList<TextLine> lines = linesOf({u"Harbour Hotel"_s, u"Soup"_s, u"Salad"_s});
-        QCOMPARE(readCategory(lines, QStringLiteral("Harbour Hotel"), QTime(13, 0), {}),
-                 QStringLiteral("hotel"));
-        QCOMPARE(readCategory(lines, std::nullopt, QTime(13, 0), {}), QStringLiteral("lunch"));
+        QCOMPARE(readCategory(lines, u"Harbour Hotel"_s, QTime(13, 0), {}), u"hotel"_s);
+        QCOMPARE(readCategory(lines, std::nullopt, QTime(13, 0), {}), u"lunch"_s);
     }
 
     void judgesByWordsOfTheLanguageOnly() {

@@ -32,7 +32,7 @@ private Q_SLOTS:
         QTest::newRow("ringgit in brackets") << u"Total (RM) 5.00"_s << u"MYR"_s;
         QTest::newRow("rupee") << u"Total ₹500"_s << u"INR"_s;
         for (const char *code : {"USD", "EUR", "GBP", "JPY", "CAD", "AUD", "CHF", "MYR", "SEK", "INR"})
-            QTest::newRow(code) << QStringLiteral("TOTAL %1 12.00").arg(QLatin1StringView(code))
+            QTest::newRow(code) << u"TOTAL %1 12.00"_s.arg(QLatin1StringView(code))
                                 << QString(QLatin1StringView(code));
     }
     void readsSymbolsAndCodes() {

@@ -10,7 +10,7 @@ namespace {
 
 const QDate today(2025, 6, 15);
 
-std::optional<QDate> dateIn(const QStringList &lines, DateOrder order = DateOrder::DayFirst) {
+std::optional<QDate> dateIn(const QStringList &lines, DateOrder order = DateOrder::dayFirst) {
     const std::optional<FoundDate> found =
         readDate({linesOf(lines)}, {.order = order, .languages = testLanguages}, today);
     return found ? std::optional(found->date) : std::nullopt;
@@ -61,22 +61,22 @@ private Q_SLOTS:
 
     void readsYearsInFront() {
         QCOMPARE(dateIn({u"2023.08.05. 14:32"_s}), std::optional(QDate(2023, 8, 5)));
-        const DateStyle korean{.order = DateOrder::YearFirst};
+        const DateStyle korean{.order = DateOrder::yearFirst};
         QCOMPARE(readDate({linesOf({u"23-08-05"_s})}, korean, today)->date, QDate(2023, 8, 5));
     }
 
     void weekdayProvesTheOrder() {
         // 3 April 2023 was a Monday, 4 March 2023 a Saturday.
-        QCOMPARE(printedOrder({linesOf({u"Mon 03/04/2023"_s})}, {.order = DateOrder::MonthFirst}),
-                 DateOrder::DayFirst);
-        QCOMPARE(printedOrder({linesOf({u"Sat 03/04/2023"_s})}, {}), DateOrder::MonthFirst);
+        QCOMPARE(printedOrder({linesOf({u"Mon 03/04/2023"_s})}, {.order = DateOrder::monthFirst}),
+                 DateOrder::dayFirst);
+        QCOMPARE(printedOrder({linesOf({u"Sat 03/04/2023"_s})}, {}), DateOrder::monthFirst);
         QCOMPARE(printedOrder({linesOf({u"lunes 03/04/2023"_s})},
-                              {.order = DateOrder::MonthFirst, .languages = {u"es"_s}}),
-                 DateOrder::DayFirst);
+                              {.order = DateOrder::monthFirst, .languages = {u"es"_s}}),
+                 DateOrder::dayFirst);
     }
 
     void takesTheOtherOrderForADayToCome() {
-        QCOMPARE(dateIn({today.addDays(-8).toString(u"MM/dd/yyyy"_s)}, DateOrder::DayFirst),
+        QCOMPARE(dateIn({today.addDays(-8).toString(u"MM/dd/yyyy"_s)}, DateOrder::dayFirst),
                  std::optional(today.addDays(-8)));
     }
 
@@ -104,7 +104,7 @@ private Q_SLOTS:
                                  "01 / 05 / 2024",
                                  "Date:01/05/2024"})
             QTest::newRow(text) << QString::fromUtf8(text);
-        QTest::newRow("East Asian") << QStringLiteral("2024年5月1日");
+        QTest::newRow("East Asian") << u"2024年5月1日"_s;
     }
     void readsEveryStyle() {
         QFETCH(QString, text);
@@ -119,7 +119,7 @@ private Q_SLOTS:
                                    u"September"_s, u"Oktober"_s, u"November"_s, u"Dezember"_s};
         for (qsizetype index = 0; index < names.size(); ++index) {
             QTest::newRow(qPrintable(names[index]))
-                << QStringLiteral("9. %1 2024").arg(names[index]) << static_cast<int>(index) + 1;
+                << u"9. %1 2024"_s.arg(names[index]) << static_cast<int>(index) + 1;
         }
     }
     void knowsGermanMonths() {
@@ -134,14 +134,14 @@ private Q_SLOTS:
     }
 
     void followsTheOrderWhereItIsOpen() {
-        QCOMPARE(dateIn({u"03/04/2024"_s}, DateOrder::DayFirst), std::optional(QDate(2024, 4, 3)));
-        QCOMPARE(dateIn({u"03/04/2024"_s}, DateOrder::MonthFirst), std::optional(QDate(2024, 3, 4)));
+        QCOMPARE(dateIn({u"03/04/2024"_s}, DateOrder::dayFirst), std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(dateIn({u"03/04/2024"_s}, DateOrder::monthFirst), std::optional(QDate(2024, 3, 4)));
     }
 
     void followsTheNumbersWhereTheyTell() {
-        QCOMPARE(dateIn({u"13/05/2024"_s}, DateOrder::MonthFirst), std::optional(QDate(2024, 5, 13)));
-        QCOMPARE(dateIn({u"05/13/2024"_s}, DateOrder::DayFirst), std::optional(QDate(2024, 5, 13)));
-        QCOMPARE(dateIn({u"03.04.2024"_s}, DateOrder::MonthFirst), std::optional(QDate(2024, 4, 3)));
+        QCOMPARE(dateIn({u"13/05/2024"_s}, DateOrder::monthFirst), std::optional(QDate(2024, 5, 13)));
+        QCOMPARE(dateIn({u"05/13/2024"_s}, DateOrder::dayFirst), std::optional(QDate(2024, 5, 13)));
+        QCOMPARE(dateIn({u"03.04.2024"_s}, DateOrder::monthFirst), std::optional(QDate(2024, 4, 3)));
     }
 
     void rejectsWhatIsNoDay_data() {
@@ -194,9 +194,9 @@ private Q_SLOTS:
                                      u"septiembre"_s, u"octubre"_s, u"noviembre"_s, u"diciembre"_s};
         for (qsizetype index = 0; index < french.size(); ++index) {
             QTest::newRow(qPrintable(french[index]))
-                << QStringLiteral("9 %1 2024").arg(french[index]) << static_cast<int>(index) + 1;
+                << u"9 %1 2024"_s.arg(french[index]) << static_cast<int>(index) + 1;
             QTest::newRow(qPrintable(spanish[index]))
-                << QStringLiteral("9 de %1 de 2024").arg(spanish[index]) << static_cast<int>(index) + 1;
+                << u"9 de %1 de 2024"_s.arg(spanish[index]) << static_cast<int>(index) + 1;
         }
     }
     void knowsFrenchAndSpanishMonths() { knowsGermanMonths(); }
@@ -221,13 +221,13 @@ private Q_SLOTS:
 
     void learnsTheOrderFromOtherDates() {
         QCOMPARE(
-            printedOrder({linesOf({u"25/03/2024"_s, u"04/05/2024"_s})}, {.order = DateOrder::MonthFirst}),
-            DateOrder::DayFirst);
-        QCOMPARE(printedOrder({linesOf({u"03/25/2024"_s, u"04/05/2024"_s})}, {.order = DateOrder::DayFirst}),
-                 DateOrder::MonthFirst);
-        QCOMPARE(printedOrder({linesOf({u"04/05/2024"_s})}, {.order = DateOrder::MonthFirst}),
-                 DateOrder::MonthFirst);
-        QCOMPARE(printedOrder({}, {.order = DateOrder::DayFirst}), DateOrder::DayFirst);
+            printedOrder({linesOf({u"25/03/2024"_s, u"04/05/2024"_s})}, {.order = DateOrder::monthFirst}),
+            DateOrder::dayFirst);
+        QCOMPARE(printedOrder({linesOf({u"03/25/2024"_s, u"04/05/2024"_s})}, {.order = DateOrder::dayFirst}),
+                 DateOrder::monthFirst);
+        QCOMPARE(printedOrder({linesOf({u"04/05/2024"_s})}, {.order = DateOrder::monthFirst}),
+                 DateOrder::monthFirst);
+        QCOMPARE(printedOrder({}, {.order = DateOrder::dayFirst}), DateOrder::dayFirst);
     }
 
     void tellsTheLine() {

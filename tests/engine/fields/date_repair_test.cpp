@@ -27,7 +27,7 @@ private Q_SLOTS:
     }
 
     void readsTheMonthFirstWhereItStandsSo() {
-        const QList<PrintedDate> dates = garbledDates(u"10/2612019"_s, {.order = DateOrder::MonthFirst});
+        const QList<PrintedDate> dates = garbledDates(u"10/2612019"_s, {.order = DateOrder::monthFirst});
         QVERIFY(!dates.isEmpty());
         QCOMPARE(dates.first().date, QDate(2019, 10, 26));
     }

@@ -14,21 +14,21 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("lines");
         QTest::addColumn<qint64>("thousandths");
         QTest::addColumn<AmountRole>("role");
-        QTest::newRow("one line") << QStringList{u"Total  12.50"_s} << qint64{12500} << AmountRole::Total;
+        QTest::newRow("one line") << QStringList{u"Total  12.50"_s} << qint64{12500} << AmountRole::total;
         QTest::newRow("line above") << QStringList{u"TOTAL"_s, u"12.50"_s} << qint64{12500}
-                                    << AmountRole::Total;
+                                    << AmountRole::total;
         QTest::newRow("currency between")
-            << QStringList{u"Total RM 12.50"_s} << qint64{12500} << AmountRole::Total;
+            << QStringList{u"Total RM 12.50"_s} << qint64{12500} << AmountRole::total;
         QTest::newRow("second column")
-            << QStringList{u"Saving 1.00  TOTAL 12.50"_s} << qint64{12500} << AmountRole::Total;
+            << QStringList{u"Saving 1.00  TOTAL 12.50"_s} << qint64{12500} << AmountRole::total;
         QTest::newRow("negative cash")
-            << QStringList{u"Cash -50.00"_s} << qint64{50000} << AmountRole::Tendered;
+            << QStringList{u"Cash -50.00"_s} << qint64{50000} << AmountRole::tendered;
         QTest::newRow("minus behind")
-            << QStringList{u"Rounding 0.02-"_s} << qint64{20} << AmountRole::Rounding;
-        QTest::newRow("item") << QStringList{u"Green tea 2.50"_s} << qint64{2500} << AmountRole::Unnamed;
+            << QStringList{u"Rounding 0.02-"_s} << qint64{20} << AmountRole::rounding;
+        QTest::newRow("item") << QStringList{u"Green tea 2.50"_s} << qint64{2500} << AmountRole::unnamed;
         QTest::newRow("continental") << QStringList{u"Summe 1.234,56"_s} << qint64{1234560}
-                                     << AmountRole::Total;
-        QTest::newRow("whole") << QStringList{u"Total ¥2,980"_s} << qint64{2980000} << AmountRole::Total;
+                                     << AmountRole::total;
+        QTest::newRow("whole") << QStringList{u"Total ¥2,980"_s} << qint64{2980000} << AmountRole::total;
     }
     void pairsLabelAndAmount() {
         QFETCH(QStringList, lines);

@@ -98,7 +98,7 @@ private Q_SLOTS:
     void passesOverWhatWasHardlyRecognised() {
         QList<TextLine> lines = linesOf({u"Oe ww AOSD"_s, u"Corner Shop"_s});
         lines[0].confidence = 0.2;
-        QCOMPARE(merchantIn({lines}), std::optional(QStringLiteral("Corner Shop")));
+        QCOMPARE(merchantIn({lines}), std::optional(u"Corner Shop"_s));
     }
 
     void findsNoneInItemsAndNumbers() {

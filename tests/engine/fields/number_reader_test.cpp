@@ -91,7 +91,7 @@ private Q_SLOTS:
     }
 
     void tellsDecimalsAndCurrency() {
-        const QList<PrintedNumber> numbers = printedNumbers(QStringLiteral("3 tickets  CHF 12.50"));
+        const QList<PrintedNumber> numbers = printedNumbers(u"3 tickets  CHF 12.50"_s);
         QCOMPARE(numbers.size(), 2);
         QVERIFY(!numbers[0].hasDecimals);
         QVERIFY(!numbers[0].hasCurrency);
@@ -102,7 +102,7 @@ private Q_SLOTS:
     }
 
     void keepsQuantityAndPriceApart() {
-        const QList<PrintedNumber> numbers = printedNumbers(QStringLiteral("2 100.00"));
+        const QList<PrintedNumber> numbers = printedNumbers(u"2 100.00"_s);
         QCOMPARE(numbers.last().value, 100.0);
     }
 };

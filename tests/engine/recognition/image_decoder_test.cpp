@@ -122,7 +122,7 @@ private Q_SLOTS:
     void refusesBombs() {
         const std::expected<QImage, ReadError> picture = decodedImage(pngClaiming(60'000));
         QVERIFY(!picture);
-        QCOMPARE(picture.error(), ReadError::ImageTooLarge);
+        QCOMPARE(picture.error(), ReadError::imageTooLarge);
     }
 
     void refusesWhatIsNoPicture_data() {
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         const std::expected<QImage, ReadError> picture = decodedImage(bytes);
         QVERIFY(!picture);
-        QCOMPARE(picture.error(), ReadError::UnreadableImage);
+        QCOMPARE(picture.error(), ReadError::unreadableImage);
     }
 };
 

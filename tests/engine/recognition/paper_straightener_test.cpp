@@ -89,13 +89,13 @@ private Q_SLOTS:
 
     void keepsThePictureInEveryKindOfStrokes() {
         for (const Strokes strokes :
-             {Strokes::AsPrinted, Strokes::Darkened, Strokes::Smoothed, Strokes::Thickened}) {
+             {Strokes::asPrinted, Strokes::darkened, Strokes::smoothed, Strokes::thickened}) {
             const GreyPicture picture = withStrokes(greyPicture(drawnPage(rows_, 30)), strokes);
             QVERIFY(picture != nullptr);
             QCOMPARE(pixGetDepth(picture.get()), 8);
             QVERIFY(greyAt(picture, 3, 3) > 240);
         }
-        QVERIFY(withStrokes(nullptr, Strokes::Darkened) == nullptr);
+        QVERIFY(withStrokes(nullptr, Strokes::darkened) == nullptr);
         QVERIFY(onEvenPaper(nullptr) == nullptr);
         QVERIFY(straightened(nullptr).picture == nullptr);
     }

@@ -144,7 +144,7 @@ private Q_SLOTS:
     void refusesWhatNeedsAPassword() {
         const auto pages = readPdf(locked(pdfWith({someText}), "secret"), pageLimit);
         QVERIFY(!pages);
-        QCOMPARE(pages.error(), ReadError::LockedPdf);
+        QCOMPARE(pages.error(), ReadError::lockedPdf);
     }
 
     void refusesADocumentWithoutPages() {
@@ -152,7 +152,7 @@ private Q_SLOTS:
         empty.emptyPDF();
         const auto pages = readPdf(written(empty), pageLimit);
         QVERIFY(!pages);
-        QCOMPARE(pages.error(), ReadError::EmptyPdf);
+        QCOMPARE(pages.error(), ReadError::emptyPdf);
     }
 
     void refusesATreeOfPagesThatLoops() {
@@ -173,7 +173,7 @@ private Q_SLOTS:
                          "5 0 obj\n<</Length 21>>\nstream\n99 0 0 99 0 0 cm /I Do\nendstream\nendobj"),
             pageLimit);
         QVERIFY(!pages);
-        QCOMPARE(pages.error(), ReadError::ImageTooLarge);
+        QCOMPARE(pages.error(), ReadError::imageTooLarge);
     }
 
     void drawsAGiantPageSmall() {
@@ -198,7 +198,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         const auto pages = readPdf(bytes, pageLimit);
         QVERIFY(!pages);
-        QCOMPARE(pages.error(), ReadError::UnreadablePdf);
+        QCOMPARE(pages.error(), ReadError::unreadablePdf);
     }
 
     void survivesEveryCut() {

@@ -53,6 +53,13 @@ private Q_SLOTS:
                                    << 400;
         QTest::newRow("no colon") << QByteArray("GET / HTTP/1.1\r\nHost: x\r\nAccept") << 400;
         QTest::newRow("no name") << QByteArray("GET / HTTP/1.1\r\nHost: x\r\n: x") << 400;
+        QTest::newRow("blank before the colon")
+            << QByteArray("POST / HTTP/1.1\r\nHost: x\r\nContent-Length : 5") << 400;
+        QTest::newRow("folded line") << QByteArray(
+                                            "POST / HTTP/1.1\r\nHost: x\r\nAccept: x\r\n Content-Length: 5")
+                                     << 400;
+        QTest::newRow("carriage return in a value")
+            << QByteArray("POST / HTTP/1.1\r\nHost: x\rContent-Length: 5") << 400;
         QTest::newRow("negative length")
             << QByteArray("POST / HTTP/1.1\r\nHost: x\r\nContent-Length: -1") << 400;
         QTest::newRow("signed length")

@@ -4,7 +4,9 @@
 #include "support/conditions.h"
 #include "support/test_program.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QNetworkInterface>
@@ -29,6 +31,15 @@ QJsonObject fieldsOf(const HttpAnswer &answer) {
     const QJsonObject part =
         candidate.value("content"_L1).toObject().value("parts"_L1).toArray().at(0).toObject();
     return QJsonDocument::fromJson(part.value("text"_L1).toString().toUtf8()).object();
+}
+
+// Small, so that it is looked at in time on any machine.
+QByteArray blankPage() {
+    QImage page(600, 800, QImage::Format_Grayscale8);
+    page.fill(Qt::white);
+    QBuffer file;
+    page.save(&file, "PNG");
+    return file.data();
 }
 
 struct Ended {
@@ -81,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(fennick::test::waitUntil([&] {
             answer = engine_->answerTo("POST", engine_->generatePath(), requestForSample(file));
             return answer.body.value("error"_L1).toObject().value("message"_L1).toString() !=
-                   readErrorText(ReadError::TookTooMuch);
+                   readErrorText(ReadError::tookTooMuch);
         }));
         QCOMPARE(answer.status, 200);
         QCOMPARE(answer.body.value("modelVersion"_L1).toString(), u"gemini-2.5-flash"_s);
@@ -118,12 +129,8 @@ private Q_SLOTS:
     }
 
     void saysInWordsThatAPageIsNoReceipt() {
-        HttpAnswer answer;
-        QVERIFY(fennick::test::waitUntil([&] {
-            answer = engine_->answerTo("POST", engine_->generatePath(), requestForSample(u"scan0004.png"_s));
-            return answer.body.value("error"_L1).toObject().value("message"_L1).toString() !=
-                   readErrorText(ReadError::TookTooMuch);
-        }));
+        const HttpAnswer answer =
+            engine_->answerTo("POST", engine_->generatePath(), requestFor(blankPage(), u"image/png"_s));
         QCOMPARE(answer.status, 400);
         QCOMPARE(answer.body.value("error"_L1).toObject().value("message"_L1).toString(),
                  u"No receipt was found on the page."_s);

@@ -44,7 +44,7 @@ private Q_SLOTS:
         // A busy machine may leave too little time for recognition: then it is tried again.
         QVERIFY(fennick::test::waitUntil([&] {
             fields = readReceiptFile(sampleBytes(file), QDate::currentDate());
-            return fields || fields.error() != ReadError::TookTooMuch;
+            return fields || fields.error() != ReadError::tookTooMuch;
         }));
         QVERIFY(fields);
         const QJsonObject answer = generateAnswer(*fields, u"m"_s);
@@ -70,10 +70,10 @@ private Q_SLOTS:
             std::expected<ReceiptFields, ReadError> fields;
             QVERIFY(fennick::test::waitUntil([&] {
                 fields = readReceiptFile(sampleBytes(sample.file), QDate::currentDate());
-                return fields || fields.error() != ReadError::TookTooMuch;
+                return fields || fields.error() != ReadError::tookTooMuch;
             }));
             QVERIFY(!fields);
-            QCOMPARE(fields.error(), ReadError::NoReceipt);
+            QCOMPARE(fields.error(), ReadError::noReceipt);
         }
         QVERIFY(others > 0);
     }

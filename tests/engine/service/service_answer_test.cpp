@@ -105,12 +105,12 @@ private Q_SLOTS:
     }
 
     void blamesTheDocumentForAllButTheRecogniser() {
-        for (const ReadError error : {ReadError::UnreadableImage, ReadError::ImageTooLarge,
-                                      ReadError::UnreadablePdf, ReadError::LockedPdf, ReadError::EmptyPdf}) {
+        for (const ReadError error : {ReadError::unreadableImage, ReadError::imageTooLarge,
+                                      ReadError::unreadablePdf, ReadError::lockedPdf, ReadError::emptyPdf}) {
             QCOMPARE(serviceError(error).code, 400);
             QVERIFY(!serviceError(error).message.isEmpty());
         }
-        QCOMPARE(serviceError(ReadError::RecogniserMissing).code, 500);
+        QCOMPARE(serviceError(ReadError::recogniserMissing).code, 500);
     }
 };
 

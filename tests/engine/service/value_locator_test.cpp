@@ -104,10 +104,10 @@ private Q_SLOTS:
     }
 
     void documentThatCannotBeReadIsAnError() {
-        QCOMPARE(locateValues("no picture", {}).error(), ReadError::UnreadableImage);
+        QCOMPARE(locateValues("no picture", {}).error(), ReadError::unreadableImage);
         std::stop_source stop;
         stop.request_stop();
-        QCOMPARE(locateValues(sampleBytes(sample), {}, stop.get_token()).error(), ReadError::Abandoned);
+        QCOMPARE(locateValues(sampleBytes(sample), {}, stop.get_token()).error(), ReadError::abandoned);
     }
 };
 

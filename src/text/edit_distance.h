@@ -2,7 +2,7 @@
 
 #include <QStringView>
 
-namespace fennick::engine {
+namespace fennick {
 
 // How many letters must be replaced, added or left out to turn `left` into `right`.
 int editDistance(QStringView left, QStringView right);
@@ -10,4 +10,4 @@ int editDistance(QStringView left, QStringView right);
 // 1 - editDistance() / the longer one's length: 1 = the same, 0 = nothing in common.
 double similarity(QStringView left, QStringView right);
 
-} // namespace fennick::engine
+} // namespace fennick

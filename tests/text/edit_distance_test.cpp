@@ -1,8 +1,7 @@
-#include "engine/fields/edit_distance.h"
 #include "support/test_program.h"
+#include "text/edit_distance.h"
 
 using namespace fennick;
-using namespace fennick::engine;
 
 class EditDistanceTest : public QObject {
     Q_OBJECT
@@ -17,7 +16,7 @@ private Q_SLOTS:
         QCOMPARE(editDistance(u"kitten", u"sitting"), 3);
     }
 
-    void tellsLikeness() {
+    void measuresLikeness() {
         QCOMPARE(similarity(u"", u""), 1.0);
         QCOMPARE(similarity(u"abcd", u"abcd"), 1.0);
         QCOMPARE(similarity(u"abcd", u"abcx"), 0.75);

@@ -1,10 +1,10 @@
-#include "engine/fields/edit_distance.h"
+#include "text/edit_distance.h"
 
 #include <QList>
 
 #include <algorithm>
 
-namespace fennick::engine {
+namespace fennick {
 
 int editDistance(QStringView left, QStringView right) {
     QList<int> above(right.size() + 1);
@@ -30,4 +30,4 @@ double similarity(QStringView left, QStringView right) {
     return 1 - static_cast<double>(editDistance(left, right)) / static_cast<double>(longer);
 }
 
-} // namespace fennick::engine
+} // namespace fennick
