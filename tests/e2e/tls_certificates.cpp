@@ -88,7 +88,8 @@ QSslConfiguration TlsCertificates::signedFor(const QString &alternativeName, int
 void trustOnly(const QString &trustedFolder) {
     qputenv("FENNICK_TEST_AUTHORITIES", QFile::encodeName(trustedFolder));
     qputenv("LD_PRELOAD", OWN_AUTHORITIES);
-    qputenv("ASAN_OPTIONS", "verify_asan_link_order=0"); // which asks to be loaded before all else
+    // The sanitizer asks to be loaded before all else.
+    qputenv("ASAN_OPTIONS", qgetenv("ASAN_OPTIONS") + ":verify_asan_link_order=0");
 }
 
 } // namespace fennick::test
