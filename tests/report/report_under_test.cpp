@@ -98,7 +98,7 @@ QString MadeReport::textOf(int page) const {
 QByteArray MadeReport::complaints() const {
     const QString qpdf = QStandardPaths::findExecutable(u"qpdf"_s);
     if (qpdf.isEmpty()) {
-        return {};
+        return "qpdf is not installed";
     }
     QTemporaryFile file;
     file.open();

@@ -35,7 +35,7 @@ public:
     QImage shown(int page) const;
     QString textOf(int page) const;
 
-    // What `qpdf --check` says; nothing if all is well or qpdf is not installed.
+    // What `qpdf --check` prints; nothing if all is well.
     QByteArray complaints() const;
 
 private:
