@@ -51,7 +51,7 @@ std::optional<fennick::ReportDescription> readDescription() {
     return fennick::decodeDescription(json);
 }
 
-void tell(const fennick::ReportProgress &progress) {
+void printProgress(const fennick::ReportProgress &progress) {
     const QByteArray line = fennick::encodeProgress(progress);
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
     std::fflush(stdout);
@@ -59,7 +59,7 @@ void tell(const fennick::ReportProgress &progress) {
 
 bool makeReport(const fennick::ReportDescription &description, QFile &output) {
     fennick::ReportWriter writer(&description, &output);
-    return writer.write(tell) && output.flush();
+    return writer.write(printProgress) && output.flush();
 }
 
 } // namespace
@@ -86,7 +86,7 @@ int main(int argc, char **argv) {
     fennick::endWithStandardInput();
     try {
         const bool isWritten = makeReport(*description, output);
-        tell({.kind = isWritten ? Kind::complete : Kind::unwritten});
+        printProgress({.kind = isWritten ? Kind::complete : Kind::unwritten});
         return isWritten ? 0 : 1;
     } catch (const std::exception &) {
         return 1;

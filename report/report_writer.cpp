@@ -103,15 +103,15 @@ QList<ReceiptPageWriter::Row> ReportWriter::rowPlaces() const {
     return rows;
 }
 
-bool ReportWriter::write(const std::function<void(const ReportProgress &)> &tell) {
+bool ReportWriter::write(const std::function<void(const ReportProgress &)> &onProgress) {
     for (int receipt = 0; receipt < description_->rows.size() && !output_.hasFailed(); ++receipt) {
-        tell({.kind = ReportProgress::Kind::receipt, .receipt = receipt + 1});
+        onProgress({.kind = ReportProgress::Kind::receipt, .receipt = receipt + 1});
         writeReceipt(receipt);
     }
     if (output_.hasFailed()) {
         return false;
     }
-    tell({.kind = ReportProgress::Kind::finishing});
+    onProgress({.kind = ReportProgress::Kind::finishing});
     writeFailures();
     receiptPages_.finish();
     writeTable();

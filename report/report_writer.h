@@ -23,9 +23,9 @@ public:
     // Borrows both.
     ReportWriter(const ReportDescription *description, QIODevice *device);
 
-    // Returns whether the report could be written. `tell` is called before each receipt is opened, and when
-    // the last one is in the report.
-    [[nodiscard]] bool write(const std::function<void(const ReportProgress &)> &tell);
+    // Returns whether the report could be written. `onProgress` is called before each receipt is opened, and
+    // when the last one is in the report.
+    [[nodiscard]] bool write(const std::function<void(const ReportProgress &)> &onProgress);
 
 private:
     struct Failure {

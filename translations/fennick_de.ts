@@ -661,6 +661,11 @@
         <extracomment>Follows: the name of another receipt&apos;s file, as a link.</extracomment>
         <translation>Mögliches Duplikat von</translation>
     </message>
+    <message>
+        <source>%1 (archived)</source>
+        <extracomment>%1 is the name of a file.</extracomment>
+        <translation>%1 (archiviert)</translation>
+    </message>
 </context>
 <context>
     <name>fennick::DroppedFiles</name>
@@ -896,6 +901,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
         <source>Restore Ignored Files…</source>
         <translation>Ignorierte Dateien wiederherstellen&#xa0;…</translation>
     </message>
+    <message>
+        <source>Summary…</source>
+        <translation>Übersicht&#xa0;…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -922,6 +931,10 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>&amp;Edit</source>
         <translation>B&amp;earbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
     </message>
 </context>
 <context>
@@ -1430,6 +1443,61 @@ Jeder Beleg wird gescannt, umbenannt und für Workday Mobile zu Fotos hinzugefü
     <message>
         <source>Archive Here</source>
         <translation>Hier archivieren</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SpendingModel</name>
+    <message>
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>No date</source>
+        <extracomment>Instead of a month, for receipts whose date is not known.</extracomment>
+        <translation>Ohne Datum</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SummaryWindow</name>
+    <message>
+        <source>Include archives</source>
+        <translation>Archive einbeziehen</translation>
+    </message>
+    <message>
+        <source>No receipt has an amount yet.</source>
+        <translation>Noch hat kein Beleg einen Betrag.</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Übersicht</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Spending by month and category</source>
+        <translation>Ausgaben nach Monat und Kategorie</translation>
+    </message>
+    <message>
+        <source>Without currency</source>
+        <translation>Ohne Währung</translation>
     </message>
 </context>
 <context>

@@ -661,6 +661,11 @@
         <extracomment>Follows: the name of another receipt&apos;s file, as a link.</extracomment>
         <translation>Doublon possible de</translation>
     </message>
+    <message>
+        <source>%1 (archived)</source>
+        <extracomment>%1 is the name of a file.</extracomment>
+        <translation>%1 (archivé)</translation>
+    </message>
 </context>
 <context>
     <name>fennick::DroppedFiles</name>
@@ -896,6 +901,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
         <source>Restore Ignored Files…</source>
         <translation>Restaurer les fichiers ignorés…</translation>
     </message>
+    <message>
+        <source>Summary…</source>
+        <translation>Synthèse…</translation>
+    </message>
 </context>
 <context>
     <name>fennick::MainWindow</name>
@@ -922,6 +931,10 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>&amp;Edit</source>
         <translation>É&amp;dition</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Affichage</translation>
     </message>
 </context>
 <context>
@@ -1430,6 +1443,61 @@ Chaque reçu est numérisé, renommé et ajouté à Photos pour Workday mobile.<
     <message>
         <source>Archive Here</source>
         <translation>Archiver ici</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SpendingModel</name>
+    <message>
+        <source>Month</source>
+        <translation>Mois</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tous</translation>
+    </message>
+    <message>
+        <source>No date</source>
+        <extracomment>Instead of a month, for receipts whose date is not known.</extracomment>
+        <translation>Sans date</translation>
+    </message>
+</context>
+<context>
+    <name>fennick::SummaryWindow</name>
+    <message>
+        <source>Include archives</source>
+        <translation>Inclure les archives</translation>
+    </message>
+    <message>
+        <source>No receipt has an amount yet.</source>
+        <translation>Aucun reçu n’a encore de montant.</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Imprimer…</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Synthèse</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Devise</translation>
+    </message>
+    <message>
+        <source>Spending by month and category</source>
+        <translation>Dépenses par mois et par catégorie</translation>
+    </message>
+    <message>
+        <source>Without currency</source>
+        <translation>Sans devise</translation>
     </message>
 </context>
 <context>

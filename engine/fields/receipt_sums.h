@@ -8,16 +8,16 @@
 
 namespace fennick::engine {
 
-// What the amounts of one reading come to with one another: subtotals with tax and rounding, cash less
-// change, the table of taxes, the items. Worked out once; then each candidate for the total is held against
-// it. Used on one thread.
+// The sums that the amounts of one reading add up to: subtotals with tax and rounding, cash less change, the
+// table of taxes, the items. They are worked out once, and each candidate for the total is checked against
+// them. Amounts are in thousandths of the currency's unit. Never changes; any thread.
 class ReceiptSums {
 public:
     explicit ReceiptSums(const QList<LabelledAmount> &amounts);
 
-    // How well `thousandths` agrees, as the total, with the other amounts: 0 = no sum comes out at it. Cash
-    // less change and what a deposit leaves count most; subtotal with tax, charges and rounding, the table of
-    // taxes, a card payment, and the sum of the items follow.
+    // How well `thousandths` agrees, as the total, with the other amounts: the sum of the weights of all the
+    // rules by which a sum comes out at it, 0 if none does. Cash less change and what a deposit leaves weigh
+    // most.
     [[nodiscard]] double supportFor(qint64 thousandths) const;
 
     // The totals that the amounts come to, printed or not: cash less change, each subtotal with its tax,
@@ -46,7 +46,7 @@ private:
     QSet<qint64> printed_;
     QSet<qint64> printedTotals_;
     QSet<qint64> sums_;
-    QMap<qint64, double> payments_; // cash less change, with what it proves
+    QMap<qint64, double> payments_; // cash less change, with its weight
     QSet<qint64> taxed_;
     QSet<qint64> items_;
 };

@@ -24,23 +24,24 @@ inline constexpr std::array recognitionPasses = {
     RecognitionPass{27, Strokes::thickened}, RecognitionPass{24, Strokes::outlined},
 };
 
-// A page that is ready for its passes: even paper, level lines, cut to where its print stands.
+// A page that is ready for its passes: even paper, level lines, cropped to its print.
 struct PreparedPage {
     GreyPicture picture;
-    int letterHeight = 0;
-    bool wasOnItsSide = false; // it was turned by a quarter; which way up is for its words to say
+    int letterHeight = 0; // of a capital, in pixels; 0 if no print was found: the picture is not scaled then
+    bool wasOnItsSide = false; // it was turned by 90 degrees, and may be upside down now
     QTransform toPage = {};    // from the picture's pixels to the page as it is shown, 0 to 1
 };
 
 [[nodiscard]] PreparedPage preparedPage(const QImage &picture);
 
-// Turns a page by half a circle.
+// Turns a page by 180 degrees.
 void turnUpsideDown(PreparedPage &page);
 
-// The middle of a page, enough of it to see whether it can be read.
+// The middle of a page, large enough to find out which way up it is. Has no `toPage`.
 [[nodiscard]] PreparedPage sampleOf(const PreparedPage &page);
 
-// `page` as `pass` wants it. Points are mapped back to the page as it is shown, 0 to 1.
+// `page` as `pass` wants it; null if the page has no picture. The result's `toSource` maps to the page as it
+// is shown, 0 to 1.
 [[nodiscard]] DerivedPicture pictureFor(const PreparedPage &page, const RecognitionPass &pass);
 
 } // namespace fennick::engine

@@ -22,24 +22,25 @@ constexpr qsizetype largestRequest = 64 * 1024 * 1024;
 // The model named in "POST /v1beta/models/<model>:generateContent"; an error (404) for anything else.
 std::expected<QString, ServiceError> requestedModel(const QByteArray &method, const QString &path);
 
-// A request that is refused before it is looked at, by its HTTP status (413 = too large ...).
+// The error for a request that is refused before its body is parsed, by HTTP status (413 = too large ...).
 ServiceError transportError(int httpStatus);
 
-// Whether any key was given; this engine serves one machine and knows no wrong one.
+// An error for an empty key. Any other is accepted: this engine serves its own machine only.
 std::expected<void, ServiceError> checkedKey(const QString &key);
 
 // The bytes of the first document in the body of a generateContent request: the first part of its contents
-// with "inlineData" or "inline_data". Its type must be one the engine reads; the bytes themselves are not
-// looked at. Takes up to three times the size of the body, which is given up on the way.
+// with "inlineData" or "inline_data". An error (400) if there is none, if its type is none that the engine
+// reads, or if its base64 is empty or invalid. Needs up to three times the size of the body in memory: move
+// it in, it is freed as soon as it is parsed.
 std::expected<QByteArray, ServiceError> inlineDocument(QByteArray body);
 
-// The same from the request as an object, which is given up.
+// The same from the request as an object, to be moved in as well.
 std::expected<QByteArray, ServiceError> inlineDocument(QJsonObject request);
 
-// Why a request is refused whose arguments are not understood.
+// An INVALID_ARGUMENT error (400) with this message.
 ServiceError invalidArgument(const QString &message);
 
-// The object that a request's body is.
+// The body as a JSON object; an error (400) for anything else.
 std::expected<QJsonObject, ServiceError> requestObject(const QByteArray &body);
 
 } // namespace fennick::engine

@@ -34,9 +34,10 @@ struct RemovedReceipts {
 };
 
 // Owns the list of receipts and the set of paths that are never taken in again; nothing else reads or writes
-// "receipts.json" and "ignored.json". Every change is on disk when the operation returns. If writing fails,
-// the failure is reported and the list in memory keeps the change. A file that cannot be parsed is renamed
-// before it is first overwritten. Created and owned by the application; main thread only.
+// "receipts.json" and "ignored.json". Every change is signalled and then written before the operation
+// returns. If writing fails, the failure is reported and the list in memory keeps the change. A file that
+// cannot be parsed is renamed before it is first overwritten. Created and owned by the application; main
+// thread only.
 class ReceiptStore : public QObject {
     Q_OBJECT
 
@@ -44,13 +45,13 @@ public:
     // Creates the folder "Fennick" in the user's data folder if necessary and loads both files.
     explicit ReceiptStore(QObject *parent = nullptr);
 
-    // Newest first.
+    // By the moment of their scan, newest first.
     const QList<Receipt> &receipts() const { return receipts_; }
 
     // Whether a receipt with exactly this path is listed, or the path is ignored.
     bool hasFilePath(const QString &path) const;
 
-    // hasFilePath as it is now, for any thread.
+    // A snapshot of hasFilePath, for any thread.
     std::function<bool(const QString &path)> knownPaths() const;
 
     // Whether a receipt with this identifier is (still) listed.
@@ -71,7 +72,7 @@ public:
     void setError(const QString &id, const QString &error);
 
     // Takes the receipts with these identifiers from the list. Their paths are ignored from then on, so their
-    // files, which stay where they are, are never scanned again. Ignores what is not listed.
+    // files, which stay where they are, are never scanned again. Skips what is not listed.
     void remove(const QSet<QString> &ids);
 
     // What putBack needs if the receipts with these identifiers, or all of them, now leave the list.
@@ -82,7 +83,7 @@ public:
     // what was ignored only with their removal. Receipts that are listed stay as they are.
     void putBack(const RemovedReceipts &removed);
 
-    // Whether nothing at this path is taken in although no receipt may be listed with it.
+    // Whether a file at this path is never taken in, even if no receipt is listed for it.
     bool isIgnored(const QString &path) const { return ignored_.contains(path); }
     const QSet<QString> &ignoredPaths() const { return ignored_; }
 

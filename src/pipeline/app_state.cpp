@@ -7,6 +7,7 @@
 #include "text/path_text.h"
 
 #include <QCoreApplication>
+#include <QUndoStack>
 
 namespace fennick {
 
@@ -16,11 +17,13 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     : QObject(parent)
     , store_(store)
     , settings_(settings)
-    , duplicates_(store)
     , tasks_(&lastError_)
     , formerArchives_(settings, &lastError_)
     , ignoredDates_(store)
     , archive_(store, settings, &formerArchives_, &record_, &lastError_)
+    , archivedReceipts_(&archive_, &formerArchives_, &folderThreads_)
+    , sameContents_(store, &archivedReceipts_, &watchedFolder_, &folderThreads_)
+    , duplicates_(store, &archivedReceipts_, &sameContents_)
     , renaming_(store, &watchedFolder_, &renamedPaths_)
     , correction_(store, &renaming_, &corrected_, &folderThreads_)
     , pages_(&watchedFolder_, &folderThreads_, &tasks_)
@@ -30,7 +33,7 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     , scanRun_(store, settings, &watchedFolder_, &renaming_, &corrected_, &delivery_, &engine_,
                &folderThreads_, &tasks_)
     , retryAll_(
-          store, [this](QString id) { return scanRun_.again(std::move(id)); }, &tasks_)
+          store, [this](QString id) { return scanRun_.rescan(std::move(id)); }, &tasks_)
     , history_(store, settings, &archive_, &record_, &correction_, &corrected_, &scanRun_, &retryAll_,
                &watchedFolder_, &renamedPaths_)
     , recovery_(store, &archive_, &history_, &folderThreads_, &tasks_)
@@ -41,6 +44,8 @@ AppState::AppState(ReceiptStore *store, SettingsStore *settings, QObject *parent
     connect(&scanRun_, &ScanRun::keyRefused, this, &AppState::keyRefused);
     connect(&admission_, &FolderAdmission::admitted, this, &AppState::startWatching);
     connect(intake_.presence(), &FolderPresence::changed, this, &AppState::watchedFolderMissingChanged);
+    connect(history_.stack(), &QUndoStack::indexChanged, &archivedReceipts_, &ArchivedReceipts::read);
+    connect(settings, &SettingsStore::changed, &archivedReceipts_, &ArchivedReceipts::read);
     connect(store, &ReceiptStore::saveFailed, this, [this](const QString &reason) {
         lastError_.set(tr("The list could not be saved: %1").arg(reason));
     });
@@ -51,7 +56,9 @@ AppState::~AppState() {
 }
 
 QFuture<void> AppState::recoverFromInterruption() {
-    return recovery_.recover();
+    QFuture<void> recovered = recovery_.recover();
+    archivedReceipts_.read();
+    return recovered;
 }
 
 void AppState::startWatchingIfConfigured() {

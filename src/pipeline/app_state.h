@@ -2,11 +2,13 @@
 
 #include "export/export_service.h"
 #include "extraction/on_device_engine.h"
-#include "model/possible_duplicates.h"
 #include "pipeline/archive.h"
 #include "pipeline/corrected_receipts.h"
 #include "pipeline/correction.h"
 #include "pipeline/dropped_files.h"
+#include "pipeline/duplicates/archived_receipts.h"
+#include "pipeline/duplicates/possible_duplicates.h"
+#include "pipeline/duplicates/same_contents.h"
 #include "pipeline/evidence_search.h"
 #include "pipeline/folder_admission.h"
 #include "pipeline/folder_survey.h"
@@ -127,7 +129,10 @@ public:
     // Where the values of that receipt stand on them.
     EvidenceSearch *evidence() { return &evidence_; }
 
-    // Which listed receipts may be one purchase twice.
+    // What the archives' ledgers list.
+    const ArchivedReceipts *archivedReceipts() const { return &archivedReceipts_; }
+
+    // Which listed receipts may be duplicates.
     const PossibleDuplicates *duplicates() const { return &duplicates_; }
 
     // Photos delivery -------------------------------------------------------------------------------------
@@ -168,7 +173,6 @@ Q_SIGNALS:
 private:
     ReceiptStore *store_;
     SettingsStore *settings_;
-    PossibleDuplicates duplicates_;
     LastError lastError_;
     Tasks tasks_;
     FolderThreads folderThreads_;
@@ -178,6 +182,9 @@ private:
     IgnoredDates ignoredDates_;
     DeedRecord record_;
     Archive archive_;
+    ArchivedReceipts archivedReceipts_;
+    SameContents sameContents_;
+    PossibleDuplicates duplicates_;
     ReceiptRenaming renaming_;
     CorrectedReceipts corrected_;
     Correction correction_;

@@ -160,7 +160,7 @@ void Archive::resume() {
         for (const Receipt &receipt : store_->receipts()) {
             sources.append(receipt.filePath);
         }
-        FileOperations::settlePartsOfMoves(folder, sources);
+        FileOperations::finishInterruptedMoves(folder, sources);
         RecordedDeed deed = interruptedDeed(archive->ledgerPath, archive->format);
         if (!deed.removed.rows.isEmpty()) {
             record_->insert(deed);
@@ -187,7 +187,7 @@ RecordedDeed Archive::interruptedDeed(const QString &ledgerPath, ExportService::
     return deed;
 }
 
-// Whether neither the archive nor a folder with a receipt's file lies on a network that is gone.
+// Whether neither the archive nor a folder with a receipt's file lies on an unreachable network.
 bool Archive::foldersAnswer(const QString &archiveFolder, const RemovedReceipts &batch) const {
     QSet<QString> folders{archiveFolder};
     for (const auto &[receipt, rowsBelow] : batch.rows) {

@@ -17,8 +17,8 @@ class LastError;
 class ReceiptStore;
 class SettingsStore;
 
-// Moves a batch of receipts out of the list: a ledger and the files into the archive folder of the day. Owned
-// by AppState; main thread.
+// Archives a batch of receipts: writes a ledger and moves the files into the day's archive folder, and takes
+// the receipts from the list. Owned by AppState; main thread.
 class Archive {
     Q_DECLARE_TR_FUNCTIONS(fennick::Archive)
 
@@ -38,14 +38,15 @@ public:
     // Where archives lie now.
     ArchivePlaces places() const;
 
-    // Writes a ledger of these listed receipts, moves their files, whatever their status, and takes them from
-    // the list. The record has everything before the first step. Returns nothing if nothing was archived; the
-    // last error is why.
+    // Archives these listed receipts, whatever their status. The record has everything before the first step.
+    // A file that cannot be moved stays where it is, and a ledger that cannot be written keeps nothing from
+    // being archived. Returns nothing for an empty batch, and if nothing was archived; the last error has the
+    // reason then.
     std::optional<RecordedDeed> archive(ExportService::Format format, const RemovedReceipts &batch);
 
-    // Completes an archive that was interrupted: some of its files are no longer where the list says. If its
-    // folder is out of reach, the list stays, and with it what can still be archived; on a network that is
-    // gone, the next start tries again.
+    // Completes an interrupted archive, some of whose files have already been moved. If a folder does not
+    // respond, the next start tries again. If the archive folder cannot be created, the receipts stay listed
+    // and the last error has the reason.
     void resume();
 
 private:

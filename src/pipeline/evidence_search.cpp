@@ -68,7 +68,7 @@ bool EvidenceSearch::isWanted(const Receipt &receipt, qsizetype pageCount) const
            (isAnswered_ || wanted_->receipt.filePath == receipt.filePath);
 }
 
-void EvidenceSearch::show(const Receipt &receipt, qsizetype pageCount) {
+void EvidenceSearch::searchFor(const Receipt &receipt, qsizetype pageCount) {
     if (isWanted(receipt, pageCount)) {
         return;
     }
@@ -129,7 +129,7 @@ QCoro::Task<std::optional<ValuePlaces>> EvidenceSearch::ask(Receipt receipt, std
     FileToRead wanted(receipt.filePath);
     wanted.folder = watchedFolder_->path;
     const GeminiReceiptData values = valuesOf(receipt);
-    // Not on this thread: the file may lie on a network that is gone.
+    // Not on this thread: the file may lie on an unreachable network.
     const auto body =
         co_await QtConcurrent::run(folderThreads_->pool(), PlacesClient::requestBody, wanted, values);
     if (!body || !self || stop.stop_requested()) {

@@ -19,9 +19,9 @@ class OnDeviceEngine;
 class Tasks;
 struct WatchedFolder;
 
-// Where the values of the receipt that is looked at stand on its pages: asked of Fennick's own engine whoever
-// has read or typed them, one receipt at a time, and kept nowhere. While it is not known, nothing is claimed.
-// Owned by AppState; main thread.
+// Finds where the values of the displayed receipt stand on its pages. Always asks Fennick's own engine,
+// whatever the source of the values; one receipt at a time, and nothing is stored. Until there is an answer,
+// and if there is none, there are no places and nothing counts as missing. Owned by AppState; main thread.
 class EvidenceSearch : public QObject {
     Q_OBJECT
 
@@ -31,8 +31,8 @@ public:
     ~EvidenceSearch() override;
 
     // Looks for the receipt's values on its `pageCount` pages, in place of what was looked for before. Does
-    // nothing if that is known or being found out already.
-    void show(const Receipt &receipt, qsizetype pageCount);
+    // nothing if the same values were looked for in the same file last, even without success.
+    void searchFor(const Receipt &receipt, qsizetype pageCount);
 
     // Ends what is under way and forgets what was found.
     void clear();
@@ -40,10 +40,11 @@ public:
     // The places that were found.
     const std::map<ReceiptField, PlaceOnPage> &places() const { return places_; }
 
-    // Whether the field's value was looked for on all pages and is not there.
+    // Whether the field's value was looked for on all pages and is not there. Never for category and summary.
     bool isMissing(ReceiptField field) const { return missing_.contains(field); }
 
 Q_SIGNALS:
+    // places() or isMissing() may have changed.
     void changed();
 
 private:

@@ -12,7 +12,7 @@ namespace fennick {
 
 namespace {
 
-// Threads may wait for several folders, one chosen after the other, on a network that is gone.
+// Threads may wait for several folders, one chosen after the other, on an unreachable network.
 constexpr int mostFolderThreads = 32;
 
 constexpr int patienceAtEnd = 2000; // milliseconds
@@ -31,7 +31,7 @@ const FolderThreads::Asked &FolderThreads::ask(const QString &path) const {
     Asked &asked = asked_[parentFolder(path)];
     if (!asked.future.isValid()) {
         asked.answers = std::make_shared<QSemaphore>();
-        asked.patience.setRemainingTime(longestSilence);
+        asked.deadline.setRemainingTime(longestSilence);
         asked.future = QtConcurrent::run(pool_.get(), [path, answers = asked.answers] {
             std::ignore = fileStateAt(path);
             answers->release();
@@ -40,13 +40,13 @@ const FolderThreads::Asked &FolderThreads::ask(const QString &path) const {
     return asked;
 }
 
-QFuture<void> FolderThreads::answer(const QString &path) const {
+QFuture<void> FolderThreads::whenAnswering(const QString &path) const {
     return ask(path).future;
 }
 
 bool FolderThreads::answersSoon(const QString &path) const {
     const Asked &asked = ask(path);
-    const bool isAnswered = asked.answers->tryAcquire(1, static_cast<int>(asked.patience.remainingTime()));
+    const bool isAnswered = asked.answers->tryAcquire(1, static_cast<int>(asked.deadline.remainingTime()));
     if (isAnswered) {
         asked.answers->release(); // for whoever asks next
     }

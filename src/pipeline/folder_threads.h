@@ -11,7 +11,7 @@
 
 namespace fennick {
 
-// Threads for what lists folders or looks at files in them: on a network that is gone, they wait for ever.
+// Threads for listing folders and looking at files, which may block for ever on an unreachable network.
 // Owned by AppState, which ends them before anything else.
 class FolderThreads {
 public:
@@ -21,10 +21,10 @@ public:
 
     // To be awaited before the main thread looks at a file: finishes when the file system answers. One thread
     // asks for all files of a folder, so that a dead one does not take all threads. Main thread.
-    [[nodiscard]] QFuture<void> answer(const QString &path) const;
+    [[nodiscard]] QFuture<void> whenAnswering(const QString &path) const;
 
-    // Whether the file system answers, for what cannot be suspended. Blocks for a second at most, and not
-    // again for any file of a folder that still keeps silent. Main thread.
+    // Whether the file system answers, for callers that must not suspend. Blocks for a second at most, and
+    // not again for any file of a folder that still keeps silent. Main thread.
     [[nodiscard]] bool answersSoon(const QString &path) const;
 
     // Waits two seconds and abandons the threads that are still blocked. Nothing may be run afterwards.
@@ -34,7 +34,7 @@ private:
     struct Asked {
         QFuture<void> future;
         std::shared_ptr<QSemaphore> answers; // one, once there is an answer
-        QDeadlineTimer patience;
+        QDeadlineTimer deadline;
     };
 
     const Asked &ask(const QString &path) const;

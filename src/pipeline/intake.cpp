@@ -60,7 +60,7 @@ void Intake::startWatching(const QString &path, const QFuture<void> &ready) {
     watcher_ = std::make_unique<FSEventsWatcher>(folder, onEvents, onPresence);
     const QFuture<void> watching = watcher_->start();
     ScanRun::prepare();
-    tasks_->start(scanExistingFiles(folder, watching, ready));
+    tasks_->start(takeInExistingFiles(folder, watching, ready));
     unreadableNames_.list(folder);
 }
 
@@ -82,7 +82,7 @@ void Intake::handleEvents(const QList<FileEvent> &events) {
 }
 
 // Waits for the watch first: a file that arrived between the listing and the watch would be missed.
-QCoro::Task<> Intake::scanExistingFiles(QString folder, QFuture<void> watching, QFuture<void> ready) {
+QCoro::Task<> Intake::takeInExistingFiles(QString folder, QFuture<void> watching, QFuture<void> ready) {
     const QPointer<Intake> self(this);
     co_await watching;
     if (!self) {
@@ -128,7 +128,7 @@ QCoro::Task<> Intake::takeInOneAfterTheOther() {
     });
     while (self && !listedFiles_.isEmpty()) {
         const QString path = listedFiles_.takeFirst();
-        co_await folderThreads_->answer(path);
+        co_await folderThreads_->whenAnswering(path);
         if (!self) {
             co_return;
         }
@@ -154,13 +154,13 @@ QCoro::Task<> Intake::processFile(QString path) {
         // A change while the size is being watched starts the watch anew: refusing the file now and having
         // refused this event would leave it lying there.
         if (stability_.isWatching(path)) {
-            stability_.restart(path);
+            co_await stability_.restart(path);
         }
         co_return;
     }
     inFlight_.insert(path);
     const QPointer<Intake> self(this);
-    co_await folderThreads_->answer(path);
+    co_await folderThreads_->whenAnswering(path);
     if (self) {
         co_await takeInWhenStable(path, StabilityWatch::read(path));
     }
@@ -182,7 +182,7 @@ QCoro::Task<> Intake::takeInWhenStable(QString path, StabilityWatch::Reading rea
         leaving.dismiss();
         tasks_->start(takeInWhenStable(path, stability_.take(path)));
     } else if (file->kind != FileKind::missing) {
-        co_await takeIn(path, *file);
+        co_await addAndScan(path, *file);
     } else if (mayBeUnreadable(path)) {
         unreadableNames_.listAgainSoon();
     }
@@ -190,7 +190,7 @@ QCoro::Task<> Intake::takeInWhenStable(QString path, StabilityWatch::Reading rea
 
 // Lists the file and scans it. What is not read is listed all the same: who put it there would wait for it in
 // vain.
-QCoro::Task<> Intake::takeIn(QString path, FileState file) {
+QCoro::Task<> Intake::addAndScan(QString path, FileState file) {
     Receipt receipt = freshReceipt(path);
     if (const auto problem = problemOf(file)) {
         receipt.status = ReceiptStatus::error;

@@ -35,11 +35,13 @@ public:
            const Archive *archive, const FolderThreads *folderThreads, ScanRun *scanRun, Tasks *tasks);
     ~Intake() override;
 
-    // Watches `path` in place of the present folder. Takes in the files that already lie there as soon as
-    // `ready` has finished.
+    // Watches `path` instead of the current folder. The files already in it are taken in once `ready`, for
+    // which see Recovery::renamedFilesAdopted, has finished. What is being scanned of the former folder goes
+    // on.
     void startWatching(const QString &path, const QFuture<void> &ready);
 
-    // Takes these files in, one after the other, if they lie in the watched folder and are new.
+    // Takes in, one after the other, those of these files that are receipt files in the watched folder,
+    // outside of archives, and neither listed nor ignored.
     void takeIn(const QStringList &paths);
 
     // Whether the watched folder is there.
@@ -47,14 +49,14 @@ public:
 
 private:
     void handleEvents(const QList<FileEvent> &events);
-    [[nodiscard]] QCoro::Task<> scanExistingFiles(QString folder, QFuture<void> watching,
-                                                  QFuture<void> ready);
+    [[nodiscard]] QCoro::Task<> takeInExistingFiles(QString folder, QFuture<void> watching,
+                                                    QFuture<void> ready);
     void takeInLater(const QStringList &listed);
     [[nodiscard]] QCoro::Task<> takeInOneAfterTheOther();
     bool isHidden(const QString &path) const;
     [[nodiscard]] QCoro::Task<> processFile(QString path);
     [[nodiscard]] QCoro::Task<> takeInWhenStable(QString path, StabilityWatch::Reading reading);
-    [[nodiscard]] QCoro::Task<> takeIn(QString path, FileState file);
+    [[nodiscard]] QCoro::Task<> addAndScan(QString path, FileState file);
 
     ReceiptStore *store_;
     WatchedFolder *watchedFolder_;
@@ -68,7 +70,7 @@ private:
     QStringList listedFiles_; // found by listing a folder, to be taken in one after the other
     bool isTakingInListedFiles_ = false;
     Debounce debounce_;
-    QSet<QString> inFlight_; // paths between admission and the end of their scan run
+    QSet<QString> inFlight_; // paths being taken in, up to the end of their scan
     StabilityWatch stability_;
     FolderPresence presence_;
 };

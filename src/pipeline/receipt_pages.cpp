@@ -98,7 +98,7 @@ QCoro::Task<> ReceiptPages::make(QString path, std::stop_token stop) {
     const QPointer<ReceiptPages> self(this);
     FileToRead wanted(path);
     wanted.folder = watchedFolder_->path;
-    // Not on this thread: the file may lie on a network that is gone.
+    // Not on this thread: the file may lie on an unreachable network.
     const SharedFile file = co_await QtConcurrent::run(folderThreads_->pool(), openShared, wanted);
     if (!self || stop.stop_requested()) {
         co_return;

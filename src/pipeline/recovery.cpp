@@ -97,7 +97,7 @@ QCoro::Task<> Recovery::adoptRenamedFiles(QPromise<void> end) {
             receipts.append({receipt.id, receipt.filePath, name});
         }
     }
-    // Not on this thread: the files may lie on a network that is gone.
+    // Not on this thread: the files may lie on an unreachable network.
     const QList<QStringList> files =
         co_await QtConcurrent::run(folderThreads_->pool(), possibleFilesOfAll, receipts);
     for (qsizetype index = 0; self && index < receipts.size(); ++index) {

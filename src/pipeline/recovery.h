@@ -22,8 +22,7 @@ class Recovery : public QObject {
     Q_OBJECT
 
 public:
-    // The error of a receipt whose scan nobody waits for any more. Stored as it stands, translated where it
-    // is shown.
+    // The error of a receipt whose scan was interrupted. Stored in English, translated where it is shown.
     static const char *const interruptedText;
 
     Recovery(ReceiptStore *store, Archive *archive, UndoHistory *history, const FolderThreads *folderThreads,
@@ -32,8 +31,8 @@ public:
     // Call once, before anything else. Returns `renamedFilesAdopted`.
     QFuture<void> recover();
 
-    // Finished when the files that a killed run has renamed are in the list under their new names, also if
-    // there is nothing to recover.
+    // Finished once the list has the new names of all files that were renamed before a crash, even if there
+    // were none. Valid after recover().
     const QFuture<void> &renamedFilesAdopted() const { return adoption_; }
 
 private:

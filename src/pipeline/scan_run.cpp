@@ -57,7 +57,7 @@ void ScanRun::prepare() {
 }
 
 QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentity> file,
-                                      std::optional<Receipt> read) {
+                                      std::optional<Receipt> previousResult) {
     const QPointer<ScanRun> self(this);
     const QString id = receipt.id;
     underWay_.append(id);
@@ -89,7 +89,7 @@ QCoro::Task<ScanOutcome> ScanRun::run(Receipt receipt, std::optional<FileIdentit
     if (!result) {
         co_return takeFailure(id, result.error());
     }
-    takeResult(id, *result, read);
+    takeResult(id, *result, previousResult);
     const auto scanned = store_->receipt(id);
     if (scanned && settings_->addToPhotos() && !scanned->addedToPhotos) {
         co_await delivery_->deliver(*scanned, file);
@@ -113,7 +113,7 @@ ScanOutcome ScanRun::takeFailure(const QString &id, const ScanError &error) {
 }
 
 void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data,
-                         const std::optional<Receipt> &read) {
+                         const std::optional<Receipt> &previousResult) {
     auto scanned = store_->receipt(id);
     if (!scanned) {
         return; // cleared meanwhile: its path is ignored from now on, so the file keeps its name
@@ -123,7 +123,7 @@ void ScanRun::takeResult(const QString &id, const GeminiReceiptData &data,
     scanned->error.reset();
     store_->update(*scanned);
     corrected_->remove(id);
-    if (!read || !keepsFileName(*read, *scanned)) {
+    if (!previousResult || !keepsFileName(*previousResult, *scanned)) {
         renaming_->rename(*scanned);
     }
 }
@@ -157,10 +157,10 @@ void ScanRun::retry(const Receipt &receipt) {
 }
 
 QCoro::Task<> ScanRun::retryOne(QString id) {
-    co_await again(id);
+    co_await rescan(id);
 }
 
-QCoro::Task<ScanOutcome> ScanRun::again(QString id) {
+QCoro::Task<ScanOutcome> ScanRun::rescan(QString id) {
     auto receipt = store_->receipt(id);
     if (!receipt) {
         co_return ScanOutcome::failed;
@@ -174,14 +174,14 @@ QCoro::Task<ScanOutcome> ScanRun::again(QString id) {
         store_->setError(id, problem->description());
         co_return ScanOutcome::failed;
     }
-    const std::optional<Receipt> read =
+    const std::optional<Receipt> previousResult =
         receipt->status == ReceiptStatus::done ? receipt : std::optional<Receipt>();
     receipt->status = ReceiptStatus::processing;
     receipt->error.reset();
     store_->update(*receipt);
     const bool isThere = file.kind != FileKind::missing;
     const std::optional<FileIdentity> identity = isThere ? std::optional(file.identity) : std::nullopt;
-    co_return co_await run(*receipt, identity, read);
+    co_return co_await run(*receipt, identity, previousResult);
 }
 
 bool ScanRun::lacksKey(const Receipt &receipt) {

@@ -35,31 +35,35 @@ public:
             ReceiptRenaming *renaming, CorrectedReceipts *corrected, PhotosDelivery *delivery,
             OnDeviceEngine *engine, const FolderThreads *folderThreads, Tasks *tasks);
 
-    // Makes the first request as prompt as the others.
+    // Loads the library for TLS on another thread, so that the first request takes no longer than later ones.
+    // Returns at once.
     static void prepare();
 
-    // `file` is the file that was seen when the receipt was taken in: if another one has come to its path,
-    // that one is not sent. `read` is the receipt as an earlier scan has left it, if it has succeeded.
+    // `file` is the file that was seen at intake: a different one at its path is not sent. If it is absent,
+    // any file is accepted. `previousResult` is the receipt as the last successful scan left it, if there was
+    // one: its file is renamed only if the name changes.
     [[nodiscard]] QCoro::Task<ScanOutcome> run(Receipt receipt, std::optional<FileIdentity> file,
-                                               std::optional<Receipt> read = std::nullopt);
+                                               std::optional<Receipt> previousResult = std::nullopt);
 
     // Scans a listed receipt once more, by its present path.
     void retry(const Receipt &receipt);
 
-    // The same, to be awaited.
-    [[nodiscard]] QCoro::Task<ScanOutcome> again(QString id);
+    // The same, to be awaited. May block for a second while it checks that the folder responds. `failed` if
+    // the receipt is not listed.
+    [[nodiscard]] QCoro::Task<ScanOutcome> rescan(QString id);
 
-    // Whether a scan of this receipt is under way that would still give it its result.
+    // Whether a scan of this receipt is running, delivery to the photo library included, and was not
+    // disregarded.
     bool isUnderWay(const QString &id) const { return underWay_.count(id) > disregarded_.count(id); }
 
-    // Lets the scan of this receipt that is under way end without a result.
+    // Discards the result of the scan that is running for this receipt, whose status stays as it is.
     void disregard(const QString &id);
 
-    // Whether the receipt failed because there was no API key, or none that the service takes.
+    // Whether the receipt failed because there was no API key, or the service rejected it.
     [[nodiscard]] static bool lacksKey(const Receipt &receipt);
 
 Q_SIGNALS:
-    // The service does not take the API key.
+    // The service rejected the API key. Emitted for each receipt that fails because of it.
     void keyRefused();
 
 private:
@@ -69,7 +73,8 @@ private:
     [[nodiscard]] QCoro::Task<Extracted> send(FileToRead file, QString key, QString address);
     [[nodiscard]] QCoro::Task<> retryOne(QString id);
     ScanOutcome takeFailure(const QString &id, const ScanError &error);
-    void takeResult(const QString &id, const GeminiReceiptData &data, const std::optional<Receipt> &read);
+    void takeResult(const QString &id, const GeminiReceiptData &data,
+                    const std::optional<Receipt> &previousResult);
 
     ReceiptStore *store_;
     SettingsStore *settings_;

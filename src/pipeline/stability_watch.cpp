@@ -32,8 +32,13 @@ StabilityWatch::Reading StabilityWatch::read(const QString &path) {
     return {fileStateAt(path), std::chrono::steady_clock::now()};
 }
 
-void StabilityWatch::restart(const QString &path) {
-    readings_[path] = read(path);
+QCoro::Task<> StabilityWatch::restart(QString path) {
+    readings_[path].isOutdated = true;
+    const QPointer<StabilityWatch> self(this);
+    co_await folderThreads_->whenAnswering(path);
+    if (self && isWatching(path)) {
+        readings_[path] = read(path);
+    }
 }
 
 QCoro::Task<std::optional<FileState>> StabilityWatch::wait(QString path, Reading reading) {
@@ -46,11 +51,16 @@ QCoro::Task<std::optional<FileState>> StabilityWatch::wait(QString path, Reading
     if (!self) {
         co_return FileState();
     }
-    co_await folderThreads_->answer(path);
+    co_await folderThreads_->whenAnswering(path);
     if (!self) {
         co_return FileState();
     }
-    if (readings_.value(path).at != reading.at) {
+    const Reading present = readings_.value(path);
+    if (present.isOutdated) {
+        readings_[path] = read(path);
+        co_return std::nullopt;
+    }
+    if (present.at != reading.at) {
         co_return std::nullopt;
     }
     readings_.remove(path);

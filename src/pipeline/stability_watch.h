@@ -23,6 +23,7 @@ public:
     struct Reading {
         FileState state;
         std::chrono::steady_clock::time_point at;
+        bool isOutdated = false; // the file has changed since
     };
 
     explicit StabilityWatch(const FolderThreads *folderThreads)
@@ -32,8 +33,8 @@ public:
 
     bool isWatching(const QString &path) const { return readings_.contains(path); }
 
-    // Starts the wait for a watched path anew, from the file's present state.
-    void restart(const QString &path);
+    // Starts the wait for a watched path anew, from the state that the file has once its folder responds.
+    [[nodiscard]] QCoro::Task<> restart(QString path);
 
     // Ends the watch and returns its last reading.
     Reading take(const QString &path) { return readings_.take(path); }

@@ -17,29 +17,29 @@ struct FileEvent {
     bool isListed = false; // found by listing a folder; it may have changed long ago
 };
 
-// Reports the system's events for one folder and everything below it, from construction to destruction.
-// Events are delivered in batches on the stream's own thread: the first after a quiet period at once, further
-// ones at intervals of `latency`. Files found in a new folder below the watched one, and files whose events
-// the system lost, are reported like changes: a path may be reported twice but is never missed. A watched
-// folder that is missing, or over which another file system is mounted, is awaited and its files are then
-// reported. If the system does not report every change (network file systems, too many folders), the folder
-// is listed at intervals of `relisting`. Whether the watched folder is there is reported at the start and
-// whenever that changes. Construct and destroy it on one thread, which never waits for the folder, because
-// that may be on a network that does not respond. No batch is delivered after destruction.
+// Reports the system's events for one folder and everything below it. Callbacks run in batches on the
+// stream's own thread: the first after a quiet period at once, further ones at intervals of `latency`. A path
+// may be reported twice but is never missed: files found in a new folder below the watched one, and files
+// whose events the system lost, are reported like changes. Construct and destroy it on one thread.
 class FileEventStream {
 public:
-    using Deliver = std::function<void(const QList<FileEvent> &)>;
-    using TellPresence = std::function<void(bool isThere)>; // called as Deliver is
+    using OnEvents = std::function<void(const QList<FileEvent> &)>;
+    using OnPresence = std::function<void(bool isThere)>; // at the start, and when it changes
 
-    // `threadName` names the thread to debuggers. Returns null if the system cannot provide the event that
-    // ends the thread.
+    // A folder that is missing, or over which another file system is mounted, is awaited and its files are
+    // then reported. If the system does not report every change (network file systems, too many folders), the
+    // folder is listed every `relistingInterval`. `threadName` names the thread to debuggers. Never waits for
+    // the folder. Returns null if the system cannot provide the event that ends the thread.
     static std::unique_ptr<FileEventStream> create(const QString &folder, std::chrono::milliseconds latency,
-                                                   std::chrono::milliseconds relisting,
-                                                   const QString &threadName, Deliver deliver,
-                                                   TellPresence tellPresence = {});
+                                                   std::chrono::milliseconds relistingInterval,
+                                                   const QString &threadName, OnEvents onEvents,
+                                                   OnPresence onPresence = {});
+
+    // Waits two seconds for its thread, which may be waiting for the folder. No callback runs afterwards. Not
+    // to be called by one.
     ~FileEventStream();
 
-    // Finishes as soon as changes are reported.
+    // Finishes once changes are reported, or the folder was found to be missing.
     QFuture<void> watching() const;
 
 private:

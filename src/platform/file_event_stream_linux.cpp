@@ -49,16 +49,16 @@ constexpr qsizetype threadNameSize = 16;
 // Shared by the stream and its thread, which may outlive the stream.
 class FileEventStream::Worker {
 public:
-    Worker(const QString &folder, milliseconds latency, milliseconds relisting, Deliver deliver,
-           TellPresence tellPresence)
+    Worker(const QString &folder, milliseconds latency, milliseconds relistingInterval, OnEvents onEvents,
+           OnPresence onPresence)
         : root_(QFile::encodeName(folder).toStdString())
         , tree_(QFile::encodeName(folder))
         , path_(root_)
         , listing_(root_)
         , latency_(latency)
-        , relisting_(relisting)
-        , deliver_(std::move(deliver))
-        , tellPresence_(std::move(tellPresence))
+        , relistingInterval_(relistingInterval)
+        , onEvents_(std::move(onEvents))
+        , onPresence_(std::move(onPresence))
         , stop_(eventfd(0, EFD_CLOEXEC))
         , mounts_(open("/proc/self/mounts", O_RDONLY | O_CLOEXEC)) {
         watching_.start(); // here, so that whoever waits for it finds it under way
@@ -83,8 +83,8 @@ public:
         path_.renew();
         mountPoints_ = mountPointsBelow(root_);
         watching_.finish();
-        tellPresenceIfNew();
-        tellEvents();
+        reportPresenceIfNew();
+        reportEvents();
         ended_.set_value();
     }
 
@@ -99,11 +99,11 @@ public:
     }
 
 private:
-    void tellEvents() {
-        nextListing_ = Clock::now() + relisting_;
+    void reportEvents() {
+        nextListing_ = Clock::now() + relistingInterval_;
         while (waitForEvents()) {
             const bool hasTakenEvents = takeEvents();
-            tellPresenceIfNew();
+            reportPresenceIfNew();
             deliverWhenDue();
             if (hasTakenEvents) {
                 letEventsGather();
@@ -112,15 +112,15 @@ private:
     }
 
     // A folder may be there and yet not be watched, for want of watches.
-    void tellPresenceIfNew() {
+    void reportPresenceIfNew() {
         std::error_code error;
         const bool isThere = tree_.isWatchingRoot() || std::filesystem::is_directory(root_, error);
         if (std::exchange(wasThere_, isThere) == isThere) {
             return;
         }
         const QMutexLocker lock(&delivering_);
-        if (!hasEnded_ && tellPresence_) {
-            tellPresence_(isThere);
+        if (!hasEnded_ && onPresence_) {
+            onPresence_(isThere);
         }
     }
 
@@ -169,7 +169,7 @@ private:
         for (const QByteArray &path : std::as_const(paths)) {
             changes.append({path, true});
         }
-        nextListing_ = Clock::now() + relisting_;
+        nextListing_ = Clock::now() + relistingInterval_;
     }
 
     // Returns whether there were any.
@@ -226,7 +226,7 @@ private:
         lastDelivery_ = now;
         const QMutexLocker lock(&delivering_);
         if (!hasEnded_) {
-            deliver_(std::exchange(pending_, {}));
+            onEvents_(std::exchange(pending_, {}));
         }
     }
 
@@ -235,9 +235,9 @@ private:
     PathWatch path_;
     TreeListing listing_;
     milliseconds latency_;
-    milliseconds relisting_;
-    Deliver deliver_;
-    TellPresence tellPresence_;
+    milliseconds relistingInterval_;
+    OnEvents onEvents_;
+    OnPresence onPresence_;
     std::optional<bool> wasThere_; // as last reported
     int stop_;
     int mounts_; // turns readable as an exception when the table of mounted file systems changes
@@ -264,10 +264,11 @@ QFuture<void> FileEventStream::watching() const {
 }
 
 std::unique_ptr<FileEventStream> FileEventStream::create(const QString &folder, milliseconds latency,
-                                                         milliseconds relisting, const QString &threadName,
-                                                         Deliver deliver, TellPresence tellPresence) {
-    auto worker =
-        std::make_shared<Worker>(folder, latency, relisting, std::move(deliver), std::move(tellPresence));
+                                                         milliseconds relistingInterval,
+                                                         const QString &threadName, OnEvents onEvents,
+                                                         OnPresence onPresence) {
+    auto worker = std::make_shared<Worker>(folder, latency, relistingInterval, std::move(onEvents),
+                                           std::move(onPresence));
     if (!worker->isUsable()) {
         return nullptr;
     }

@@ -10,7 +10,7 @@
 
 class QFile;
 
-// Operations on files that must neither lose nor replace one. Callable from any thread.
+// Operations on files that never lose one; only replaceContent replaces one. Callable from any thread.
 namespace fennick::FileOperations {
 
 // Copies a regular file to a path at which nothing exists; the copy is on the disk when this returns. After a
@@ -24,14 +24,15 @@ namespace fennick::FileOperations {
 
 // Moves a file, a link or a folder to a path at which nothing exists, also to another file system: the source
 // then remains until its copy, with its times, is complete and on the disk. After a failure the source is
-// where it was and nothing is at the target. If the source lies below `folder`, no link between the two is
-// followed.
+// where it was and nothing was added at the target. If the source lies below `folder`, no link between the
+// two is followed.
 [[nodiscard]] std::expected<void, FileProblem>
 moveWithoutReplacing(const QString &source, const QString &target, const QString &folder = {});
 
 // Cleans up after moves of `sources` to another file system that a killed program left unfinished in
-// `folder`: removes the copies whose sources still exist, and gives the others their names.
-void settlePartsOfMoves(const QString &folder, const QStringList &sources);
+// `folder`: removes the copies whose sources still exist, and gives the others their names, numbered if
+// taken. Failures are not reported.
+void finishInterruptedMoves(const QString &folder, const QStringList &sources);
 
 // Creates the folder and the missing ones above it; they are on the disk when this returns.
 [[nodiscard]] std::expected<void, FileProblem> makeFolder(const QString &path);

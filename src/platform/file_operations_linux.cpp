@@ -151,7 +151,7 @@ Result moveWithoutReplacing(const QString &source, const QString &target, const 
     return resultOf(error);
 }
 
-void settlePartsOfMoves(const QString &folder, const QStringList &sources) {
+void finishInterruptedMoves(const QString &folder, const QStringList &sources) {
     const Descriptor directory(
         ::open(QFile::encodeName(folder).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!directory.isOpen()) {

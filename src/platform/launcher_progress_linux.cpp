@@ -12,7 +12,7 @@ namespace fennick {
 namespace {
 
 // Docks and task bars of several desktops listen to this signal of Unity's launcher.
-void tellLauncher(const QVariantMap &properties) {
+void sendToLauncher(const QVariantMap &properties) {
     QDBusMessage update = QDBusMessage::createSignal(u"/org/fennick/Fennick"_s,
                                                      u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s);
     update.setArguments({u"application://"_s + applicationId + u".desktop"_s, properties});
@@ -22,11 +22,11 @@ void tellLauncher(const QVariantMap &properties) {
 } // namespace
 
 void showLauncherProgress(double fraction) {
-    tellLauncher({{u"progress"_s, fraction}, {u"progress-visible"_s, true}});
+    sendToLauncher({{u"progress"_s, fraction}, {u"progress-visible"_s, true}});
 }
 
 void hideLauncherProgress() {
-    tellLauncher({{u"progress-visible"_s, false}});
+    sendToLauncher({{u"progress-visible"_s, false}});
 }
 
 } // namespace fennick

@@ -114,4 +114,16 @@ QString firstCharacterUpperCased(const QString &text) {
     return upperCased(text.left(end)) + text.mid(end);
 }
 
+QString capitalised(const QString &text) {
+    QString result = text.toLower();
+    bool isWordStart = true;
+    for (QChar &character : result) {
+        if (isWordStart) {
+            character = character.toUpper();
+        }
+        isWordStart = character.isSpace();
+    }
+    return result;
+}
+
 } // namespace fennick

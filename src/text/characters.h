@@ -30,4 +30,7 @@ QString lowerCased(const QString &text);
 // `text` with its first user-perceived character upper-cased and the rest untouched.
 QString firstCharacterUpperCased(const QString &text);
 
+// The first letter of each word in upper case, the others in lower case.
+QString capitalised(const QString &text);
+
 } // namespace fennick

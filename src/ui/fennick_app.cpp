@@ -8,6 +8,7 @@
 #include "ui/details/details_window.h"
 #include "ui/dialogs/confirmations.h"
 #include "ui/settings/settings_view.h"
+#include "ui/summary/summary_window.h"
 #include "ui/widgets/symbols.h"
 
 #include <QApplication>
@@ -46,6 +47,7 @@ FennickApp::FennickApp()
 
 FennickApp::~FennickApp() {
     delete settingsView_;
+    delete summary_;
 }
 
 void FennickApp::connectWindow() {
@@ -65,6 +67,7 @@ void FennickApp::connectWindow() {
     });
     connect(window_.actions().settings, &QAction::triggered, this, &FennickApp::showSettings);
     connect(window_.actions().details, &QAction::triggered, this, &FennickApp::showDetails);
+    connect(window_.actions().summary, &QAction::triggered, this, &FennickApp::showSummary);
     connect(window_.actions().quit, &QAction::triggered, this, &FennickApp::terminate);
 }
 
@@ -95,22 +98,22 @@ void FennickApp::buildTrayIcon() {
 void FennickApp::connectNotices() {
     connect(&progress_, &BatchProgress::changed, this, &FennickApp::showProgress);
     connect(&progress_, &BatchProgress::ended, &notices_, [this](int scanned, int failed) {
-        notices_.tellBatch(scanned, failed,
+        notices_.showBatch(scanned, failed,
                            appState_.duplicates()->repeatsAmong(progress_.scannedReceipts()));
     });
     connect(&progress_, &BatchProgress::ended, &keyNotices_, &KeyNotices::noteBatch);
     connect(appState_.retryAll(), &RetryAll::changed, this, &FennickApp::followRetries);
     connect(&appState_, &AppState::lastErrorChanged, &notices_,
-            [this] { notices_.tellFailure(appState_.lastError().value_or(QString())); });
+            [this] { notices_.showFailure(appState_.lastError().value_or(QString())); });
     connect(&appState_, &AppState::watchedFolderMissingChanged, &notices_, [this](bool isMissing) {
         if (isMissing) {
-            notices_.tellFolderMissing(settings_.watchFolderPath().value_or(QString()));
+            notices_.showFolderMissing(settings_.watchFolderPath().value_or(QString()));
         } else {
-            notices_.tellFolderFound();
+            notices_.showFolderFound();
         }
     });
-    connect(&window_, &MainWindow::ledgerSaved, &notices_, &Notices::tellSaved);
-    connect(&window_, &MainWindow::ledgerNotSaved, &notices_, &Notices::tellNotSaved);
+    connect(&window_, &MainWindow::ledgerSaved, &notices_, &Notices::showSaved);
+    connect(&window_, &MainWindow::ledgerNotSaved, &notices_, &Notices::showNotSaved);
     connect(&notices_, &Notices::activated, this, &FennickApp::showMainWindow);
     connect(&archiveNotices_, &ArchiveNotices::undoMissed, this, &FennickApp::showMainWindow);
     connect(&notices_, &Notices::showFileRequested, this,
@@ -190,7 +193,7 @@ void FennickApp::explainTray() {
     WindowMemory memory;
     if (!memory.isTrayExplained()) {
         memory.setTrayExplained();
-        notices_.tellInTray();
+        notices_.showInTray();
     }
 }
 
@@ -199,6 +202,9 @@ void FennickApp::applyMenuBarMode() {
     setActivationPolicy(window_.windowHandle(), policy);
     if (settingsView_) {
         setActivationPolicy(settingsView_->windowHandle(), policy);
+    }
+    if (summary_) {
+        setActivationPolicy(summary_->windowHandle(), policy);
     }
     if (details_) {
         setActivationPolicy(details_->windowHandle(), policy);
@@ -229,6 +235,17 @@ void FennickApp::showDetails() {
     details_->show();
     details_->raise();
     details_->activateWindow();
+    applyMenuBarMode();
+}
+
+void FennickApp::showSummary() {
+    if (!summary_) {
+        summary_ = new SummaryWindow(&store_, &appState_);
+        summary_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    summary_->show();
+    summary_->raise();
+    summary_->activateWindow();
     applyMenuBarMode();
 }
 

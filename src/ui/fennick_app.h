@@ -23,6 +23,7 @@ namespace fennick {
 
 class DetailsWindow;
 class SettingsView;
+class SummaryWindow;
 
 // The application's shell: creates the shared objects in this order and owns the windows and the tray icon.
 // Closing the main window stops nothing. Lives on the stack of main(); main thread.
@@ -40,6 +41,9 @@ public:
 
     // Shows the receipt that is selected in the main window.
     void showDetails();
+
+    // Shows what was spent, by month and category.
+    void showSummary();
 
     // Call after the event loop has ended: waits until a pending key is stored, and informs the user if that
     // fails.
@@ -72,6 +76,7 @@ private:
     QTimer trayCheck_;
     bool isPutAway_ = false; // minimised by its close button, until it has the focus again
     QPointer<SettingsView> settingsView_;
+    QPointer<SummaryWindow> summary_;
     std::unique_ptr<DetailsWindow> details_; // from its first use on, for it keeps what was typed
 };
 

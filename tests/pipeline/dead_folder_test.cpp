@@ -1,5 +1,6 @@
 #include "pipeline/archive_journal.h"
 #include "pipeline/folder_threads.h"
+#include "pipeline/stability_watch.h"
 #include "pipeline_under_test.h"
 #include "support/private_namespace.h"
 #include "support/receipts.h"
@@ -55,9 +56,9 @@ private Q_SLOTS:
     void itsFilesDoNotTakeTheThreadsOfOtherFolders() {
         const FolderThreads threads;
         for (int file = 0; file < 2 * threads.pool()->maxThreadCount(); ++file) {
-            std::ignore = threads.answer(share_ + u"/%1.pdf"_s.arg(file));
+            std::ignore = threads.whenAnswering(share_ + u"/%1.pdf"_s.arg(file));
         }
-        const QFuture<void> elsewhere = threads.answer(pipeline_->path(u"a.pdf"_s));
+        const QFuture<void> elsewhere = threads.whenAnswering(pipeline_->path(u"a.pdf"_s));
         const bool isAnswered = waitUntil([&] { return elsewhere.isFinished(); });
         dead_.reset(); // or the threads would never end
         QVERIFY(isAnswered);
@@ -71,10 +72,26 @@ private Q_SLOTS:
             QVERIFY(!threads.answersSoon(share_ + u"/%1.pdf"_s.arg(file)));
         }
         QVERIFY(threads.answersSoon(pipeline_->path(u"a.pdf"_s)));
-        const QFuture<void> answer = threads.answer(share_ + u"/a.pdf"_s);
+        const QFuture<void> answer = threads.whenAnswering(share_ + u"/a.pdf"_s);
         dead_.reset();
         QVERIFY(waitUntil([&] { return answer.isFinished(); }));
         QVERIFY(threads.answersSoon(share_ + u"/a.pdf"_s));
+    }
+
+    void fileThatChangedIsWatchedAgainOnceTheFolderResponds() {
+        dead_.reset();
+        const FolderThreads threads;
+        StabilityWatch watch(&threads);
+        const QString path = share_ + u"/scan.pdf"_s;
+        writeFile(path, "the first half");
+        auto waiting = watch.wait(path, StabilityWatch::read(path));
+        dead_ = std::make_unique<DeadFileSystem>(share_);
+        auto restarting = watch.restart(path);
+        QVERIFY(!restarting.isReady());
+        dead_.reset();
+        QVERIFY(waitUntil([&] { return restarting.isReady() && waiting.isReady(); }));
+        QVERIFY(!QCoro::waitFor(std::move(waiting)));
+        QVERIFY(watch.isWatching(path));
     }
 
     void retryFailsInWords() {
@@ -111,7 +128,7 @@ private Q_SLOTS:
         dead_ = std::make_unique<DeadFileSystem>(share_);
         QVERIFY(dead_->isMounted());
         UndoHistory &history = *pipeline_->appState->history();
-        QSignalSpy reports(&history, &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history, &UndoHistory::incomplete);
         history.undo();
         QCOMPARE(reports.first().first().toStringList(),
                  QStringList{u"Archive & Clear: The folder does not respond."_s});

@@ -29,7 +29,7 @@ private Q_SLOTS:
     }
 
     void valuesAreFoundOnThePage() {
-        search_->show(ticket(), 1);
+        search_->searchFor(ticket(), 1);
         QVERIFY(!isAnythingClaimed());
         QVERIFY(waitUntil([this] { return isAnythingClaimed(); }));
         for (const ReceiptField field :
@@ -43,7 +43,7 @@ private Q_SLOTS:
     void valueThatIsNowhereIsMissing() {
         Receipt receipt = ticket();
         receipt.amount = 18.7;
-        search_->show(receipt, 1);
+        search_->searchFor(receipt, 1);
         QVERIFY(waitUntil([this] { return search_->isMissing(ReceiptField::amount); }));
         QVERIFY(!search_->places().contains(ReceiptField::amount));
         QVERIFY(search_->places().contains(ReceiptField::date));
@@ -53,52 +53,52 @@ private Q_SLOTS:
     void correctedValueIsLookedForAgain() {
         Receipt receipt = ticket();
         receipt.amount = 18.7;
-        search_->show(receipt, 1);
+        search_->searchFor(receipt, 1);
         QVERIFY(waitUntil([this] { return search_->isMissing(ReceiptField::amount); }));
         receipt.amount = 18.6;
-        search_->show(receipt, 1);
+        search_->searchFor(receipt, 1);
         QVERIFY(!isAnythingClaimed());
         QVERIFY(waitUntil([this] { return search_->places().contains(ReceiptField::amount); }));
     }
 
     void sameValuesAreLookedForOnce() {
-        search_->show(ticket(), 1);
+        search_->searchFor(ticket(), 1);
         QVERIFY(waitUntil([this] { return isAnythingClaimed(); }));
         Receipt delivered = receipt_;
         delivered.addedToPhotos = true;
         delivered.filePath += u".renamed"_s;
-        search_->show(delivered, 1);
+        search_->searchFor(delivered, 1);
         QVERIFY(isAnythingClaimed());
     }
 
     void anotherReceiptTakesItsPlace() {
         for (int pass = 0; pass < 20; ++pass) {
-            search_->show(ticket(), 1);
+            search_->searchFor(ticket(), 1);
         }
         Receipt other = sample(u"invoice.pdf"_s);
         other.date = u"2024-03-09"_s;
-        search_->show(other, 1);
+        search_->searchFor(other, 1);
         QVERIFY(waitUntil([this] { return search_->places().contains(ReceiptField::date); }));
         QVERIFY(!search_->places().contains(ReceiptField::time));
     }
 
     void nothingIsKeptWhenNobodyLooks() {
-        search_->show(ticket(), 1);
+        search_->searchFor(ticket(), 1);
         QVERIFY(waitUntil([this] { return isAnythingClaimed(); }));
         search_->clear();
         QVERIFY(!isAnythingClaimed());
-        search_->show(ticket(), 1);
+        search_->searchFor(ticket(), 1);
         search_->clear();
         letTimePass(300);
         QVERIFY(!isAnythingClaimed());
-        search_->show(ticket(), 1);
+        search_->searchFor(ticket(), 1);
         QVERIFY(waitUntil([this] { return isAnythingClaimed(); }));
     }
 
     void nothingIsMissingOnPagesThatWereNotRead() {
         Receipt receipt = ticket();
         receipt.amount = 18.7;
-        search_->show(receipt, 2);
+        search_->searchFor(receipt, 2);
         QVERIFY(waitUntil([this] { return search_->places().contains(ReceiptField::date); }));
         QVERIFY(!search_->isMissing(ReceiptField::amount));
     }
@@ -113,14 +113,14 @@ private Q_SLOTS:
         QFETCH(QString, program);
         QFETCH(QString, file);
         makeSearch(program);
-        search_->show(sample(file), 1);
+        search_->searchFor(sample(file), 1);
         letTimePass(300);
         QVERIFY(!isAnythingClaimed());
         QVERIFY(!lastError_.text());
     }
 
     void scansHaveTheEngineAgain() {
-        search_->show(ticket(), 1);
+        search_->searchFor(ticket(), 1);
         QVERIFY(waitUntil([this] { return engine_->isRunning(); }));
         search_->clear();
         QVERIFY(waitUntil([this] { return !engine_->isRunning(); })); // as nobody uses it

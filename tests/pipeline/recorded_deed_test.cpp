@@ -100,7 +100,7 @@ private Q_SLOTS:
         QCOMPARE(again.deeds().first().id, u"archive"_s);
         QCOMPARE(again.deeds().last().id, u"second"_s);
         QCOMPARE(QFileInfo(file()).permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
-        record.keep({second});
+        record.replaceAll({second});
         QCOMPARE(DeedRecord().deeds().size(), 1);
     }
 

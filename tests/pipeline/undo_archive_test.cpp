@@ -109,7 +109,7 @@ private Q_SLOTS:
         const QList<Receipt> before = listThree();
         archive();
         writeFile(before[0].filePath, "another"); // ignored, as the archived one
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         const Receipt moved = *pipeline_->store->receipt(before[0].id);
         QCOMPARE(moved.fileName, u"a (2).pdf"_s);
@@ -126,7 +126,7 @@ private Q_SLOTS:
         const QList<Receipt> before = listThree();
         archive();
         QVERIFY(QFile::remove(archivePath(u"b.pdf"_s)));
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(pipeline_->receipts(), before);
         QCOMPARE(reports.first().first().toStringList(),
@@ -139,7 +139,7 @@ private Q_SLOTS:
         const QList<Receipt> before = listThree();
         QVERIFY(QFile::remove(before[1].filePath));
         archive();
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(pipeline_->receipts(), before);
         QVERIFY(reports.isEmpty());
@@ -152,7 +152,7 @@ private Q_SLOTS:
         archive();
         QVERIFY(QDir(QFileInfo(path).path()).removeRecursively());
         pipeline_->drop(u"sub"_s, "a file where the folder was");
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(pipeline_->receipts().first().filePath, archivePath(u"a.pdf"_s));
         QCOMPARE(readFile(archivePath(u"a.pdf"_s)), "a receipt");
@@ -242,7 +242,7 @@ private Q_SLOTS:
         file.to = to == u"linked" ? archivePath(u"link.pdf"_s) : (to == u"archive" ? file.to : to);
         DeedRecord().insert(deed);
         restart();
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(reports.size(), 1);
         QCOMPARE(readFile(home(u"secret.pdf"_s)), "secret");

@@ -85,7 +85,7 @@ private Q_SLOTS:
         correctAmount(u"32.50"_s);
         QVERIFY(pipeline_->store->ignore({before.filePath}));
         writeFile(before.filePath, "another");
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(only().amount, before.amount);
         QCOMPARE(only().fileName, u"a (2).pdf"_s);
@@ -102,7 +102,7 @@ private Q_SLOTS:
         const Receipt before = listOne();
         correctAmount(u"32.50"_s);
         QVERIFY(QFile::remove(only().filePath));
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(only().amount, before.amount);
         QCOMPARE(only().fileName, nameOf32);
@@ -117,7 +117,7 @@ private Q_SLOTS:
         changed.summary = u"of another hand"_s;
         changed.addedToPhotos = true;
         pipeline_->store->update(changed);
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(only().amount, 23.5);
         QCOMPARE(only().summary, u"of another hand"_s);
@@ -129,7 +129,7 @@ private Q_SLOTS:
         listOne();
         correctAmount(u"32.50"_s);
         pipeline_->store->clearAll();
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QVERIFY(pipeline_->receipts().isEmpty());
         QCOMPARE(reports.first().first().toStringList(),

@@ -56,7 +56,7 @@ private Q_SLOTS:
         const QList<Receipt> before = listThree();
         history().removeFromList({before[0].id, before[1].id});
         QVERIFY(QFile::remove(before[1].filePath));
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(pipeline_->receipts(), before);
         QCOMPARE(reports.size(), 1);
@@ -69,7 +69,7 @@ private Q_SLOTS:
         history().removeFromList({before[0].id, before[1].id});
         const Receipt other = finishedReceipt(before[0].filePath);
         pipeline_->store->add(other);
-        QSignalSpy reports(&history(), &UndoHistory::undoneInPart);
+        QSignalSpy reports(&history(), &UndoHistory::incomplete);
         history().undo();
         QCOMPARE(pipeline_->receipts().size(), 3);
         QVERIFY(pipeline_->store->hasReceipt(other.id));

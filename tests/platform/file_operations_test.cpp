@@ -65,7 +65,7 @@ private Q_SLOTS:
         for (const QString &name : {partOf("source.pdf"), u".moving-0123"_s, u".other"_s, u"moving-1"_s}) {
             writeFile(folder_->filePath(name), "x");
         }
-        FileOperations::settlePartsOfMoves(folder_->path(), {path("source.pdf"), path("other.pdf")});
+        FileOperations::finishInterruptedMoves(folder_->path(), {path("source.pdf"), path("other.pdf")});
         QCOMPARE(entries(folder_->path()),
                  (QStringList{u".moving-0123"_s, u".other"_s, u"moving-1"_s, u"source.pdf"_s}));
     }
@@ -74,7 +74,7 @@ private Q_SLOTS:
         const QString archive = place(false);
         writeFile(joinedPath(archive, partOf("gone.pdf")), "the only copy");
         writeFile(joinedPath(archive, u"gone.pdf"_s), "another");
-        FileOperations::settlePartsOfMoves(archive, {path("source.pdf"), path("gone.pdf")});
+        FileOperations::finishInterruptedMoves(archive, {path("source.pdf"), path("gone.pdf")});
         QCOMPARE(entries(archive), (QStringList{u"gone (2).pdf"_s, u"gone.pdf"_s}));
         QCOMPARE(readFile(joinedPath(archive, u"gone (2).pdf"_s)), "the only copy");
     }

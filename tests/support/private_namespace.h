@@ -21,7 +21,7 @@ bool mountSmallFileSystem(const QString &folder, int kibibytes);
 bool mountFileSystemWithoutInodes(const QString &folder);
 bool unmount(const QString &folder);
 
-// A file system whose server never answers, as a network that is gone: whoever asks it for anything waits for
+// A file system whose server never answers, as an unreachable network: whoever asks it for anything waits for
 // as long as this lives.
 class DeadFileSystem {
 public:

@@ -70,10 +70,10 @@ private Q_SLOTS:
     }
 
     void archiveThatWasUndoneMeanwhileIsNotReported() {
-        notices_->tellFailure(u"first"_s); // the next notice waits
+        notices_->showFailure(u"first"_s); // the next notice waits
         archiveTwo();
         history()->undo();
-        notices_->tellFailure(u"second"_s);
+        notices_->showFailure(u"second"_s);
         QVERIFY(waitForNotices(2));
         QCOMPARE(service_->notices().last().text, u"second"_s);
     }

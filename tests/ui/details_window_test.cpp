@@ -258,6 +258,17 @@ private Q_SLOTS:
         QVERIFY(!link->isVisible());
     }
 
+    void archivedDuplicateIsNamed() {
+        settings_->setArchiveFolderPath(home_.path(u"Receipts/Done"_s));
+        appState_->archiveAndClear(ExportService::Format::csv);
+        Receipt again = finishedReceipt(home_.path(u"Receipts/again.pdf"_s));
+        again.id = ids_[ids_.size() - 2]; // which is shown
+        store_->add(again);
+        auto *const link = find<QLabel>(u"duplicate"_s);
+        QVERIFY(
+            waitUntil([link] { return link->isVisible() && link->text().contains(u".pdf (archived)<"_s); }));
+    }
+
     void receiptThatCannotBeOpenedIsSaid() {
         writeFile(receipt().filePath, "no PDF");
         select(1);
@@ -292,7 +303,7 @@ private:
 
     void addReceipt(const QString &name) {
         const QString path = home_.path(u"Receipts/"_s + name + u".pdf"_s);
-        writeFile(path, stripedPdf(3));
+        writeFile(path, stripedPdf(3) + '%' + name.toUtf8()); // no two have the same content
         store_->add(finishedReceipt(path));
         ids_.append(store_->receipts().last().id);
     }

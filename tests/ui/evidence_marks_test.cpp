@@ -223,7 +223,7 @@ private Q_SLOTS:
 private:
     void show(const Receipt &receipt) {
         form_->showReceipt(receipt, {});
-        search_->show(receipt, 1);
+        search_->searchFor(receipt, 1);
     }
 
     PageCanvas *canvas() const { return qobject_cast<PageCanvas *>(pages_->widget()); }

@@ -42,7 +42,7 @@ private Q_SLOTS:
         QFETCH(int, scanned);
         QFETCH(int, failed);
         QFETCH(QString, text);
-        notices_->tellBatch(scanned, failed);
+        notices_->showBatch(scanned, failed);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().title, text);
         QCOMPARE(service_->notices().first().text, QString());
@@ -51,15 +51,15 @@ private Q_SLOTS:
 
     void possibleDuplicatesOfABatchAreTold() {
         QCOMPARE(Notices::batchText(12, 0, 1), u"12 receipts scanned, 1 may be a duplicate"_s);
-        notices_->tellBatch(12, 2, 3);
+        notices_->showBatch(12, 2, 3);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().title, u"12 receipts scanned, 3 may be duplicates, 2 failed"_s);
     }
 
     void windowInFrontTellsByItself() {
         isInFront_ = true;
-        notices_->tellBatch(3, 1);
-        notices_->tellFailure(u"Photos export failed: no space"_s); // which it does not
+        notices_->showBatch(3, 1);
+        notices_->showFailure(u"Photos export failed: no space"_s); // which it does not
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().title, u"Fennick"_s);
         QCOMPARE(service_->notices().first().text, u"Photos export failed: no space"_s);
@@ -68,9 +68,9 @@ private Q_SLOTS:
     void withinTenSecondsThereIsOneNotice() {
         QElapsedTimer timer;
         timer.start();
-        notices_->tellBatch(1, 0);
-        notices_->tellBatch(2, 1);
-        notices_->tellBatch(3, 0);
+        notices_->showBatch(1, 0);
+        notices_->showBatch(2, 1);
+        notices_->showBatch(3, 0);
         QVERIFY(waitForNotices(2));
         QVERIFY2(timer.elapsed() >= 10000, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(service_->notices().last().title, u"5 receipts scanned, 1 failed"_s);
@@ -92,7 +92,7 @@ private Q_SLOTS:
         service_ = std::make_unique<NotificationService>(capabilities);
         notices_ = std::make_unique<Notices>([] { return false; });
         letTimePass(100); // the capabilities are told by then
-        notices_->tellFailure(u"<b>x</b> \u202Efdp"_s);
+        notices_->showFailure(u"<b>x</b> \u202Efdp"_s);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().text, text);
     }
@@ -100,7 +100,7 @@ private Q_SLOTS:
     void savedFileCanBeShown() {
         isInFront_ = true; // the window shows nothing of it
         QSignalSpy show(notices_.get(), &Notices::showFileRequested);
-        notices_->tellSaved(u"/home/me/receipts.csv"_s);
+        notices_->showSaved(u"/home/me/receipts.csv"_s);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().title, u"Fennick"_s);
         QCOMPARE(service_->notices().first().text, u"Saved receipts.csv"_s);
@@ -114,28 +114,28 @@ private Q_SLOTS:
     }
 
     void failedExportIsToldWithItsReason() {
-        notices_->tellNotSaved(u"/home/me/receipts.csv"_s, u"No space left on device"_s);
+        notices_->showNotSaved(u"/home/me/receipts.csv"_s, u"No space left on device"_s);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().text, u"Couldn't save receipts.csv: No space left on device"_s);
         QCOMPARE(service_->notices().first().actions.size(), 2);
     }
 
     void missingFolderIsToldUntilItIsBack() {
-        notices_->tellFolderMissing(u"/home/me/Receipts"_s);
+        notices_->showFolderMissing(u"/home/me/Receipts"_s);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().text, u"The watched folder is missing: /home/me/Receipts"_s);
-        notices_->tellFolderFound();
+        notices_->showFolderFound();
         QVERIFY(waitUntil([this] { return service_->closed() == 1; }));
-        notices_->tellFolderFound();
+        notices_->showFolderFound();
         letTimePass(100);
         QCOMPARE(service_->closed(), 1);
     }
 
     void folderThatIsBackBeforeItsNoticeIsNotTold() {
-        notices_->tellInTray();
-        notices_->tellFolderMissing(u"/home/me/Receipts"_s);
-        notices_->tellFolderFound();
-        notices_->tellSaved(u"/home/me/receipts.csv"_s);
+        notices_->showInTray();
+        notices_->showFolderMissing(u"/home/me/Receipts"_s);
+        notices_->showFolderFound();
+        notices_->showSaved(u"/home/me/receipts.csv"_s);
         QVERIFY(waitForNotices(2));
         QCOMPARE(service_->notices().first().text, u"Fennick keeps reading in the tray"_s);
         QCOMPARE(service_->notices().last().text, u"Saved receipts.csv"_s);
@@ -143,10 +143,10 @@ private Q_SLOTS:
     }
 
     void messagesOfAPauseAreOneNotice() {
-        notices_->tellInTray();
-        notices_->tellBatch(2, 0);
-        notices_->tellFailure(u"Photos export failed: no space"_s);
-        notices_->tellSaved(u"/home/me/receipts.csv"_s);
+        notices_->showInTray();
+        notices_->showBatch(2, 0);
+        notices_->showFailure(u"Photos export failed: no space"_s);
+        notices_->showSaved(u"/home/me/receipts.csv"_s);
         QVERIFY(waitForNotices(2));
         QCOMPARE(service_->notices().last().title, u"2 receipts scanned"_s);
         QCOMPARE(service_->notices().last().text, u"Photos export failed: no space\nSaved receipts.csv"_s);
@@ -154,7 +154,7 @@ private Q_SLOTS:
 
     void clickIsPassedOn() {
         QSignalSpy activated(notices_.get(), &Notices::activated);
-        notices_->tellBatch(1, 0);
+        notices_->showBatch(1, 0);
         QVERIFY(waitForNotices(1));
         QVERIFY(service_->notices().first().actions.contains(u"default"_s));
         QVERIFY(waitUntil([&] {
@@ -179,14 +179,14 @@ private Q_SLOTS:
     }
 
     void noticeWithoutAnOfferHasNoButton() {
-        notices_->tellBatch(1, 0);
+        notices_->showBatch(1, 0);
         QVERIFY(waitForNotices(1));
         QCOMPARE(service_->notices().first().actions.size(), 2); // the click on itself
     }
 
     void desktopWithoutNoticesIsNoTrouble() {
         service_.reset();
-        notices_->tellBatch(1, 0);
+        notices_->showBatch(1, 0);
         letTimePass(100);
     }
 

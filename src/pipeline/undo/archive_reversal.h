@@ -19,22 +19,24 @@ class ReturningReceipts;
 class SettingsStore;
 
 // Takes an archive back: its files go to where they were, its receipts into the list, its ledger into the
-// trash. Never replaces a file. Owned by UndoHistory; main thread.
+// trash. Never replaces a file. What cannot be done is added to `problems`, and the rest is done all the
+// same. Owned by UndoHistory; main thread.
 class ArchiveReversal {
 public:
-    // Where the knowledge of an archive comes from: a file on the disk may have been changed by others, so
-    // what it says moves regular files from the archive to the watched folder and nothing else.
+    // Where the description of an archive comes from. One that was read from the disk may have been changed
+    // by others: it can only move regular files from an archive into the watched folder, and the ledger to
+    // the trash.
     enum class Source { thisRun, disk };
 
     ArchiveReversal(ReceiptStore *store, const SettingsStore *settings, const Archive *archive,
                     ReturningReceipts *returning, DeedRecord *record, RenamedPaths *renamedPaths,
                     QList<UndoProblem> *problems);
 
-    // Whether all folders respond that have a part in it.
+    // Whether all its folders respond. Blocks for a second for each that does not.
     bool isPossible(const RecordedDeed &deed) const;
 
-    // The record has the deed, with what will be done, before anything is moved, so that a killed program's
-    // next start can call this again.
+    // Records what will be moved before anything is, so that after a crash the next start can repeat the
+    // call.
     void takeBack(RecordedDeed deed, Source source);
 
 private:

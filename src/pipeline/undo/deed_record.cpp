@@ -29,7 +29,7 @@ void DeedRecord::insert(const RecordedDeed &deed) {
     save();
 }
 
-void DeedRecord::keep(const QList<RecordedDeed> &deeds) {
+void DeedRecord::replaceAll(const QList<RecordedDeed> &deeds) {
     if (!std::ranges::equal(deeds, deeds_, {}, &RecordedDeed::id, &RecordedDeed::id)) {
         deeds_ = deeds;
         save();

@@ -7,9 +7,10 @@
 
 namespace fennick {
 
-// Remembers the last clearing of the list and the last archive for as long as they can be undone, also over a
-// restart and a crash in their middle. Kept in "undo.json" in the data folder. Owned by AppState; main
-// thread.
+// Remembers the last clearing of the list and the last archive for as long as they can be undone, even across
+// a restart or a crash in the middle of them. Kept in "undo.json" in the data folder, written before each
+// call returns; a failure is not reported, because that of the list, which follows, is. Owned by AppState;
+// main thread.
 class DeedRecord {
 public:
     DeedRecord();
@@ -17,11 +18,11 @@ public:
     // In the order in which they were done.
     const QList<RecordedDeed> &deeds() const { return deeds_; }
 
-    // Takes the place of this deed or of another one of its kind. On disk when it returns.
+    // Adds the deed in place of the one with its identifier, or else of the one of its kind.
     void insert(const RecordedDeed &deed);
 
-    // Forgets all others. On disk when it returns.
-    void keep(const QList<RecordedDeed> &deeds);
+    // Makes these the recorded deeds. Does nothing if they have the same identifiers in the same order.
+    void replaceAll(const QList<RecordedDeed> &deeds);
 
 private:
     void save();

@@ -189,7 +189,7 @@ void UndoHistory::keepRecord() {
             kept.prepend(*deed);
         }
     }
-    record_->keep(kept);
+    record_->replaceAll(kept);
 }
 
 void UndoHistory::push(UndoableDeed *deed) {
@@ -203,7 +203,7 @@ void UndoHistory::report() {
         lines.append(problem.description());
     }
     if (!lines.isEmpty()) {
-        Q_EMIT undoneInPart(lines);
+        Q_EMIT incomplete(lines);
     }
 }
 

@@ -19,8 +19,8 @@ class Correction;
 class RetryAll;
 class UndoableDeed;
 
-// Carries out what the user can take back, and takes it back. What the program does by itself, such as a
-// scan, is no deed: it stays. Owned by AppState; main thread.
+// Carries out the user's actions that can be undone, the deeds, and undoes and redoes them. What the program
+// does by itself, such as a scan, is none. Owned by AppState; main thread.
 class UndoHistory : public QObject {
     Q_OBJECT
 
@@ -41,10 +41,11 @@ public:
     // As in Archive, of the whole list.
     void archiveAndClear(ExportService::Format format);
 
-    // As in ScanRun. Retries by RetryAll are followed.
+    // As in ScanRun. Retries that RetryAll starts are deeds as well.
     void retry(const Receipt &receipt);
 
-    // Take the last deed back, and do the one again that was taken back last.
+    // Undo the last deed, and redo the one that was undone last. Both may block for a second for each folder
+    // that does not respond.
     void undo();
     void redo();
 
@@ -54,16 +55,16 @@ public:
     // For what can be undone and redone, and the texts of both.
     const QUndoStack *stack() const { return &stack_; }
 
-    // Completes what was interrupted in the middle of an undo, and knows again what can still be undone after
-    // a restart. Call once, at the start.
+    // Completes an interrupted undo, and restores what can still be undone after a restart. Call once, at the
+    // start.
     void resume();
 
 Q_SIGNALS:
     // The list was archived into `folder`.
     void archived(const QString &deedId, int receipts, const QString &folder);
 
-    // Only a part could be done. The problems are lines for the user.
-    void undoneInPart(const QStringList &problems);
+    // An undo or redo could not be carried out completely, or at all. The problems are lines for the user.
+    void incomplete(const QStringList &problems);
 
 private:
     void noteRetry(const QList<Receipt> &receipts);

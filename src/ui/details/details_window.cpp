@@ -2,7 +2,9 @@
 
 #include "extraction/gemini_error.h"
 #include "pipeline/app_state.h"
+#include "platform/file_manager.h"
 #include "text/display_text.h"
+#include "text/path_text.h"
 #include "ui/details/evidence_marks.h"
 #include "ui/details/page_view.h"
 #include "ui/details/receipt_form.h"
@@ -63,6 +65,10 @@ QString momentInWords(const QString &scannedAt) {
                             : displayText(scannedAt);
 }
 
+QString linkTo(const QString &target, const QString &text) {
+    return u"<a href=\"%1\">%2</a>"_s.arg(target.toHtmlEscaped(), text.toHtmlEscaped());
+}
+
 } // namespace
 
 DetailsWindow::DetailsWindow(ReceiptStore *store, AppState *appState)
@@ -88,7 +94,7 @@ DetailsWindow::DetailsWindow(ReceiptStore *store, AppState *appState)
     for (QWidget *const widget : std::initializer_list<QWidget *>{save_, revert_, previousPage_, nextPage_}) {
         widget->installEventFilter(this);
     }
-    connect(store, &ReceiptStore::receiptsChanged, this, &DetailsWindow::dropDraftsOfOthers);
+    connect(store, &ReceiptStore::receiptsChanged, this, &DetailsWindow::dropDraftsOfRemoved);
     connect(&naming_, &QFutureWatcherBase::finished, this, &DetailsWindow::showFileName);
     connect(appState->pages(), &ReceiptPages::changed, this, &DetailsWindow::showPages);
     showReceipt(std::nullopt);
@@ -175,7 +181,7 @@ QWidget *DetailsWindow::makeFieldSide() {
     layout->addLayout(buttons);
     layout->addLayout(facts_);
     layout->addStretch();
-    connect(duplicate_, &QLabel::linkActivated, this, &DetailsWindow::receiptRequested);
+    connect(duplicate_, &QLabel::linkActivated, this, &DetailsWindow::goToDuplicate);
     connect(appState_->duplicates(), &PossibleDuplicates::changed, this, &DetailsWindow::showDuplicate);
     connect(form_, &ReceiptForm::edited, this, &DetailsWindow::keepDraft);
     connect(save_, &QPushButton::clicked, this, &DetailsWindow::save);
@@ -255,12 +261,29 @@ void DetailsWindow::showFacts(const Receipt &receipt) {
     showDuplicate();
 }
 
+// An archived receipt has no row to go to; its link is the path of its file.
 void DetailsWindow::showDuplicate() {
-    const auto other = store_->receipt(appState_->duplicates()->otherOf(id_).value_or(QString()));
-    facts_->setRowVisible(duplicate_, other.has_value());
-    duplicate_->setText(other ? u"<a href=\"%1\">%2</a>"_s.arg(other->id.toHtmlEscaped(),
-                                                               displayText(other->fileName).toHtmlEscaped())
-                              : QString());
+    const OtherReceipt other = appState_->duplicates()->otherOf(id_).value_or(OtherReceipt());
+    const auto listed = store_->receipt(other.id);
+    const bool isArchived = !other.archivedPath.isEmpty();
+    facts_->setRowVisible(duplicate_, listed || isArchived);
+    if (listed) {
+        duplicate_->setText(linkTo(listed->id, displayText(listed->fileName)));
+    } else if (isArchived) {
+        //: %1 is the name of a file.
+        const QString text = tr("%1 (archived)").arg(displayText(lastPathComponent(other.archivedPath)));
+        duplicate_->setText(linkTo(other.archivedPath, text));
+    } else {
+        duplicate_->clear();
+    }
+}
+
+void DetailsWindow::goToDuplicate(const QString &target) {
+    if (store_->hasReceipt(target)) {
+        Q_EMIT receiptRequested(target);
+    } else {
+        FileManager::reveal(target);
+    }
 }
 
 void DetailsWindow::showPages() {
@@ -286,7 +309,7 @@ void DetailsWindow::showPages() {
 void DetailsWindow::lookForEvidence() {
     const ReceiptPages *const pages = appState_->pages();
     if (const auto receipt = current(); receipt && pages->state() == ReceiptPages::State::ready) {
-        appState_->evidence()->show(*receipt, pages->files().size());
+        appState_->evidence()->searchFor(*receipt, pages->files().size());
     }
 }
 
@@ -326,7 +349,7 @@ void DetailsWindow::keepDraft() {
     askForFileName();
 }
 
-void DetailsWindow::dropDraftsOfOthers() {
+void DetailsWindow::dropDraftsOfRemoved() {
     const auto isGone = [this](const auto &draft) {
         return !store_->hasReceipt(draft.key());
     };

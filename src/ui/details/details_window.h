@@ -21,8 +21,8 @@ class PageView;
 class ReceiptForm;
 
 // The selected receipt: its pages on the left, its fields for correcting on the right. What is typed is kept
-// for each receipt until it is saved or taken back, also while others are looked at. Borrows the store and
-// the controller; owned by the shell; main thread.
+// for each receipt until it is saved or reverted, even while others are shown. Borrows the store and
+// AppState; owned by FennickApp; main thread.
 class DetailsWindow : public QWidget {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ public:
     bool hasUnsavedFields() const { return !drafts_.isEmpty(); }
 
 Q_SIGNALS:
-    // The user wants the receipt that many rows further down the list.
+    // The user wants the receipt `rows` rows further down the list; negative means up.
     void stepRequested(int rows);
 
     // The user wants to see this receipt.
@@ -58,13 +58,14 @@ private:
     void showFields(const TypedFields &typed);
     void showFacts(const Receipt &receipt);
     void showDuplicate();
+    void goToDuplicate(const QString &target);
     void showPages();
     void lookForEvidence();
     void showPageNumber();
     void askForFileName();
     void showFileName();
     void keepDraft();
-    void dropDraftsOfOthers();
+    void dropDraftsOfRemoved();
     void updateButtons();
     void save();
     void revert();

@@ -47,7 +47,7 @@ FindLine::FindLine(QWidget *parent)
     layout->addWidget(text_, 1);
     layout->addWidget(count_);
     layout->addWidget(close);
-    connect(text_, &QLineEdit::textChanged, this, &FindLine::tellQuery);
+    connect(text_, &QLineEdit::textChanged, this, &FindLine::emitQuery);
     connect(text_, &QLineEdit::returnPressed, this, &FindLine::leftDownwards);
     connect(close, &QToolButton::clicked, this, &FindLine::close);
     // Also while the focus is in the table; a hidden line has no shortcuts.
@@ -70,7 +70,7 @@ void FindLine::showCount(int found, int all) {
     count_->setAccessibleName(tr("%1 of %2 receipts found").arg(found).arg(all));
 }
 
-void FindLine::tellQuery() {
+void FindLine::emitQuery() {
     Q_EMIT queryChanged(ReceiptQuery(text_->text(), language_));
 }
 

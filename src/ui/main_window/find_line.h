@@ -39,7 +39,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void tellQuery();
+    void emitQuery();
 
     QLocale language_; // of the windows
     QLineEdit *text_;

@@ -58,6 +58,7 @@ MainActions::MainActions(QObject *owner)
     , undo(make(owner, "undo", tr("Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z)))
     , redo(make(owner, "redo", tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)))
     , find(make(owner, "find", tr("Find…"), QKeySequence::Find))
+    , summary(make(owner, "summary", tr("Summary…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)))
     , settings(make(owner, "settings", tr("Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)))
     , closeWindow(make(owner, "closeWindow", tr("Close Window"), QKeySequence(Qt::CTRL | Qt::Key_W)))
     , quit(make(owner, "quit", tr("Quit Fennick"), QKeySequence(Qt::CTRL | Qt::Key_Q))) {

@@ -43,6 +43,7 @@ public:
     QAction *undo;
     QAction *redo;
     QAction *find;
+    QAction *summary;
 
     // The program.
     QAction *settings;

@@ -135,6 +135,7 @@ void MainWindow::buildMenuBar() {
     edit->addActions({actions_.copy, actions_.find});
     edit->addSeparator();
     edit->addAction(actions_.settings);
+    menuBar()->addMenu(tr("&View"))->addAction(actions_.summary);
     QMenu *const receipt = menuBar()->addMenu(tr("&Receipt"));
     receipt->addActions(
         {actions_.open, actions_.reveal, actions_.addToPhotos, actions_.retry, actions_.copySummary});

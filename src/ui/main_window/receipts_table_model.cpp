@@ -1,7 +1,8 @@
 #include "ui/main_window/receipts_table_model.h"
 
 #include "extraction/gemini_error.h"
-#include "model/possible_duplicates.h"
+#include "pipeline/duplicates/possible_duplicates.h"
+#include "text/characters.h"
 #include "text/display_text.h"
 #include "ui/widgets/plain_tool_tip.h"
 #include "ui/widgets/symbols.h"
@@ -28,19 +29,6 @@ QString statusText(const Receipt &receipt) {
         return receipt.error ? inUsersLanguage(*receipt.error) : ReceiptsTableModel::tr("Error");
     }
     Q_UNREACHABLE();
-}
-
-// The first letter of each word in upper case, the others in lower case.
-QString capitalised(const QString &text) {
-    QString result = text.toLower();
-    bool isWordStart = true;
-    for (QChar &character : result) {
-        if (isWordStart) {
-            character = character.toUpper();
-        }
-        isWordStart = character.isSpace();
-    }
-    return result;
 }
 
 QString cellText(const Receipt &receipt, int column, AmountFormatter &amounts) {

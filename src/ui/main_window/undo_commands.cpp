@@ -37,7 +37,7 @@ UndoCommands::UndoCommands(MainActions *actions, UndoHistory *history, QWidget *
     connect(history->stack(), &QUndoStack::indexChanged, this, &UndoCommands::show);
     // Queued: the dialog must not hold up what is under way.
     connect(
-        history, &UndoHistory::undoneInPart, window,
+        history, &UndoHistory::incomplete, window,
         [window](const QStringList &problems) { showUndoReport(window, problems); }, Qt::QueuedConnection);
     qApp->installEventFilter(this);
     show();

@@ -23,7 +23,7 @@ ArchiveNotices::ArchiveNotices(UndoHistory *history, Notices *notices, QObject *
 
 void ArchiveNotices::show(const QString &deedId, int receipts, const QString &folder) {
     deedId_ = deedId;
-    notices_->tellArchived(receipts, folder);
+    notices_->showArchived(receipts, folder);
 }
 
 void ArchiveNotices::undo() {

@@ -10,7 +10,7 @@ KeyNotices::KeyNotices(AppState *appState, const SettingsStore *settings, Notice
     : QObject(parent)
     , appState_(appState)
     , notices_(notices) {
-    connect(appState, &AppState::keyRefused, this, &KeyNotices::tellRefusal);
+    connect(appState, &AppState::keyRefused, this, &KeyNotices::showRefusal);
     connect(settings, &SettingsStore::apiKeySaved, this, &KeyNotices::offerRetry);
     connect(notices, &Notices::retryRequested, this,
             [this] { appState_->retryAll()->add(appState_->receiptsWithoutKey()); });
@@ -22,10 +22,10 @@ void KeyNotices::noteBatch(int scanned) {
     }
 }
 
-void KeyNotices::tellRefusal() {
+void KeyNotices::showRefusal() {
     if (!isRefusalTold_) {
         isRefusalTold_ = true;
-        notices_->tellFailure(
+        notices_->showFailure(
             tr("The service does not accept the API key. Save a valid one in the settings."));
     }
 }

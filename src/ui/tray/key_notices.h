@@ -21,7 +21,7 @@ public:
     void noteBatch(int scanned);
 
 private:
-    void tellRefusal();
+    void showRefusal();
     void offerRetry();
 
     AppState *appState_;

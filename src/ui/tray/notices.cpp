@@ -32,7 +32,7 @@ Notices::Notices(std::function<bool()> isWindowInFront, QObject *parent)
     pause_.setSingleShot(true);
     pause_.setTimerType(Qt::PreciseTimer);
     pause_.setInterval(shortestPause);
-    connect(&pause_, &QTimer::timeout, this, &Notices::tell);
+    connect(&pause_, &QTimer::timeout, this, &Notices::show);
     connect(&notifier_, &Notifier::activated, this, &Notices::activated);
     connect(&notifier_, &Notifier::buttonClicked, this, &Notices::handleButton);
 }
@@ -75,40 +75,40 @@ QString Notices::batchText(int scanned, int failed, int repeats) {
     return parts.join(tr(", "));
 }
 
-void Notices::tellBatch(int scanned, int failed, int repeats) {
+void Notices::showBatch(int scanned, int failed, int repeats) {
     if (isWindowInFront_()) {
         return;
     }
     scanned_ += scanned;
     failed_ += failed;
     repeats_ += repeats;
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
-void Notices::tellFailure(const QString &failure) {
+void Notices::showFailure(const QString &failure) {
     failure_ = displayText(failure);
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
 void Notices::offerRetry(int receipts) {
     retries_ = receipts;
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
-void Notices::tellSaved(const QString &path) {
+void Notices::showSaved(const QString &path) {
     savedFile_ = path;
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
-void Notices::tellNotSaved(const QString &path, const QString &reason) {
+void Notices::showNotSaved(const QString &path, const QString &reason) {
     //: %1 is a file's name, %2 the reason.
-    tellFailure(tr("Couldn't save %1: %2").arg(lastPathComponent(path), reason));
+    showFailure(tr("Couldn't save %1: %2").arg(lastPathComponent(path), reason));
 }
 
-void Notices::tellArchived(int receipts, const QString &folder) {
+void Notices::showArchived(int receipts, const QString &folder) {
     archived_ = receipts;
     archiveFolder_ = folder;
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
 void Notices::withdrawArchive() {
@@ -118,17 +118,17 @@ void Notices::withdrawArchive() {
     }
 }
 
-void Notices::tellInTray() {
+void Notices::showInTray() {
     isInTray_ = true;
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
-void Notices::tellFolderMissing(const QString &folder) {
+void Notices::showFolderMissing(const QString &folder) {
     missingFolder_ = folder;
-    tellWhenAllowed();
+    showWhenAllowed();
 }
 
-void Notices::tellFolderFound() {
+void Notices::showFolderFound() {
     missingFolder_.clear();
     if (std::exchange(isMissingFolderShown_, false)) {
         notifier_.close();
@@ -182,14 +182,14 @@ QStringList Notices::takeOffer() {
     return isRetryOffered ? QStringList{tr("Retry")} : QStringList();
 }
 
-void Notices::tellWhenAllowed() {
+void Notices::showWhenAllowed() {
     if (!pause_.isActive()) {
-        tell();
+        show();
     }
 }
 
 // The messages are shown even while the window is in front, because the window does not show them.
-void Notices::tell() {
+void Notices::show() {
     if (isWindowInFront_()) {
         scanned_ = 0;
         failed_ = 0;

@@ -20,25 +20,25 @@ public:
     explicit Notices(std::function<bool()> isWindowInFront, QObject *parent = nullptr);
 
     // `repeats`: how many of the scanned receipts may be duplicates of others.
-    void tellBatch(int scanned, int failed, int repeats = 0);
-    void tellFailure(const QString &failure);
+    void showBatch(int scanned, int failed, int repeats = 0);
+    void showFailure(const QString &failure);
 
     // Offers to retry that many receipts, which failed because there was no valid API key.
     void offerRetry(int receipts);
     // With a button that asks to show the file.
-    void tellSaved(const QString &path);
-    void tellNotSaved(const QString &path, const QString &reason);
+    void showSaved(const QString &path);
+    void showNotSaved(const QString &path, const QString &reason);
 
     // With buttons that ask to undo the archive and to open its folder, until this is withdrawn.
-    void tellArchived(int receipts, const QString &folder);
+    void showArchived(int receipts, const QString &folder);
     void withdrawArchive();
 
     // That the window has gone into the tray, and nothing has ended.
-    void tellInTray();
+    void showInTray();
 
     // Until it is back: then the notice goes.
-    void tellFolderMissing(const QString &folder);
-    void tellFolderFound();
+    void showFolderMissing(const QString &folder);
+    void showFolderFound();
 
     // "3 receipts scanned, 1 may be a duplicate, 1 failed".
     static QString batchText(int scanned, int failed, int repeats = 0);
@@ -60,8 +60,8 @@ private:
     void handleButton(int number);
     QStringList takeMessages();
     QStringList takeOffer();
-    void tellWhenAllowed();
-    void tell();
+    void showWhenAllowed();
+    void show();
 
     std::function<bool()> isWindowInFront_;
     Notifier notifier_;

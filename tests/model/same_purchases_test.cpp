@@ -1,6 +1,6 @@
 #include "model/merchant_likeness.h"
-#include "model/possible_duplicates.h"
 #include "model/receipt_store.h"
+#include "model/same_purchases.h"
 #include "support/receipts.h"
 #include "support/temporary_home.h"
 #include "support/test_program.h"
@@ -14,14 +14,14 @@ using namespace fennick;
 using namespace fennick::test;
 using namespace Qt::StringLiterals;
 
-class PossibleDuplicatesTest : public QObject {
+class SamePurchasesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init() {
         home_ = std::make_unique<TemporaryHome>();
         store_ = std::make_unique<ReceiptStore>();
-        duplicates_ = std::make_unique<PossibleDuplicates>(store_.get());
+        duplicates_ = std::make_unique<SamePurchases>(store_.get());
     }
     void cleanup() {
         duplicates_.reset();
@@ -50,14 +50,14 @@ private Q_SLOTS:
 
     void samePurchaseTwiceLeadsFromEachToTheOther() {
         const Receipt first = add(u"a"_s);
-        QVERIFY(!duplicates_->contains(first.id));
-        QSignalSpy changes(duplicates_.get(), &PossibleDuplicates::changed);
+        QVERIFY(!duplicates_->otherOf(first.id));
+        QSignalSpy changes(duplicates_.get(), &SamePurchases::changed);
         const Receipt second = add(u"b"_s);
         QCOMPARE(duplicates_->otherOf(first.id), second.id);
         QCOMPARE(duplicates_->otherOf(second.id), first.id);
         QCOMPARE(changes.size(), 1);
         QCOMPARE(changes.first().first().value<QSet<QString>>(), (QSet<QString>{first.id, second.id}));
-        const PossibleDuplicates afterRestart(store_.get());
+        const SamePurchases afterRestart(store_.get());
         QCOMPARE(afterRestart.otherOf(second.id), first.id);
     }
 
@@ -67,10 +67,10 @@ private Q_SLOTS:
         const Receipt third = add(u"c"_s);
         const RemovedReceipts removed = store_->beforeRemovalOfAll();
         store_->clearAll();
-        QVERIFY(!duplicates_->contains(first.id));
+        QVERIFY(!duplicates_->otherOf(first.id));
         store_->putBack(removed);
         for (const Receipt &receipt : {first, second, third}) {
-            QVERIFY(duplicates_->contains(receipt.id));
+            QVERIFY(duplicates_->otherOf(receipt.id));
         }
     }
 
@@ -94,8 +94,8 @@ private Q_SLOTS:
         QFETCH(Receipt, other);
         const Receipt first = add(u"a"_s);
         store_->add(other);
-        QVERIFY(!duplicates_->contains(first.id));
-        QVERIFY(!duplicates_->contains(other.id));
+        QVERIFY(!duplicates_->otherOf(first.id));
+        QVERIFY(!duplicates_->otherOf(other.id));
     }
 
     void correctedReceiptIsNoDuplicateAnyMore() {
@@ -103,8 +103,8 @@ private Q_SLOTS:
         Receipt second = add(u"b"_s);
         second.amount = 9;
         store_->update(second);
-        QVERIFY(!duplicates_->contains(first.id));
-        QVERIFY(!duplicates_->contains(second.id));
+        QVERIFY(!duplicates_->otherOf(first.id));
+        QVERIFY(!duplicates_->otherOf(second.id));
         second.amount = first.amount;
         store_->update(second);
         QCOMPARE(duplicates_->otherOf(second.id), first.id);
@@ -116,29 +116,13 @@ private Q_SLOTS:
         const Receipt third = add(u"c"_s);
         QCOMPARE(duplicates_->otherOf(third.id), first.id);
         store_->remove({first.id});
-        QVERIFY(!duplicates_->contains(first.id));
+        QVERIFY(!duplicates_->otherOf(first.id));
         QCOMPARE(duplicates_->otherOf(third.id), second.id);
         store_->remove({second.id});
-        QVERIFY(!duplicates_->contains(third.id));
+        QVERIFY(!duplicates_->otherOf(third.id));
         add(u"d"_s);
         store_->clearAll();
-        QVERIFY(!duplicates_->contains(third.id));
-    }
-
-    void onlyTheLaterOnesOfABatchAreRepeats() {
-        const Receipt first = add(u"a"_s);
-        const Receipt second = add(u"b"_s);
-        const Receipt third = add(u"c"_s);
-        QCOMPARE(duplicates_->repeatsAmong({first.id, second.id}), 1);
-        QCOMPARE(duplicates_->repeatsAmong({first.id, second.id, third.id}), 2);
-        QCOMPARE(duplicates_->repeatsAmong({third.id}), 1); // of one that was there before
-        QCOMPARE(duplicates_->repeatsAmong({}), 0);
-    }
-
-    void nothingIsRemovedByItself() {
-        add(u"a"_s);
-        add(u"b"_s);
-        QCOMPARE(store_->receipts().size(), 2);
+        QVERIFY(!duplicates_->otherOf(third.id));
     }
 
     void manyMerchantsOfOneAmountAndDayAreComparedByTheirWholeNames() {
@@ -163,10 +147,10 @@ private:
 
     std::unique_ptr<TemporaryHome> home_;
     std::unique_ptr<ReceiptStore> store_;
-    std::unique_ptr<PossibleDuplicates> duplicates_;
+    std::unique_ptr<SamePurchases> duplicates_;
 };
 
-int possible_duplicates_test(int argc, char **argv) {
-    return runTest<QCoreApplication, PossibleDuplicatesTest>(argc, argv);
+int same_purchases_test(int argc, char **argv) {
+    return runTest<QCoreApplication, SamePurchasesTest>(argc, argv);
 }
-#include "possible_duplicates_test.moc"
+#include "same_purchases_test.moc"

@@ -15,22 +15,16 @@ class ReceiptStore;
 struct ReceiptsChange;
 
 // Which listed receipts may be one purchase twice: their amount, currency and date are the same, and so is
-// the merchant but for its spelling. It only reports them; it never removes a receipt. Follows the store,
-// whose changes cost a time that grows with the receipts of one amount and day, not with the list. Owned by
-// AppState; main thread.
-class PossibleDuplicates : public QObject {
+// the merchant but for its spelling. Follows the store, whose changes cost a time that grows with the
+// receipts of one amount and day, not with the list. Owned by PossibleDuplicates; main thread.
+class SamePurchases : public QObject {
     Q_OBJECT
 
 public:
-    explicit PossibleDuplicates(const ReceiptStore *store, QObject *parent = nullptr);
-
-    bool contains(const QString &id) const { return others_.contains(id); }
+    explicit SamePurchases(const ReceiptStore *store, QObject *parent = nullptr);
 
     // The receipt that this one may be a duplicate of: of several, one that was there before.
     [[nodiscard]] std::optional<QString> otherOf(const QString &id) const;
-
-    // How many of these receipts, which came in this order, may be duplicates of one that was there before.
-    int repeatsAmong(const QStringList &ids) const;
 
 Q_SIGNALS:
     // These receipts have become possible duplicates, or of another receipt, or are none any more.

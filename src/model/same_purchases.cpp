@@ -1,4 +1,4 @@
-#include "model/possible_duplicates.h"
+#include "model/same_purchases.h"
 
 #include "model/merchant_likeness.h"
 #include "model/receipt_store.h"
@@ -15,7 +15,7 @@ constexpr qsizetype mostMerchantsToCompare = 50;
 
 } // namespace
 
-PossibleDuplicates::PossibleDuplicates(const ReceiptStore *store, QObject *parent)
+SamePurchases::SamePurchases(const ReceiptStore *store, QObject *parent)
     : QObject(parent)
     , store_(store) {
     QSet<Purchase> touched;
@@ -26,29 +26,15 @@ PossibleDuplicates::PossibleDuplicates(const ReceiptStore *store, QObject *paren
     for (const Purchase &purchase : std::as_const(touched)) {
         compare(purchase, changed);
     }
-    connect(store, &ReceiptStore::receiptsChanged, this, &PossibleDuplicates::follow);
+    connect(store, &ReceiptStore::receiptsChanged, this, &SamePurchases::follow);
 }
 
-std::optional<QString> PossibleDuplicates::otherOf(const QString &id) const {
+std::optional<QString> SamePurchases::otherOf(const QString &id) const {
     const auto other = others_.constFind(id);
     return other == others_.constEnd() ? std::nullopt : std::optional(*other);
 }
 
-int PossibleDuplicates::repeatsAmong(const QStringList &ids) const {
-    const QSet<QString> batch(ids.begin(), ids.end());
-    QSet<QString> before;
-    int repeats = 0;
-    for (const QString &id : ids) {
-        const auto other = otherOf(id);
-        if (other && (before.contains(*other) || !batch.contains(*other))) {
-            ++repeats;
-        }
-        before.insert(id);
-    }
-    return repeats;
-}
-
-std::optional<PossibleDuplicates::Entry> PossibleDuplicates::entryOf(const Receipt &receipt) {
+std::optional<SamePurchases::Entry> SamePurchases::entryOf(const Receipt &receipt) {
     const QString merchant = merchantKey(receipt.location.value_or(QString()));
     if (receipt.status != ReceiptStatus::done || !receipt.date || !receipt.amount || merchant.isEmpty()) {
         return std::nullopt;
@@ -56,7 +42,7 @@ std::optional<PossibleDuplicates::Entry> PossibleDuplicates::entryOf(const Recei
     return Entry{{*receipt.date, *receipt.amount, receipt.currency.value_or(QString())}, merchant};
 }
 
-void PossibleDuplicates::follow(const ReceiptsChange &change) {
+void SamePurchases::follow(const ReceiptsChange &change) {
     QSet<Purchase> touched;
     if (change.kind == ReceiptsChange::Kind::removed || change.kind == ReceiptsChange::Kind::cleared) {
         dropGone(touched);
@@ -75,7 +61,7 @@ void PossibleDuplicates::follow(const ReceiptsChange &change) {
     }
 }
 
-void PossibleDuplicates::take(const Receipt &receipt, QSet<Purchase> &touched) {
+void SamePurchases::take(const Receipt &receipt, QSet<Purchase> &touched) {
     const auto entry = entryOf(receipt);
     const auto before = entries_.constFind(receipt.id);
     const bool isSame = entry && before != entries_.constEnd() && before->purchase == entry->purchase &&
@@ -91,7 +77,7 @@ void PossibleDuplicates::take(const Receipt &receipt, QSet<Purchase> &touched) {
     }
 }
 
-void PossibleDuplicates::drop(const QString &id, QSet<Purchase> &touched) {
+void SamePurchases::drop(const QString &id, QSet<Purchase> &touched) {
     const auto found = entries_.find(id);
     if (found == entries_.end()) {
         return;
@@ -107,7 +93,7 @@ void PossibleDuplicates::drop(const QString &id, QSet<Purchase> &touched) {
     touched.insert(entry.purchase);
 }
 
-void PossibleDuplicates::dropGone(QSet<Purchase> &touched) {
+void SamePurchases::dropGone(QSet<Purchase> &touched) {
     const QStringList ids = entries_.keys();
     for (const QString &id : ids) {
         if (!store_->hasReceipt(id)) {
@@ -120,7 +106,7 @@ void PossibleDuplicates::dropGone(QSet<Purchase> &touched) {
 }
 
 // Everything that was concluded of this purchase anew.
-void PossibleDuplicates::compare(const Purchase &purchase, QSet<QString> &changed) {
+void SamePurchases::compare(const Purchase &purchase, QSet<QString> &changed) {
     const auto conclude = [this, &changed](const QString &id, const QString &other) {
         if (others_.value(id) == other) {
             return;
@@ -145,7 +131,7 @@ void PossibleDuplicates::compare(const Purchase &purchase, QSet<QString> &change
     }
 }
 
-QStringList PossibleDuplicates::sameAs(const QString &merchant, const Merchants &merchants) const {
+QStringList SamePurchases::sameAs(const QString &merchant, const Merchants &merchants) const {
     QStringList same = merchants.value(merchant);
     if (merchants.size() > mostMerchantsToCompare) {
         return same;
