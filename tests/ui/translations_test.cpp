@@ -209,12 +209,12 @@ private Q_SLOTS:
         const MenuBarContent tray(store_.get());
         verifyTextsAreWhole(&tray);
         const auto menus = window.findChildren<QMenu *>();
-        QCOMPARE(menus.size(), 6);
+        QCOMPARE(menus.size(), 7);
         for (const QMenu *const menu : menus) {
             verifyTextsAreWhole(menu);
             verifyLettersDiffer(menu, 0);
         }
-        verifyLettersDiffer(window.menuBar(), 3);
+        verifyLettersDiffer(window.menuBar(), 4);
         verifyLettersDiffer(&tray, 0);
     }
 
