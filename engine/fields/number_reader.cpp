@@ -1,6 +1,7 @@
 #include "engine/fields/number_reader.h"
 
 #include "engine/fields/currency_reader.h"
+#include "engine/knowledge/currency_table.h"
 
 #include <QRegularExpression>
 
@@ -12,12 +13,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Digits with groups of three (Indian ones of two before the last) and at most two decimals. A space groups
-// only where a decimal comma or a currency that is written so follows, so that "2 100.00" on an item line
-// stays two numbers.
+// A blank groups only where a decimal comma or a currency that is written so follows, so that "2 100.00" on
+// an item line stays two numbers.
+QString groupsOfBlanks(int decimals) {
+    QStringList signs;
+    for (const QString &sign : signsBehindBlankGroups(decimals)) {
+        signs.append(QRegularExpression::escape(sign));
+    }
+    return uR"(\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:%1)(?!\p{L})))"_s.arg(
+        signs.join(u'|'));
+}
+
+// Digits with groups of three (Indian ones of two before the last) and at most two decimals.
 const QRegularExpression &twoDecimals() {
     static const QRegularExpression pattern(
-        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,2}(?:,\d{2})+,\d{3}|\d{1,3}(?:[.,'’]\d{3})+|\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:kr|€|EUR|SEK|NOK|DKK|Kč|CZK|zł|PLN)(?!\p{L}))|\d+)(?:[.,]\d{2}(?![\d]))?)"_s);
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,2}(?:,\d{2})+,\d{3}|\d{1,3}(?:[.,'’]\d{3})+|%1|\d+)(?:[.,]\d{2}(?![\d]))?)"_s
+            .arg(groupsOfBlanks(2)));
     return pattern;
 }
 
@@ -30,7 +41,8 @@ const QRegularExpression &threeDecimals() {
 // "175, 000": recognition sees a blank behind a comma. Few tills print two noughts all the same.
 const QRegularExpression &wholeNumbers() {
     static const QRegularExpression pattern(
-        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’]\s?\d{3})+|\d{1,3}(?:[ \x{a0}\x{202f}]\d{3})+(?=,\d{2}(?!\d)|\s?(?:Ft|HUF|đ|₫|VND|F|Rp|kr)(?!\p{L}))|\d+)(?:[.,]\d{2}(?!\d))?)"_s);
+        uR"((?<![\p{L}\d.,:/\-'])(?:\d{1,3}(?:[.,'’]\s?\d{3})+|%1|\d+)(?:[.,]\d{2}(?!\d))?)"_s.arg(
+            groupsOfBlanks(0)));
     return pattern;
 }
 

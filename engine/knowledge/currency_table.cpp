@@ -59,11 +59,27 @@ QHash<QString, PriceStyle> loadedStyles() {
     return styles;
 }
 
+QHash<int, QStringList> loadedBlankGroups() {
+    QHash<int, QStringList> signs;
+    const QList<QStringList> rows = tableRows(u":/engine/blank_groups.txt"_s);
+    for (const QStringList &row : rows) {
+        signs.insert(row.value(0).toInt(), row.value(1).split(u','));
+    }
+    return signs;
+}
+
 } // namespace
 
 PriceStyle priceStyle(const std::optional<QString> &currency) {
     static const QHash<QString, PriceStyle> styles = loadedStyles();
     return currency ? styles.value(*currency) : PriceStyle();
+}
+
+const QStringList &signsBehindBlankGroups(int decimals) {
+    static const QHash<int, QStringList> signs = loadedBlankGroups();
+    static const QStringList none;
+    const auto found = signs.constFind(decimals);
+    return found == signs.constEnd() ? none : *found;
 }
 
 const QList<CurrencySign> &currencySigns() {

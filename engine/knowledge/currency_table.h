@@ -32,6 +32,9 @@ struct PriceStyle {
 // Prices have two decimals where `currency` (ISO 4217) is unknown.
 [[nodiscard]] PriceStyle priceStyle(const std::optional<QString> &currency);
 
+// What is printed behind amounts of so many decimals whose thousands are separated by blanks.
+[[nodiscard]] const QStringList &signsBehindBlankGroups(int decimals);
+
 // All signs, the codes themselves included. Callable from any thread.
 [[nodiscard]] const QList<CurrencySign> &currencySigns();
 

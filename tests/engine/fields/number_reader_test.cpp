@@ -24,6 +24,7 @@ private Q_SLOTS:
         QTest::newRow("hard blank") << u"1\u00a0234,56"_s << 1234.56;
         QTest::newRow("narrow hard blank") << u"1\u202f234,56"_s << 1234.56;
         QTest::newRow("whole thousands of kronor") << u"1 234 kr"_s << 1234.0;
+        QTest::newRow("whole thousands of euros") << u"2 100 €"_s << 2100.0;
         QTest::newRow("no cents, Swiss") << u"CHF 45.-"_s << 45.0;
         QTest::newRow("no cents, Swedish") << u"29:-"_s << 29.0;
         QTest::newRow("no cents, German") << u"29,-"_s << 29.0;
@@ -55,6 +56,7 @@ private Q_SLOTS:
         QTest::newRow("rupiah") << u"60.000"_s << u"IDR"_s << 60000.0;
         QTest::newRow("rupiah with noughts") << u"98.500,00"_s << u"IDR"_s << 98500.0;
         QTest::newRow("blank behind the comma") << u"175, 000"_s << u"VND"_s << 175000.0;
+        QTest::newRow("dong") << u"175 000 đ"_s << u"VND"_s << 175000.0;
         QTest::newRow("forint") << u"5 480"_s << u"HUF"_s << 5480.0;
         QTest::newRow("yen") << u"980"_s << u"JPY"_s << 980.0;
         QTest::newRow("pesos of Chile") << u"12.990"_s << u"CLP"_s << 12990.0;

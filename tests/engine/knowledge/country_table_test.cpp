@@ -73,6 +73,18 @@ private Q_SLOTS:
         QCOMPARE(priceStyle(std::nullopt).decimals, 2);
     }
 
+    void everySignBehindGroupsOfBlanksHasItsPlace() {
+        const QList<QStringList> rows = tableRows(u":/engine/blank_groups.txt"_s);
+        QVERIFY(!rows.isEmpty());
+        for (const QStringList &row : rows) {
+            const QString text = row.join(u'|');
+            QVERIFY2(row.size() == 2 && (row[0] == u"0" || row[0] == u"2"), qPrintable(text));
+            QVERIFY2(!row[1].split(u',').contains(QString()), qPrintable(text));
+            QCOMPARE(signsBehindBlankGroups(row[0].toInt()), row[1].split(u','));
+        }
+        QVERIFY(signsBehindBlankGroups(3).isEmpty());
+    }
+
     void everySignIsOfKnownCurrencies() {
         QSet<QString> known;
         for (const Country &country : countries()) {
