@@ -1,12 +1,11 @@
 #include "desktop_test_case.h"
+#include "numbered_receipts.h"
 #include "support/test_program.h"
 
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QDate>
 #include <QDir>
 #include <QDirIterator>
-#include <QImage>
 
 #include <memory>
 
@@ -18,28 +17,6 @@ namespace {
 const QString warning = u"Set your Gemini API key in Settings (⌘,) to start scanning."_s;
 const QString button = u"push button"_s;
 constexpr int secondRowButton = 46; // pixels from the left edge of a row's buttons
-
-// A picture of its own for each receipt, so that the service can tell them apart.
-QByteArray picture(int number) {
-    QImage image(40, 60, QImage::Format_RGB32);
-    image.fill(qRgb(200, 200, number));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-QString shop(int number) {
-    return u"Shop %1"_s.arg(number);
-}
-
-QByteArray answerFor(int number) {
-    return u"{\"date\": \"2024-05-%1\", \"amount\": %2.5, \"currency\": \"USD\", \"location\": \"%3\", "
-           "\"category\": \"lunch\", \"summary\": \"Receipt %2.\"}"_s.arg(number, 2, 10, QLatin1Char('0'))
-               .arg(number)
-               .arg(shop(number))
-               .toUtf8();
-}
 
 qsizetype filesBelow(const QString &folder) {
     qsizetype count = 0;
@@ -95,7 +72,7 @@ private Q_SLOTS:
 
     void twelveReceiptsAreReadAndOneFails() {
         for (int number = 1; number <= 12; ++number) {
-            session().drop(u"scan %1.png"_s.arg(number), picture(number));
+            session().drop(u"scan %1.png"_s.arg(number), numberedPicture(number));
         }
         QVERIFY(session().waitFor([this] { return count(u"done"_s) == 11 && count(u"error"_s) == 1; }));
         user().waitToSee(mainTitle, u"cell"_s, shop(12));
@@ -153,7 +130,7 @@ private Q_SLOTS:
     void batchIsArchivedTwiceOnOneDay() {
         archive();
         for (int number = 13; number <= 15; ++number) {
-            session().drop(u"scan %1.png"_s.arg(number), picture(number));
+            session().drop(u"scan %1.png"_s.arg(number), numberedPicture(number));
         }
         QVERIFY(session().waitForRows(3, u"done"_s));
         archive();
@@ -167,8 +144,8 @@ private Q_SLOTS:
     }
 
     void clearedListKeepsTheFiles() {
-        session().drop(u"scan 16.png"_s, picture(16));
-        session().drop(u"scan 17.png"_s, picture(17));
+        session().drop(u"scan 16.png"_s, numberedPicture(16));
+        session().drop(u"scan 17.png"_s, numberedPicture(17));
         QVERIFY(session().waitForRows(2, u"done"_s));
         user().click(mainTitle, button, u"Clear All"_s);
         QVERIFY(session().waitFor([] { return VirtualDesktop::windowCount(mainTitle) == 2; }));
@@ -206,16 +183,11 @@ private:
         QFile::remove(session().home.permissionsFile());
         PrivateSession::clearKey();
         session().server.setScript([this](const HttpRequest &request) {
-            for (int number = 1; number <= 17; ++number) {
-                if (inlineDocument(request) != picture(number)) {
-                    continue;
-                }
-                const bool fails = number == 7 && !hasFailed_;
-                hasFailed_ = hasFailed_ || fails;
-                return fails ? HttpReply{.status = 503, .body = {}, .headers = {}}
-                             : answering(answerFor(number));
-            }
-            return HttpReply{.status = 400, .body = "an unknown document", .headers = {}};
+            const int number = numberIn(request);
+            const bool fails = number == 7 && !hasFailed_;
+            hasFailed_ = hasFailed_ || fails;
+            return fails ? HttpReply{.status = 503, .body = {}, .headers = {}}
+                         : answering(numberedAnswer(number));
         });
     }
 

@@ -195,6 +195,32 @@ private Q_SLOTS:
         QVERIFY(save()->isEnabled());
     }
 
+    // As with Find, whose words the saved receipt may no longer match.
+    void receiptThatIsNotSelectedAnyMoreWhenItIsSavedStays() {
+        disconnect(store_.get(), &ReceiptStore::receiptsChanged, window_.get(), nullptr);
+        connect(store_.get(), &ReceiptStore::receiptsChanged, window_.get(),
+                [this] { window_->showReceipt(std::nullopt); });
+        retype("amountField", u"9"_s);
+        QVERIFY(window_->isWindowModified());
+        save()->click();
+        QCOMPARE(receipt().amount, 9);
+        QVERIFY(!window_->hasUnsavedFields());
+        QVERIFY(!window_->isWindowModified());
+        QCOMPARE(line("amountField")->text(), u"9.00"_s);
+        QVERIFY(line("amountField")->isVisible());
+    }
+
+    void receiptThatGivesWayToAnotherWhenItIsSavedIsSavedAllTheSame() {
+        disconnect(store_.get(), &ReceiptStore::receiptsChanged, window_.get(), nullptr);
+        connect(store_.get(), &ReceiptStore::receiptsChanged, window_.get(), [this] { select(1); });
+        const QString id = receipt().id;
+        retype("amountField", u"9"_s);
+        save()->click();
+        QCOMPARE(store_->receipt(id)->amount, 9);
+        QVERIFY(!window_->hasUnsavedFields());
+        QCOMPARE(line("amountField")->text(), u"23.50"_s); // of the other one
+    }
+
     void clearedListLeavesNothingToSave() {
         retype("amountField", u"9"_s);
         store_->clearAll();

@@ -221,7 +221,9 @@ void DetailsWindow::addShortcuts() {
     onKeys(Qt::CTRL | Qt::Key_0, pages_, &PageView::fitWidth);
 }
 
-void DetailsWindow::showReceipt(const std::optional<Receipt> &receipt) {
+// A receipt stays when it is merely no longer among those that were found: it may just have been saved.
+void DetailsWindow::showReceipt(const std::optional<Receipt> &selected) {
+    const std::optional<Receipt> receipt = selected ? selected : current();
     const QString id = receipt ? receipt->id : QString();
     const bool isAnother = std::exchange(id_, id) != id;
     fieldSide_->setVisible(receipt.has_value());
@@ -371,7 +373,11 @@ void DetailsWindow::save() {
         form_->showProblems(saved.error());
         return;
     }
-    showFields({});
+    drafts_.remove(id); // the list's change may have brought another receipt
+    if (id_ == id) {
+        showFields({});
+    }
+    updateButtons();
 }
 
 void DetailsWindow::revert() {

@@ -30,8 +30,9 @@ public:
     DetailsWindow(ReceiptStore *store, AppState *appState);
     ~DetailsWindow() override;
 
-    // Shows this receipt as it is now, or that none is selected.
-    void showReceipt(const std::optional<Receipt> &receipt);
+    // Shows this receipt as it is now. If none is selected, the one that is shown stays for as long as it is
+    // listed.
+    void showReceipt(const std::optional<Receipt> &selected);
 
     // Whether there are fields that were typed and not saved, of whichever receipt.
     bool hasUnsavedFields() const { return !drafts_.isEmpty(); }
