@@ -19,6 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QByteArray written(QPDFWriter &writer) {
+    writer.write();
+    const auto buffer = writer.getBufferSharedPointer();
+    return QByteArray(reinterpret_cast<const char *>(buffer->getBuffer()),
+                      static_cast<qsizetype>(buffer->getSize()));
+}
+
 QByteArray locked(const QByteArray &pdf) {
     QPDF document;
     document.processMemoryFile("plain", pdf.constData(), static_cast<std::size_t>(pdf.size()));
@@ -26,10 +33,15 @@ QByteArray locked(const QByteArray &pdf) {
     writer.setOutputMemory();
     writer.setR6EncryptionParameters("user", "owner", true, true, true, true, true, true, qpdf_r3p_full,
                                      true);
-    writer.write();
-    const auto buffer = writer.getBufferSharedPointer();
-    return QByteArray(reinterpret_cast<const char *>(buffer->getBuffer()),
-                      static_cast<qsizetype>(buffer->getSize()));
+    return written(writer);
+}
+
+QByteArray withoutPages() {
+    QPDF document;
+    document.emptyPDF();
+    QPDFWriter writer(document);
+    writer.setOutputMemory();
+    return written(writer);
 }
 
 QByteArray nested(int levels) {
@@ -55,7 +67,7 @@ private Q_SLOTS:
         QTest::newRow("a text") << QByteArray("no receipt") << damaged;
         QTest::newRow("a PDF that is cut off") << stripedPdf(1).first(40) << damaged;
         QTest::newRow("a locked PDF") << locked(stripedPdf(1)) << u"It is locked."_s;
-        QTest::newRow("a PDF without pages") << test::pdfWithPages(0) << u"It is empty."_s;
+        QTest::newRow("a PDF without pages") << withoutPages() << u"It is empty."_s;
         QTest::newRow("a deep page tree") << pdfWithTreeOf(5000) << damaged;
         QTest::newRow("a page tree that loops")
             << testing::pdfOf({"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Kids[2 0 R]/Count 1>>"})
