@@ -8,6 +8,7 @@ namespace {
 
 const QString geometryKey = u"geometry"_s;
 const QString columnsKey = u"columns"_s;
+const QString otherGeometry = u"Geometry"_s; // behind a window's name
 const QString trayExplainedKey = u"trayExplained"_s;
 
 } // namespace
@@ -21,6 +22,14 @@ QByteArray WindowMemory::geometry() const {
 
 QByteArray WindowMemory::columns() const {
     return bytes(columnsKey);
+}
+
+QByteArray WindowMemory::geometryOf(const QString &window) const {
+    return bytes(window + otherGeometry);
+}
+
+void WindowMemory::rememberGeometryOf(const QString &window, const QByteArray &geometry) {
+    defaults_.set(window + otherGeometry, QString::fromLatin1(geometry.toBase64()));
 }
 
 bool WindowMemory::isTrayExplained() const {

@@ -6,16 +6,19 @@
 
 namespace fennick {
 
-// The size and position of the main window, the widths of the table's columns and what was explained to the
-// user, kept between starts. They
-// have a file of their own because they are not preferences. Main thread only.
+// The sizes and positions of windows, the widths of the table's columns and what was explained to the user,
+// kept between starts. They have a file of their own because they are not preferences. Main thread only.
 class WindowMemory {
 public:
     WindowMemory();
 
-    // In the toolkit's encoding; empty if nothing is stored.
+    // Of the main window and its table, in the toolkit's encoding; empty if nothing is stored.
     QByteArray geometry() const;
     QByteArray columns() const;
+
+    // Of another window, by its object name.
+    QByteArray geometryOf(const QString &window) const;
+    void rememberGeometryOf(const QString &window, const QByteArray &geometry);
 
     // Whether a notice has explained that the closed window stays in the tray.
     bool isTrayExplained() const;

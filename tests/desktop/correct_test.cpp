@@ -35,9 +35,8 @@ class CorrectTest : public DesktopTestCase {
 private Q_SLOTS:
     void init() {
         session().renew();
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         session().drop(u"a.png"_s, picture());
         QVERIFY(session().waitFor([this] { return !session().row(readName).isEmpty(); }));
     }

@@ -23,9 +23,8 @@ class DuplicatesTest : public DesktopTestCase {
 private Q_SLOTS:
     void init() {
         session().renew();
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         session().drop(u"a.pdf"_s, "one");
         QVERIFY(session().waitForRows(1, u"done"_s));
         session().drop(u"b.pdf"_s, "two");

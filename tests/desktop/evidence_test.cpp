@@ -31,9 +31,8 @@ private Q_SLOTS:
     void init() {
         session().renew();
         session().server.setScript([](const HttpRequest &) { return answering(answerWithWrongAmount); });
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         session().drop(u"ticket.pdf"_s,
                        readFile(QString::fromUtf8(FENNICK_SOURCE_DIR "/samples/receipts/ticket.pdf")));
         QVERIFY(session().waitForRows(1, u"done"_s));

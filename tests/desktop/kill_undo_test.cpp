@@ -46,9 +46,8 @@ private Q_SLOTS:
         session().program.kill();
         checkContents();
 
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         if (session().rows().isEmpty()) { // killed before it was begun
             user().press(mainTitle, u"ctrl+z"_s);
             QVERIFY(session().waitFor([this] { return session().rows().size() == undoneNames.size(); }));

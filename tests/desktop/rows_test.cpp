@@ -24,9 +24,8 @@ class RowsTest : public DesktopTestCase {
 private Q_SLOTS:
     void init() {
         session().renew();
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
     }
 
     void cleanup() { session().program.kill(); }
@@ -48,9 +47,8 @@ private Q_SLOTS:
         QVERIFY(session().waitFor([this] { return session().rows().size() == 1; }));
         QCOMPARE(session().files().size(), 3); // the files stay
         QVERIFY(session().end());
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
         QVERIFY(
             !session().waitFor([this] { return session().rows().size() != 1; }, 1500)); // nor are read again
         QCOMPARE(session().server.requests().size(), 6);

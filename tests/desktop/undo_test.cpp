@@ -100,9 +100,8 @@ private Q_SLOTS:
 
 private:
     void startProgram() const {
-        session().program.start();
+        QVERIFY(session().start());
         user().waitForWindow(mainTitle);
-        QVERIFY(session().waitFor([this] { return session().program.isWatching(session().folder()); }));
     }
 
     bool waitForRows(qsizetype count) const {

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void init() {
         QDir(home_.path(u"data/Fennick"_s)).removeRecursively();
         QDir(home_.path(u"Receipts"_s)).removeRecursively();
+        QFile::remove(home_.path(u"config/Fennick/Window.conf"_s));
         settings_ = std::make_unique<SettingsStore>();
         store_ = std::make_unique<ReceiptStore>();
         appState_ = std::make_unique<AppState>(store_.get(), settings_.get());
@@ -193,6 +194,20 @@ private Q_SLOTS:
         QVERIFY(line("amountField")->isEnabled());
         QCOMPARE(line("amountField")->text(), u"9.00"_s); // what was typed is still there
         QVERIFY(save()->isEnabled());
+    }
+
+    void sizeIsRemembered() {
+        window_->resize(700, 500);
+        window_->close();
+        const DetailsWindow again(store_.get(), appState_.get());
+        QCOMPARE(again.size(), QSize(700, 500));
+    }
+
+    void sizeIsRememberedWhenTheProgramEnds() {
+        window_->resize(710, 510);
+        QMetaObject::invokeMethod(qApp, "aboutToQuit");
+        const DetailsWindow again(store_.get(), appState_.get());
+        QCOMPARE(again.size(), QSize(710, 510));
     }
 
     // As with Find, whose words the saved receipt may no longer match.

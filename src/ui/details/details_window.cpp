@@ -8,6 +8,7 @@
 #include "ui/details/evidence_marks.h"
 #include "ui/details/page_view.h"
 #include "ui/details/receipt_form.h"
+#include "ui/widgets/remembered_geometry.h"
 
 #include <QDateTime>
 #include <QFocusEvent>
@@ -79,6 +80,7 @@ DetailsWindow::DetailsWindow(ReceiptStore *store, AppState *appState)
     setWindowTitle(tr("Receipt Details") + u"[*]"_s);
     setMinimumSize(leastDetailsSize);
     resize(detailsSize);
+    new RememberedGeometry(this);
     auto *const halves = new QSplitter;
     halves->addWidget(makePageSide());
     halves->addWidget(makeFieldSide());

@@ -7,6 +7,7 @@
 #include "ui/summary/expenses.h"
 #include "ui/summary/spending_model.h"
 #include "ui/widgets/named_combo_box.h"
+#include "ui/widgets/remembered_geometry.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -49,6 +50,7 @@ SummaryWindow::SummaryWindow(const ReceiptStore *store, AppState *appState)
     setObjectName(u"summary"_s);
     setWindowTitle(tr("Summary"));
     resize(summarySize);
+    new RememberedGeometry(this);
     layOut();
     addShortcuts();
     refresh_.setSingleShot(true);
