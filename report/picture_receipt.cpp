@@ -62,7 +62,7 @@ bool isProfileFor(const QByteArray &profile, int channels) {
 }
 
 QByteArray coloursOf(const JpegFacts &facts, PdfOutput &output) {
-    const QByteArray device = deviceColours(facts.channels);
+    QByteArray device = deviceColours(facts.channels);
     if (!isProfileFor(facts.iccProfile, facts.channels)) {
         return device;
     }

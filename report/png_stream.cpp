@@ -26,8 +26,8 @@ bool readHeader(QByteArrayView header, PngStream &stream) {
     }
     stream.width = qFromBigEndian<quint32>(header.data());
     stream.height = qFromBigEndian<quint32>(header.data() + 4);
-    stream.bits = header[8];
-    const int type = header[9];
+    stream.bits = static_cast<uchar>(header[8]);
+    const int type = static_cast<uchar>(header[9]);
     stream.channels = type == rgb ? 3 : 1;
     return stream.bits <= mostBits && (type == grey || type == rgb || type == indexed);
 }
